@@ -1,0 +1,80 @@
+# What every target of ours shares: warnings, sanitizers, exact floating point, and how a library of one folder,
+# its tests, its benchmarks and its fuzz targets are declared.
+
+add_library(quorvel_warnings INTERFACE)
+target_compile_options(quorvel_warnings INTERFACE
+    $<$<CXX_COMPILER_ID:GNU,Clang>:-Wall;-Wextra;-Wpedantic;-Wshadow;-Wconversion;-Wsign-conversion;-Wnon-virtual-dtor;-Wold-style-cast;-Woverloaded-virtual;-Wdouble-promotion;-Wimplicit-fallthrough>
+    $<$<CXX_COMPILER_ID:GNU>:-Wduplicated-cond;-Wlogical-op>
+    $<$<AND:$<CXX_COMPILER_ID:GNU,Clang>,$<BOOL:${QUORVEL_WARNINGS_AS_ERRORS}>>:-Werror>)
+
+# Every result must be the same on every machine that has the same C library: no fused multiply-add.
+add_library(quorvel_exact INTERFACE)
+target_compile_options(quorvel_exact INTERFACE $<$<CXX_COMPILER_ID:GNU,Clang>:-ffp-contract=off>)
+
+add_library(quorvel_sanitizers INTERFACE)
+if(QUORVEL_SANITIZERS)
+    target_compile_options(quorvel_sanitizers INTERFACE
+        -fsanitize=${QUORVEL_SANITIZERS} -fno-omit-frame-pointer -fno-sanitize-recover=undefined)
+    target_link_options(quorvel_sanitizers INTERFACE -fsanitize=${QUORVEL_SANITIZERS})
+endif()
+
+# quorvel_target(NAME): the shared settings of one of our targets.
+function(quorvel_target name)
+    target_link_libraries(${name} PRIVATE quorvel_warnings quorvel_exact quorvel_sanitizers)
+    target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR})
+endfunction()
+
+# quorvel_library(FOLDER HEADERS ... SOURCES ... LINK ...): the library quorvel_FOLDER of the current folder.
+function(quorvel_library folder)
+    cmake_parse_arguments(ARG "" "" "HEADERS;SOURCES;LINK" ${ARGN})
+    set(target quorvel_${folder})
+    add_library(${target} STATIC ${ARG_SOURCES})
+    target_sources(${target} PUBLIC FILE_SET HEADERS BASE_DIRS ${PROJECT_SOURCE_DIR} FILES ${ARG_HEADERS})
+    target_link_libraries(${target} PUBLIC ${ARG_LINK})
+    quorvel_target(${target})
+endfunction()
+
+# quorvel_test(FOLDER SOURCES ... LINK ...): the executable quorvel_FOLDER_test over the folder's library.
+function(quorvel_test folder)
+    if(NOT QUORVEL_TESTS)
+        return()
+    endif()
+    cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
+    set(target quorvel_${folder}_test)
+    add_executable(${target} ${ARG_SOURCES})
+    target_link_libraries(${target} PRIVATE ${ARG_LINK} quorvel_test_support GTest::gmock_main)
+    quorvel_target(${target})
+    gtest_discover_tests(${target} DISCOVERY_MODE POST_BUILD TEST_PREFIX "${folder}." PROPERTIES LABELS core)
+endfunction()
+
+# quorvel_benchmark(FOLDER SOURCES ... LINK ...): the executable quorvel_FOLDER_bench; ctest proves that it runs.
+function(quorvel_benchmark folder)
+    if(NOT QUORVEL_BENCHMARKS)
+        return()
+    endif()
+    cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
+    set(target quorvel_${folder}_bench)
+    add_executable(${target} ${ARG_SOURCES})
+    target_link_libraries(${target} PRIVATE ${ARG_LINK} benchmark::benchmark_main)
+    quorvel_target(${target})
+endfunction()
+
+# quorvel_fuzz_target(NAME SOURCE LINK ...): NAME_fuzz_replay runs the corpus and mutated files through the target
+# under any compiler; with QUORVEL_FUZZ also NAME_fuzz, for clang's libFuzzer.
+function(quorvel_fuzz_target name source)
+    if(NOT QUORVEL_TESTS)
+        return()
+    endif()
+    add_executable(${name}_fuzz_replay ${source} ${PROJECT_SOURCE_DIR}/tests/support/fuzz_replay_main.cpp)
+    target_link_libraries(${name}_fuzz_replay PRIVATE ${ARGN})
+    quorvel_target(${name}_fuzz_replay)
+    add_test(NAME fuzz.${name} COMMAND ${name}_fuzz_replay ${PROJECT_SOURCE_DIR}/tests/data/corpus/${name})
+    set_tests_properties(fuzz.${name} PROPERTIES LABELS core)
+    if(QUORVEL_FUZZ)
+        add_executable(${name}_fuzz ${source})
+        target_link_libraries(${name}_fuzz PRIVATE ${ARGN})
+        quorvel_target(${name}_fuzz)
+        target_compile_options(${name}_fuzz PRIVATE -fsanitize=fuzzer)
+        target_link_options(${name}_fuzz PRIVATE -fsanitize=fuzzer)
+    endif()
+endfunction()

@@ -1,0 +1,6 @@
+#include "compare/critical_values.h"
+
+CCriticalValues& CriticalValues() {
+    static CCriticalValues values;
+    return values;
+}

@@ -1,0 +1,110 @@
+#pragma once
+
+#include <boost/shared_ptr.hpp>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "compare/chart_block.h"
+#include "compare/document_host.h"
+#include "compare/plots/plot.h"
+#include "compare/signal.h"
+
+/// The comparison document: reference, computed signals, options, page list and the page on show.
+///
+/// A run reads the chosen files, prepares the signals, makes the reference, computes the measures and tells the
+/// observers. It needs no window; what it asks goes to a CDocumentHost. Everything runs on one thread.
+class CQuorvelDoc {
+public:
+    /// `host` must outlive the document.
+    explicit CQuorvelDoc(CDocumentHost& host);
+    CQuorvelDoc(const CQuorvelDoc&) = delete;
+    CQuorvelDoc& operator=(const CQuorvelDoc&) = delete;
+    virtual ~CQuorvelDoc();
+
+    /// Observers are told in the order in which they were added; each must be removed before it dies.
+    void AddObserver(CDocumentObserver& observer);
+    void RemoveObserver(CDocumentObserver& observer);
+
+    // Runs.
+
+    /// The interactive run: asks for files and options, reads, filters, cuts, makes the reference, compares, tells the
+    /// observers with hint 1 and shows the collected messages. Cancel changes nothing. A run that stops on the way
+    /// tells nobody and leaves page list and page as they were.
+    void OnCompareFiles();
+
+    /// The start-up run of a command line's file list. It empties the signal list and then stops because that list is
+    /// empty, so it loads nothing; kept on purpose, the program then waits for commands.
+    void CompareFileList(const std::vector<std::string>& files, std::int32_t channelClass, double windowStart,
+                         double windowEnd);
+
+    /// What the start-up run does with the computed signals that the document holds: reads them, filters them at
+    /// 60, 180, 600 or 1000, cuts them when a bound is > 0, and compares them with a reference made from them.
+    void CompareLoadedList(std::int32_t channelClass, double windowStart, double windowEnd);
+
+    // Steps of a run.
+
+    int ReadComputedSignals();     ///< 1 when every computed file was read, else 0
+    int ReadReference();           ///< 1 when the reference was read and set, else 0
+    int BuildAverageReference();   ///< 1 when the reference was made from the computed signals, else 0
+    void FilterComputedSignals(std::int32_t channelClass);  ///< all but those read from ASCII files
+    void FilterReference(std::int32_t channelClass);
+    void BuildPageList();
+
+    // Pages.
+
+    /// Builds the page's series, chart block and titles and tells the observers with hint 2. False, with the page id
+    /// unchanged, when `pageId` is not one of the eleven. What a page throws becomes the only error message, is shown,
+    /// and leaves the page without series.
+    bool SelectPage(std::int32_t pageId);
+    /// Lays the series out in the chart block; false when there are none. Page ids 0 and 1 keep the block.
+    bool BuildSeriesMatrices();
+
+    // Commands.
+
+    void ShowErrors();         ///< hands the error messages to the host with a beep; nothing without any
+    void OnCorridorSize();     ///< edits the corridor size; hint 2. Measures follow with the next run.
+    void OnCriticalValues();   ///< edits the process-wide critical values; hint 2
+    void OnSaveUds();          ///< asks for a file per series of the page and writes each; writer errors pass out
+    void OnSaveAscii();        ///< asks for one file and writes the ASCII table of the page
+
+    // What views and exports read.
+
+    const std::vector<CSignal>& ComputedSignals() const { return m_computed; }
+    const std::vector<boost::shared_ptr<ks::CNSignal>>& SignalCopies() const { return m_copies; }
+    const CSignal& Reference() const { return m_reference; }
+    const std::vector<std::int32_t>& PageList() const { return m_pageList; }
+    std::int32_t CurrentPageId() const { return m_pageId; }
+    const CPlot& CurrentPage() const { return *m_page; }
+    const CChartBlock& ChartBlock() const { return m_block; }
+    const CSeriesList& Series() const { return m_series; }
+    const std::vector<std::string>& SeriesNames() const { return m_seriesNames; }
+    const std::vector<std::string>& ErrorMessages() const { return m_errors; }
+    const std::vector<std::string>& ReferenceMessages() const { return m_referenceErrors; }
+    double CorridorSize() const { return m_corridorSize; }
+    bool AverageReference() const { return m_averageReference; }
+    bool FilterFlag() const { return m_filter; }
+    bool WindowFlag() const { return m_window; }
+    void SetLineStyleMode(std::int32_t mode) { m_block.lineStyleMode = mode; }
+
+private:
+    // The owner of compare/ completes the private part.
+    CDocumentHost& m_host;
+    std::vector<CDocumentObserver*> m_observers;
+    CChartBlock m_block;
+    std::vector<std::int32_t> m_pageList;
+    std::vector<CSignal> m_computed;
+    std::vector<boost::shared_ptr<ks::CNSignal>> m_copies;
+    std::vector<std::string> m_seriesNames;
+    CSeriesList m_series;
+    std::vector<std::string> m_errors;
+    std::vector<std::string> m_referenceErrors;
+    CSignal m_reference;
+    double m_corridorSize = 4.0;
+    std::int32_t m_pageId = 0;
+    std::unique_ptr<CPlot> m_page;
+    bool m_averageReference = false;
+    bool m_filter = true;
+    bool m_window = false;
+};

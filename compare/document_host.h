@@ -1,0 +1,78 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "compare/critical_values.h"
+
+/// What the user chose to compare.
+class CFileSelection {
+public:
+    std::vector<std::string> files;     ///< computed files, in order; UTF-8 paths
+    std::string referencePath;          ///< reference file; unused when averageReference is set
+    bool averageReference = false;      ///< make the reference from the computed signals
+    bool filter = true;                 ///< filter the computed signals at channelClass
+    bool filterReference = true;        ///< filter the reference too
+    bool truncate = false;              ///< cut every signal to the time window
+    std::int32_t channelClass = 60;     ///< channel frequency class: 60, 180, 600 or 1000
+    double windowStart = 0.0;           ///< X units
+    double windowEnd = static_cast<double>(0.3F);
+};
+
+/// One entry of a file picker's filter list.
+class CFileFilter {
+public:
+    std::string text;     ///< as shown, for example "HTML Files (*.html)"
+    std::string pattern;  ///< for example "*.html"
+};
+
+/// What a save picker is asked to do.
+class CSaveRequest {
+public:
+    std::string title;
+    std::vector<CFileFilter> filters;  ///< may be empty
+    std::string folder;                ///< where to start; may not exist
+    bool hideReadOnly = true;
+    bool askBeforeOverwriting = true;
+};
+
+/// What the document asks of the program around it: the desktop window, the command line, a test.
+class CDocumentHost {
+public:
+    virtual ~CDocumentHost() = default;
+
+    /// Lets the user choose what to compare; `offered` is the last choice. No value: cancelled.
+    virtual std::optional<CFileSelection> SelectFiles(const CFileSelection& offered) = 0;
+    /// Shows the messages of a run; never called without any.
+    virtual void ShowErrorList(const std::vector<std::string>& messages) = 0;
+    /// Lets the user edit the corridor size (> 0). No value: cancelled.
+    virtual std::optional<double> EditCorridorSize(double size) = 0;
+    /// Lets the user edit the critical values. No value: cancelled.
+    virtual std::optional<CCriticalValues> EditCriticalValues(const CCriticalValues& values) = 0;
+    /// Lets the user name a file to write. No value: cancelled.
+    virtual std::optional<std::string> AskSavePath(const CSaveRequest& request) = 0;
+
+    /// A per-user setting, or `fallback` when it was never stored.
+    virtual std::string ReadSetting(const std::string& key, const std::string& fallback) = 0;
+    virtual void StoreSetting(const std::string& key, const std::string& value) = 0;
+
+    virtual void Beep() = 0;
+    /// Shows or ends the wait cursor.
+    virtual void SetBusy(bool busy) = 0;
+    /// `done` of `total` steps of a run are done; `path` is the file at work, empty at the end.
+    virtual void Progress(std::size_t done, std::size_t total, const std::string& path) = 0;
+};
+
+/// Whom the document tells about changes.
+class CDocumentObserver {
+public:
+    virtual ~CDocumentObserver() = default;
+    /// `hint` is kRunCompleted or kPageOrLimitsChanged.
+    virtual void OnDocumentUpdate(int hint) = 0;
+};
+
+inline constexpr int kRunCompleted = 1;         ///< after a completed run
+inline constexpr int kPageOrLimitsChanged = 2;  ///< after a page change or an edit of corridor size or critical values

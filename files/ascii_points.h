@@ -1,0 +1,36 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "files/points.h"
+
+namespace ks {
+
+/// Reads a plain-text signal: one point per line, one, two or three numbers each. See docs/formats/ascii-points.md.
+///
+/// One number y gives (0, y, 0), two give (x, y, 0), three give (x, y, z). The lines with one number come first, then
+/// those with two, then those with three; any of the three runs may be missing. Numbers are correctly rounded and
+/// never depend on the locale.
+class CPoints {
+public:
+    /// Reads the file at `path` (UTF-8), cut at the first place that ends the data: an empty line, a line that begins
+    /// with a tab, a tab before a line end or a blank, two blanks in a row.
+    /// @throws CError if the file cannot be opened, is larger than 1 GiB, or does not parse
+    void ReadFile(const std::string& path);
+
+    /// Parses the text as it is, without the cut.
+    /// @throws CError "Failure to parse the data."; the points before the failure stay held
+    void ParseData(std::string_view text);
+
+    const CPointColumns& Columns() const { return m_columns; }
+    CPointColumns TakeColumns();
+
+    /// The points as a list of shared points, made at each call.
+    CPointList Points() const { return MakePointList(m_columns); }
+
+private:
+    CPointColumns m_columns;
+};
+
+}  // namespace ks

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+namespace ks {
+
+/// Byte order of the integers of a file or machine. The numbers are those of the format.
+enum class ByteOrder { BigEndian = 1, LittleEndian = 2, Unknown = 3 };
+
+/// Format of the reals of a file or machine. The numbers are those of the format.
+enum class NumberFormat { Ieee = 1, Sun = 2, Vax = 3, Unknown = 4 };
+
+/// Four bytes in file order.
+using CFourBytes = std::array<std::byte, 4>;
+
+/// One real converted between number formats; equal formats leave it unchanged, any pair with a format other than
+/// the three known ones gives zero bytes. A VAX or IEEE exponent byte of 0 or 128 gives 0; too large a value becomes
+/// the largest VAX magnitude.
+CFourBytes ConvertReal(CFourBytes value, NumberFormat from, NumberFormat to);
+
+/// One integer converted between byte orders; equal orders leave it unchanged, an unknown order gives zero bytes.
+CFourBytes ConvertInteger(CFourBytes value, ByteOrder from, ByteOrder to);
+
+/// Byte order and number format that a NUMFORM text names; Unknown for any other text.
+ByteOrder ByteOrderOf(std::string_view numform);
+NumberFormat NumberFormatOf(std::string_view numform);
+
+/// "IEEE", "SUN", "VAX", or "UKNOWN" for any other code.
+std::string_view NumberFormatName(NumberFormat format);
+
+/// This machine's own formats, found by looking at how a known integer and a known real are stored.
+class CMachineFormats {
+public:
+    ByteOrder byteOrder = ByteOrder::Unknown;
+    NumberFormat numberFormat = NumberFormat::Unknown;
+};
+CMachineFormats ProbeMachineFormats();
+
+/// The probe's decision for given bytes of the integer 25478 and of the real 1.153e-6. When the real matches no
+/// format, the byte order (not the number format) becomes Unknown; kept, since callers test the byte order.
+CMachineFormats FormatsFromProbe(CFourBytes integerBytes, CFourBytes realBytes);
+
+}  // namespace ks

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace ks {
+
+/// The part of `path` after the last '/' or '\' and after a drive prefix such as "C:"; both separators count on every
+/// platform. A path that ends in a separator gives an empty text.
+std::string_view FileNameOf(std::string_view path);
+
+/// What stands before FileNameOf(path), the separator included.
+std::string_view FolderOf(std::string_view path);
+
+}  // namespace ks

@@ -1,0 +1,99 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "files/number_format.h"
+#include "files/points.h"
+#include "files/uds_fields.h"
+
+namespace ks {
+
+/// The record geometry of a UDS file variant.
+class CUDSGeometry {
+public:
+    int recordSize = 512;      ///< bytes per record
+    int tagWidth = 12;         ///< bytes of a record's tag
+    int valuesPerRecord = 125; ///< values in a data record
+    int integerWidth = 4;      ///< bytes of an integer field
+    int realWidth = 4;         ///< bytes of a real field or value
+};
+
+/// Reads a UDS file into a header-field set and a list of points, and writes one back. See docs/formats/uds-1992.md.
+///
+/// Every failure is thrown as CError with one of the sentences of files/messages.h. After a failed Read no points are
+/// held and the image size is 0; the fields are then as far as they were read.
+class CUDSFile {
+public:
+    virtual ~CUDSFile() = default;
+
+    /// Reads the file at `path` (UTF-8). What is not a regular file cannot be opened. Tag and needed size are looked
+    /// at before the rest is read.
+    void Read(const std::string& path);
+
+    /// Reads a file image held in memory, with the same checks from the size test on.
+    void ReadImage(std::span<const std::byte> image);
+
+    /// Writes fields and points to `path` (UTF-8). The old file stays as it was unless the new one is complete.
+    /// Sets NUMFORM and repairs a two-digit component-1 year in the field set.
+    void Write(const std::string& path);
+
+    /// The bytes that Write would put on disk.
+    std::vector<std::byte> MakeImage();
+
+    CUDSFields& Fields() { return m_fields; }
+    const CUDSFields& Fields() const { return m_fields; }
+
+    /// Points as columns; `z` is empty. The abscissa of point i in a "Y" file is NFP + i times delt, the product
+    /// formed in single precision.
+    const CPointColumns& Columns() const { return m_columns; }
+    /// Gives the columns away; the file then holds no points.
+    CPointColumns TakeColumns();
+    void SetColumns(CPointColumns columns);
+
+    /// The points as a list of shared points, made at each call.
+    CPointList Points() const { return MakePointList(m_columns); }
+
+    /// Whether the header of a second vehicle or component is present, read or to be written.
+    bool HasSecondComponent() const { return m_secondComponent; }
+    void SetSecondComponent(bool present) { m_secondComponent = present; }
+
+    /// Whether to write big-endian IEEE ("SUN") instead of the machine's own format. Default: no.
+    bool SunOutput() const { return m_sunOutput; }
+    void SetSunOutput(bool sun) { m_sunOutput = sun; }
+
+    /// Name of the number format of the file last read or written: "IEEE", "SUN", "VAX" or "UKNOWN".
+    std::string NumberFormatName() const;
+
+    /// Size in bytes of the file last read or written; 0 after a failure.
+    std::uint64_t ImageSize() const { return m_imageSize; }
+
+    const CUDSGeometry& Geometry() const { return m_geometry; }
+
+protected:
+    explicit CUDSFile(const CUDSGeometry& geometry);
+
+private:
+    // The owner of files/ completes the private part.
+    CUDSGeometry m_geometry;
+    CUDSFields m_fields;
+    CPointColumns m_columns;
+    std::uint64_t m_imageSize = 0;
+    bool m_secondComponent = false;
+    bool m_sunOutput = false;
+    ByteOrder m_fileByteOrder = ByteOrder::Unknown;
+    NumberFormat m_fileNumberFormat = NumberFormat::Unknown;
+    ByteOrder m_machineByteOrder = ByteOrder::Unknown;
+    NumberFormat m_machineNumberFormat = NumberFormat::Unknown;
+};
+
+/// The UDS-1992 variant: fixes the record geometry.
+class CUDS1992 : public CUDSFile {
+public:
+    CUDS1992();
+};
+
+}  // namespace ks

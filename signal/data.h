@@ -1,0 +1,160 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "files/points.h"
+#include "signal/data_fields.h"
+
+namespace ks {
+
+class CUDSFile;
+
+/// The signal record: one curve of a crash test as equally long arrays X, Y and Z with its header fields, and the
+/// operations on it.
+///
+/// After every successful setter or operation the arrays are equally long and the limits are current. Failures are
+/// thrown as CError with the sentence that the user reads; checks run before any array changes, except where a
+/// failure inside SetData leaves the record partly changed. A copy shares nothing with its original.
+///
+/// "Point count" is the number of Y values; `Count` is what NFP and NLP say. They may differ.
+class CData : public CDataFields {
+public:
+    // Arrays.
+
+    /// Replaces the arrays. An empty `x` keeps the stored X, or builds it from NFP, NLP and delt; an empty `z` keeps
+    /// a stored Z that is as long as Y, else gives zeros.
+    /// @throws CError "No X, Y or Z Siganl Data.", "No x signal data and delt is zero.", "No x signal data, NFP and NLP
+    ///         are zero.\nSet x signal data or set NFP and NLP", "X and Y Counts are different", "No Y Signal Data",
+    ///         "x != y signal data", "x != y != z signal data"; the arrays are then as far as they were replaced
+    void SetData(std::vector<double> x, std::vector<double> y, std::vector<double> z);
+    /// @throws CError "No X or Y Signal Data" when both are empty, else as the full form with an empty z
+    void SetData(std::vector<double> x, std::vector<double> y);
+    /// @throws CError "No Y Signal Data" when y is empty, else as the full form with empty x and z
+    void SetData(std::vector<double> y);
+
+    /// Replaces the arrays by the points' coordinates.
+    /// @throws CError "No Information." for an empty list
+    void SetPoints(const CPointList& points);
+    /// The same from columns; an empty `z` column means zeros.
+    void SetPoints(CPointColumns columns);
+
+    /// Overwrites sample i of X and Y; the limits follow.
+    /// @throws std::runtime_error " Index Out of Bounds..." when i is not below both lengths
+    void SetPoint(std::size_t i, double x, double y);
+
+    const std::vector<double>& GetX() const { return m_X; }
+    const std::vector<double>& GetY() const { return m_Y; }
+    const std::vector<double>& GetZ() const { return m_Z; }
+    std::size_t GetPointCount() const { return m_Y.size(); }
+
+    // Derived values.
+
+    /// Number of samples by the point numbers: 0 when NFP and NLP are both 0 or NFP > NLP, else NLP - NFP + 1,
+    /// saturated to 32 bits. Always current.
+    std::int32_t GetCount() const;
+
+    /// Rebuilds X as delt * (NFP + i) for i = 0 ... Count - 1.
+    void GenerateTime();
+
+    /// Recomputes extrema, StartTime and EndTime. The extrema of an empty array stay as they were.
+    void UpdateLimits();
+
+    double GetXMax() const { return m_XMax; }
+    double GetXMin() const { return m_XMin; }
+    double GetYMax() const { return m_YMax; }
+    double GetYMin() const { return m_YMin; }
+    double GetZMax() const { return m_ZMax; }
+    double GetZMin() const { return m_ZMin; }
+    double GetStartTime() const { return m_StartTime; }  ///< NFP * delt
+    double GetEndTime() const { return m_EndTime; }      ///< NLP * delt
+
+    // Descriptors beside the header.
+
+    /// Stores the canonical long form of a status code or word, upper-cased; see signal/data_status.h.
+    void SetDataStatus(std::string_view text);
+    const std::string& GetDataStatus() const { return m_DataStatus; }
+
+    /// Physical quantity of Y after an operation, set by Integrate. The header's YTYPE stays as it is.
+    const std::string& GetYQuantity() const { return m_YQuantity; }
+    void SetYQuantity(std::string text) { m_YQuantity = std::move(text); }
+
+    /// Channel frequency class of SAE J211: 60, 180, 600, 1000, or 1001 for unknown.
+    std::int32_t GetCFCClass() const { return m_CFCClass; }
+    void SetCFCClass(std::int32_t value) { m_CFCClass = value; }
+
+    bool GetModified() const { return m_Modified; }
+    void SetModified(bool value) { m_Modified = value; }
+
+    /// Path of the file that the record was loaded from; empty for a record made otherwise.
+    const std::string& GetSourcePath() const { return m_SourcePath; }
+    void SetSourcePath(std::string text) { m_SourcePath = std::move(text); }
+    /// Number format of that file: "IEEE", "SUN" or "VAX"; empty for a record made otherwise.
+    const std::string& GetSourceFormat() const { return m_SourceFormat; }
+    void SetSourceFormat(std::string text) { m_SourceFormat = std::move(text); }
+    /// "ASCII File" for a record read from an ASCII point file, else empty.
+    const std::string& GetFileType() const { return m_FileType; }
+    void SetFileType(std::string text) { m_FileType = std::move(text); }
+
+    /// Four further reals, index 0 to 3. Filtering resets the first; loading puts injury value 5 into the fourth.
+    double GetFurtherReal(std::size_t index) const { return m_FurtherReals.at(index); }
+    void SetFurtherReal(std::size_t index, double value) { m_FurtherReals.at(index) = value; }
+
+    /// Whether the header of a second vehicle or component travels with the record from load to save.
+    bool HasSecondComponent() const { return m_SecondComponent; }
+    void SetSecondComponent(bool present) { m_SecondComponent = present; }
+
+    // Files.
+
+    /// Reads a UDS file (UTF-8 path) into this record. Throws what the reader throws; the record is then unchanged.
+    void LoadUDS(const std::string& path);
+    /// Writes this record as a UDS file in the machine's number format.
+    /// @throws CError with the text of any exception of the writer
+    void SaveUDS(const std::string& path) const;
+
+    /// Takes points, header fields and source texts over from a file object; DataStatus follows STATUS, CFCClass
+    /// follows the recorded frequencies, the file type becomes empty.
+    void FromUDSFields(const CUDSFile& file);
+    void FromUDSFields(CUDSFile&& file);  ///< the same; the points are moved
+    /// Copies the record into a file object, doubles narrowed; FILEID becomes "UDS-1992", STATUS the data status, and
+    /// FILEFORM "X-Y" when delt is 0.
+    void ToUDSFields(CUDSFile& file) const;
+
+    // Operations. Each returns true, runs the limits update and sets Modified.
+
+    /// Linear interpolation onto the multiples of `dt` (X units) within the sampled range; Z becomes zeros.
+    /// @throws CError "Requested Time step <= 0", "Not enough data points", "X axis data is not monotonically
+    ///         increasing", "Error Interpolating Data"
+    bool Resample(double dt);
+
+    /// Cumulative trapezoid from time zero on, with the units of IntegralUnits; X is kept, Z becomes zeros.
+    /// @throws CError "Too few data points to compute an Integral", "X or Y data is empty.", "The number of data (X and
+    ///         Y) points are not same."
+    bool Integrate();
+
+    /// Keeps the samples with start <= X < stop, never the record's last one; both in X units. NFP follows `start`.
+    /// @throws CError "Stop time (...) is before or equals Start Time (...)", "No X or Y Signal Data"
+    bool TruncateByTime(double start, double stop);
+
+    /// Keeps point numbers start ... stop, both included, in the numbering of NFP and NLP.
+    /// @throws CError "Start Index (...)is >= Stop Index (...)", "Stop index is <= Start Index", "Unable to provide
+    ///         requested stop/start indices"
+    bool TruncateByIndex(std::int32_t start, std::int32_t stop);
+
+private:
+    std::vector<double> m_X, m_Y, m_Z;
+    std::string m_SourcePath, m_SourceFormat, m_FileType;
+    std::array<double, 4> m_FurtherReals{};
+    std::string m_DataStatus;
+    std::string m_YQuantity;
+    double m_XMax = 0.0, m_XMin = 0.0, m_YMax = 0.0, m_YMin = 0.0, m_ZMax = 0.0, m_ZMin = 0.0;
+    double m_StartTime = 0.0, m_EndTime = 0.0;
+    std::int32_t m_CFCClass = 1001;
+    bool m_Modified = false;
+    bool m_SecondComponent = false;
+};
+
+}  // namespace ks

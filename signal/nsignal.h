@@ -1,0 +1,37 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "signal/data.h"
+
+namespace ks {
+
+/// A signal record that can be filtered. What makes a result doubtful but not wrong goes to its list of warnings.
+class CNSignal : public CData {
+public:
+    const std::vector<std::string>& GetWarnings() const { return m_Warnings; }
+    void AddWarning(std::string text) { m_Warnings.push_back(std::move(text)); }
+    void ClearWarnings() { m_Warnings.clear(); }
+
+    /// Filters at a channel frequency class of SAE J211: 60, 180, 600 or 1000. Does nothing when the data already have
+    /// that class or a lower one.
+    /// @throws CError "BWfilt: Frequency Channel Class is not specified in SAE J211"; as Filter
+    bool FilterCFC(std::int32_t cfc);
+
+    /// Filters Y at `frequencyHz` (> 0) and updates the descriptors that follow from it.
+    /// @throws CError as BWFILT
+    bool Filter(double frequencyHz);
+
+    /// The four-pole, zero-phase Butterworth low-pass of SAE J211, in place; `timeStepS` in seconds (> 0). Above 77.5 %
+    /// of the Nyquist frequency the data stay as they are. A tail shorter than 10 ms is a warning.
+    /// @throws CError "Nonpositive number of Data Points", "Nonpositive time step", "Nonpositive Cutoff Frequency"
+    bool BWFILT(std::span<double> data, double timeStepS, double frequencyHz);
+
+private:
+    std::vector<std::string> m_Warnings;
+};
+
+}  // namespace ks

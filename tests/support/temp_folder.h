@@ -1,0 +1,27 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+/// A folder of a test's own, gone with the object.
+class CTempFolder {
+public:
+    CTempFolder();
+    CTempFolder(const CTempFolder&) = delete;
+    CTempFolder& operator=(const CTempFolder&) = delete;
+    ~CTempFolder();
+
+    /// UTF-8 path of `name` in the folder.
+    std::string Path(std::string_view name) const;
+    /// Writes a file and gives its path.
+    std::string Write(std::string_view name, std::string_view bytes) const;
+    /// The names in the folder, sorted, one per line.
+    std::string Listing() const;
+
+private:
+    std::filesystem::path m_folder;
+};
+
+/// The whole file as bytes; a missing file fails the test and gives an empty text.
+std::string ReadAll(const std::string& path);
