@@ -78,3 +78,20 @@ function(quorvel_fuzz_target name source)
         target_link_options(${name}_fuzz PRIVATE -fsanitize=fuzzer)
     endif()
 endfunction()
+
+# quorvel_gui_test(NAME SOURCES ... LINK ...): the QTest executable quorvel_NAME_test, run without a screen and with
+# settings of its own.
+function(quorvel_gui_test name)
+    if(NOT QUORVEL_TESTS)
+        return()
+    endif()
+    cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
+    set(target quorvel_${name}_test)
+    add_executable(${target} ${ARG_SOURCES})
+    set_target_properties(${target} PROPERTIES AUTOMOC ON)
+    target_link_libraries(${target} PRIVATE ${ARG_LINK} Qt6::Test)
+    quorvel_target(${target})
+    add_test(NAME gui.${name} COMMAND ${target})
+    set_tests_properties(gui.${name} PROPERTIES LABELS gui ENVIRONMENT
+        "QT_QPA_PLATFORM=offscreen;XDG_CONFIG_HOME=${CMAKE_CURRENT_BINARY_DIR}/${name}-config;LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/support/leaks.supp")
+endfunction()
