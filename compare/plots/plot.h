@@ -42,6 +42,9 @@ private:
     std::int32_t m_pageKind = 0;
 };
 
+/// Whether the first or the last X values of two records differ. False when either has no X values.
+bool HaveDifferentRanges(const ks::CNSignal& a, const ks::CNSignal& b);
+
 /// Cuts both records to their common time range with TruncateByTime where their ranges differ. A record without X
 /// values leaves both as they are. Returns true.
 /// @throws ks::CError from TruncateByTime
