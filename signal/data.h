@@ -1,13 +1,18 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "files/points.h"
+#include "signal/channel_class.h"
 #include "signal/data_fields.h"
+#include "signal/limits.h"
 
 namespace ks {
 
@@ -42,7 +47,7 @@ public:
     /// The same from columns; an empty `z` column means zeros.
     void SetPoints(CPointColumns columns);
 
-    /// Overwrites sample i of X and Y; the limits follow.
+    /// Overwrites sample i of X and Y; the limits follow, at the cost of one scan when next asked for.
     /// @throws std::runtime_error " Index Out of Bounds..." when i is not below both lengths
     void SetPoint(std::size_t i, double x, double y);
 
@@ -63,12 +68,12 @@ public:
     /// Recomputes extrema, StartTime and EndTime. The extrema of an empty array stay as they were.
     void UpdateLimits();
 
-    double GetXMax() const { return m_XMax; }
-    double GetXMin() const { return m_XMin; }
-    double GetYMax() const { return m_YMax; }
-    double GetYMin() const { return m_YMin; }
-    double GetZMax() const { return m_ZMax; }
-    double GetZMin() const { return m_ZMin; }
+    double GetXMax() const { return Limits().x.maximum; }
+    double GetXMin() const { return Limits().x.minimum; }
+    double GetYMax() const { return Limits().y.maximum; }
+    double GetYMin() const { return Limits().y.minimum; }
+    double GetZMax() const { return Limits().z.maximum; }
+    double GetZMin() const { return Limits().z.minimum; }
     double GetStartTime() const { return m_StartTime; }  ///< NFP * delt
     double GetEndTime() const { return m_EndTime; }      ///< NLP * delt
 
@@ -144,15 +149,27 @@ public:
     ///         requested stop/start indices"
     bool TruncateByIndex(std::int32_t start, std::int32_t stop);
 
+protected:
+    /// For operations in place; UpdateLimits must follow.
+    std::span<double> MutableY() { return m_Y; }
+
 private:
+    void KeepOrBuildX(const std::vector<double>& y, const std::vector<double>& z);
+    const CLimits& Limits() const;
+    void UpdateTimes();
+    void TakeDescriptors(const CUDSFile& file);
+    void FinishOperation(std::vector<double> x, std::vector<double> y);
+    void KeepSamples(std::size_t begin, std::size_t end);
+
     std::vector<double> m_X, m_Y, m_Z;
     std::string m_SourcePath, m_SourceFormat, m_FileType;
     std::array<double, 4> m_FurtherReals{};
     std::string m_DataStatus;
     std::string m_YQuantity;
-    double m_XMax = 0.0, m_XMin = 0.0, m_YMax = 0.0, m_YMin = 0.0, m_ZMax = 0.0, m_ZMin = 0.0;
+    mutable CLimits m_limits;
+    mutable bool m_limitsStale = false;
     double m_StartTime = 0.0, m_EndTime = 0.0;
-    std::int32_t m_CFCClass = 1001;
+    std::int32_t m_CFCClass = kUnknownChannelClass;
     bool m_Modified = false;
     bool m_SecondComponent = false;
 };

@@ -15,11 +15,13 @@ public:
 
 #define QUORVEL_NO_TEXT(record, NAME, width, fallback)
 #define QUORVEL_NO_INTEGER(record, NAME, fallback)
-#define QUORVEL_DOUBLE_ACCESS(record, NAME)                  \
-    double Get##NAME() const { return m_##NAME; }            \
-    void Set##NAME(double value) {                           \
-        m_##NAME = value;                                    \
-        CUDSFields::Set##NAME(static_cast<float>(value));    \
+#define QUORVEL_DOUBLE_ACCESS(record, NAME)               \
+    double Get##NAME() const {                            \
+        return m_##NAME;                                  \
+    }                                                     \
+    void Set##NAME(double value) {                        \
+        m_##NAME = value;                                 \
+        CUDSFields::Set##NAME(static_cast<float>(value)); \
     }
     QUORVEL_UDS_FIELDS(QUORVEL_NO_TEXT, QUORVEL_NO_INTEGER, QUORVEL_DOUBLE_ACCESS)
 #undef QUORVEL_DOUBLE_ACCESS

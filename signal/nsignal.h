@@ -16,21 +16,28 @@ public:
     void AddWarning(std::string text) { m_Warnings.push_back(std::move(text)); }
     void ClearWarnings() { m_Warnings.clear(); }
 
-    /// Filters at a channel frequency class of SAE J211: 60, 180, 600 or 1000. Does nothing when the data already have
-    /// that class or a lower one.
+    /// Filters at a channel frequency class of SAE J211: 60, 180, 600 or 1000, that is at the class number times
+    /// 1.66666666667 Hz. Does nothing when the data already have that class or a lower one.
     /// @throws CError "BWfilt: Frequency Channel Class is not specified in SAE J211"; as Filter
     bool FilterCFC(std::int32_t cfc);
 
-    /// Filters Y at `frequencyHz` (> 0) and updates the descriptors that follow from it.
-    /// @throws CError as BWFILT
+    /// Filters Y at `frequencyHz` (> 0) and updates the descriptors that follow from it, also when the frequency is too
+    /// high for the data to change: FCUT, FSTP, the channel class where the frequency is that of one, the data status,
+    /// the limits; the injury values except the fifth become 0. An X that is not a time in seconds, and a cutoff too
+    /// near an earlier filter, are warnings.
+    /// @throws CError as BWFILT; the record is then unchanged, warnings included
     bool Filter(double frequencyHz);
 
     /// The four-pole, zero-phase Butterworth low-pass of SAE J211, in place; `timeStepS` in seconds (> 0). Above 77.5 %
-    /// of the Nyquist frequency the data stay as they are. A tail shorter than 10 ms is a warning.
+    /// of the Nyquist frequency the data stay as they are. A tail shorter than 10 ms is a warning; one or two samples
+    /// stay as they are with that warning. Returns true.
     /// @throws CError "Nonpositive number of Data Points", "Nonpositive time step", "Nonpositive Cutoff Frequency"
     bool BWFILT(std::span<double> data, double timeStepS, double frequencyHz);
 
 private:
+    void ForgetInjuryValues();
+    void WarnOfOverlap();
+
     std::vector<std::string> m_Warnings;
 };
 

@@ -1,0 +1,101 @@
+#include "signal/butterworth.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+
+#include "files/error.h"
+#include "signal/messages.h"
+#include "signal/whole_number.h"
+
+namespace ks {
+namespace {
+
+/// The running section. The order of the five terms is settled: results agree to the last digit only in this one.
+class CSectionState {
+public:
+    CFilterSection section;
+    double in1, in2;    ///< the last input and the one before
+    double out1, out2;  ///< the last output and the one before
+
+    double Next(double in0) {
+        const double out =
+            section.a1 * in1 + section.a0 * in0 + section.a2 * in2 + section.b1 * out1 + section.b2 * out2;
+        in2 = in1;
+        in1 = in0;
+        out2 = out1;
+        out1 = out;
+        return out;
+    }
+};
+
+/// The mean of the `tail` / 2 + 1-th to the `tail`-th sample away from an end; `at(k)` is the k-th sample away.
+template <class At>
+double FarHalfMean(std::size_t tail, At at) {
+    double sum = 0.0;
+    for (std::size_t k = tail / 2 + 1; k <= tail; ++k) sum += at(k);
+    return sum / static_cast<double>(tail - tail / 2);
+}
+
+void RunForwards(const CFilterSection& section, std::span<double> data, std::size_t tail) {
+    const double twiceEnd = 2.0 * data[0];
+    const double settled = twiceEnd - FarHalfMean(tail, [&](std::size_t k) { return data[k]; });
+    CSectionState state{section, twiceEnd - data[tail - 1], twiceEnd - data[tail], settled, settled};
+    for (std::size_t k = tail; k > 2; --k) state.Next(twiceEnd - data[k - 2]);
+    for (double& value : data) value = state.Next(value);
+}
+
+void RunBackwards(const CFilterSection& section, std::span<double> data, std::size_t tail) {
+    const std::size_t end = data.size() - 1;
+    const double twiceEnd = 2.0 * data[end];
+    const double settled = twiceEnd - FarHalfMean(tail, [&](std::size_t k) { return data[end - k]; });
+    // Not the mirror of the forward tail: it begins with the samples `tail` and `tail` + 1 away and goes on with the
+    // one `tail` - 4 away. Kept, since published results carry it in their last digits.
+    CSectionState state{section, twiceEnd - data[end - 1 - tail], twiceEnd - data[end - tail], settled, settled};
+    for (std::size_t k = tail; k > 4; --k) state.Next(twiceEnd - data[end - (k - 4)]);
+    for (std::size_t i = data.size(); i-- > 0;) data[i] = state.Next(data[i]);
+}
+
+}  // namespace
+
+CFilterSection ButterworthSection(double timeStepS, double frequencyHz) {
+    const double wd = 6.2831853 * 1.2465 * frequencyHz;
+    const double angle = wd * timeStepS / 2.0;
+    const double wa = std::sin(angle) / std::cos(angle);
+    const double root2 = std::sqrt(2.0);
+    const double denominator = 1.0 + root2 * wa + wa * wa;
+    CFilterSection section;
+    section.a0 = wa * wa / denominator;
+    section.a1 = 2.0 * section.a0;
+    section.a2 = section.a0;
+    section.b1 = -2.0 * (wa * wa - 1.0) / denominator;
+    section.b2 = (-1.0 + root2 * wa - wa * wa) / denominator;
+    return section;
+}
+
+std::int32_t FilterTailLength(double timeStepS, double frequencyHz) {
+    const double longer = 0.01 / (timeStepS * std::min(1.0, 0.01 * frequencyHz)) + 0.5;
+    const double tenMilliseconds = 0.01 / timeStepS + 0.5;
+    return std::max({SaturatedWholeNumber(longer), SaturatedWholeNumber(tenMilliseconds), 1});
+}
+
+void CheckFilterInput(std::span<const double> data, double timeStepS, double frequencyHz) {
+    if (data.empty()) throw CError(signal_message::kNoDataToFilter);
+    if (timeStepS <= 0.0) throw CError(signal_message::kFilterTimeStepNotPositive);
+    if (frequencyHz <= 0.0) throw CError(signal_message::kCutoffNotPositive);
+}
+
+FilterTail FilterInPlace(std::span<double> data, double timeStepS, double frequencyHz) {
+    CheckFilterInput(data, timeStepS, frequencyHz);
+    if (frequencyHz > 0.775 * (0.5 / timeStepS)) return FilterTail::Full;
+    if (data.size() < 3) return FilterTail::Short;
+
+    const auto wanted = static_cast<std::size_t>(FilterTailLength(timeStepS, frequencyHz));
+    const std::size_t tail = std::min(wanted, data.size() - 2);
+    const CFilterSection section = ButterworthSection(timeStepS, frequencyHz);
+    RunForwards(section, data, tail);
+    RunBackwards(section, data, tail);
+    return tail < wanted ? FilterTail::Short : FilterTail::Full;
+}
+
+}  // namespace ks

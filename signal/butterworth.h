@@ -1,0 +1,47 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+
+namespace ks {
+
+/// Second-order low-pass section: out[n] = a1 in[n-1] + a0 in[n] + a2 in[n-2] + b1 out[n-1] + b2 out[n-2].
+class CFilterSection {
+public:
+    double a0 = 0.0, a1 = 0.0, a2 = 0.0;
+    double b1 = 0.0, b2 = 0.0;
+};
+
+/// The section whose forward and backward run is the filter of SAE J211-1 (digital filter algorithm): a Butterworth
+/// low-pass by the bilinear transform, its corner raised by 1.2465 to make up for the two runs.
+/// @param timeStepS    seconds, > 0
+/// @param frequencyHz  > 0 and below half the sampling rate
+CFilterSection ButterworthSection(double timeStepS, double frequencyHz);
+
+/// Number of samples by which the data are prolonged at each end: 10 ms or one period of the filter frequency,
+/// whichever is longer, rounded half up, at least 1, saturated to 32 bits.
+std::int32_t FilterTailLength(double timeStepS, double frequencyHz);
+
+/// Whether the tails of a filter run were as long as wanted.
+enum class FilterTail {
+    Full,   ///< as FilterTailLength says; also when the frequency is too high for anything to be done
+    Short,  ///< the data were too few, the tails are as long as they allow
+};
+
+/// The four-pole, zero-phase low-pass of SAE J211-1, in place: the section runs forwards, then backwards. Before each
+/// run the section settles on a tail, the data's point reflection about the end sample; no tail is stored.
+///
+/// The gain at frequency 0 is 1, at `frequencyHz` about -2.7 dB. Above 77.5 % of half the sampling rate the data stay
+/// as they are, as do one and two samples. What is not finite spreads over the whole result.
+///
+/// @param data         samples at equal steps
+/// @param timeStepS    seconds, > 0
+/// @param frequencyHz  > 0
+/// @throws CError "Nonpositive number of Data Points", "Nonpositive time step", "Nonpositive Cutoff Frequency", in this
+///         order, before the data change
+FilterTail FilterInPlace(std::span<double> data, double timeStepS, double frequencyHz);
+
+/// The checks of FilterInPlace alone.
+void CheckFilterInput(std::span<const double> data, double timeStepS, double frequencyHz);
+
+}  // namespace ks

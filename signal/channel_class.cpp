@@ -1,0 +1,61 @@
+#include "signal/channel_class.h"
+
+#include <algorithm>
+#include <array>
+
+#include "signal/whole_number.h"
+
+namespace ks {
+namespace {
+
+class CFrequencyWindow {
+public:
+    double low, high;  ///< Hz, excluded
+    std::int32_t cfc;
+};
+
+constexpr std::array kRecordedWindows{
+    CFrequencyWindow{90.0, 110.0, 60},
+    CFrequencyWindow{280.0, 320.0, 180},
+    CFrequencyWindow{980.0, 1020.0, 600},
+    CFrequencyWindow{1630.0, 1700.0, 1000},
+};
+
+class CClassWindow {
+public:
+    std::int32_t low, high;  ///< rounded class numbers, included
+    std::int32_t cfc;
+};
+
+constexpr std::array kClassWindows{
+    CClassWindow{55, 65, 60},
+    CClassWindow{170, 190, 180},
+    CClassWindow{580, 610, 600},
+    CClassWindow{980, 1020, 1000},
+};
+
+}  // namespace
+
+bool IsChannelClass(std::int32_t cfc) {
+    return cfc == 60 || cfc == 180 || cfc == 600 || cfc == 1000;
+}
+
+double FilterFrequencyOf(std::int32_t cfc) {
+    return cfc * 1.66666666667;
+}
+
+std::int32_t ClassifyRecordedFrequencies(double cutoffHz, double prefilterHz) {
+    const double f = cutoffHz != 0.0 ? cutoffHz : prefilterHz;
+    const auto* window = std::find_if(kRecordedWindows.begin(), kRecordedWindows.end(),
+                                      [&](const CFrequencyWindow& w) { return w.low < f && f < w.high; });
+    return window == kRecordedWindows.end() ? kUnknownChannelClass : window->cfc;
+}
+
+std::int32_t ClassOfFilter(double frequencyHz, std::int32_t otherwise) {
+    const std::int32_t c = SaturatedWholeNumber(frequencyHz * 0.6);
+    const auto* window = std::find_if(kClassWindows.begin(), kClassWindows.end(),
+                                      [&](const CClassWindow& w) { return w.low <= c && c <= w.high; });
+    return window == kClassWindows.end() ? otherwise : window->cfc;
+}
+
+}  // namespace ks

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <cstdint>
+
+namespace ks {
+
+/// The class number of data whose channel frequency class is not known.
+inline constexpr std::int32_t kUnknownChannelClass = 1001;
+
+/// Whether `cfc` is a channel frequency class of SAE J211: 60, 180, 600 or 1000.
+bool IsChannelClass(std::int32_t cfc);
+
+/// Filter frequency in Hz of a channel frequency class: its number times 1.66666666667.
+double FilterFrequencyOf(std::int32_t cfc);
+
+/// The class that recorded filter frequencies tell: that of the cutoff, or of the prefilter when the cutoff is 0.
+/// The windows, ends excluded, lie around the classes' 3 dB frequencies of 100, 300, 1000 and 1650 Hz.
+/// @return 60, 180, 600, 1000, or kUnknownChannelClass
+std::int32_t ClassifyRecordedFrequencies(double cutoffHz, double prefilterHz);
+
+/// The class of data just filtered at `frequencyHz`, or `otherwise` when the frequency is none of a class.
+std::int32_t ClassOfFilter(double frequencyHz, std::int32_t otherwise);
+
+}  // namespace ks

@@ -1,0 +1,114 @@
+#include "signal/data.h"
+
+#include <stdexcept>
+
+#include "files/error.h"
+#include "signal/data_status.h"
+#include "signal/messages.h"
+
+namespace ks {
+namespace {
+
+/// The extrema of `values`; those of before when there are none.
+CExtrema ExtremaOr(const CExtrema& before, const std::vector<double>& values) {
+    return values.empty() ? before : ExtremaOf(values);
+}
+
+}  // namespace
+
+void CData::SetData(std::vector<double> x, std::vector<double> y, std::vector<double> z) {
+    if (x.empty()) {
+        KeepOrBuildX(y, z);
+    } else {
+        m_X = std::move(x);
+    }
+    if (y.empty() && m_Y.empty()) throw CError(signal_message::kNoYData);
+    m_Y = std::move(y);
+
+    const bool keepsZ = z.empty() && !m_Z.empty() && m_Z.size() == m_Y.size();
+    if (z.empty() && !keepsZ) {
+        m_Z.assign(m_Y.size(), 0.0);
+        if (m_X.size() != m_Y.size()) throw CError(signal_message::kXAndYDiffer);
+    }
+    if (!z.empty()) m_Z = std::move(z);
+    if (m_X.size() != m_Y.size() || m_Y.size() != m_Z.size()) throw CError(signal_message::kXYAndZDiffer);
+    UpdateLimits();
+}
+
+void CData::SetData(std::vector<double> x, std::vector<double> y) {
+    if (x.empty() && y.empty()) throw CError(signal_message::kNoXOrYData);
+    SetData(std::move(x), std::move(y), {});
+}
+
+void CData::SetData(std::vector<double> y) {
+    if (y.empty()) throw CError(signal_message::kNoYData);
+    SetData({}, std::move(y), {});
+}
+
+void CData::SetPoints(const CPointList& points) {
+    if (points.empty()) throw CError(signal_message::kNoPoints);
+    SetPoints(MakeColumns(points));
+}
+
+void CData::SetPoints(CPointColumns columns) {
+    if (columns.Count() == 0) throw CError(signal_message::kNoPoints);
+    if (columns.z.empty()) columns.z.assign(columns.Count(), 0.0);
+    if (columns.x.size() != columns.Count() || columns.z.size() != columns.Count()) {
+        throw CError(signal_message::kXYAndZDiffer);
+    }
+    m_X = std::move(columns.x);
+    m_Y = std::move(columns.y);
+    m_Z = std::move(columns.z);
+    UpdateLimits();
+}
+
+void CData::SetPoint(std::size_t i, double x, double y) {
+    if (i >= m_X.size() || i >= m_Y.size()) throw std::runtime_error(signal_message::kIndexOutOfBounds);
+    m_X[i] = x;
+    m_Y[i] = y;
+    m_limitsStale = true;  // overwriting a whole curve point by point must not scan it as often as it has points
+    UpdateTimes();
+}
+
+std::int32_t CData::GetCount() const {
+    return CountOf(GetNFP(), GetNLP());
+}
+
+void CData::GenerateTime() {
+    m_X = RegularAxis(GetNFP(), GetCount(), Getdelt());
+}
+
+void CData::UpdateLimits() {
+    m_limitsStale = true;
+    Limits();
+    UpdateTimes();
+}
+
+const CLimits& CData::Limits() const {
+    if (m_limitsStale) {
+        m_limits = {ExtremaOr(m_limits.x, m_X), ExtremaOr(m_limits.y, m_Y), ExtremaOr(m_limits.z, m_Z)};
+        m_limitsStale = false;
+    }
+    return m_limits;
+}
+
+void CData::SetDataStatus(std::string_view text) {
+    m_DataStatus = CanonicalDataStatus(text);
+}
+
+/// SetData without an x: the stored X stays, or is built where there is none.
+void CData::KeepOrBuildX(const std::vector<double>& y, const std::vector<double>& z) {
+    if (y.empty() && z.empty()) throw CError(signal_message::kNoXYOrZData);
+    if (!m_X.empty()) return;
+    if (Getdelt() == 0.0) throw CError(signal_message::kNoXAndNoTimeStep);
+    if (GetNFP() == 0 && GetNLP() == 0) throw CError(signal_message::kNoXAndNoPointNumbers);
+    GenerateTime();
+    if (!y.empty() && y.size() != m_X.size()) throw CError(signal_message::kXAndYCountsDiffer);
+}
+
+void CData::UpdateTimes() {
+    m_StartTime = GetNFP() * Getdelt();
+    m_EndTime = GetNLP() * Getdelt();
+}
+
+}  // namespace ks

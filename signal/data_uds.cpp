@@ -1,0 +1,60 @@
+#include <utility>
+
+#include "files/error.h"
+#include "files/uds_file.h"
+#include "signal/channel_class.h"
+#include "signal/data.h"
+
+namespace ks {
+
+void CData::LoadUDS(const std::string& path) {
+    CUDS1992 file;
+    file.Read(path);
+    FromUDSFields(std::move(file));
+    SetSourcePath(path);
+}
+
+void CData::SaveUDS(const std::string& path) const {
+    try {
+        CUDS1992 file;
+        ToUDSFields(file);
+        file.Write(path);
+    } catch (const std::exception& error) {
+        throw CError(error.what());
+    }
+}
+
+void CData::FromUDSFields(const CUDSFile& file) {
+    SetPoints(file.Columns());
+    TakeDescriptors(file);
+}
+
+void CData::FromUDSFields(CUDSFile&& file) {
+    SetPoints(file.TakeColumns());
+    TakeDescriptors(file);
+}
+
+void CData::ToUDSFields(CUDSFile& file) const {
+    CUDSFields& fields = file.Fields();
+    fields = static_cast<const CUDSFields&>(*this);
+    fields.SetFILEID("UDS-1992");
+    fields.SetSTATUS(m_DataStatus);
+    if (Getdelt() == 0.0) fields.SetFILEFORM("X-Y");
+    file.SetColumns({m_X, m_Y, {}});
+    file.SetSecondComponent(m_SecondComponent);
+}
+
+/// Everything of the file except its points.
+void CData::TakeDescriptors(const CUDSFile& file) {
+    SetFields(file.Fields());
+    SetSourcePath({});
+    SetSourceFormat(file.NumberFormatName());
+    SetFileType({});
+    SetSecondComponent(file.HasSecondComponent());
+    m_FurtherReals = {0.0, 0.0, 0.0, GetINJ5()};
+    SetDataStatus(GetSTATUS());
+    SetCFCClass(ClassifyRecordedFrequencies(GetFCUT(), GetPREFIL()));
+    UpdateTimes();
+}
+
+}  // namespace ks

@@ -1,0 +1,18 @@
+#include "signal/messages.h"
+
+#include <boost/lexical_cast.hpp>
+
+#include "files/number_text.h"
+
+namespace ks::signal_message {
+
+std::string StopTimeNotAfterStart(double start, double stop) {
+    return "Stop time (" + GeneralText(stop) + ") is before or equals Start Time (" + GeneralText(start) + ")";
+}
+
+std::string StartIndexNotBeforeStop(std::int32_t start, std::int32_t stop) {
+    return "Start Index (" + boost::lexical_cast<std::string>(start) + ")is >= Stop Index (" +
+           boost::lexical_cast<std::string>(stop) + ")";
+}
+
+}  // namespace ks::signal_message
