@@ -1,0 +1,46 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "chart/chart_control.h"
+#include "compare/chart_block.h"
+
+/// The line-style values handed to the chart, kept between pages: the array grows and never shrinks.
+class CLineStyles {
+public:
+    /// Sets and gives the first `seriesCount` values. Mode 0: 0 to 6, 9, 10, 11 and again from 0; mode 1: 0; mode 2: 5;
+    /// mode 3: 6. Any other mode leaves the values as they are. The span holds until the next call.
+    std::span<const std::int32_t> Set(std::int32_t mode, std::int32_t seriesCount);
+    [[nodiscard]] std::size_t Capacity() const { return m_values.size(); }
+
+private:
+    std::vector<std::int32_t> m_values;
+};
+
+/// Longest text a title property takes, in characters.
+inline constexpr std::size_t kLongestChartText = 47;
+
+/// The first `kLongestChartText` characters of a UTF-8 text.
+std::string_view CutChartText(std::string_view text);
+
+/// Destroys an old chart and creates a new one over the whole client area of `parent`.
+void CreateChart(CChartControl& chart, QWidget* parent, CChartSize clientArea, double noDataValue);
+
+/// Hands the block over: counts, matrices, titles, legend, line styles. `names` has one text per series; a tab in a
+/// name becomes a blank, since tabs separate the names. Ends with ResetChart.
+void FillChart(CChartControl& chart, const CChartBlock& block, std::span<const std::string> names,
+               CLineStyles& lineStyles);
+
+/// Forgets what a previous page set and the new one did not.
+void ResetChart(CChartControl& chart);
+
+/// Everything a page change needs: creates, fills and draws.
+void ShowChart(CChartControl& chart, QWidget* parent, CChartSize clientArea, const CChartBlock& block,
+               std::span<const std::string> names, CLineStyles& lineStyles);
+
+/// Fits an existing chart to the client area's new size.
+void ResizeChart(CChartControl& chart, CChartSize clientArea);

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "chart/chart_control.h"
+
+/// A chart control that draws nothing and notes every call in order, one line of text each: "set 2115 = 3",
+/// "array 3268 = 0.5", "array 2125 = \"a\tb\t\" (2)", "text 3000 = \"Time\"", "draw 0 0", "apply",
+/// "copy 10000 x 5000". Real numbers are in the shortest form that reads back. Given another control it also passes
+/// every call on, so that a window can be watched while it works.
+class CRecordingChartControl : public CChartControl {
+public:
+    explicit CRecordingChartControl(CChartControl* passedOnTo = nullptr) : m_passedOnTo(passedOnTo) {}
+
+    std::vector<std::string> calls;
+    ks::WriteResult exportResult = ks::WriteResult::Written;  ///< of both exports when nothing is passed on
+
+    void Create(const CChartCreation& creation) override;
+    void Destroy() override;
+    [[nodiscard]] bool Exists() const override { return m_exists; }
+    void SetInteger(ChartProperty property, std::int32_t value) override;
+    void SetText(ChartProperty property, std::string_view text) override;
+    void SetArray(ChartProperty property, std::span<const double> values) override;
+    void SetArray(ChartProperty property, std::span<const std::int32_t> values) override;
+    void SetArray(ChartProperty property, std::string_view texts, std::int32_t count) override;
+    void ClearArray(ChartProperty property) override;
+    void Draw(std::int32_t first, std::int32_t second) override;
+    void Apply() override;
+    void CopyMetafile(CChartSize size) override;
+    [[nodiscard]] ks::WriteResult ExportMetafile(CChartSize size, const std::string& path) override;
+    [[nodiscard]] ks::WriteResult ExportBitmap(CChartSize size, const std::string& path) override;
+    void Resized(std::int32_t width, std::int32_t height) override;
+    void PaintOnto(QPainter& painter, const QRectF& area) override;
+
+private:
+    CChartControl* m_passedOnTo;
+    bool m_exists = false;
+};
