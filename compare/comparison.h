@@ -5,10 +5,10 @@
 
 #include "signal/nsignal.h"
 
-/// The measures of one computed signal against the reference. See docs/numerics.md for every formula.
+/// The measures of one computed signal against the reference. See docs/measures.md for every formula.
 ///
 /// All start at 0 except the corridor size, 4.0. No value is checked: infinities and not-a-number values come out as
-/// the formulas give them.
+/// the formulas give them. Values are in Y units where nothing else is said; t(i) = dt (i + 1) stands for time.
 class CComparison {
 public:
     CComparison() = default;
@@ -24,7 +24,7 @@ public:
     /// Compares `computed` with `reference`. Resamples `computed` to the reference's time step and cuts it to the
     /// common time range, both lasting; the reference is left as it is. A record without Y values leaves every
     /// measure at 0 and nothing resampled or cut.
-    /// @throws ks::CError from resampling or cutting
+    /// @throws ks::CError from resampling or cutting; every measure is then 0, `computed` as far as it was changed
     void Compute(ks::CNSignal& computed, const ks::CNSignal& reference);
 
     double GetMeanSquareResidual() const { return m_meanSquareResidual; }
@@ -37,8 +37,9 @@ public:
     double GetResidualStandardDeviation() const { return m_residualStandardDeviation; }
     double GetResidualSum() const { return m_residualSum; }
     double GetResidualSumOfSquares() const { return m_residualSumOfSquares; }
-    double GetPercentOutsideCorridor() const { return m_percentOutsideCorridor; }
-    std::int32_t GetPointCount() const { return m_pointCount; }  ///< number of points compared
+    double GetPercentOutsideCorridor() const { return m_percentOutsideCorridor; }  ///< 0 to 100
+    std::int32_t GetPointCount() const { return m_pointCount; }                    ///< number of points compared
+    /// Relative differences of the moments of order 0 to 5, as fractions of the computed signal's.
     const std::array<double, 6>& GetMomentDifferences() const { return m_momentDifferences; }
     double GetCorrelationFactor() const { return m_correlationFactor; }
     double GetMagnitudeError() const { return m_magnitudeError; }          ///< M
@@ -50,6 +51,9 @@ public:
     double GetCorridorSize() const { return m_corridorSize; }
 
 private:
+    void Clear();
+    void Measure(const ks::CNSignal& computed, const ks::CNSignal& reference, double timeStep);
+
     double m_meanSquareResidual = 0.0;
     double m_computedPeak = 0.0, m_referencePeak = 0.0;
     double m_computedMaximum = 0.0, m_referenceMaximum = 0.0;

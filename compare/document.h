@@ -1,7 +1,9 @@
 #pragma once
 
 #include <boost/shared_ptr.hpp>
+#include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -23,15 +25,19 @@ public:
     CQuorvelDoc& operator=(const CQuorvelDoc&) = delete;
     virtual ~CQuorvelDoc();
 
-    /// Observers are told in the order in which they were added; each must be removed before it dies.
+    /// Observers are told in the order in which they were added; each must be removed before it dies. Adding and
+    /// removing is allowed while they are told.
     void AddObserver(CDocumentObserver& observer);
     void RemoveObserver(CDocumentObserver& observer);
 
     // Runs.
 
     /// The interactive run: asks for files and options, reads, filters, cuts, makes the reference, compares, tells the
-    /// observers with hint 1 and shows the collected messages. Cancel changes nothing. A run that stops on the way
-    /// tells nobody and leaves page list and page as they were.
+    /// observers with hint 1 and shows the collected messages. Cancel changes nothing.
+    ///
+    /// A step tries every signal; each failure becomes a message. A run stops behind the first step in which any
+    /// signal failed: it then tells nobody and leaves page list and page as they were. A reference that cannot be
+    /// read stops the run without a message and without ending the busy state.
     void OnCompareFiles();
 
     /// The start-up run of a command line's file list. It empties the signal list and then stops because that list is
@@ -43,13 +49,23 @@ public:
     /// 60, 180, 600 or 1000, cuts them when a bound is > 0, and compares them with a reference made from them.
     void CompareLoadedList(std::int32_t channelClass, double windowStart, double windowEnd);
 
-    // Steps of a run.
+    // Steps of a run. What the signal library throws becomes a message, the file's path before it.
 
-    int ReadComputedSignals();     ///< 1 when every computed file was read, else 0
-    int ReadReference();           ///< 1 when the reference was read and set, else 0
-    int BuildAverageReference();   ///< 1 when the reference was made from the computed signals, else 0
-    void FilterComputedSignals(std::int32_t channelClass);  ///< all but those read from ASCII files
-    void FilterReference(std::int32_t channelClass);
+    /// Replaces the computed signals by unread ones of these paths.
+    void SetComputedFiles(const std::vector<std::string>& files);
+
+    /// Reads every computed file and keeps a copy of each record as read: 1 when all were read, else 0.
+    int ReadComputedSignals();
+    /// Reads the reference from its path and resamples the computed signals to its time step: 1 when it was read and
+    /// set. 0 leaves the reference as it was; the sentences of an unreadable file join the reference messages.
+    int ReadReference();
+    /// Brings the computed signals to one time step and range and takes the first of them as the reference: 1 on
+    /// success. 0 leaves the reference as it was: there is no computed signal, no common time range, or one failed.
+    int BuildAverageReference();
+    /// Filters the computed signals, except those read from ASCII files; false when any failed.
+    bool FilterComputedSignals(std::int32_t channelClass);
+    /// Filters the reference, whatever its file type; false when that failed.
+    bool FilterReference(std::int32_t channelClass);
     void BuildPageList();
 
     // Pages.
@@ -58,16 +74,21 @@ public:
     /// unchanged, when `pageId` is not one of the eleven. What a page throws becomes the only error message, is shown,
     /// and leaves the page without series.
     bool SelectPage(std::int32_t pageId);
-    /// Lays the series out in the chart block; false when there are none. Page ids 0 and 1 keep the block.
+    /// Lays the series out in the chart block; false, with counts of 0, when there are none. Page ids 0 and 1 keep the
+    /// block. The matrices never shrink.
     bool BuildSeriesMatrices();
 
     // Commands.
 
-    void ShowErrors();         ///< hands the error messages to the host with a beep; nothing without any
-    void OnCorridorSize();     ///< edits the corridor size; hint 2. Measures follow with the next run.
-    void OnCriticalValues();   ///< edits the process-wide critical values; hint 2
-    void OnSaveUds();          ///< asks for a file per series of the page and writes each; writer errors pass out
-    void OnSaveAscii();        ///< asks for one file and writes the ASCII table of the page
+    void ShowErrors();        ///< hands the error messages to the host with a beep; nothing without any
+    void OnCorridorSize();    ///< edits the corridor size; hint 2. Measures follow with the next run.
+    void OnCriticalValues();  ///< edits the process-wide critical values; hint 2
+    /// Asks for a file per series of the page and writes each; stores the folder of the last one. Cancel skips the
+    /// series. @throws ks::CError from the writer; the folder is then not stored
+    void OnSaveUds();
+    /// Asks for one file, writes the ASCII table of the page and stores the folder. A file that cannot be written
+    /// becomes the only error message and is shown; the folder is then not stored.
+    void OnSaveAscii();
 
     // What views and exports read.
 
@@ -89,7 +110,36 @@ public:
     void SetLineStyleMode(std::int32_t mode) { m_block.lineStyleMode = mode; }
 
 private:
-    // The owner of compare/ completes the private part.
+    /// How a run ended.
+    enum class CRunEnd { Completed, Stopped, ReferenceUnreadable };
+    /// How making the reference ended. NotMade: unreadable, or nothing to make it from.
+    enum class CReferenceEnd { Made, NotMade, SignalFailed };
+
+    CFileSelection OfferedSelection() const;
+    void TakeSelection(const CFileSelection& selection);
+    CRunEnd PrepareAndCompare(const CFileSelection& selection);
+    CRunEnd PrepareAndCompareLoaded(const CFileSelection& selection);
+    CReferenceEnd TakeReference();
+    CReferenceEnd PrepareReference(const CFileSelection& selection);
+    CReferenceEnd MakeAverageReference();
+    void PublishRun();
+
+    // One step over all computed signals, or on the reference; false when any failed.
+    bool CutComputedSignals(double start, double end);
+    bool ResampleComputedSignals(double timeStep);
+    bool CompareComputedSignals();
+    bool CutReference(double start, double end);
+    bool Attempt(CSignal& signal, const std::function<void(CSignal&)>& work);
+    bool ForEachComputed(const std::function<void(CSignal&)>& work);
+
+    void BeginProgress(const CFileSelection& selection);
+    void AtWork(const std::string& path);
+    void EndProgress(CRunEnd end);
+
+    bool BuildSeries();
+    void ReserveMatrices(std::int64_t cellCount);
+    void Notify(int hint);
+
     CDocumentHost& m_host;
     std::vector<CDocumentObserver*> m_observers;
     CChartBlock m_block;
@@ -103,6 +153,9 @@ private:
     CSignal m_reference;
     double m_corridorSize = 4.0;
     std::int32_t m_pageId = 0;
+    std::int32_t m_channelClass = 60;  ///< of the last run, offered again
+    std::size_t m_stepsDone = 0;
+    std::size_t m_stepsTotal = 0;  ///< 0 outside a run
     std::unique_ptr<CPlot> m_page;
     bool m_averageReference = false;
     bool m_filter = true;

@@ -11,14 +11,14 @@
 /// What the user chose to compare.
 class CFileSelection {
 public:
-    std::vector<std::string> files;     ///< computed files, in order; UTF-8 paths
-    std::string referencePath;          ///< reference file; unused when averageReference is set
-    bool averageReference = false;      ///< make the reference from the computed signals
-    bool filter = true;                 ///< filter the computed signals at channelClass
-    bool filterReference = true;        ///< filter the reference too
-    bool truncate = false;              ///< cut every signal to the time window
-    std::int32_t channelClass = 60;     ///< channel frequency class: 60, 180, 600 or 1000
-    double windowStart = 0.0;           ///< X units
+    std::vector<std::string> files;  ///< computed files, in order; UTF-8 paths
+    std::string referencePath;       ///< reference file; unused when averageReference is set
+    bool averageReference = false;   ///< make the reference from the computed signals
+    bool filter = true;              ///< filter the computed signals at channelClass
+    bool filterReference = true;     ///< filter the reference too
+    bool truncate = false;           ///< cut every signal to the time window
+    std::int32_t channelClass = 60;  ///< channel frequency class: 60, 180, 600 or 1000
+    double windowStart = 0.0;        ///< X units
     double windowEnd = static_cast<double>(0.3F);
 };
 
@@ -44,9 +44,10 @@ class CDocumentHost {
 public:
     virtual ~CDocumentHost() = default;
 
-    /// Lets the user choose what to compare; `offered` is the last choice. No value: cancelled.
+    /// Lets the user choose what to compare. `offered` holds files, reference, flags and channel class of the document;
+    /// the rest has its defaults. No value: cancelled.
     virtual std::optional<CFileSelection> SelectFiles(const CFileSelection& offered) = 0;
-    /// Shows the messages of a run; never called without any.
+    /// Shows the messages of a run or of a page; never called without any.
     virtual void ShowErrorList(const std::vector<std::string>& messages) = 0;
     /// Lets the user edit the corridor size (> 0). No value: cancelled.
     virtual std::optional<double> EditCorridorSize(double size) = 0;
@@ -60,7 +61,7 @@ public:
     virtual void StoreSetting(const std::string& key, const std::string& value) = 0;
 
     virtual void Beep() = 0;
-    /// Shows or ends the wait cursor.
+    /// Shows or ends the wait cursor. A run whose reference cannot be read does not end it.
     virtual void SetBusy(bool busy) = 0;
     /// `done` of `total` steps of a run are done; `path` is the file at work, empty at the end.
     virtual void Progress(std::size_t done, std::size_t total, const std::string& path) = 0;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -11,8 +12,27 @@
 /// Number of columns of the summary table.
 inline constexpr int kSummaryColumnCount = 16;
 
+/// The columns of the summary table.
+enum CSummaryColumn : int {
+    kFilenameColumn = 0,
+    kPeakColumn = 1,
+    kResidualColumn = 2,
+    kDeviationColumn = 3,
+    kCorridorColumn = 4,  ///< share of points outside the corridor, whatever its header says
+    kCorrelationColumn = 5,
+    kTStatisticColumn = 6,
+    kFirstMomentColumn = 7,
+    kLastMomentColumn = 12,
+    kReferenceColumn = 13,
+    kMinimumTimeColumn = 14,
+    kMaximumTimeColumn = 15,
+};
+
 /// The sixteen headers of the summary table, in column order.
 extern const std::array<std::string_view, kSummaryColumnCount> kSummaryHeaders;
+
+/// File type of a record that was read from an ASCII point file.
+inline constexpr std::string_view kAsciiFileType = "ASCII File";
 
 /// Verdict on a summary cell, with the colour (0xRRGGBB) that shows it.
 enum class CVerdictColor { White = 0xFFFFFF, Green = 0x00E000, Red = 0xFF0000 };
@@ -29,11 +49,11 @@ public:
     CSignal& operator=(CSignal&&) = default;
     virtual ~CSignal() = default;
 
-    /// Reads the file at the path as a UDS-1992 file. False when it cannot be read; the record's warnings then hold
-    /// the reader's sentence, behind those of the attempt before. Success drops those of the attempt before.
+    /// Reads the file at the path as a UDS-1992 file into a new record. False when it cannot be read: the record then
+    /// stays, and the reader's sentence joins its warnings, behind those of the attempt before.
     bool ReadUds();
     /// The same for an ASCII point file; the record becomes a time signal in seconds, numbered from 0, of the file
-    /// type "ASCII File".
+    /// type kAsciiFileType.
     bool ReadAscii();
 
     /// Computes the measures against `reference` and takes its path as the reference name. See CComparison::Compute.
@@ -45,7 +65,8 @@ public:
 
     /// Text of one summary column, 0 to 15; empty for any other.
     std::string GetColumnText(int column) const;
-    /// Verdict on one summary column: white without one, green below the critical value, red otherwise.
+    /// Verdict on one summary column against the critical values of the moment: white without one, green below its
+    /// limit, red otherwise, so also for not-a-number.
     CVerdictColor GetColumnColor(int column) const;
 
     ks::CNSignal& Record() { return m_record; }
@@ -58,6 +79,8 @@ public:
     const CComparison& Comparison() const { return m_comparison; }
 
 private:
+    bool ReadWith(const std::function<void(ks::CNSignal&)>& load);
+
     ks::CNSignal m_record;
     std::string m_path;
     std::string m_referenceName;

@@ -1,0 +1,45 @@
+#include <string_view>
+
+#include "compare/export.h"
+#include "compare/plots/page_ids.h"
+#include "files/number_text.h"
+
+namespace {
+
+constexpr std::string_view kPadding = "0.0 ";
+
+/// X and Y of one cell. X alone tells whether the series has ended before this row.
+void AppendCell(std::string& text, double x, double y, double paddingValue) {
+    if (x == paddingValue) {
+        text += kPadding;
+        text += kPadding;
+        return;
+    }
+    ks::AppendGeneralText(text, x);
+    text += ' ';
+    ks::AppendGeneralText(text, y);
+    text += ' ';
+}
+
+}  // namespace
+
+std::string AsciiTable(const CChartBlock& block) {
+    const std::size_t rows = static_cast<std::size_t>(block.pointCount);
+    const std::size_t columns = static_cast<std::size_t>(block.seriesCount);
+    std::string text;
+    // The counts are those of a run, not of a chart, until a chart page is chosen.
+    if (block.x.size() < rows * columns || block.y.size() < rows * columns) return text;
+    for (std::size_t i = 0; i < rows; ++i) {
+        for (std::size_t j = 0; j < columns; ++j) {
+            const std::size_t cell = i + j * rows;
+            AppendCell(text, block.x[cell], block.y[cell], block.paddingValue);
+        }
+        text += "\r\n";
+    }
+    return text;
+}
+
+ks::WriteResult WriteAsciiTable(const std::string& path, const CChartBlock& block, std::int32_t pageId) {
+    const bool hasRows = pageId != 0 && pageId != page::kSummary;
+    return ks::WriteFile(path, hasRows ? AsciiTable(block) : std::string());
+}

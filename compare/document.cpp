@@ -1,0 +1,184 @@
+#include "compare/document.h"
+
+#include <algorithm>
+#include <exception>
+#include <limits>
+#include <optional>
+#include <utility>
+
+#include "compare/export.h"
+#include "compare/messages.h"
+#include "compare/plots/page_ids.h"
+#include "files/path_text.h"
+
+namespace {
+
+constexpr const char* kUdsFolderKey = "UdsOutputDir";
+constexpr const char* kAsciiFolderKey = "AsciiOutputDir";
+constexpr const char* kDefaultFolder = "C:\\";
+
+/// The summary and the state before the first run have no chart.
+bool HasChart(std::int32_t pageId) {
+    return pageId != 0 && pageId != page::kSummary;
+}
+
+std::int32_t LongestPointCount(const CSeriesList& seriesList) {
+    std::size_t longest = 0;
+    for (const auto& series : seriesList) longest = std::max(longest, series->GetPointCount());
+    return static_cast<std::int32_t>(std::min<std::size_t>(longest, std::numeric_limits<std::int32_t>::max()));
+}
+
+/// Lays one column of a series out from `begin` on and fills the rest of its `rows` with `padding`.
+void FillColumn(const std::vector<double>& values, std::vector<double>& matrix, std::size_t begin, std::size_t rows,
+                double padding) {
+    const std::size_t count = std::min(values.size(), rows);
+    const auto target = matrix.begin() + static_cast<std::ptrdiff_t>(begin);
+    const auto rest = std::copy_n(values.begin(), count, target);
+    std::fill_n(rest, rows - count, padding);
+}
+
+}  // namespace
+
+CQuorvelDoc::CQuorvelDoc(CDocumentHost& host) : m_host(host), m_page(std::make_unique<CPlot>()) {}
+
+CQuorvelDoc::~CQuorvelDoc() = default;
+
+void CQuorvelDoc::AddObserver(CDocumentObserver& observer) {
+    m_observers.push_back(&observer);
+}
+
+void CQuorvelDoc::RemoveObserver(CDocumentObserver& observer) {
+    std::erase(m_observers, &observer);
+}
+
+void CQuorvelDoc::Notify(int hint) {
+    // An observer may remove itself or another one while it is told.
+    const std::vector<CDocumentObserver*> observers = m_observers;
+    for (CDocumentObserver* observer : observers) {
+        if (std::ranges::find(m_observers, observer) != m_observers.end()) observer->OnDocumentUpdate(hint);
+    }
+}
+
+void CQuorvelDoc::SetComputedFiles(const std::vector<std::string>& files) {
+    m_computed.clear();
+    m_copies.clear();
+    m_computed.reserve(files.size());
+    for (const std::string& file : files) m_computed.emplace_back(file);
+}
+
+void CQuorvelDoc::BuildPageList() {
+    m_pageList.clear();
+    if (m_computed.empty()) return;
+    m_pageList.push_back(page::kSummary);
+    if (m_reference.Record().GetYUNITS().find("G'S") != std::string::npos) {
+        m_pageList.insert(m_pageList.end(), {page::kAcceleration, page::kVelocity, page::kDisplacement});
+    } else {
+        m_pageList.push_back(page::kInputData);
+    }
+    m_pageList.insert(m_pageList.end(), {page::kCorridor, page::kStandardDeviation, page::k90Percentile,
+                                         page::kResiduals, page::kCumulativeDensity, page::kCrossCorrelation});
+}
+
+bool CQuorvelDoc::SelectPage(std::int32_t pageId) {
+    m_page.reset();  // the old page goes before the new one is made
+    m_page = MakePage(pageId);
+    if (!IsPageId(pageId)) return false;
+    m_pageId = pageId;
+
+    const bool built = BuildSeries();
+    BuildSeriesMatrices();
+    m_page->GetAxisTitles(m_block.xTitle, m_block.yTitle);
+    Notify(kPageOrLimitsChanged);
+    // Shown last: whoever looks at the document while the list is open sees titles, series and matrices that agree.
+    if (!built) ShowErrors();
+    return true;
+}
+
+bool CQuorvelDoc::BuildSeries() {
+    try {
+        m_page->BuildSeries(m_computed, m_reference.Record(), m_series, m_seriesNames);
+    } catch (const std::exception& error) {
+        m_series.clear();
+        m_seriesNames.clear();
+        m_errors.assign(1, error.what());
+        return false;
+    }
+    return true;
+}
+
+bool CQuorvelDoc::BuildSeriesMatrices() {
+    if (!HasChart(m_pageId)) return true;
+    m_block.pointCount = 0;
+    m_block.seriesCount = 0;
+    if (m_series.empty()) return false;
+
+    const std::int32_t pointCount = LongestPointCount(m_series);
+    const std::size_t rows = static_cast<std::size_t>(pointCount);
+    ReserveMatrices(static_cast<std::int64_t>(rows * m_series.size()));
+    for (std::size_t j = 0; j < m_series.size(); ++j) {
+        FillColumn(m_series[j]->GetX(), m_block.x, j * rows, rows, m_block.paddingValue);
+        FillColumn(m_series[j]->GetY(), m_block.y, j * rows, rows, m_block.paddingValue);
+    }
+    m_block.pointCount = pointCount;
+    m_block.seriesCount = static_cast<std::int32_t>(m_series.size());
+    return true;
+}
+
+void CQuorvelDoc::ReserveMatrices(std::int64_t cellCount) {
+    if (cellCount <= m_block.capacity) return;
+    // The old matrices go first, so that old and new never stand in memory together.
+    m_block.capacity = 0;
+    m_block.x = {};
+    m_block.y = {};
+    m_block.x.resize(static_cast<std::size_t>(cellCount));
+    m_block.y.resize(static_cast<std::size_t>(cellCount));
+    m_block.capacity = cellCount;
+}
+
+void CQuorvelDoc::ShowErrors() {
+    if (m_errors.empty()) return;
+    // A copy: while the list is open the user may choose a page that replaces the messages.
+    const std::vector<std::string> messages = m_errors;
+    m_host.Beep();
+    m_host.ShowErrorList(messages);
+}
+
+void CQuorvelDoc::OnCorridorSize() {
+    const std::optional<double> size = m_host.EditCorridorSize(m_corridorSize);
+    if (!size) return;
+    m_corridorSize = *size;
+    Notify(kPageOrLimitsChanged);
+}
+
+void CQuorvelDoc::OnCriticalValues() {
+    const std::optional<CCriticalValues> values = m_host.EditCriticalValues(CriticalValues());
+    if (!values) return;
+    CriticalValues() = *values;
+    Notify(kPageOrLimitsChanged);
+}
+
+void CQuorvelDoc::OnSaveUds() {
+    if (!HasChart(m_pageId)) return;
+    const std::string folder = m_host.ReadSetting(kUdsFolderKey, kDefaultFolder);
+    std::optional<std::string> lastPath;
+    for (std::size_t j = 0; j < m_series.size(); ++j) {
+        const std::optional<std::string> path =
+            m_host.AskSavePath({"Save " + m_seriesNames.at(j) + " as", {}, folder, true, true});
+        if (!path) continue;
+        m_series[j]->SaveUDS(*path);
+        lastPath = path;
+    }
+    if (lastPath) m_host.StoreSetting(kUdsFolderKey, std::string(ks::FolderOf(*lastPath)));
+}
+
+void CQuorvelDoc::OnSaveAscii() {
+    const std::string folder = m_host.ReadSetting(kAsciiFolderKey, kDefaultFolder);
+    const std::optional<std::string> path = m_host.AskSavePath({"Save ASCII data As", {}, folder, true, true});
+    if (!path) return;
+    if (WriteAsciiTable(*path, m_block, m_pageId) != ks::WriteResult::Written) {
+        m_errors.assign(1, AsciiTableNotWritten(*path));
+        ShowErrors();
+        return;
+    }
+    m_host.StoreSetting(kAsciiFolderKey, std::string(ks::FolderOf(*path)));
+}

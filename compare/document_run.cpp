@@ -1,0 +1,307 @@
+// The runs of the document and their steps.
+
+#include <algorithm>
+#include <boost/make_shared.hpp>
+#include <exception>
+#include <optional>
+#include <utility>
+
+#include "compare/document.h"
+#include "compare/messages.h"
+#include "compare/plots/page_ids.h"
+
+namespace {
+
+/// Step of a reference that has none, in X units.
+constexpr double kDefaultTimeStep = 0.0001;
+/// Smallest common step of an average run; the single-precision value, 9.999999747378752e-05.
+constexpr double kSmallestTimeStep = static_cast<double>(0.0001F);
+
+double LargestTimeStep(const std::vector<CSignal>& signalList) {
+    double step = kSmallestTimeStep;
+    for (const CSignal& signal : signalList) step = std::max(step, signal.Record().Getdelt());
+    return step;
+}
+
+/// `signalList` holds at least one signal.
+double LatestStart(const std::vector<CSignal>& signalList) {
+    double start = signalList.front().Record().GetXMin();
+    for (const CSignal& signal : signalList) start = std::max(start, signal.Record().GetXMin());
+    return start;
+}
+
+/// `signalList` holds at least one signal.
+double EarliestEnd(const std::vector<CSignal>& signalList) {
+    double end = signalList.front().Record().GetXMax();
+    for (const CSignal& signal : signalList) end = std::min(end, signal.Record().GetXMax());
+    return end;
+}
+
+/// Point by point the mean of all signals, in which the first one counts twice.
+std::vector<double> MeanOf(const CSignal& reference, const std::vector<CSignal>& signalList) {
+    std::vector<double> mean = reference.Record().GetY();
+    for (const CSignal& signal : signalList) {
+        const std::vector<double>& values = signal.Record().GetY();
+        const std::size_t count = std::min(mean.size(), values.size());
+        for (std::size_t i = 0; i < count; ++i) mean[i] += values[i];
+    }
+    for (double& value : mean) value /= static_cast<double>(signalList.size());
+    return mean;
+}
+
+void AppendTo(std::vector<std::string>& messages, const std::vector<std::string>& more) {
+    messages.insert(messages.end(), more.begin(), more.end());
+}
+
+bool IsJ211Class(std::int32_t channelClass) {
+    return channelClass == 1000 || channelClass == 600 || channelClass == 180 || channelClass == 60;
+}
+
+}  // namespace
+
+void CQuorvelDoc::OnCompareFiles() {
+    const std::optional<CFileSelection> selection = m_host.SelectFiles(OfferedSelection());
+    if (!selection) return;
+    TakeSelection(*selection);
+    m_host.SetBusy(true);
+    m_errors.clear();
+    m_referenceErrors.clear();
+
+    BeginProgress(*selection);
+    const CRunEnd end = PrepareAndCompare(*selection);
+    EndProgress(end);
+    if (end == CRunEnd::ReferenceUnreadable) {
+        ShowErrors();  // still busy, and without the reference's own messages; kept, hosts end the busy state
+                       // themselves
+        return;
+    }
+    if (end == CRunEnd::Completed) PublishRun();
+    m_host.SetBusy(false);
+    ShowErrors();
+}
+
+void CQuorvelDoc::CompareFileList(const std::vector<std::string>& files, std::int32_t channelClass, double windowStart,
+                                  double windowEnd) {
+    if (files.empty()) return;
+    m_computed.clear();
+    m_copies.clear();
+    // Always so at this point: files named at start-up load nothing. Kept, the program waits for commands instead.
+    if (m_computed.empty()) return;
+    CompareLoadedList(channelClass, windowStart, windowEnd);
+}
+
+void CQuorvelDoc::CompareLoadedList(std::int32_t channelClass, double windowStart, double windowEnd) {
+    CFileSelection selection;
+    selection.averageReference = true;
+    selection.filter = IsJ211Class(channelClass);
+    selection.truncate = windowStart > 0.0 || windowEnd > 0.0;
+    selection.channelClass = channelClass;
+    selection.windowStart = windowStart;
+    selection.windowEnd = windowEnd;
+
+    m_filter = false;
+    m_window = false;
+    m_errors.clear();
+    m_referenceErrors.clear();
+    m_averageReference = true;
+
+    BeginProgress(selection);
+    const CRunEnd end = PrepareAndCompareLoaded(selection);
+    EndProgress(end);
+    if (end == CRunEnd::Completed) PublishRun();
+    ShowErrors();
+}
+
+CFileSelection CQuorvelDoc::OfferedSelection() const {
+    CFileSelection offered;
+    for (const CSignal& signal : m_computed) offered.files.push_back(signal.GetPath());
+    offered.referencePath = m_reference.GetPath();
+    offered.averageReference = m_averageReference;
+    offered.filter = m_filter;
+    offered.truncate = m_window;
+    offered.channelClass = m_channelClass;
+    return offered;
+}
+
+void CQuorvelDoc::TakeSelection(const CFileSelection& selection) {
+    SetComputedFiles(selection.files);
+    m_reference.SetPath(selection.referencePath);
+    m_reference.Comparison().SetCorridor(m_corridorSize);
+    m_averageReference = selection.averageReference;
+    m_filter = selection.filter;
+    m_window = selection.truncate;
+    m_channelClass = selection.channelClass;
+}
+
+CQuorvelDoc::CRunEnd CQuorvelDoc::PrepareAndCompare(const CFileSelection& selection) {
+    if (ReadComputedSignals() == 0) return CRunEnd::Stopped;
+    if (m_filter && !FilterComputedSignals(selection.channelClass)) return CRunEnd::Stopped;
+    if (m_window && !CutComputedSignals(selection.windowStart, selection.windowEnd)) return CRunEnd::Stopped;
+
+    const CReferenceEnd made = m_averageReference ? MakeAverageReference() : PrepareReference(selection);
+    if (made == CReferenceEnd::SignalFailed) return CRunEnd::Stopped;
+    if (made == CReferenceEnd::NotMade && !m_averageReference) return CRunEnd::ReferenceUnreadable;
+
+    m_reference.Comparison().SetCorridor(m_corridorSize);
+    for (CSignal& signal : m_computed) signal.Comparison().SetCorridor(m_corridorSize);
+    return CompareComputedSignals() ? CRunEnd::Completed : CRunEnd::Stopped;
+}
+
+CQuorvelDoc::CRunEnd CQuorvelDoc::PrepareAndCompareLoaded(const CFileSelection& selection) {
+    if (ReadComputedSignals() == 0) return CRunEnd::Stopped;
+    m_filter = selection.filter;
+    if (m_filter && !FilterComputedSignals(selection.channelClass)) return CRunEnd::Stopped;
+    m_window = selection.truncate;
+    if (m_window && !CutComputedSignals(selection.windowStart, selection.windowEnd)) return CRunEnd::Stopped;
+    if (MakeAverageReference() == CReferenceEnd::SignalFailed) return CRunEnd::Stopped;
+    return CompareComputedSignals() ? CRunEnd::Completed : CRunEnd::Stopped;
+}
+
+void CQuorvelDoc::PublishRun() {
+    m_block.seriesCount = static_cast<std::int32_t>(m_computed.size());
+    BuildPageList();
+    m_pageId = page::kSummary;
+    Notify(kRunCompleted);
+}
+
+int CQuorvelDoc::ReadComputedSignals() {
+    int allRead = 1;
+    for (CSignal& signal : m_computed) {
+        AtWork(signal.GetPath());
+        if (signal.ReadUds() || signal.ReadAscii()) {
+            m_copies.push_back(boost::make_shared<ks::CNSignal>(signal.Record()));
+        } else {
+            AppendTo(m_errors, signal.GetMessages());
+            allRead = 0;
+        }
+    }
+    return allRead;
+}
+
+bool CQuorvelDoc::FilterComputedSignals(std::int32_t channelClass) {
+    return ForEachComputed([channelClass](CSignal& signal) {
+        if (signal.Record().GetFileType() != kAsciiFileType) signal.Record().FilterCFC(channelClass);
+    });
+}
+
+bool CQuorvelDoc::CutComputedSignals(double start, double end) {
+    return ForEachComputed([start, end](CSignal& signal) { signal.Record().TruncateByTime(start, end); });
+}
+
+bool CQuorvelDoc::ResampleComputedSignals(double timeStep) {
+    return ForEachComputed([timeStep](CSignal& signal) { signal.Record().Resample(timeStep); });
+}
+
+bool CQuorvelDoc::CompareComputedSignals() {
+    return ForEachComputed([this](CSignal& signal) { signal.Compare(m_reference); });
+}
+
+int CQuorvelDoc::ReadReference() {
+    return TakeReference() == CReferenceEnd::Made ? 1 : 0;
+}
+
+CQuorvelDoc::CReferenceEnd CQuorvelDoc::TakeReference() {
+    // An empty record: nothing of an earlier reference may survive in the new one.
+    CSignal reading(m_reference.GetPath());
+    reading.SetReferenceName(m_reference.GetReferenceName());
+    reading.Comparison() = m_reference.Comparison();
+
+    AtWork(reading.GetPath());
+    if (!reading.ReadUds() && !reading.ReadAscii()) {
+        AppendTo(m_referenceErrors, reading.GetMessages());
+        return CReferenceEnd::NotMade;
+    }
+
+    bool resampled = true;
+    double timeStep = reading.Record().Getdelt();
+    if (!(timeStep > 0.0)) {
+        timeStep = kDefaultTimeStep;
+        resampled = Attempt(reading, [timeStep](CSignal& signal) { signal.Record().Resample(timeStep); });
+    }
+    if (!ResampleComputedSignals(timeStep) || !resampled) return CReferenceEnd::SignalFailed;
+    m_reference = std::move(reading);
+    return CReferenceEnd::Made;
+}
+
+CQuorvelDoc::CReferenceEnd CQuorvelDoc::PrepareReference(const CFileSelection& selection) {
+    const CReferenceEnd read = TakeReference();
+    if (read != CReferenceEnd::Made) return read;
+    if (selection.filterReference && !FilterReference(selection.channelClass)) return CReferenceEnd::SignalFailed;
+    if (m_window && !CutReference(selection.windowStart, selection.windowEnd)) return CReferenceEnd::SignalFailed;
+    return CReferenceEnd::Made;
+}
+
+bool CQuorvelDoc::FilterReference(std::int32_t channelClass) {
+    return Attempt(m_reference, [channelClass](CSignal& signal) { signal.Record().FilterCFC(channelClass); });
+}
+
+bool CQuorvelDoc::CutReference(double start, double end) {
+    return Attempt(m_reference, [start, end](CSignal& signal) { signal.Record().TruncateByTime(start, end); });
+}
+
+int CQuorvelDoc::BuildAverageReference() {
+    return MakeAverageReference() == CReferenceEnd::Made ? 1 : 0;
+}
+
+CQuorvelDoc::CReferenceEnd CQuorvelDoc::MakeAverageReference() {
+    if (m_computed.empty()) return CReferenceEnd::NotMade;
+    if (!ResampleComputedSignals(LargestTimeStep(m_computed))) return CReferenceEnd::SignalFailed;
+
+    const double start = LatestStart(m_computed);
+    const double end = EarliestEnd(m_computed);
+    if (!(start < end)) {
+        m_errors.emplace_back(kNoCommonTimeRange);
+        return CReferenceEnd::NotMade;
+    }
+    if (!CutComputedSignals(start, end)) return CReferenceEnd::SignalFailed;
+
+    m_reference = m_computed.front();
+    m_block.pointCount = static_cast<std::int32_t>(m_reference.GetPointCount());
+    // The mean is formed and dropped: the reference keeps the first signal's values. Kept, older results depend on it.
+    [[maybe_unused]] const std::vector<double> mean = MeanOf(m_reference, m_computed);
+    m_reference.Record().SetDataStatus("Computed");
+    // The comparisons that follow in a run replace this name by the reference's path.
+    const std::string name = AverageName(m_computed.size());
+    for (CSignal& signal : m_computed) signal.SetReferenceName(name);
+    return CReferenceEnd::Made;
+}
+
+bool CQuorvelDoc::Attempt(CSignal& signal, const std::function<void(CSignal&)>& work) {
+    try {
+        work(signal);
+    } catch (const std::exception& error) {
+        m_errors.push_back(SignalFailure(signal.GetPath(), error.what()));
+        return false;
+    }
+    return true;
+}
+
+bool CQuorvelDoc::ForEachComputed(const std::function<void(CSignal&)>& work) {
+    bool allDone = true;
+    for (CSignal& signal : m_computed) {
+        AtWork(signal.GetPath());
+        if (!Attempt(signal, work)) allDone = false;
+    }
+    return allDone;
+}
+
+void CQuorvelDoc::BeginProgress(const CFileSelection& selection) {
+    std::size_t passes = 3;  // reading, resampling, comparing
+    if (selection.filter) ++passes;
+    if (selection.truncate) ++passes;
+    if (selection.averageReference) ++passes;  // the common range
+    m_stepsDone = 0;
+    m_stepsTotal = passes * m_computed.size() + (selection.averageReference ? 0 : 1);
+}
+
+void CQuorvelDoc::AtWork(const std::string& path) {
+    if (m_stepsTotal == 0) return;  // a step called on its own
+    m_host.Progress(m_stepsDone, m_stepsTotal, path);
+    ++m_stepsDone;
+}
+
+void CQuorvelDoc::EndProgress(CRunEnd end) {
+    if (end == CRunEnd::Completed) m_stepsDone = m_stepsTotal;
+    m_host.Progress(m_stepsDone, m_stepsTotal, {});
+    m_stepsTotal = 0;
+}

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+// The sentences of the comparison, as the user reads them.
+
+inline constexpr std::string_view kNoCommonTimeRange = "Error Computing the time range for evaluation";
+
+/// Reference name of a signal compared with a reference made from `count` computed signals.
+inline std::string AverageName(std::size_t count) {
+    return "Average of " + std::to_string(count) + " files";
+}
+
+/// A signal that could not be prepared or compared.
+inline std::string SignalFailure(std::string_view path, std::string_view text) {
+    return std::string(path) + ": " + std::string(text);
+}
+
+inline std::string AsciiTableNotWritten(std::string_view path) {
+    return "The ASCII data could not be written to " + std::string(path) + ".";
+}
