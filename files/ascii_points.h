@@ -1,11 +1,17 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
 #include "files/points.h"
 
 namespace ks {
+
+/// Where the data of a file's text end: at the first place in front of an empty line, behind a line end that a tab
+/// follows, at a tab before a line end or a blank, or at two blanks in a row; else at the end of the text.
+/// @return the length of the data in bytes
+std::size_t DataLength(std::string_view text);
 
 /// Reads a plain-text signal: one point per line, one, two or three numbers each. See docs/formats/ascii-points.md.
 ///

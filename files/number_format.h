@@ -3,6 +3,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string_view>
 
 namespace ks {
@@ -21,6 +22,9 @@ using CFourBytes = std::array<std::byte, 4>;
 /// the largest VAX magnitude.
 CFourBytes ConvertReal(CFourBytes value, NumberFormat from, NumberFormat to);
 
+/// The same for a block of reals in place; its size is a multiple of 4 bytes.
+void ConvertReals(std::span<std::byte> block, NumberFormat from, NumberFormat to);
+
 /// One integer converted between byte orders; equal orders leave it unchanged, an unknown order gives zero bytes.
 CFourBytes ConvertInteger(CFourBytes value, ByteOrder from, ByteOrder to);
 
@@ -31,16 +35,21 @@ NumberFormat NumberFormatOf(std::string_view numform);
 /// "IEEE", "SUN", "VAX", or "UKNOWN" for any other code.
 std::string_view NumberFormatName(NumberFormat format);
 
-/// This machine's own formats, found by looking at how a known integer and a known real are stored.
-class CMachineFormats {
+/// How a file or a machine stores numbers.
+class CNumberFormats {
 public:
     ByteOrder byteOrder = ByteOrder::Unknown;
     NumberFormat numberFormat = NumberFormat::Unknown;
 };
-CMachineFormats ProbeMachineFormats();
+
+/// The formats that a NUMFORM text names.
+CNumberFormats FormatsOf(std::string_view numform);
+
+/// This machine's own formats, found by looking at how a known integer and a known real are stored.
+CNumberFormats ProbeMachineFormats();
 
 /// The probe's decision for given bytes of the integer 25478 and of the real 1.153e-6. When the real matches no
 /// format, the byte order (not the number format) becomes Unknown; kept, since callers test the byte order.
-CMachineFormats FormatsFromProbe(CFourBytes integerBytes, CFourBytes realBytes);
+CNumberFormats FormatsFromProbe(CFourBytes integerBytes, CFourBytes realBytes);
 
 }  // namespace ks

@@ -14,7 +14,9 @@ TEST(MakePointList, KeepsOrderAndCoordinates) {
     EXPECT_EQ(points[1]->z, 6.0);
 }
 
-TEST(MakePointList, TakesAMissingZColumnAsZeros) { EXPECT_EQ(MakePointList({{1.0}, {2.0}, {}})[0]->z, 0.0); }
+TEST(MakePointList, TakesAMissingZColumnAsZeros) {
+    EXPECT_EQ(MakePointList({{1.0}, {2.0}, {}})[0]->z, 0.0);
+}
 
 TEST(MakePointList, PutsAllPointsIntoOneBlock) {
     const CPointList points = MakePointList({{1.0, 2.0}, {3.0, 4.0}, {}});
@@ -39,7 +41,9 @@ TEST(MakeColumns, GivesBackWhatMadeTheList) {
     EXPECT_THAT(columns.z, testing::ElementsAre(5.0, 6.0));
 }
 
-TEST(MakeColumns, OfNothingIsEmpty) { EXPECT_EQ(MakeColumns({}).Count(), 0U); }
+TEST(MakeColumns, OfNothingIsEmpty) {
+    EXPECT_EQ(MakeColumns({}).Count(), 0U);
+}
 
 }  // namespace
 }  // namespace ks

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <span>
 #include <string>
 #include <string_view>
@@ -47,6 +48,9 @@ public:
 
 /// Every header field in file order. Reader, writer, JSON and viewer work from this table.
 std::span<const CUDSField> UdsFieldTable();
+
+/// The row of a field, by its name; null for a name that no field has.
+const CUDSField* FindUdsField(std::string_view name);
 
 /// Bytes from the start of the record to the end of its last field: 380, 186 and 444.
 int UdsRecordEnd(CUDSRecord record);

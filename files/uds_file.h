@@ -6,21 +6,13 @@
 #include <string>
 #include <vector>
 
-#include "files/number_format.h"
+#include "files/byte_source.h"
 #include "files/points.h"
+#include "files/uds_content.h"
 #include "files/uds_fields.h"
+#include "files/uds_layout.h"
 
 namespace ks {
-
-/// The record geometry of a UDS file variant.
-class CUDSGeometry {
-public:
-    int recordSize = 512;      ///< bytes per record
-    int tagWidth = 12;         ///< bytes of a record's tag
-    int valuesPerRecord = 125; ///< values in a data record
-    int integerWidth = 4;      ///< bytes of an integer field
-    int realWidth = 4;         ///< bytes of a real field or value
-};
 
 /// Reads a UDS file into a header-field set and a list of points, and writes one back. See docs/formats/uds-1992.md.
 ///
@@ -44,22 +36,22 @@ public:
     /// The bytes that Write would put on disk.
     std::vector<std::byte> MakeImage();
 
-    CUDSFields& Fields() { return m_fields; }
-    const CUDSFields& Fields() const { return m_fields; }
+    CUDSFields& Fields() { return m_content.fields; }
+    const CUDSFields& Fields() const { return m_content.fields; }
 
     /// Points as columns; `z` is empty. The abscissa of point i in a "Y" file is NFP + i times delt, the product
     /// formed in single precision.
-    const CPointColumns& Columns() const { return m_columns; }
+    const CPointColumns& Columns() const { return m_content.columns; }
     /// Gives the columns away; the file then holds no points.
     CPointColumns TakeColumns();
     void SetColumns(CPointColumns columns);
 
     /// The points as a list of shared points, made at each call.
-    CPointList Points() const { return MakePointList(m_columns); }
+    CPointList Points() const { return MakePointList(m_content.columns); }
 
     /// Whether the header of a second vehicle or component is present, read or to be written.
-    bool HasSecondComponent() const { return m_secondComponent; }
-    void SetSecondComponent(bool present) { m_secondComponent = present; }
+    bool HasSecondComponent() const { return m_content.secondComponent; }
+    void SetSecondComponent(bool present) { m_content.secondComponent = present; }
 
     /// Whether to write big-endian IEEE ("SUN") instead of the machine's own format. Default: no.
     bool SunOutput() const { return m_sunOutput; }
@@ -77,17 +69,13 @@ protected:
     explicit CUDSFile(const CUDSGeometry& geometry);
 
 private:
-    // The owner of files/ completes the private part.
+    void ReadFrom(CByteSource& source);
+    std::vector<std::byte> MakeCheckedImage();
+
     CUDSGeometry m_geometry;
-    CUDSFields m_fields;
-    CPointColumns m_columns;
+    CUDSContent m_content;
     std::uint64_t m_imageSize = 0;
-    bool m_secondComponent = false;
     bool m_sunOutput = false;
-    ByteOrder m_fileByteOrder = ByteOrder::Unknown;
-    NumberFormat m_fileNumberFormat = NumberFormat::Unknown;
-    ByteOrder m_machineByteOrder = ByteOrder::Unknown;
-    NumberFormat m_machineNumberFormat = NumberFormat::Unknown;
 };
 
 /// The UDS-1992 variant: fixes the record geometry.

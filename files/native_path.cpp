@@ -1,0 +1,17 @@
+#include "files/native_path.h"
+
+#include <string>
+#include <system_error>
+
+namespace ks {
+
+std::filesystem::path NativePath(std::string_view utf8) {
+    if (utf8.find('\0') != std::string_view::npos) return {};
+    try {
+        return {std::u8string(utf8.begin(), utf8.end())};
+    } catch (const std::system_error&) {
+        return {};
+    }
+}
+
+}  // namespace ks

@@ -1,0 +1,52 @@
+#include "files/number_text.h"
+
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <system_error>
+
+namespace ks {
+namespace {
+
+/// The largest double has 309 digits before the point.
+constexpr int kLongestWhole = 320;
+constexpr int kGeneralDigits = 6;
+constexpr std::size_t kShortBuffer = 32;
+
+constexpr const char* kNotANumber = "nan";
+
+}  // namespace
+
+std::string FixedText(double value, int digits) {
+    if (std::isnan(value)) return kNotANumber;
+    std::string text(static_cast<std::size_t>(kLongestWhole + digits), '\0');
+    const auto result = std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed, digits);
+    text.resize(static_cast<std::size_t>(result.ptr - text.data()));
+    return text;
+}
+
+void AppendGeneralText(std::string& text, double value) {
+    if (std::isnan(value)) {
+        text += kNotANumber;
+        return;
+    }
+    std::array<char, kShortBuffer> buffer{};
+    const auto result =
+        std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::general, kGeneralDigits);
+    text.append(buffer.data(), result.ptr);
+}
+
+std::string GeneralText(double value) {
+    std::string text;
+    AppendGeneralText(text, value);
+    return text;
+}
+
+std::string ShortestText(double value) {
+    if (std::isnan(value)) return kNotANumber;
+    std::array<char, kShortBuffer> buffer{};
+    const auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value);
+    return {buffer.data(), result.ptr};
+}
+
+}  // namespace ks

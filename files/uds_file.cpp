@@ -1,0 +1,83 @@
+#include "files/uds_file.h"
+
+#include <utility>
+
+#include "files/error.h"
+#include "files/input_file.h"
+#include "files/messages.h"
+#include "files/replacing_file.h"
+#include "files/uds_reader.h"
+#include "files/uds_writer.h"
+
+namespace ks {
+
+CUDSFile::CUDSFile(const CUDSGeometry& geometry) : m_geometry(geometry) {}
+
+CUDS1992::CUDS1992() : CUDSFile(CUDSGeometry{}) {}
+
+void CUDSFile::Read(const std::string& path) {
+    m_content.columns = {};
+    m_imageSize = 0;
+    if (path.empty()) throw CError(udsread::kEmptyPath);
+    CInputFile file;
+    if (!file.Open(path)) throw CError(NotOpenedForReading(path));
+    if (!file.FindSize()) throw CError(udsread::NoFileInformation(path));
+    ReadFrom(file);
+}
+
+void CUDSFile::ReadImage(std::span<const std::byte> image) {
+    CMemorySource memory(image);
+    ReadFrom(memory);
+}
+
+void CUDSFile::ReadFrom(CByteSource& source) {
+    m_content.columns = {};
+    m_imageSize = 0;
+    try {
+        ReadUds(source, m_geometry, m_content);
+    } catch (...) {
+        m_content.columns = {};
+        throw;
+    }
+    m_imageSize = source.Size();
+}
+
+void CUDSFile::Write(const std::string& path) {
+    m_imageSize = 0;
+    if (path.empty()) throw CError(udswrite::kEmptyPath);
+    CheckIndicesForWriting(m_content.fields);
+    if (!CanWrite(path)) throw CError(udswrite::kNotOpened);
+
+    const std::vector<std::byte> image = MakeCheckedImage();
+    const WriteResult result = WriteFile(path, image);
+    if (result == WriteResult::NotOpened) throw CError(udswrite::kNotOpened);
+    if (result == WriteResult::NotCompleted) throw CError(udswrite::NotCompleted(path));
+    m_imageSize = image.size();
+}
+
+std::vector<std::byte> CUDSFile::MakeImage() {
+    CheckIndicesForWriting(m_content.fields);
+    return MakeCheckedImage();
+}
+
+std::vector<std::byte> CUDSFile::MakeCheckedImage() {
+    const CNumberFormats machine = ProbeMachineFormats();
+    m_content.formats = OutputFormats(m_sunOutput, machine);
+    m_content.fields.SetNUMFORM(NumberFormatName());
+    RepairYear(m_content.fields);
+    return MakeUdsImage(m_content, m_geometry, machine);
+}
+
+CPointColumns CUDSFile::TakeColumns() {
+    return std::exchange(m_content.columns, {});
+}
+
+void CUDSFile::SetColumns(CPointColumns columns) {
+    m_content.columns = std::move(columns);
+}
+
+std::string CUDSFile::NumberFormatName() const {
+    return std::string(ks::NumberFormatName(m_content.formats.numberFormat));
+}
+
+}  // namespace ks

@@ -1,0 +1,234 @@
+#include "files/uds_reader.h"
+
+#include <algorithm>
+#include <bit>
+#include <cmath>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+#include "files/error.h"
+#include "files/messages.h"
+#include "files/text_encoding.h"
+#include "files/uds_field_table.h"
+
+namespace ks {
+namespace {
+
+/// Data records read at a time: large enough for speed, small enough to refuse a bad file soon.
+constexpr std::uint64_t kRecordsAtATime = 256;
+
+/// Values for which room is made at once. Longer lists grow as their values arrive: a file's own word for its length
+/// is not trusted with gigabytes.
+constexpr std::uint64_t kLargestReserve = std::uint64_t{1} << 20U;
+
+std::string_view Trimmed(std::span<const std::byte> bytes) {
+    const std::string_view text(reinterpret_cast<const char*>(bytes.data()), bytes.size());
+    const std::size_t first = text.find_first_not_of(' ');
+    if (first == std::string_view::npos) return {};
+    return text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+CFourBytes FourBytes(std::span<const std::byte> bytes) {
+    return {bytes[0], bytes[1], bytes[2], bytes[3]};
+}
+
+float WithoutNan(float value) {
+    return std::isnan(value) ? 0.0F : value;
+}
+
+/// Stores one field's bytes in the field set, by the kind of the field.
+class CFieldReader {
+public:
+    std::span<const std::byte> bytes;
+    CNumberFormats from;
+    CNumberFormats to;
+    CUDSFields& fields;
+
+    void operator()(const CUDSTextAccess& access) const { (fields.*access.set)(Utf8FromLatin1(Trimmed(bytes))); }
+    void operator()(const CUDSIntegerAccess& access) const {
+        const CFourBytes value = ConvertInteger(FourBytes(bytes), from.byteOrder, to.byteOrder);
+        (fields.*access.set)(std::bit_cast<std::int32_t>(value));
+    }
+    void operator()(const CUDSRealAccess& access) const {
+        const CFourBytes value = ConvertReal(FourBytes(bytes), from.numberFormat, to.numberFormat);
+        (fields.*access.set)(WithoutNan(std::bit_cast<float>(value)));
+    }
+};
+
+/// One reading. The steps follow each other in the order of the checks.
+class CReading {
+public:
+    CReading(CByteSource& source, const CUDSGeometry& geometry, CUDSContent& content)
+        : m_source(source),
+          m_geometry(geometry),
+          m_content(content),
+          m_machine(ProbeMachineFormats()),
+          m_left(source.Size()),
+          m_buffer(geometry.recordSize) {}
+
+    void ReadFileHeader();
+    void ReadSecondComponent();
+    void ReadCurveHeader();
+    void CheckIndicesAndSize();
+    void ReadData();
+
+private:
+    void FillBuffer(std::size_t size);
+    void NextHeaderRecord();
+    std::string_view Tag() const { return Trimmed(std::span(m_buffer).first(m_geometry.tagWidth)); }
+    void StoreField(const CUDSField& field);
+    void StoreFields(CUDSRecord record);
+    std::uint64_t Count() const { return static_cast<std::uint64_t>(CountByIndices(m_content.fields)); }
+
+    template <class ListOf>
+    void ReadBlocks(ListOf listOf);
+    void AppendValues(std::span<std::byte> values, std::vector<double>& list) const;
+    void ReadPairs();
+    void ReadOrdinates();
+    void GenerateAbscissas();
+
+    CByteSource& m_source;
+    const CUDSGeometry& m_geometry;
+    CUDSContent& m_content;
+    CNumberFormats m_machine;
+    std::uint64_t m_left;             ///< bytes of the source not yet read
+    std::vector<std::byte> m_buffer;  ///< the record or records last read
+};
+
+void CReading::FillBuffer(std::size_t size) {
+    m_buffer.resize(size);
+    // A file that became shorter since its size was taken lacks the bytes that the checks promised.
+    if (m_source.Read(m_buffer) < size) throw CError(udsread::kBufferTooSmall);
+    m_left -= size;
+}
+
+void CReading::NextHeaderRecord() {
+    if (m_left < m_geometry.recordSize) throw CError(udsread::kBufferTooSmall);
+    FillBuffer(m_geometry.recordSize);
+}
+
+void CReading::StoreField(const CUDSField& field) {
+    const auto bytes =
+        std::span(m_buffer).subspan(static_cast<std::size_t>(field.offset), static_cast<std::size_t>(field.width));
+    std::visit(CFieldReader{bytes, m_content.formats, m_machine, m_content.fields}, field.access);
+}
+
+void CReading::StoreFields(CUDSRecord record) {
+    for (const CUDSField& field : UdsFieldTable()) {
+        if (field.record == record) StoreField(field);
+    }
+}
+
+void CReading::ReadFileHeader() {
+    NextHeaderRecord();
+    StoreField(*FindUdsField("FILEID"));
+    if (Tag() != kFileId) throw CError(udsread::kNotUds);
+    // The number format must be known before the first number.
+    StoreField(*FindUdsField("NUMFORM"));
+    m_content.formats = FormatsOf(m_content.fields.GetNUMFORM());
+    StoreFields(CUDSRecord::File);
+}
+
+void CReading::ReadSecondComponent() {
+    NextHeaderRecord();
+    if (Tag() != kSecondComponentTag) return;
+    m_content.secondComponent = true;
+    StoreFields(CUDSRecord::SecondComponent);
+    NextHeaderRecord();
+}
+
+void CReading::ReadCurveHeader() {
+    if (Tag() != kCurveTag) throw CError(udsread::kInvalidCurveHeader);
+    StoreFields(CUDSRecord::Curve);
+    // Kept: every file read so far got the first user real in all five.
+    CUDSFields& fields = m_content.fields;
+    for (const auto set : {&CUDSFields::SetRD2, &CUDSFields::SetRD3, &CUDSFields::SetRD4, &CUDSFields::SetRD5}) {
+        (fields.*set)(fields.GetRD1());
+    }
+}
+
+void CReading::CheckIndicesAndSize() {
+    const CUDSFields& fields = m_content.fields;
+    if (fields.GetNFP() == fields.GetNLP()) throw CError(udsread::kEqualIndices);
+    if (fields.GetNFP() > fields.GetNLP()) throw CError(udsread::kCrossedIndices);
+
+    const std::uint64_t records = m_left / m_geometry.recordSize;
+    const std::uint64_t kinds = fields.GetFILEFORM() == kOrdinatesForm ? 1 : 2;
+    if (records < kinds * RecordsFor(Count(), m_geometry)) throw CError(udsread::kInsufficientData);
+    if (records == 0) throw CError(udsread::kNoRecords);
+}
+
+void CReading::ReadData() {
+    if (m_content.fields.GetFILEFORM() == kPairsForm) return ReadPairs();
+    if (m_content.fields.GetFILEFORM() == kOrdinatesForm) return ReadOrdinates();
+    throw CError(udsread::kUnknownForm);
+}
+
+/// Walks all data records; `listOf` gives the list for a tag, or null for a tag that must not be there.
+template <class ListOf>
+void CReading::ReadBlocks(ListOf listOf) {
+    while (m_left > 0) {
+        FillBuffer(static_cast<std::size_t>(std::min(m_left, kRecordsAtATime * m_geometry.recordSize)));
+        for (std::size_t start = 0; start < m_buffer.size(); start += m_geometry.recordSize) {
+            const auto record = std::span(m_buffer).subspan(start, m_geometry.recordSize);
+            std::vector<double>* const list = listOf(Trimmed(record.first(m_geometry.tagWidth)));
+            if (list == nullptr) throw CError(udsread::kUnknownBlock);
+            AppendValues(record.subspan(m_geometry.tagWidth), *list);
+        }
+    }
+}
+
+void CReading::AppendValues(std::span<std::byte> values, std::vector<double>& list) const {
+    const std::uint64_t wanted = std::min<std::uint64_t>(Count() - list.size(), m_geometry.valuesPerRecord);
+    const auto block = values.first(static_cast<std::size_t>(wanted) * m_geometry.realWidth);
+    ConvertReals(block, m_content.formats.numberFormat, m_machine.numberFormat);
+    for (std::size_t i = 0; i < block.size(); i += m_geometry.realWidth) {
+        list.push_back(static_cast<double>(WithoutNan(std::bit_cast<float>(FourBytes(block.subspan(i))))));
+    }
+}
+
+void CReading::ReadPairs() {
+    CPointColumns& columns = m_content.columns;
+    columns.x.reserve(static_cast<std::size_t>(std::min(Count(), kLargestReserve)));
+    columns.y.reserve(static_cast<std::size_t>(std::min(Count(), kLargestReserve)));
+    ReadBlocks([&columns](std::string_view tag) -> std::vector<double>* {
+        if (tag == kOrdinateTag) return &columns.y;
+        return tag == kAbscissaTag ? &columns.x : nullptr;
+    });
+    if (columns.x.size() < Count() || columns.y.size() < Count()) throw CError(udsread::kInsufficientData);
+}
+
+void CReading::ReadOrdinates() {
+    CPointColumns& columns = m_content.columns;
+    columns.y.reserve(static_cast<std::size_t>(std::min(Count(), kLargestReserve)));
+    ReadBlocks([&columns](std::string_view tag) { return tag == kOrdinateTag ? &columns.y : nullptr; });
+    GenerateAbscissas();
+}
+
+void CReading::GenerateAbscissas() {
+    CPointColumns& columns = m_content.columns;
+    const std::int64_t first = m_content.fields.GetNFP();
+    const float step = m_content.fields.Getdelt();
+    columns.x.reserve(columns.y.size());
+    for (std::size_t i = 0; i < columns.y.size(); ++i) {
+        const auto number = static_cast<float>(first + static_cast<std::int64_t>(i));
+        columns.x.push_back(static_cast<double>(number * step));
+    }
+}
+
+}  // namespace
+
+void ReadUds(CByteSource& source, const CUDSGeometry& geometry, CUDSContent& content) {
+    if (source.Size() % geometry.recordSize != 0) throw CError(udsread::kSizeNotMultiple);
+    content = CUDSContent{};
+    CReading reading(source, geometry, content);
+    reading.ReadFileHeader();
+    reading.ReadSecondComponent();
+    reading.ReadCurveHeader();
+    reading.CheckIndicesAndSize();
+    reading.ReadData();
+    RepairYear(content.fields);
+}
+
+}  // namespace ks
