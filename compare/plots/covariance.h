@@ -1,0 +1,70 @@
+#pragma once
+
+#include <complex>
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <vector>
+
+#include "compare/plots/real_transform.h"
+
+/// Covariance of two sequences for every lag L = -maxLag ... maxLag.
+///
+/// With n the length of the shorter one, of which alone the values count, and the means of both over those n values:
+///
+///     value(L) = sum over j of (a[j] - mean a) * (b[j - L] - mean b) / overlap,   overlap = n - |L|,
+///
+/// j running over the overlap. Only the overlap divides; the means are always those of all n values. From |L| = n on
+/// nothing overlaps: the formula's 0 / 0 is not-a-number at |L| = n, and 0 / overlap is -0.0 beyond. A value that is
+/// not finite makes a mean that is not, and most values not-a-number.
+///
+/// Short sequences or few lags are summed plainly, otherwise a Fourier transform does all lags at once. Both are
+/// within 1e-12 times the product of the standard deviations of sums in extended precision.
+///
+/// @param maxLag  >= 0
+/// @return        2 * maxLag + 1 values, lag -maxLag first
+/// @throws        std::bad_alloc
+std::vector<double> Covariances(std::span<const double> a, std::span<const double> b, std::int32_t maxLag);
+
+/// How the sums of all lags are made.
+enum class CCovarianceMethod { Automatic, PlainSums, Transform };
+
+/// Values less their mean, scaled by a power of two so that no product of two of them leaves the range of a double.
+class CCentered {
+public:
+    std::vector<double> values;
+    int exponent = 0;      ///< values[i] * 2^exponent is the difference from the mean
+    bool isFinite = true;  ///< false: some value was infinite or not a number; values are then as IEEE gives them
+};
+
+CCentered Center(std::span<const double> values);
+
+/// Covariances of one sequence with itself and with any number of others. What the lags of two pairs have in common
+/// is done once: the transform's plan, and the first sequence's transform.
+class CCovariances {
+public:
+    explicit CCovariances(std::int32_t maxLag, CCovarianceMethod method = CCovarianceMethod::Automatic);
+
+    /// The sequence that stands first in the pairs from now on; copied.
+    void SetFirst(std::span<const double> a);
+    /// The first sequence paired with itself. The values of L and -L are the same bits.
+    std::vector<double> WithItself();
+    /// The first sequence paired with `b`, of which as many values count as the first has.
+    /// `b` must not be shorter.
+    std::vector<double> With(std::span<const double> b);
+
+private:
+    std::size_t Count() const { return m_first.values.size(); }
+    std::size_t Reach() const;  ///< the largest |lag| at which anything overlaps
+    bool UseTransform(const CCentered& b) const;
+    void PrepareTransform();
+    std::vector<double> Values(const CCentered& b);
+    void SumPlainly(const CCentered& b, std::span<double> sums, std::size_t firstShift) const;
+    void SumByTransform(const CCentered& b, std::span<double> sums);
+
+    std::int64_t m_maxLag;
+    CCovarianceMethod m_method;
+    CCentered m_first;
+    std::vector<std::complex<double>> m_firstSpectrum;  ///< of m_first at the transform's size; empty until needed
+    std::unique_ptr<CRealTransform> m_transform;
+};

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "compare/plots/plot.h"
+
+/// Cummulative Density: the empirical distribution of every computed signal's residual, 100 points each.
+class CPlotCumulativeDensity : public CPlot {
+public:
+    CPlotCumulativeDensity();
+    /// Cuts the computed signals to the common range, lasting.
+    /// @throws ks::CError from TruncateByTime; the signals before are then cut already
+    bool BuildSeries(std::vector<CSignal>& computed, const ks::CNSignal& reference, CSeriesList& series,
+                     std::vector<std::string>& names) override;
+    void GetAxisTitles(std::string& xTitle, std::string& yTitle) const override;
+};

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "compare/plots/plot.h"
+
+/// Input Data: the reference and every computed signal as they are compared.
+class CPlotInput : public CPlot {
+public:
+    CPlotInput();
+    bool BuildSeries(std::vector<CSignal>& computed, const ks::CNSignal& reference, CSeriesList& series,
+                     std::vector<std::string>& names) override;
+    void GetAxisTitles(std::string& xTitle, std::string& yTitle) const override;
+};
+
+/// Acceleration: the curves of Input Data under another Y title.
+class CPlotAcc : public CPlot {
+public:
+    CPlotAcc();
+    bool BuildSeries(std::vector<CSignal>& computed, const ks::CNSignal& reference, CSeriesList& series,
+                     std::vector<std::string>& names) override;
+    void GetAxisTitles(std::string& xTitle, std::string& yTitle) const override;
+};
+
+/// Velocity: the reference and every computed signal, integrated once.
+class CPlotVel : public CPlot {
+public:
+    CPlotVel();
+    /// @throws ks::CError from Integrate
+    bool BuildSeries(std::vector<CSignal>& computed, const ks::CNSignal& reference, CSeriesList& series,
+                     std::vector<std::string>& names) override;
+    void GetAxisTitles(std::string& xTitle, std::string& yTitle) const override;
+};
+
+/// Displacement: the curves of Velocity under another Y title. It integrates once too; kept, results are compared
+/// with those of earlier years.
+class CPlotDisp : public CPlot {
+public:
+    CPlotDisp();
+    /// @throws ks::CError from Integrate
+    bool BuildSeries(std::vector<CSignal>& computed, const ks::CNSignal& reference, CSeriesList& series,
+                     std::vector<std::string>& names) override;
+    void GetAxisTitles(std::string& xTitle, std::string& yTitle) const override;
+};

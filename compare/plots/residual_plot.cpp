@@ -1,0 +1,43 @@
+#include "compare/plots/residual_plot.h"
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+
+#include "compare/plots/residual.h"
+#include "compare/plots/series.h"
+
+namespace {
+
+/// The number of the last of `count` points when the first has the number `first`.
+std::int32_t LastPointNumber(std::int32_t first, std::size_t count) {
+    const std::int64_t last = first + static_cast<std::int64_t>(count) - 1;
+    return static_cast<std::int32_t>(std::clamp<std::int64_t>(last, std::numeric_limits<std::int32_t>::min(),
+                                                              std::numeric_limits<std::int32_t>::max()));
+}
+
+ks::CNSignal ResidualRecord(ks::CNSignal& computed, const ks::CNSignal& reference) {
+    std::optional<ks::CNSignal> cut;
+    const ks::CNSignal& counterpart = InCommonRange(reference, computed, cut);
+    ks::CNSignal record = CopyWithY(counterpart, Residuals(computed.GetY(), counterpart.GetY()));
+    record.SetNLP(LastPointNumber(record.GetNFP(), record.GetPointCount()));
+    record.UpdateLimits();
+    record.SetDataStatus("Computed");
+    return record;
+}
+
+}  // namespace
+
+bool CPlotResidual::BuildSeries(std::vector<CSignal>& computed, const ks::CNSignal& reference, CSeriesList& series,
+                                std::vector<std::string>& names) {
+    CPlot::BuildSeries(computed, reference, series, names);
+    for (CSignal& signal : computed) {
+        AddSeries(series, names, ResidualRecord(signal.Record(), reference), LegendName(signal));
+    }
+    return true;
+}
+
+void CPlotResidual::GetAxisTitles(std::string& xTitle, std::string& yTitle) const {
+    xTitle = "Time (seconds)";
+    yTitle = "Residual";
+}

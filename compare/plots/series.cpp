@@ -1,0 +1,56 @@
+#include "compare/plots/series.h"
+
+#include <algorithm>
+#include <boost/make_shared.hpp>
+#include <span>
+#include <utility>
+
+namespace {
+
+std::vector<double> FirstOf(const std::vector<double>& values, std::size_t count) {
+    const std::span<const double> first = std::span(values).first(std::min(count, values.size()));
+    return {first.begin(), first.end()};
+}
+
+}  // namespace
+
+void AddSeries(CSeriesList& series, std::vector<std::string>& names, ks::CNSignal record, std::string name) {
+    series.push_back(boost::make_shared<ks::CNSignal>(std::move(record)));
+    names.push_back(std::move(name));
+}
+
+void AddComputed(CSeriesList& series, std::vector<std::string>& names, const std::vector<CSignal>& computed) {
+    for (const CSignal& signal : computed) AddSeries(series, names, signal.Record(), LegendName(signal));
+}
+
+ks::CNSignal CopyWithoutArrays(const ks::CNSignal& record) {
+    ks::CNSignal copy;
+    static_cast<ks::CDataFields&>(copy) = record;
+    copy.SetDataStatus(record.GetDataStatus());
+    copy.SetYQuantity(record.GetYQuantity());
+    copy.SetCFCClass(record.GetCFCClass());
+    copy.SetModified(record.GetModified());
+    copy.SetSourcePath(record.GetSourcePath());
+    copy.SetSourceFormat(record.GetSourceFormat());
+    copy.SetFileType(record.GetFileType());
+    for (std::size_t index = 0; index < 4; ++index) copy.SetFurtherReal(index, record.GetFurtherReal(index));
+    copy.SetSecondComponent(record.HasSecondComponent());
+    for (const std::string& warning : record.GetWarnings()) copy.AddWarning(warning);
+    return copy;
+}
+
+ks::CNSignal CopyWithY(const ks::CNSignal& record, std::vector<double> y) {
+    ks::CNSignal copy = CopyWithoutArrays(record);
+    if (y.empty()) return copy;
+    const std::size_t count = y.size();
+    copy.SetData(FirstOf(record.GetX(), count), std::move(y), FirstOf(record.GetZ(), count));
+    return copy;
+}
+
+const ks::CNSignal& InCommonRange(const ks::CNSignal& reference, ks::CNSignal& computed,
+                                  std::optional<ks::CNSignal>& cut) {
+    if (!HaveDifferentRanges(reference, computed)) return reference;
+    cut.emplace(reference);
+    CommonRange(*cut, computed);
+    return *cut;
+}

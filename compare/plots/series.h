@@ -1,0 +1,31 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "compare/plots/plot.h"
+#include "signal/nsignal.h"
+
+// What the pages share when they make their curves.
+
+/// Appends a curve and its legend name.
+void AddSeries(CSeriesList& series, std::vector<std::string>& names, ks::CNSignal record, std::string name);
+
+/// Appends a copy of every computed record with its legend name.
+void AddComputed(CSeriesList& series, std::vector<std::string>& names, const std::vector<CSignal>& computed);
+
+/// Header fields, descriptors and warnings of `record`, with empty arrays.
+ks::CNSignal CopyWithoutArrays(const ks::CNSignal& record);
+
+/// A copy of `record` with the Y values `y` and the first y.size() of its X and Z values; limits current, header
+/// fields as they are. Without any `y` the copy has no samples.
+/// @throws ks::CError from SetData when `y` is longer than the record
+ks::CNSignal CopyWithY(const ks::CNSignal& record, std::vector<double> y);
+
+/// The reference as a page compares it with `computed`. CommonRange cuts both, `computed` lasting, where their ranges
+/// differ; `cut` then holds the reference's cut copy and the result refers to it. Otherwise the result is `reference`
+/// itself and nothing is copied.
+/// @throws ks::CError from TruncateByTime
+const ks::CNSignal& InCommonRange(const ks::CNSignal& reference, ks::CNSignal& computed,
+                                  std::optional<ks::CNSignal>& cut);
