@@ -1,0 +1,41 @@
+#!/usr/bin/env python3
+"""Random comparisons, recomputed from the raw bytes: measures, columns, verdicts, page series, and the sentences of
+runs and pages that cannot be done.
+
+    check_random.py TOOL [FIRST COUNT]    TOOL is the path of quorvel-cli; by default seeds 1 ... 200
+"""
+
+import os
+import sys
+import tempfile
+import unittest
+from pathlib import Path
+
+from make_random import RandomRun
+from tool import Tally, check_run, require
+
+
+class RandomRuns(unittest.TestCase):
+    tool = ""
+    seeds = range(1, 201)
+
+    def test_every_value_of_every_run_agrees(self):
+        tally, here = Tally(), os.getcwd()
+        for seed in self.seeds:
+            with tempfile.TemporaryDirectory() as folder:
+                run = RandomRun(seed, Path(folder))
+                os.chdir(folder)
+                try:
+                    check_run(tally, self.tool, folder, "seed %d" % seed, run.options, run.words)
+                finally:
+                    os.chdir(here)
+        least = 5000000 * len(self.seeds) // 200
+        require(self, tally, least, runs=len(self.seeds), finished_runs=len(self.seeds) * 6 // 10)
+
+
+if __name__ == "__main__":
+    RandomRuns.tool = os.path.abspath(sys.argv.pop(1))
+    if len(sys.argv) > 2:
+        RandomRuns.seeds = range(int(sys.argv[1]), int(sys.argv[1]) + int(sys.argv[2]))
+        del sys.argv[1:3]
+    unittest.main()
