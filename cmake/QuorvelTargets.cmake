@@ -34,6 +34,13 @@ function(quorvel_library folder)
     quorvel_target(${target})
 endfunction()
 
+# quorvel_gui_library(FOLDER ...): the same for a folder that uses Qt: its forms (*.ui beside the source that shows
+# them), resources (*.qrc among the sources) and Q_OBJECT classes are compiled along.
+function(quorvel_gui_library folder)
+    quorvel_library(${folder} ${ARGN})
+    set_target_properties(quorvel_${folder} PROPERTIES AUTOMOC ON AUTOUIC ON AUTORCC ON)
+endfunction()
+
 # quorvel_test(FOLDER SOURCES ... LINK ...): the executable quorvel_FOLDER_test over the folder's library.
 function(quorvel_test folder)
     if(NOT QUORVEL_TESTS)

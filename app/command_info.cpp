@@ -1,0 +1,144 @@
+#include "app/command_info.h"
+
+#include <fast_float/fast_float.h>
+
+#include <algorithm>
+#include <cmath>
+#include <system_error>
+
+#include "files/hit_list.h"
+
+namespace {
+
+using CInfo = CMyCommandInfo;
+
+class CWord {
+public:
+    std::string_view text;
+    void (*apply)(CInfo& info);
+};
+
+constexpr CWord kWords[] = {
+    {"CFC600", [](CInfo& info) { info.channelClass = 600; }},
+    {"CFC60", [](CInfo& info) { info.channelClass = 60; }},
+    {"CFC180", [](CInfo& info) { info.channelClass = 180; }},
+    {"CFC1K", [](CInfo& info) { info.channelClass = 1000; }},
+    {"CFC1000", [](CInfo& info) { info.channelClass = 1000; }},
+    {"NOSAE", [](CInfo& info) { info.saeFilter = false; }},
+    {"XYZ",
+     [](CInfo& info) {
+         info.components = true;
+         info.axisMode = 2;
+     }},
+    {"RESULTANT", [](CInfo& info) { info.components = false; }},
+    {"WIN15", [](CInfo& info) { info.windowLength = 15.0F; }},
+    {"WIN36", [](CInfo& info) { info.windowLength = 36.0F; }},
+    {"NOWIN", [](CInfo& info) { info.windowLength = 0.0F; }},
+    {"SFC", [](CInfo& info) { info.axisMode = 3; }},
+    {"3D", [](CInfo& info) { info.axisMode = 1; }},
+    {"RES", [](CInfo& info) { info.axisMode = 0; }},
+    {"V10", [](CInfo& info) { info.vNumber = 10; }},
+    {"V9", [](CInfo& info) { info.vNumber = 9; }},
+    {"V8", [](CInfo& info) { info.vNumber = 8; }},
+    {"V7", [](CInfo& info) { info.vNumber = 7; }},
+    {"V6", [](CInfo& info) { info.vNumber = 6; }},
+    {"LEFTSIDE", [](CInfo& info) { info.leftSide = true; }},  // never reached: "L" is tested before the words
+    {"RIGHTSIDE", [](CInfo& info) { info.leftSide = false; }},
+    {"A_HIC", [](CInfo& info) { info.texts[4] = "HIC"; }},
+};
+
+constexpr std::string_view kCriticalValue = "CRITICAL_VALUE";
+
+char UpperLetter(char letter) {
+    return letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - 'a' + 'A') : letter;
+}
+
+std::string UpperText(std::string_view text) {
+    std::string upper(text);
+    std::transform(upper.begin(), upper.end(), upper.begin(), UpperLetter);
+    return upper;
+}
+
+const CWord* FindWord(std::string_view upper) {
+    const auto* const found =
+        std::find_if(std::begin(kWords), std::end(kWords), [&](const CWord& word) { return word.text == upper; });
+    return found == std::end(kWords) ? nullptr : found;
+}
+
+/// Whether a text that may as well be a path is a switch: one of the rows, spelled in full.
+bool IsKnownSwitch(std::string_view text) {
+    const std::string upper = UpperText(text);
+    return upper == "L" || upper == "O" || upper.starts_with(kCriticalValue) || FindWord(upper) != nullptr;
+}
+
+/// The number at the start of `text`, behind white space; 0 when there is none.
+double LeadingNumber(std::string_view text) {
+    text.remove_prefix(std::min(text.find_first_not_of(" \t\n\v\f\r"), text.size()));
+    if (text.starts_with('+')) {
+        text.remove_prefix(1);
+        if (text.starts_with('-')) return 0.0;
+    }
+    double number = 0.0;
+    const auto result = fast_float::from_chars(text.data(), text.data() + text.size(), number);
+    return result.ec == std::errc() && std::isfinite(number) ? number : 0.0;
+}
+
+}  // namespace
+
+void CMyCommandInfo::Parse(std::span<const std::string> arguments) {
+    for (const std::string& argument : arguments) ParseArgument(argument);
+}
+
+void CMyCommandInfo::ParseArgument(std::string_view argument) {
+    if (IsSwitch(argument)) {
+        TakeSwitch(argument.substr(1));
+    } else {
+        TakePlain(argument);
+    }
+}
+
+bool CMyCommandInfo::IsSwitch(std::string_view argument) const {
+    if (argument.starts_with('-')) return true;
+    if (!argument.starts_with('/')) return false;
+    if (m_slashRule == SlashRule::AlwaysSwitch) return true;
+    const std::string_view rest = argument.substr(1);
+    return rest.find('/') == std::string_view::npos && IsKnownSwitch(rest);
+}
+
+void CMyCommandInfo::TakeSwitch(std::string_view text) {
+    if (text.empty()) return;
+    const char first = UpperLetter(text.front());
+    if (first == 'L' && text.size() == 1) {
+        listFileExpected = true;
+        return;
+    }
+    if (first == 'L') {
+        // The whole text comes first: a list file whose name begins with "L" may stand behind the dash.
+        if (!AppendListFile(std::string(text))) AppendListFile(std::string(text.substr(1)));
+        return;
+    }
+    if (first == 'O') outputRequested = true;
+
+    const std::string upper = UpperText(text);
+    if (const CWord* const word = FindWord(upper)) {
+        word->apply(*this);
+    } else if (upper.starts_with(kCriticalValue)) {
+        criticalValue = LeadingNumber(text.substr(kCriticalValue.size()));
+    }
+}
+
+void CMyCommandInfo::TakePlain(std::string_view text) {
+    if (!listFileExpected) {
+        files.emplace_back(text);
+        return;
+    }
+    listFileExpected = false;
+    AppendListFile(std::string(text));
+}
+
+bool CMyCommandInfo::AppendListFile(const std::string& path) {
+    const auto lines = ks::ReadHitList(path);
+    if (!lines) return false;
+    files.insert(files.end(), lines->begin(), lines->end());
+    return true;
+}

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// How an argument that begins with "/" is taken.
+enum class SlashRule {
+    AlwaysSwitch,  ///< as Windows users expect
+    SwitchIfKnown  ///< a switch only when no further "/" follows and the word is a known one; else the path of a file
+};
+
+#ifdef _WIN32
+inline constexpr SlashRule kPlatformSlashRule = SlashRule::AlwaysSwitch;
+#else
+inline constexpr SlashRule kPlatformSlashRule = SlashRule::SwitchIfKnown;
+#endif
+
+/// The options of the command line. Only the file list and the channel class take effect at start-up; the others are
+/// read and kept, because scripts of users pass them.
+class CMyCommandInfo {
+public:
+    bool saeFilter = true;
+    bool components = true;  ///< components rather than the resultant
+    bool listFileExpected = false;
+    bool outputRequested = false;
+    bool leftSide = true;
+    float windowLength = 36.0F;  ///< ms
+    std::int32_t axisMode = 0;   ///< 0 resultant, 1 3D, 2 XYZ, 3 SFC
+    std::int32_t channelClass = 1000;
+    std::int32_t vNumber = 10;
+    double criticalValue = 0.0;
+    bool reserved = false;             ///< no switch sets it
+    std::array<std::string, 5> texts;  ///< the fifth becomes "HIC"
+    std::vector<std::string> reservedList;
+    std::vector<std::string> files;  ///< plain arguments and the lines of list files, in order; UTF-8
+
+    explicit CMyCommandInfo(SlashRule slashRule = kPlatformSlashRule) : m_slashRule(slashRule) {}
+
+    /// Takes the arguments in order, without the program's name.
+    void Parse(std::span<const std::string> arguments);
+    /// Takes one argument. "-" begins a switch, so does "/" by the slash rule; a switch that is unknown is ignored.
+    void ParseArgument(std::string_view argument);
+
+private:
+    bool IsSwitch(std::string_view argument) const;
+    void TakeSwitch(std::string_view text);
+    void TakePlain(std::string_view text);
+    bool AppendListFile(const std::string& path);
+
+    SlashRule m_slashRule;
+};

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QDialog>
+#include <array>
+#include <memory>
+#include <utility>
+
+#include "compare/critical_values.h"
+
+class CMessages;
+class QLineEdit;
+
+namespace ksres {
+
+namespace Ui {
+class CCriticalValuesDlg;
+}
+
+/// "Edit Critical Values": edits a copy of the six limits. Any finite number is taken.
+class CCriticalValuesDlg : public QDialog {
+    Q_OBJECT
+
+public:
+    /// Shows `values`. `messages` must outlive the dialog.
+    CCriticalValuesDlg(const CCriticalValues& values, CMessages& messages, QWidget* parent = nullptr);
+    ~CCriticalValuesDlg() override;
+
+    /// The values given, or all six as edited once the dialog was closed with OK.
+    const CCriticalValues& Values() const { return m_values; }
+
+public slots:
+    /// OK: stays open at the first field, from the top, that holds no number.
+    void accept() override;
+
+private:
+    using CField = std::pair<QLineEdit*, double CCriticalValues::*>;
+    std::array<CField, 6> Fields() const;
+
+    std::unique_ptr<Ui::CCriticalValuesDlg> m_ui;
+    CCriticalValues m_values;
+    CMessages& m_messages;
+};
+
+}  // namespace ksres

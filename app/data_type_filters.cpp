@@ -1,0 +1,24 @@
+#include "app/data_type_filters.h"
+
+#include "app/file_picker.h"
+#include "app/settings.h"
+
+const std::vector<CFileFilter>& DataTypeFilters() {
+    static const std::vector<CFileFilter> filters = {
+        {"UDS Acceleration Data (*aa0.*)", "*aa0.*"}, {"UDS Displacement Data (*da0.*)", "*da0.*"},
+        {"UDS Force Data (*fa0.*)", "*fa0.*"},        {"UDS Moment Data (*ta0.*)", "*ta0.*"},
+        {"Processed UDS Data (*.uds)", "*.uds"},      {"All Files (*.*)", "*.*"}};
+    return filters;
+}
+
+QString CurrentDataTypeWildcard(const CSettings& settings) {
+    const int stored = settings.Get(setting::kDataType);
+    const bool isListed = stored >= 1 && stored <= static_cast<int>(DataTypeFilters().size());
+    const int type = isListed ? stored : setting::kDataType.fallback;
+    return Wildcard(DataTypeFilters()[static_cast<std::size_t>(type - 1)].pattern);
+}
+
+const std::vector<CFileFilter>& HitListFilters() {
+    static const std::vector<CFileFilter> filters = {{"Hit list files (*.hit)", "*.hit"}};
+    return filters;
+}

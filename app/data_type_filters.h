@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QString>
+#include <vector>
+
+#include "compare/document_host.h"
+
+class CSettings;
+
+/// The filters of the signal-file pickers; the setting "DataType" is a 1-based index into them.
+const std::vector<CFileFilter>& DataTypeFilters();
+
+/// The wildcard of the data type that the settings hold; that of the default type when they hold none of the six.
+QString CurrentDataTypeWildcard(const CSettings& settings);
+
+/// The filter of the hit-list pickers.
+const std::vector<CFileFilter>& HitListFilters();

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <string>
+#include <vector>
+
+class QMimeData;
+
+/// What the files, hit lists and folders that a user dropped amount to.
+class CDroppedFiles {
+public:
+    std::vector<std::string> files;  ///< signal files in the order dropped; UTF-8, hit-list lines as they stand
+    QStringList hitLists;            ///< the hit lists that were read
+    QStringList unreadableHitLists;
+};
+
+/// The local paths that a drag brings; empty when it brings none.
+QStringList LocalPaths(const QMimeData& data);
+
+/// Replaces every hit list (*.hit) by its lines and every folder by its own files that match `wildcard`, sorted by
+/// name; folders inside are not entered. A path that leads nowhere stays as it is.
+CDroppedFiles ExpandDropped(const QStringList& paths, const QString& wildcard);

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QString>
+
+class QWidget;
+
+/// Sign beside a message.
+enum class MessageIcon { Information, Warning, Error };
+
+/// How the program speaks up: message boxes and the beep. Tests put a recorder in its place.
+class CMessages {
+public:
+    virtual ~CMessages() = default;
+
+    /// Shows `text` above `parent` until the user has confirmed it.
+    virtual void Show(QWidget* parent, MessageIcon icon, const QString& caption, const QString& text) = 0;
+    /// Sounds the default beep.
+    virtual void Beep() = 0;
+
+    /// Shows `text` with the caption that all errors of the program have.
+    void ShowError(QWidget* parent, const QString& text);
+};
+
+/// Message boxes on the screen.
+class CMessageBoxes : public CMessages {
+public:
+    void Show(QWidget* parent, MessageIcon icon, const QString& caption, const QString& text) override;
+    void Beep() override;
+};

@@ -1,0 +1,6 @@
+#pragma once
+
+#include <QIcon>
+
+/// The program's icon, drawn at whatever size is asked for.
+QIcon ApplicationIcon();
