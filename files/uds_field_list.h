@@ -10,6 +10,9 @@
 ///   INTEGER(record, NAME, default)       4 bytes, two's complement
 ///   REAL(record, NAME)                   4 bytes, single precision, default 0
 
+// One field per line, comments in a column.
+// clang-format off
+
 /// The seventeen fields of one vehicle or component and its occupant; `N` is 1 or 2.
 #define QUORVEL_UDS_COMPONENT_FIELDS(TEXT, INTEGER, REAL, record, N, restraint)                 \
     INTEGER(record, CMPNO##N, 0)            /* vehicle or component number */                   \
@@ -92,3 +95,5 @@
     REAL(Curve, RD5)                                                                                            \
     TEXT(Curve, CD1, 20, "")  /* user texts 1 and 2 */                                                          \
     TEXT(Curve, CD2, 70, "")
+
+// clang-format on

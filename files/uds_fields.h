@@ -22,31 +22,21 @@ public:
     CUDSFields& operator=(CUDSFields&&) = default;
     virtual ~CUDSFields() = default;
 
-#define QUORVEL_TEXT_ACCESS(record, NAME, width, fallback) \
-    const std::string& Get##NAME() const {                 \
-        return m_##NAME;                                   \
-    }                                                      \
-    void Set##NAME(std::string value) {                    \
-        m_##NAME = std::move(value);                       \
-    }
-#define QUORVEL_INTEGER_ACCESS(record, NAME, fallback) \
-    std::int32_t Get##NAME() const {                   \
-        return m_##NAME;                               \
-    }                                                  \
-    void Set##NAME(std::int32_t value) {               \
-        m_##NAME = value;                              \
-    }
-#define QUORVEL_REAL_ACCESS(record, NAME) \
-    float Get##NAME() const {             \
-        return m_##NAME;                  \
-    }                                     \
-    void Set##NAME(float value) {         \
-        m_##NAME = value;                 \
-    }
+    // clang-format off
+#define QUORVEL_TEXT_ACCESS(record, NAME, width, fallback)    \
+    const std::string& Get##NAME() const { return m_##NAME; } \
+    void Set##NAME(std::string value) { m_##NAME = std::move(value); }
+#define QUORVEL_INTEGER_ACCESS(record, NAME, fallback)  \
+    std::int32_t Get##NAME() const { return m_##NAME; } \
+    void Set##NAME(std::int32_t value) { m_##NAME = value; }
+#define QUORVEL_REAL_ACCESS(record, NAME)        \
+    float Get##NAME() const { return m_##NAME; } \
+    void Set##NAME(float value) { m_##NAME = value; }
     QUORVEL_UDS_FIELDS(QUORVEL_TEXT_ACCESS, QUORVEL_INTEGER_ACCESS, QUORVEL_REAL_ACCESS)
 #undef QUORVEL_TEXT_ACCESS
 #undef QUORVEL_INTEGER_ACCESS
 #undef QUORVEL_REAL_ACCESS
+    // clang-format on
 
 private:
 #define QUORVEL_TEXT_MEMBER(record, NAME, width, fallback) std::string m_##NAME{fallback};

@@ -20,7 +20,9 @@ CTempFolder::~CTempFolder() {
     std::filesystem::remove_all(m_folder, ignored);
 }
 
-std::string CTempFolder::Path(std::string_view name) const { return (m_folder / name).string(); }
+std::string CTempFolder::Path(std::string_view name) const {
+    return (m_folder / name).string();
+}
 
 std::string CTempFolder::Write(std::string_view name, std::string_view bytes) const {
     const std::string path = Path(name);
@@ -30,7 +32,8 @@ std::string CTempFolder::Write(std::string_view name, std::string_view bytes) co
 
 std::string CTempFolder::Listing() const {
     std::set<std::string> names;
-    for (const auto& entry : std::filesystem::directory_iterator(m_folder)) names.insert(entry.path().filename().string());
+    for (const auto& entry : std::filesystem::directory_iterator(m_folder))
+        names.insert(entry.path().filename().string());
     std::string text;
     for (const std::string& name : names) text += name + "\n";
     return text;
