@@ -1,0 +1,70 @@
+#include "cli/cli_host.h"
+
+#include <utility>
+
+#include "cli/join.h"
+
+CCliHost::CCliHost(const CCompareOptions& options, std::vector<std::string> files, CConsole& console)
+    : m_options(options), m_files(std::move(files)), m_console(console) {}
+
+std::optional<CFileSelection> CCliHost::SelectFiles(const CFileSelection& offered) {
+    CFileSelection selection = offered;
+    selection.files = m_files;
+    selection.referencePath = m_options.reference.value_or("");
+    selection.averageReference = !m_options.reference.has_value();
+    selection.filter = m_options.cfc.has_value();
+    selection.filterReference = m_options.FiltersReference();
+    selection.channelClass = m_options.cfc.value_or(offered.channelClass);
+    selection.truncate = m_options.window.has_value();
+    if (m_options.window) {
+        selection.windowStart = m_options.window->min;
+        selection.windowEnd = m_options.window->max;
+    }
+    return selection;
+}
+
+void CCliHost::ShowErrorList(const std::vector<std::string>& messages) {
+    for (const std::string& message : messages) {
+        m_console.Complain(message);
+    }
+    m_shown.insert(m_shown.end(), messages.begin(), messages.end());
+}
+
+std::optional<double> CCliHost::EditCorridorSize(double /*size*/) {
+    return m_options.corridor;
+}
+
+std::optional<CCriticalValues> CCliHost::EditCriticalValues(const CCriticalValues& /*values*/) {
+    return m_options.critical;
+}
+
+std::optional<std::string> CCliHost::AskSavePath(const CSaveRequest& /*request*/) {
+    return std::nullopt;
+}
+
+std::string CCliHost::ReadSetting(const std::string& /*key*/, const std::string& fallback) {
+    return fallback;
+}
+
+void CCliHost::StoreSetting(const std::string& /*key*/, const std::string& /*value*/) {}
+
+void CCliHost::SetBusy(bool busy) {
+    if (!busy) {
+        m_console.EraseProgress();
+    }
+}
+
+void CCliHost::Progress(std::size_t done, std::size_t total, const std::string& path) {
+    if (m_options.talk == CTalk::Quiet) {
+        return;
+    }
+    if (path.empty()) {
+        m_console.EraseProgress();
+        return;
+    }
+    m_console.ShowProgress(Join({"[", std::to_string(done), "/", std::to_string(total), "] ", path}));
+}
+
+std::vector<std::string> CCliHost::TakeShownMessages() {
+    return std::exchange(m_shown, {});
+}

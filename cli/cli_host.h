@@ -1,0 +1,35 @@
+#pragma once
+
+#include "cli/compare_options.h"
+#include "cli/console.h"
+#include "compare/document_host.h"
+
+/// The command line as the document's surroundings: the options are the answers to what it asks, its messages go to
+/// standard error.
+class CCliHost : public CDocumentHost {
+public:
+    /// `files` are the computed files in order. Both references must outlive the host.
+    CCliHost(const CCompareOptions& options, std::vector<std::string> files, CConsole& console);
+
+    std::optional<CFileSelection> SelectFiles(const CFileSelection& offered) override;
+    void ShowErrorList(const std::vector<std::string>& messages) override;
+    std::optional<double> EditCorridorSize(double size) override;
+    std::optional<CCriticalValues> EditCriticalValues(const CCriticalValues& values) override;
+    /// Never asked: outputs are named by options.
+    std::optional<std::string> AskSavePath(const CSaveRequest& request) override;
+    /// Settings belong to the desktop program.
+    std::string ReadSetting(const std::string& key, const std::string& fallback) override;
+    void StoreSetting(const std::string& key, const std::string& value) override;
+    void Beep() override {}
+    void SetBusy(bool busy) override;
+    void Progress(std::size_t done, std::size_t total, const std::string& path) override;
+
+    /// The messages shown since the last call.
+    std::vector<std::string> TakeShownMessages();
+
+private:
+    const CCompareOptions& m_options;
+    std::vector<std::string> m_files;
+    CConsole& m_console;
+    std::vector<std::string> m_shown;
+};

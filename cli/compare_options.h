@@ -1,0 +1,52 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "cli/criteria.h"
+#include "compare/critical_values.h"
+
+/// A time window, in X units; min < max.
+class CWindow {
+public:
+    double min = 0.0;
+    double max = 0.0;
+};
+
+/// How much the command tells beside its results.
+enum class CTalk { Quiet, Usual, Verbose };
+
+/// What `quorvel-cli compare` was asked to do. Paths are UTF-8; "-" is standard output.
+class CCompareOptions {
+public:
+    std::vector<std::string> files;  ///< FILE..., without those of the hit lists
+    std::vector<std::string> hitLists;
+    std::optional<std::string> reference;  ///< none: made from the computed signals
+    std::optional<std::int32_t> cfc;       ///< 60, 180, 600 or 1000; none: nothing is filtered
+    bool filterReference = true;           ///< as asked; nothing is filtered without a class
+    std::optional<CWindow> window;
+    double corridor = 4.0;  ///< > 0
+    CCriticalValues critical;
+    std::optional<std::string> html, json, csv;  ///< output paths
+    bool pages = false;                          ///< the pages' series go into the JSON
+    std::optional<std::string> asciiFolder, udsFolder;
+    std::vector<const CCriterion*> failOnBad;  ///< criteria whose bad verdicts make the command fail
+    CTalk talk = CTalk::Usual;
+
+    /// Whether the reference file is to be filtered.
+    bool FiltersReference() const { return cfc.has_value() && filterReference; }
+    /// Whether an output goes to standard output in place of the table.
+    bool UsesStandardOutput() const;
+};
+
+/// The path that stands for standard output.
+inline constexpr const char* kStandardOutput = "-";
+
+/// Reads the arguments behind `compare`.
+/// @throws CUsageError with a sentence that says what would be accepted
+CCompareOptions ParseCompareOptions(const std::vector<std::string>& arguments);
+
+/// The names of all options, each with its two hyphens, in the order of their declaration.
+std::vector<std::string> CompareOptionNames();

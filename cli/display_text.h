@@ -1,0 +1,17 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+/// `text` fit for a terminal: "?" for each control character, U+FFFD for each byte that is not UTF-8. A file name can
+/// hold anything, terminal commands included. Line feeds stay when `keepLineFeeds` is set.
+std::string DisplayText(std::string_view text, bool keepLineFeeds = false);
+
+/// Columns that `text` (UTF-8) takes on a terminal: East Asian wide characters take two, combining marks none, each
+/// byte that is not UTF-8 one.
+std::size_t DisplayWidth(std::string_view text);
+
+/// `text` cut at its front to at most `width` columns, with "..." where it was cut; the end of a path tells more than
+/// its start. A width below 4 gives a cut without dots.
+std::string ElideFront(std::string_view text, std::size_t width);

@@ -1,0 +1,119 @@
+#include "cli/help_text.h"
+
+#include <algorithm>
+#include <cctype>
+
+#include "cli/display_text.h"
+
+namespace {
+
+constexpr std::size_t kTermIndent = 2;
+constexpr std::size_t kTextIndent = 6;
+
+std::vector<std::string_view> Words(std::string_view text) {
+    std::vector<std::string_view> words;
+    while (!text.empty()) {
+        const std::size_t end = std::min(text.find(' '), text.size());
+        if (end > 0) {
+            words.push_back(text.substr(0, end));
+        }
+        text.remove_prefix(std::min(end + 1, text.size()));
+    }
+    return words;
+}
+
+void AppendWrapped(std::string& help, std::string_view text, std::size_t indent, std::size_t width) {
+    std::size_t column = 0;
+    for (const std::string_view word : Words(text)) {
+        const std::size_t length = DisplayWidth(word);
+        if (column != 0 && column + 1 + length > width) {
+            help += '\n';
+            column = 0;
+        }
+        help += column == 0 ? std::string(indent, ' ') : " ";
+        help += word;
+        column += (column == 0 ? indent : 1) + length;
+    }
+    help += '\n';
+}
+
+// Text of a manual page: no character of it is a command, and options keep their hyphens when copied.
+std::string Roff(std::string_view text) {
+    std::string roff;
+    if (!text.empty() && (text.front() == '.' || text.front() == '\'')) {
+        roff += "\\&";
+    }
+    for (const char c : text) {
+        if (c == '\\') {
+            roff += "\\e";
+        } else if (c == '-') {
+            roff += "\\-";
+        } else {
+            roff += c;
+        }
+    }
+    return roff;
+}
+
+std::string UpperCase(std::string_view text) {
+    std::string upper(text);
+    std::transform(upper.begin(), upper.end(), upper.begin(),
+                   [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
+    return upper;
+}
+
+void AppendRoffSection(std::string& man, const CHelpSection& section, std::string_view macro) {
+    man += std::string(macro) + " \"" + Roff(section.title) + "\"\n";
+    for (const CHelpEntry& entry : section.entries) {
+        man += entry.term.empty() ? std::string(".PP\n") : ".TP\n.B " + Roff(entry.term) + "\n";
+        man += Roff(entry.text) + "\n";
+    }
+}
+
+void AppendUsage(std::string& man, const CHelpPage& page) {
+    for (const std::string& usage : page.usage) {
+        man += ".PP\n" + Roff(usage) + "\n";
+    }
+}
+
+}  // namespace
+
+std::string PlainHelp(const CHelpPage& page, std::size_t width) {
+    std::string help;
+    AppendWrapped(help, page.name + ": " + page.summary + ".", 0, width);
+    help += "\nUsage:\n";
+    for (const std::string& usage : page.usage) {
+        AppendWrapped(help, usage, kTermIndent, width);
+    }
+    for (const CHelpSection& section : page.sections) {
+        help += "\n" + section.title + ":\n";
+        for (const CHelpEntry& entry : section.entries) {
+            if (!entry.term.empty()) {
+                help += std::string(kTermIndent, ' ') + entry.term + "\n";
+            }
+            AppendWrapped(help, entry.text, entry.term.empty() ? kTermIndent : kTextIndent, width);
+        }
+    }
+    return help;
+}
+
+std::string ManPage(const CHelpPage& program, const std::vector<CHelpPage>& commands, std::string_view version) {
+    // No date: the page is the same in every build of one version.
+    std::string man =
+        ".TH " + UpperCase(Roff(program.name)) + " 1 \"\" \"Quorvel " + std::string(version) + "\" \"User Commands\"\n";
+    man += ".SH NAME\n" + Roff(program.name) + " \\- " + Roff(program.summary) + "\n";
+    man += ".SH SYNOPSIS\n";
+    AppendUsage(man, program);
+    for (const CHelpPage& command : commands) {
+        man += ".SH \"" + UpperCase(Roff(command.name)) + "\"\n" + Roff(command.summary) + ".\n";
+        AppendUsage(man, command);
+        for (const CHelpSection& section : command.sections) {
+            AppendRoffSection(man, section, ".SS");
+        }
+    }
+    for (CHelpSection section : program.sections) {
+        section.title = UpperCase(section.title);
+        AppendRoffSection(man, section, ".SH");
+    }
+    return man;
+}

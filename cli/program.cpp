@@ -1,0 +1,122 @@
+#include "cli/program.h"
+
+#include <algorithm>
+#include <array>
+#include <exception>
+#include <new>
+
+#include "cli/compare_command.h"
+#include "cli/compare_help.h"
+#include "cli/usage_error.h"
+
+namespace {
+
+const std::array<CCommand, 1> kCommands = {{
+    {"compare", CompareHelp, RunCompare},
+}};
+
+constexpr const char* kVersion = QUORVEL_VERSION;
+
+const CCommand* FindCommand(const std::string& name) {
+    const auto* const found = std::find_if(kCommands.begin(), kCommands.end(),
+                                           [&name](const CCommand& command) { return command.name == name; });
+    return found == kCommands.end() ? nullptr : &*found;
+}
+
+// Whether one of `names` stands among the options, that is before "--".
+bool Asks(const std::vector<std::string>& arguments, std::initializer_list<std::string_view> names) {
+    const auto end = std::find(arguments.begin(), arguments.end(), "--");
+    return std::find_first_of(arguments.begin(), end, names.begin(), names.end()) != end;
+}
+
+std::string ManualPage() {
+    std::vector<CHelpPage> commands;
+    for (const CCommand& command : kCommands) {
+        commands.push_back(command.help());
+    }
+    return ManPage(ProgramHelp(), commands, kVersion);
+}
+
+CExitStatus PrintAndFinish(CConsole& console, const std::string& text) {
+    console.Print(text);
+    std::string reason;
+    if (!console.FinishOutput(reason)) {
+        console.Complain("Standard output could not be written: " + reason);
+        return CExitStatus::Output;
+    }
+    return CExitStatus::Good;
+}
+
+CExitStatus RunCommand(const CCommand& command, const std::vector<std::string>& arguments, CConsole& console) {
+    if (Asks(arguments, {"--help", "-h"})) {
+        return PrintAndFinish(console, PlainHelp(command.help()));
+    }
+    if (Asks(arguments, {"--version"})) {
+        return PrintAndFinish(console, "quorvel-cli " + std::string(kVersion) + "\n");
+    }
+    try {
+        return command.run(arguments, console);
+    } catch (const CUsageError& error) {
+        console.Complain(error.what());
+        console.Note("Try 'quorvel-cli " + command.name + " --help'.");
+        return CExitStatus::Usage;
+    }
+}
+
+CExitStatus Dispatch(const std::vector<std::string>& arguments, CConsole& console) {
+    const std::string first = arguments.empty() ? std::string() : arguments.front();
+    if (const CCommand* const command = FindCommand(first)) {
+        return RunCommand(*command, {arguments.begin() + 1, arguments.end()}, console);
+    }
+    if (first == "--help" || first == "-h") {
+        return PrintAndFinish(console, PlainHelp(ProgramHelp()));
+    }
+    if (first == "--version") {
+        return PrintAndFinish(console, "quorvel-cli " + std::string(kVersion) + "\n");
+    }
+    if (first == "--man") {  // for the build, which makes the manual page from it
+        return PrintAndFinish(console, ManualPage());
+    }
+    console.Complain(arguments.empty() ? "A command is needed, for example compare." : "Unknown command: " + first);
+    console.Note("Try 'quorvel-cli --help'.");
+    return CExitStatus::Usage;
+}
+
+}  // namespace
+
+CHelpPage ProgramHelp() {
+    CHelpSection commands{"Commands", {}};
+    for (const CCommand& command : kCommands) {
+        commands.entries.push_back(
+            {command.name, command.help().summary + ". See quorvel-cli " + command.name + " --help."});
+    }
+    return {"quorvel-cli",
+            "compare crash-test signals on the command line",
+            {"quorvel-cli COMMAND [OPTION]... FILE...", "quorvel-cli --help", "quorvel-cli --version"},
+            {commands,
+             {"Exit status",
+              {{"", "The first that applies, from the top:"},
+               {"2", "Wrong usage; nothing was read or written."},
+               {"4", "An output could not be written. The others are, and an old file is as it was."},
+               {"3",
+                "A signal, a hit list or the reference could not be read, or the run collected an error message. "
+                "All messages are on standard error."},
+               {"1", "--fail-on-bad found a bad verdict."},
+               {"0", "Everything asked for was done."}}},
+             {"Environment",
+              {{"NO_COLOR",
+                "When set and not empty, the table has no colours. They are used on a terminal only; a "
+                "verdict is always a word too."},
+               {"COLUMNS", "Width of the table when standard output is no terminal. Default: 80."}}}}};
+}
+
+CExitStatus RunProgram(const std::vector<std::string>& arguments, CConsole& console) {
+    try {
+        return Dispatch(arguments, console);
+    } catch (const std::bad_alloc&) {
+        console.Complain("The signals do not fit into memory.");
+    } catch (const std::exception& error) {
+        console.Complain(error.what());
+    }
+    return CExitStatus::Input;
+}

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "cli/console.h"
+#include "cli/exit_status.h"
+#include "cli/help_text.h"
+
+/// One command of the program. A new one is a row of the table in program.cpp.
+class CCommand {
+public:
+    std::string name;
+    CHelpPage (*help)();
+    /// Runs on the arguments behind the name, in UTF-8. Wrong usage is thrown as CUsageError; `--help` and
+    /// `--version` are the program's business and never arrive here.
+    CExitStatus (*run)(const std::vector<std::string>& arguments, CConsole& console);
+};
+
+/// Runs the program on its arguments (UTF-8), without its own name. Throws nothing.
+CExitStatus RunProgram(const std::vector<std::string>& arguments, CConsole& console);
+
+/// The help of the program itself.
+CHelpPage ProgramHelp();
