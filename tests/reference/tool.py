@@ -115,7 +115,9 @@ def check_head(tally, label, options, document, result):
     settings = result["settings"]
     tally.same(label + " format", ["quorvel-compare", 1], [result["format"], result["version"]])
     tally.same(label + " cfc", options.channel_class, settings["cfc"])
-    tally.same(label + " filterReference", options.filter_reference, settings["filterReference"])
+    # A run without a channel class filters nothing, so the reference neither.
+    tally.same(label + " filterReference", options.channel_class is not None and options.filter_reference,
+               settings["filterReference"])
     tally.same(label + " window", list(options.window) if options.window else None, settings["window"])
     tally.near(label + " corridor", options.corridor, settings["corridor"])
     tally.same(label + " critical", sorted(options.critical), sorted(settings["critical"]))
