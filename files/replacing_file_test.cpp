@@ -1,0 +1,267 @@
+#include "files/replacing_file.h"
+
+#include <gmock/gmock.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <filesystem>
+#include <string>
+#include <system_error>
+
+#include "tests/support/temp_folder.h"
+
+namespace ks {
+namespace {
+
+namespace fs = std::filesystem;
+using namespace std::string_literals;
+
+/// While it lives, no file of this process can grow beyond `bytes`: writing more fails as on a full disk.
+class FileSizeLimit {
+public:
+    explicit FileSizeLimit(rlim_t bytes) : m_oldHandler(std::signal(SIGXFSZ, SIG_IGN)) {
+        getrlimit(RLIMIT_FSIZE, &m_old);
+        const rlimit limited{bytes, m_old.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &limited);
+    }
+    FileSizeLimit(const FileSizeLimit&) = delete;
+    FileSizeLimit& operator=(const FileSizeLimit&) = delete;
+    ~FileSizeLimit() {
+        setrlimit(RLIMIT_FSIZE, &m_old);
+        std::signal(SIGXFSZ, m_oldHandler);
+    }
+
+private:
+    rlimit m_old{};
+    void (*m_oldHandler)(int);
+};
+
+/// While it lives, a superuser has the rights of an ordinary user, for whom permissions count.
+class OrdinaryUser {
+public:
+    OrdinaryUser() {
+        if (geteuid() == 0) m_changed = seteuid(65534) == 0;
+    }
+    OrdinaryUser(const OrdinaryUser&) = delete;
+    OrdinaryUser& operator=(const OrdinaryUser&) = delete;
+    ~OrdinaryUser() {
+        if (m_changed && seteuid(0) != 0) ADD_FAILURE() << "the superuser's rights did not come back";
+    }
+
+private:
+    bool m_changed = false;
+};
+
+TEST(WriteFile, MakesANewFile) {
+    const CTempFolder folder;
+    const std::string bytes = "a\r\nb\nc\0d"s;
+
+    EXPECT_EQ(WriteFile(folder.Path("new"), bytes), WriteResult::Written);
+
+    EXPECT_EQ(ReadAll(folder.Path("new")), bytes);
+    EXPECT_EQ(folder.Listing(), "new\n");
+}
+
+TEST(WriteFile, ReplacesAnOldFileWhole) {
+    const CTempFolder folder;
+    const std::string path = folder.Write("old", "a much longer text than the new one");
+
+    EXPECT_EQ(WriteFile(path, "short"), WriteResult::Written);
+
+    EXPECT_EQ(ReadAll(path), "short");
+    EXPECT_EQ(folder.Listing(), "old\n");
+}
+
+TEST(WriteFile, WritesNothingAsAnEmptyFile) {
+    const CTempFolder folder;
+    const std::string path = folder.Write("old", "text");
+    EXPECT_EQ(WriteFile(path, ""), WriteResult::Written);
+    EXPECT_EQ(ReadAll(path), "");
+}
+
+TEST(WriteFile, KeepsThePermissionsOfAnOldFile) {
+    const CTempFolder folder;
+    const std::string path = folder.Write("old", "text");
+    for (const unsigned mode : {0640U, 0600U, 0755U}) {
+        fs::permissions(path, fs::perms(mode));
+        EXPECT_EQ(WriteFile(path, "new"), WriteResult::Written);
+        EXPECT_EQ(fs::status(path).permissions(), fs::perms(mode));
+    }
+}
+
+TEST(WriteFile, GivesANewFileTheUsualPermissions) {
+    const CTempFolder folder;
+    const mode_t old = umask(027);
+    EXPECT_EQ(WriteFile(folder.Path("new"), "text"), WriteResult::Written);
+    umask(old);
+    EXPECT_EQ(fs::status(folder.Path("new")).permissions(), fs::perms(0640));
+}
+
+TEST(WriteFile, FollowsALink) {
+    const CTempFolder folder;
+    const std::string target = folder.Write("target", "old");
+    fs::create_symlink("target", folder.Path("link"));
+    fs::create_symlink("link", folder.Path("link of a link"));
+
+    EXPECT_EQ(WriteFile(folder.Path("link of a link"), "new"), WriteResult::Written);
+
+    EXPECT_EQ(ReadAll(target), "new");
+    EXPECT_TRUE(fs::is_symlink(folder.Path("link")));
+    EXPECT_EQ(folder.Listing(), "link\nlink of a link\ntarget\n");
+}
+
+TEST(WriteFile, MakesTheFileThatALinkWaitsFor) {
+    const CTempFolder folder;
+    fs::create_directory(folder.Path("inner"));
+    fs::create_symlink("inner/target", folder.Path("link"));
+
+    EXPECT_EQ(WriteFile(folder.Path("link"), "new"), WriteResult::Written);
+
+    EXPECT_EQ(ReadAll(folder.Path("inner/target")), "new");
+    EXPECT_TRUE(fs::is_symlink(folder.Path("link")));
+}
+
+TEST(WriteFile, TakesNamesBeyondAsciiAndOfFullLength) {
+    const CTempFolder folder;
+    for (const std::string& name : {"gr\xC3\xB6\xC3\x9F.uds"s, std::string(255, 'n')}) {
+        EXPECT_EQ(WriteFile(folder.Path(name), "text"), WriteResult::Written);
+        EXPECT_EQ(ReadAll(folder.Path(name)), "text");
+    }
+}
+
+TEST(WriteFile, TakesANameInTheCurrentFolder) {
+    const CTempFolder folder;
+    const fs::path before = fs::current_path();
+    fs::current_path(folder.Path("."));
+    EXPECT_EQ(WriteFile("name", "text"), WriteResult::Written);
+    fs::current_path(before);
+    EXPECT_EQ(ReadAll(folder.Path("name")), "text");
+}
+
+TEST(WriteFile, ThatFailsOnTheWayLeavesTheOldFile) {
+    const CTempFolder folder;
+    const std::string path = folder.Write("old", "the old text");
+    {
+        const FileSizeLimit fullDisk(1000);
+        EXPECT_EQ(WriteFile(path, std::string(100000, 'x')), WriteResult::NotCompleted);
+    }
+    EXPECT_EQ(ReadAll(path), "the old text");
+    EXPECT_EQ(folder.Listing(), "old\n");
+}
+
+TEST(WriteFile, ThatFailsOnTheWayLeavesNoNewFile) {
+    const CTempFolder folder;
+    {
+        const FileSizeLimit fullDisk(1000);
+        EXPECT_EQ(WriteFile(folder.Path("new"), std::string(100000, 'x')), WriteResult::NotCompleted);
+    }
+    EXPECT_EQ(folder.Listing(), "");
+}
+
+TEST(WriteFile, WritesIntoADeviceDirectly) {
+    if (!fs::is_character_file("/dev/full")) GTEST_SKIP() << "no /dev/full here";
+    EXPECT_EQ(WriteFile("/dev/null", "text"), WriteResult::Written);
+    EXPECT_EQ(WriteFile("/dev/full", "text"), WriteResult::NotCompleted);
+    EXPECT_TRUE(fs::is_character_file("/dev/full"));
+    EXPECT_TRUE(fs::is_character_file("/dev/null"));
+}
+
+TEST(WriteFile, DoesNotWaitForThePipeThatNobodyReads) {
+    const CTempFolder folder;
+    ASSERT_EQ(mkfifo(folder.Path("pipe").c_str(), 0600), 0);
+    EXPECT_EQ(WriteFile(folder.Path("pipe"), "text"), WriteResult::NotOpened);
+    EXPECT_TRUE(fs::is_fifo(folder.Path("pipe")));
+}
+
+TEST(WriteFile, WritesIntoAPipeOfThisProcess) {
+    int ends[2];
+    ASSERT_EQ(pipe(ends), 0);
+    EXPECT_EQ(WriteFile("/dev/fd/" + std::to_string(ends[1]), "text"), WriteResult::Written);
+    std::string read(4, '\0');
+    EXPECT_EQ(::read(ends[0], read.data(), read.size()), 4);
+    EXPECT_EQ(read, "text");
+    close(ends[0]);
+    close(ends[1]);
+}
+
+class Unwritable : public testing::Test {
+protected:
+    void ExpectNotOpened(const std::string& path) {
+        EXPECT_FALSE(CanWrite(path)) << path;
+        EXPECT_EQ(WriteFile(path, "text"), WriteResult::NotOpened) << path;
+    }
+    CTempFolder m_folder;
+};
+
+TEST_F(Unwritable, IsAFolder) {
+    ExpectNotOpened(m_folder.Path(""));
+}
+
+TEST_F(Unwritable, IsAPathWithoutAName) {
+    ExpectNotOpened("");
+    ExpectNotOpened(m_folder.Path("missing/"));
+    ExpectNotOpened("a\0b"s);
+}
+
+TEST_F(Unwritable, IsAFileInAMissingFolder) {
+    ExpectNotOpened(m_folder.Path("missing/file"));
+    EXPECT_EQ(m_folder.Listing(), "");
+}
+
+TEST_F(Unwritable, IsAFileBelowAFile) {
+    m_folder.Write("file", "text");
+    ExpectNotOpened(m_folder.Path("file/below"));
+    EXPECT_EQ(ReadAll(m_folder.Path("file")), "text");
+}
+
+TEST_F(Unwritable, IsACircleOfLinks) {
+    fs::create_symlink("b", m_folder.Path("a"));
+    fs::create_symlink("a", m_folder.Path("b"));
+    ExpectNotOpened(m_folder.Path("a"));
+}
+
+TEST_F(Unwritable, IsANameTooLongForTheSystem) {
+    ExpectNotOpened(m_folder.Path(std::string(300, 'n')));
+}
+
+TEST_F(Unwritable, IsAReadOnlyFile) {
+    const std::string path = m_folder.Write("file", "text");
+    fs::permissions(path, fs::perms(0444));
+    fs::permissions(m_folder.Path("."), fs::perms(0777));
+    {
+        const OrdinaryUser user;
+        ExpectNotOpened(path);
+    }
+    EXPECT_EQ(ReadAll(path), "text");
+}
+
+TEST_F(Unwritable, IsAFileInAReadOnlyFolder) {
+    const std::string path = m_folder.Write("file", "text");
+    fs::permissions(path, fs::perms(0666));
+    fs::permissions(m_folder.Path("."), fs::perms(0555));
+    {
+        const OrdinaryUser user;
+        ExpectNotOpened(path);
+        ExpectNotOpened(m_folder.Path("new"));
+    }
+    fs::permissions(m_folder.Path("."), fs::perms(0755));
+    EXPECT_EQ(m_folder.Listing(), "file\n");
+}
+
+TEST(CanWrite, TouchesNothing) {
+    const CTempFolder folder;
+    const std::string path = folder.Write("old", "text");
+    const fs::file_time_type before = fs::last_write_time(path);
+
+    EXPECT_TRUE(CanWrite(path));
+    EXPECT_TRUE(CanWrite(folder.Path("new")));
+
+    EXPECT_EQ(ReadAll(path), "text");
+    EXPECT_EQ(fs::last_write_time(path), before);
+    EXPECT_EQ(folder.Listing(), "old\n");
+}
+
+}  // namespace
+}  // namespace ks
