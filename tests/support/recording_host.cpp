@@ -1,0 +1,60 @@
+#include "tests/support/recording_host.h"
+
+std::optional<CFileSelection> CRecordingHost::SelectFiles(const CFileSelection& choice) {
+    calls.emplace_back("select");
+    offered = choice;
+    return selection;
+}
+
+void CRecordingHost::ShowErrorList(const std::vector<std::string>& messages) {
+    calls.emplace_back("errors");
+    errorLists.push_back(messages);
+    whileErrorsAreShown();
+}
+
+std::optional<double> CRecordingHost::EditCorridorSize(double size) {
+    calls.emplace_back("corridor");
+    offeredCorridorSize = size;
+    return corridorSize;
+}
+
+std::optional<CCriticalValues> CRecordingHost::EditCriticalValues(const CCriticalValues& values) {
+    calls.emplace_back("critical");
+    offeredCriticalValues = values;
+    return criticalValues;
+}
+
+std::optional<std::string> CRecordingHost::AskSavePath(const CSaveRequest& request) {
+    calls.push_back("save " + request.title);
+    saveRequests.push_back(request);
+    if (saveRequests.size() > savePaths.size()) return std::nullopt;
+    return savePaths[saveRequests.size() - 1];
+}
+
+std::string CRecordingHost::ReadSetting(const std::string& key, const std::string& fallback) {
+    calls.push_back("read " + key);
+    const auto stored = settings.find(key);
+    return stored == settings.end() ? fallback : stored->second;
+}
+
+void CRecordingHost::StoreSetting(const std::string& key, const std::string& value) {
+    calls.push_back("store " + key + "=" + value);
+    settings[key] = value;
+}
+
+void CRecordingHost::Beep() {
+    calls.emplace_back("beep");
+}
+
+void CRecordingHost::SetBusy(bool busy) {
+    calls.emplace_back(busy ? "busy on" : "busy off");
+}
+
+void CRecordingHost::Progress(std::size_t done, std::size_t total, const std::string& path) {
+    progress.push_back(std::to_string(done) + "/" + std::to_string(total) + " " + path);
+}
+
+void CRecordingObserver::OnDocumentUpdate(int hint) {
+    m_host.calls.push_back("hint " + std::to_string(hint));
+    alsoDo(hint);
+}

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <functional>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "compare/document_host.h"
+
+/// A host that answers as it was told and writes down what it was asked.
+class CRecordingHost : public CDocumentHost {
+public:
+    // Answers. A value that is not set cancels.
+    std::optional<CFileSelection> selection;
+    std::optional<double> corridorSize;
+    std::optional<CCriticalValues> criticalValues;
+    std::vector<std::optional<std::string>> savePaths;  ///< one per request, in order; none left: cancelled
+    std::map<std::string, std::string> settings;
+    std::function<void()> whileErrorsAreShown = [] {};
+
+    // What happened.
+    std::vector<std::string> calls;  ///< in order: "select", "busy on", "busy off", "beep", "errors", "hint 1", "hint
+                                     ///< 2", "save TITLE", "read KEY", "store KEY=VALUE", "corridor", "critical"
+    std::vector<std::string> progress;  ///< "DONE/TOTAL PATH" of every report
+    std::optional<CFileSelection> offered;
+    std::vector<std::vector<std::string>> errorLists;
+    std::vector<CSaveRequest> saveRequests;
+    double offeredCorridorSize = 0.0;
+    CCriticalValues offeredCriticalValues;
+
+    std::optional<CFileSelection> SelectFiles(const CFileSelection& offered) override;
+    void ShowErrorList(const std::vector<std::string>& messages) override;
+    std::optional<double> EditCorridorSize(double size) override;
+    std::optional<CCriticalValues> EditCriticalValues(const CCriticalValues& values) override;
+    std::optional<std::string> AskSavePath(const CSaveRequest& request) override;
+    std::string ReadSetting(const std::string& key, const std::string& fallback) override;
+    void StoreSetting(const std::string& key, const std::string& value) override;
+    void Beep() override;
+    void SetBusy(bool busy) override;
+    void Progress(std::size_t done, std::size_t total, const std::string& path) override;
+};
+
+/// An observer that writes "hint N" into a host's calls, and may do more.
+class CRecordingObserver : public CDocumentObserver {
+public:
+    explicit CRecordingObserver(CRecordingHost& host) : m_host(host) {}
+
+    std::function<void(int hint)> alsoDo = [](int) {};
+
+    void OnDocumentUpdate(int hint) override;
+
+private:
+    CRecordingHost& m_host;
+};
