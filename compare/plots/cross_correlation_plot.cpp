@@ -13,6 +13,7 @@
 #include "compare/plots/page_ids.h"
 #include "compare/plots/series.h"
 #include "files/error.h"
+#include "signal/messages.h"
 
 namespace {
 
@@ -25,7 +26,7 @@ std::int32_t LargestLag(double timeStep) {
     using Limits = std::numeric_limits<std::int32_t>;
     const double lag = std::trunc(kLargestOffset / timeStep);
     const double count = 2.0 * lag + 1.0;
-    if (!(count >= Limits::min() && count <= Limits::max())) throw ks::CError(page_message::kIndicesOutOfRange);
+    if (!(count >= Limits::min() && count <= Limits::max())) throw ks::CError(ks::signal_message::kIndicesOutOfRange);
     return static_cast<std::int32_t>(lag);
 }
 

@@ -19,9 +19,10 @@ std::int32_t LastPointNumber(std::int32_t first, std::size_t count) {
 ks::CNSignal ResidualRecord(ks::CNSignal& computed, const ks::CNSignal& reference) {
     std::optional<ks::CNSignal> cut;
     const ks::CNSignal& counterpart = InCommonRange(reference, computed, cut);
-    ks::CNSignal record = CopyWithY(counterpart, Residuals(computed.GetY(), counterpart.GetY()));
-    record.SetNLP(LastPointNumber(record.GetNFP(), record.GetPointCount()));
-    record.UpdateLimits();
+    std::vector<double> residuals = Residuals(computed.GetY(), counterpart.GetY());
+    ks::CNSignal record = CopyWithoutArrays(counterpart);
+    record.SetNLP(LastPointNumber(record.GetNFP(), residuals.size()));
+    SetSamples(record, counterpart, std::move(residuals));
     record.SetDataStatus("Computed");
     return record;
 }

@@ -39,11 +39,15 @@ ks::CNSignal CopyWithoutArrays(const ks::CNSignal& record) {
     return copy;
 }
 
+void SetSamples(ks::CNSignal& record, const ks::CNSignal& source, std::vector<double> y) {
+    if (y.empty()) return;
+    const std::size_t count = y.size();
+    record.SetData(FirstOf(source.GetX(), count), std::move(y), FirstOf(source.GetZ(), count));
+}
+
 ks::CNSignal CopyWithY(const ks::CNSignal& record, std::vector<double> y) {
     ks::CNSignal copy = CopyWithoutArrays(record);
-    if (y.empty()) return copy;
-    const std::size_t count = y.size();
-    copy.SetData(FirstOf(record.GetX(), count), std::move(y), FirstOf(record.GetZ(), count));
+    SetSamples(copy, record, std::move(y));
     return copy;
 }
 

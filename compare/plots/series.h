@@ -18,9 +18,12 @@ void AddComputed(CSeriesList& series, std::vector<std::string>& names, const std
 /// Header fields, descriptors and warnings of `record`, with empty arrays.
 ks::CNSignal CopyWithoutArrays(const ks::CNSignal& record);
 
-/// A copy of `record` with the Y values `y` and the first y.size() of its X and Z values; limits current, header
-/// fields as they are. Without any `y` the copy has no samples.
-/// @throws ks::CError from SetData when `y` is longer than the record
+/// Gives `record` the Y values `y` and the first y.size() X and Z values of `source`; limits current. Without any `y`
+/// the arrays stay as they are.
+/// @throws ks::CError from SetData when `y` is longer than the source
+void SetSamples(ks::CNSignal& record, const ks::CNSignal& source, std::vector<double> y);
+
+/// A copy of `record` with other Y values, as many as it has.
 ks::CNSignal CopyWithY(const ks::CNSignal& record, std::vector<double> y);
 
 /// The reference as a page compares it with `computed`. CommonRange cuts both, `computed` lasting, where their ranges
