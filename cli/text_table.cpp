@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <string_view>
-#include <utility>
 #include <vector>
 
 #include "cli/display_text.h"
@@ -10,144 +9,179 @@
 
 namespace {
 
-constexpr std::size_t kGap = 2;              // between columns
-constexpr std::size_t kMostValueWidth = 34;  // of a path; numbers are never cut
+constexpr std::size_t kGap = 2;             // between columns
+constexpr std::size_t kMostTextWidth = 34;  // of a path; numbers are never cut
+constexpr int kFileNameColumn = 0;
+constexpr int kReferenceColumn = 13;
 constexpr std::string_view kGood = "good";
 constexpr std::string_view kBad = "BAD";
-constexpr std::size_t kVerdictWidth = kGood.size();
 
 constexpr std::string_view kBold = "\x1b[1m";
 constexpr std::string_view kGreen = "\x1b[32m";
 constexpr std::string_view kRed = "\x1b[1;31m";
 constexpr std::string_view kPlain = "\x1b[0m";
 
-// One signal, ready to print.
-struct CColumn {
-    std::vector<std::string> values;  // in displayed order
-    std::vector<CVerdictColor> colors;
-    std::string number;
-    std::string balance;  // how many verdicts are bad
-    bool anyBad = false;
-    std::size_t valueWidth = 0;
-
-    std::size_t Width() const { return valueWidth + 1 + kVerdictWidth; }
+struct CCell {
+    std::string value;
+    CVerdictColor verdict = CVerdictColor::White;
+    std::string_view word;  // the verdict behind the value
 };
 
-CColumn MakeColumn(const CSummaryRow& row, const std::vector<int>& order, std::size_t number) {
-    CColumn column;
-    column.number = Join({"(", std::to_string(number), ")"});
-    std::size_t judged = 0;
-    std::size_t bad = 0;
-    for (const int index : order) {
-        const auto cell = static_cast<std::size_t>(index);
-        column.values.push_back(ElideFront(DisplayText(row.texts.at(cell)), kMostValueWidth));
-        column.colors.push_back(row.colors.at(cell));
-        column.valueWidth = std::max(column.valueWidth, DisplayWidth(column.values.back()));
-        judged += row.colors.at(cell) == CVerdictColor::White ? 0U : 1U;
-        bad += row.colors.at(cell) == CVerdictColor::Red ? 1U : 0U;
+// One column of the table, ready to print.
+struct CColumn {
+    std::string header;
+    std::vector<CCell> cells;
+    bool leftAligned = false;
+    std::size_t valueWidth = 0;
+    std::size_t wordWidth = 0;  // with the blank in front; 0 in a column without verdicts
+
+    std::size_t Width() const { return valueWidth + wordWidth; }
+};
+
+std::string_view VerdictWord(CVerdictColor verdict) {
+    switch (verdict) {
+        case CVerdictColor::White:
+            return "";
+        case CVerdictColor::Green:
+            return kGood;
+        case CVerdictColor::Red:
+            break;
     }
-    column.anyBad = bad > 0;
-    column.balance = Join({std::to_string(bad), " of ", std::to_string(judged)});
+    return kBad;
+}
+
+void Measure(CColumn& column) {
+    for (const CCell& cell : column.cells) {
+        column.valueWidth = std::max(column.valueWidth, DisplayWidth(cell.value));
+        // "good" and "BAD" stand in line over the whole table, whichever of them a column has.
+        column.wordWidth = std::max(column.wordWidth, cell.word.empty() ? 0 : 1 + kGood.size());
+    }
+    const std::size_t headerWidth = DisplayWidth(column.header);
+    if (headerWidth > column.Width()) {
+        column.valueWidth = headerWidth - column.wordWidth;
+    }
+}
+
+CColumn MakeColumn(const CSummaryTable& table, int index) {
+    const auto cell = static_cast<std::size_t>(index);
+    CColumn column;
+    column.header = kSummaryHeaders.at(cell);
+    column.leftAligned = index == kFileNameColumn || index == kReferenceColumn;
+    for (const CSummaryRow& row : table.rows) {
+        const CVerdictColor verdict = row.colors.at(cell);
+        column.cells.push_back(
+            {ElideFront(DisplayText(row.texts.at(cell)), kMostTextWidth), verdict, VerdictWord(verdict)});
+    }
+    Measure(column);
     return column;
 }
 
-std::string Painted(std::string text, std::string_view paint, bool color) {
-    return color ? Join({paint, text, kPlain}) : text;
+CColumn NumberColumn(std::size_t count) {
+    CColumn column;
+    for (std::size_t i = 1; i <= count; ++i) column.cells.push_back({Join({"(", std::to_string(i), ")"}), {}, {}});
+    Measure(column);
+    return column;
 }
 
-std::string_view PaintOf(CVerdictColor verdict) {
-    return verdict == CVerdictColor::Green ? kGreen : kRed;
-}
-
-// A cell with its gap in front; it fills its column, so that the next one stands in line.
-std::string Cell(const CColumn& column, const std::string& value, CVerdictColor verdict, bool color) {
-    const std::string pad(kGap + column.valueWidth - DisplayWidth(value), ' ');
-    if (verdict == CVerdictColor::White) {
-        return Join({pad, value, std::string(1 + kVerdictWidth, ' ')});
+CColumn BalanceColumn(const CSummaryTable& table) {
+    CColumn column;
+    column.header = "Bad verdicts";
+    for (const CSummaryRow& row : table.rows) {
+        const auto count = [&row](CVerdictColor verdict) {
+            return std::count(row.colors.begin(), row.colors.end(), verdict);
+        };
+        const auto bad = count(CVerdictColor::Red);
+        const auto judged = bad + count(CVerdictColor::Green);
+        const CVerdictColor verdict = bad > 0 ? CVerdictColor::Red : CVerdictColor::Green;
+        column.cells.push_back({Join({std::to_string(bad), " of ", std::to_string(judged)}), verdict, {}});
     }
-    const std::string_view word = verdict == CVerdictColor::Green ? kGood : kBad;
-    std::string judged = Join({value, " ", word});
-    return pad + Painted(std::move(judged), PaintOf(verdict), color) + std::string(kVerdictWidth - word.size(), ' ');
+    Measure(column);
+    return column;
 }
 
-std::string Label(std::string_view text, std::size_t width) {
-    return std::string(text) + std::string(width - text.size(), ' ');
+std::string Blanks(std::size_t count) {
+    return std::string(count, ' ');
+}
+
+std::string Painted(std::string_view text, std::string_view paint, bool color) {
+    return color ? Join({paint, text, kPlain}) : std::string(text);
+}
+
+// Fills the column's width, so that the next column stands in line.
+std::string CellText(const CColumn& column, const CCell& cell, bool color) {
+    const std::string pad = Blanks(column.valueWidth - DisplayWidth(cell.value));
+    const std::string rest = Blanks(column.wordWidth - (cell.word.empty() ? 0 : 1 + cell.word.size()));
+    std::string shown = cell.word.empty() ? cell.value : Join({cell.value, " ", cell.word});
+    if (cell.verdict != CVerdictColor::White) {
+        shown = Painted(shown, cell.verdict == CVerdictColor::Green ? kGreen : kRed, color);
+    }
+    return column.leftAligned ? Join({shown, pad, rest}) : Join({pad, shown, rest});
+}
+
+std::string HeaderText(const CColumn& column, bool color) {
+    const std::string pad = Blanks(column.Width() - DisplayWidth(column.header));
+    const std::string header = column.header.empty() ? "" : Painted(column.header, kBold, color);
+    return column.leftAligned ? Join({header, pad}) : Join({pad, header});
 }
 
 void AppendLine(std::string& text, std::string line) {
     line.erase(line.find_last_not_of(' ') + 1);
-    text += line + "\n";
+    text += line;
+    text += '\n';
 }
 
-using CGroup = std::pair<std::size_t, std::size_t>;  // first column, one past the last
+using CBand = std::vector<const CColumn*>;
 
-std::vector<CGroup> Groups(const std::vector<CColumn>& columns, std::size_t labelWidth, std::size_t width) {
-    std::vector<CGroup> groups;
+std::vector<CBand> Bands(const CColumn& number, const std::vector<CColumn>& columns, std::size_t width) {
+    std::vector<CBand> bands;
     std::size_t used = 0;
-    for (std::size_t i = 0; i < columns.size(); ++i) {
-        const std::size_t needed = kGap + columns[i].Width();
-        if (groups.empty() || used + needed > width) {
-            groups.emplace_back(i, i);
-            used = labelWidth;
+    for (const CColumn& column : columns) {
+        const std::size_t needed = kGap + column.Width();
+        if (bands.empty() || used + needed > width) {
+            bands.push_back({&number});
+            used = number.Width();
         }
-        groups.back().second = i + 1;
+        bands.back().push_back(&column);
         used += needed;
     }
-    return groups;
+    return bands;
 }
 
-class CPrinter {
-public:
-    CPrinter(const std::vector<CColumn>& columns, std::size_t labelWidth, bool color)
-        : m_columns(columns), m_labelWidth(labelWidth), m_color(color) {}
-
-    void AppendGroup(std::string& text, const CSummaryTable& table, const CGroup& group) const {
-        std::string head = Label("", m_labelWidth);
-        std::string rule(m_labelWidth, '-');
-        std::string balance = Label("Bad verdicts", m_labelWidth);
-        for (std::size_t i = group.first; i < group.second; ++i) {
-            const CColumn& column = m_columns[i];
-            head += Cell(column, column.number, CVerdictColor::White, false);
-            rule += std::string(kGap, ' ') + std::string(column.Width(), '-');
-            const std::string pad(kGap + column.valueWidth - DisplayWidth(column.balance), ' ');
-            balance += pad + Painted(column.balance, column.anyBad ? kRed : kGreen, m_color) +
-                       std::string(1 + kVerdictWidth, ' ');
-        }
-        AppendLine(text, Painted(std::move(head), kBold, m_color));
-        AppendLine(text, rule);
-        for (std::size_t line = 0; line < table.order.size(); ++line) AppendRow(text, table, group, line);
-        AppendLine(text, rule);
-        AppendLine(text, balance);
+template <class TextOf>
+std::string Line(const CBand& band, TextOf textOf) {
+    std::string line;
+    for (const CColumn* const column : band) {
+        line += column == band.front() ? "" : Blanks(kGap);
+        line += textOf(*column);
     }
+    return line;
+}
 
-private:
-    void AppendRow(std::string& text, const CSummaryTable& table, const CGroup& group, std::size_t line) const {
-        std::string row = Label(kSummaryHeaders.at(static_cast<std::size_t>(table.order[line])), m_labelWidth);
-        for (std::size_t i = group.first; i < group.second; ++i) {
-            row += Cell(m_columns[i], m_columns[i].values[line], m_columns[i].colors[line], m_color);
-        }
-        AppendLine(text, row);
+void AppendBand(std::string& text, const CBand& band, bool color) {
+    AppendLine(text, Line(band, [color](const CColumn& column) { return HeaderText(column, color); }));
+    AppendLine(text, Line(band, [](const CColumn& column) {
+                   return std::string(column.Width(), column.header.empty() ? ' ' : '-');
+               }));
+    for (std::size_t i = 0; i < band.front()->cells.size(); ++i) {
+        AppendLine(text,
+                   Line(band, [i, color](const CColumn& column) { return CellText(column, column.cells[i], color); }));
     }
-
-    const std::vector<CColumn>& m_columns;
-    std::size_t m_labelWidth;
-    bool m_color;
-};
+}
 
 }  // namespace
 
 std::string TextTable(const CSummaryTable& table, const CTextTableStyle& style) {
-    std::vector<CColumn> columns;
-    for (std::size_t i = 0; i < table.rows.size(); ++i) {
-        columns.push_back(MakeColumn(table.rows[i], table.order, i + 1));
+    if (table.rows.empty()) {
+        return {};
     }
-    std::size_t labelWidth = 0;
-    for (const std::string_view header : kSummaryHeaders) labelWidth = std::max(labelWidth, header.size());
-    const CPrinter printer(columns, labelWidth, style.color);
+    const CColumn number = NumberColumn(table.rows.size());
+    std::vector<CColumn> columns;
+    for (const int index : table.order) columns.push_back(MakeColumn(table, index));
+    columns.push_back(BalanceColumn(table));
     std::string text;
-    for (const CGroup& group : Groups(columns, labelWidth, style.width)) {
+    for (const CBand& band : Bands(number, columns, style.width)) {
         text += text.empty() ? "" : "\n";
-        printer.AppendGroup(text, table, group);
+        AppendBand(text, band, style.color);
     }
     return text;
 }

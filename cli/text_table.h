@@ -8,11 +8,12 @@
 /// How the table is laid out for a terminal.
 class CTextTableStyle {
 public:
-    std::size_t width = 80;  ///< columns to fit into; a single signal may still exceed it
+    std::size_t width = 80;  ///< columns to fit into; a single column of the table may still exceed it
     bool color = false;      ///< colour verdicts and headings by terminal sequences
 };
 
-/// The summary table with its columns as rows: headers down the side, signals side by side, as many as fit, then the
-/// next ones below. Verdicts are the words "good" and "BAD" behind the values. Long paths are cut at their front.
-/// Every line is ended by LF; a table without rows is an empty text.
+/// The summary table, one line per signal, numbered from 1. What does not fit beside the columns before starts a new
+/// band of columns below them; each band repeats the numbers. Verdicts are the words "good" and "BAD" behind the
+/// values; a last column counts the bad ones. Long paths are cut at their front. Every line is ended by LF; a table
+/// without rows is an empty text.
 std::string TextTable(const CSummaryTable& table, const CTextTableStyle& style);
