@@ -24,9 +24,7 @@ std::optional<CFileSelection> CCliHost::SelectFiles(const CFileSelection& offere
 }
 
 void CCliHost::ShowErrorList(const std::vector<std::string>& messages) {
-    for (const std::string& message : messages) {
-        m_console.Complain(message);
-    }
+    m_console.ComplainAll(messages);
     m_shown.insert(m_shown.end(), messages.begin(), messages.end());
 }
 

@@ -147,7 +147,7 @@ CExitStatus RunCompare(const std::vector<std::string>& arguments, CConsole& cons
     console.EraseProgress();
 
     // The document collects these and shows them nowhere.
-    for (const std::string& message : document.ReferenceMessages()) console.Complain(message);
+    console.ComplainAll(document.ReferenceMessages());
     const CResults results{document.ErrorMessages(), document.ReferenceMessages(), {}};
     if (!observer.Completed()) {
         return FinishStopped(options, results, document.Reference(), console);

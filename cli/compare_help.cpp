@@ -27,26 +27,31 @@ CHelpSection Preparation() {
 }
 
 CHelpSection Judgement() {
-    return {
-        "Judgement",
-        {{"--corridor SIZE", "Corridor size in units of Y, greater than 0. Default: 4.0."},
-         {"--critical NAME=VALUE",
-          "A result is good while it is below its critical value. May be repeated. The names, what they judge, and "
-          "their defaults: residual, the average residual in percent of the reference peak, 5; stddev, the standard "
-          "deviation of the residual in percent of the reference peak, 20; corridor, the share of points outside "
-          "the corridor as a fraction, 0.1; correlation, 1 minus the correlation factor, 0.05; t, the magnitude of "
-          "the T statistic, 2.58; moment, each of the six moment differences, 0.2."},
-         {"--fail-on-bad[=NAME,...]",
-          "End with status 1 when a verdict is bad; with names, when a verdict of one of these names is. In a run "
-          "without --reference the first file is compared with itself, so its T statistic is not a number and "
-          "counts as bad: name the others, or give a reference."}}};
+    return {"Judgement",
+            {{"--corridor SIZE", "Corridor size in units of Y, greater than 0. Default: 4.0."},
+             {"--critical NAME=VALUE",
+              "Set a critical value; a result is good while it is below it. May be repeated. The names stand below."},
+             {"--fail-on-bad[=NAME,...]",
+              "End with status 1 when a verdict is bad; with names, when a verdict of one of these names is. In a run "
+              "without --reference the first file is compared with itself, so its T statistic is not a number and "
+              "counts as bad: name the others, or give a reference."}}};
+}
+
+CHelpSection CriticalValueNames() {
+    return {"Critical values",
+            {{"residual", "Average residual, in percent of the reference peak. Default: 5."},
+             {"stddev", "Standard deviation of the residual, in percent of the reference peak. Default: 20."},
+             {"corridor", "Share of the points outside the corridor, as a fraction. Default: 0.1."},
+             {"correlation", "1 minus the correlation factor. Default: 0.05."},
+             {"t", "Magnitude of the T statistic. Default: 2.58."},
+             {"moment", "Each of the six moment differences. Default: 0.2."}}};
 }
 
 CHelpSection Outputs() {
     return {"Outputs",
             {{"",
-              "Without --json - and --csv - standard output is the table: the sixteen columns of each signal, with "
-              "verdicts. A PATH of - is standard output; only one output can go there."},
+              "Standard output is the table: the sixteen columns of each signal, with verdicts. A PATH of - is "
+              "standard output in place of the table; only one output can go there."},
              {"--html PATH", "Write the HTML report of the table."},
              {"--json PATH", "Write the results as JSON."},
              {"--csv PATH", "Write the table as CSV (RFC 4180)."},
@@ -74,11 +79,13 @@ CHelpSection Examples() {
     return {"Examples",
             {{"quorvel-cli compare --reference test.uds --cfc 60 run1.uds run2.uds",
               "Show how far two simulations are from a test."},
-             {"quorvel-cli compare --reference test.uds --window 0 0.15 --html report.html --hit-list runs.hit",
-              "Compare the first 150 ms of the signals that a hit list names, and write a report."},
-             {"quorvel-cli compare --reference test.uds --json - --pages run1.uds > results.json",
+             {"quorvel-cli compare --reference test.uds --window 0 0.15 --hit-list runs.hit",
+              "Compare the first 150 ms of the signals that a hit list names."},
+             {"quorvel-cli compare --reference test.uds --html report.html run1.uds",
+              "Show the table and write the report."},
+             {"quorvel-cli compare --reference test.uds --json - --pages run1.uds",
               "Give results and curves to another program."},
-             {"quorvel-cli compare --reference test.uds --quiet --fail-on-bad=correlation,corridor run1.uds",
+             {"quorvel-cli compare --fail-on-bad=correlation --reference test.uds run1.uds",
               "Judge in a script, by the exit status."}}};
 }
 
@@ -86,7 +93,7 @@ CHelpSection Examples() {
 
 CHelpPage CompareHelp() {
     return {"quorvel-cli compare",
-            "compare signals with a reference",
+            "Compare signals with a reference",
             {"quorvel-cli compare [OPTION]... FILE..."},
-            {Signals(), Preparation(), Judgement(), Outputs(), Stopping(), Examples()}};
+            {Signals(), Preparation(), Judgement(), CriticalValueNames(), Outputs(), Stopping(), Examples()}};
 }

@@ -107,6 +107,14 @@ void CConsole::Complain(std::string_view text) {
     Note("quorvel-cli: " + std::string(text));
 }
 
+void CConsole::ComplainAll(const std::vector<std::string>& texts) {
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+        if (i == 0 || texts[i] != texts[i - 1]) {
+            Complain(texts[i]);
+        }
+    }
+}
+
 void CConsole::Note(std::string_view text) {
     EraseProgress();
     // A log or a pipe gets the bytes as they are, so that a file name in a message stays the file's name.

@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <string>
 #include <string_view>
+#include <vector>
 
 /// Standard output and standard error of the program: results to the one, complaints and progress to the other.
 class CConsole {
@@ -23,7 +24,9 @@ public:
 
     /// One complaint on standard error, ended by a line feed; it may have several lines.
     void Complain(std::string_view text);
-    /// The same without the program's name in front, for what is no complaint.
+    /// All of them, each run of equal ones once: both readers of signal files say the same of a missing file.
+    void ComplainAll(const std::vector<std::string>& texts);
+    /// The same as Complain without the program's name in front, for what is no complaint.
     void Note(std::string_view text);
 
     /// Shows `text` in place of the progress line before; nothing unless standard error is a terminal.

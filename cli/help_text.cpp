@@ -62,6 +62,14 @@ std::string UpperCase(std::string_view text) {
     return upper;
 }
 
+// The NAME line of a manual page is "name - what it does", without a capital.
+std::string LowerFirst(std::string text) {
+    if (!text.empty()) {
+        text.front() = static_cast<char>(std::tolower(static_cast<unsigned char>(text.front())));
+    }
+    return text;
+}
+
 void AppendRoffSection(std::string& man, const CHelpSection& section, std::string_view macro) {
     man += std::string(macro) + " \"" + Roff(section.title) + "\"\n";
     for (const CHelpEntry& entry : section.entries) {
@@ -80,7 +88,7 @@ void AppendUsage(std::string& man, const CHelpPage& page) {
 
 std::string PlainHelp(const CHelpPage& page, std::size_t width) {
     std::string help;
-    AppendWrapped(help, page.name + ": " + page.summary + ".", 0, width);
+    AppendWrapped(help, page.summary + ".", 0, width);
     help += "\nUsage:\n";
     for (const std::string& usage : page.usage) {
         AppendWrapped(help, usage, kTermIndent, width);
@@ -101,7 +109,7 @@ std::string ManPage(const CHelpPage& program, const std::vector<CHelpPage>& comm
     // No date: the page is the same in every build of one version.
     std::string man =
         ".TH " + UpperCase(Roff(program.name)) + " 1 \"\" \"Quorvel " + std::string(version) + "\" \"User Commands\"\n";
-    man += ".SH NAME\n" + Roff(program.name) + " \\- " + Roff(program.summary) + "\n";
+    man += ".SH NAME\n" + Roff(program.name) + " \\- " + LowerFirst(Roff(program.summary)) + "\n";
     man += ".SH SYNOPSIS\n";
     AppendUsage(man, program);
     for (const CHelpPage& command : commands) {

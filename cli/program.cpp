@@ -7,6 +7,7 @@
 
 #include "cli/compare_command.h"
 #include "cli/compare_help.h"
+#include "cli/join.h"
 #include "cli/usage_error.h"
 
 namespace {
@@ -29,6 +30,34 @@ bool Asks(const std::vector<std::string>& arguments, std::initializer_list<std::
     return std::find_first_of(arguments.begin(), end, names.begin(), names.end()) != end;
 }
 
+CHelpSection ExitStatusHelp() {
+    return {"Exit status",
+            {{"", "The first that applies, from the top:"},
+             {"2", "Wrong usage; nothing was compared or written."},
+             {"4", "An output could not be written. The others are, and an old file is as it was."},
+             {"3",
+              "A signal, a hit list or the reference could not be read, or the run collected an error message. "
+              "All messages are on standard error."},
+             {"1", "--fail-on-bad found a bad verdict."},
+             {"0", "Everything asked for was done."}}};
+}
+
+CHelpSection EnvironmentHelp() {
+    return {"Environment",
+            {{"NO_COLOR",
+              "When set and not empty, the table has no colours. They are used on a terminal only; a verdict "
+              "is always a word too."},
+             {"COLUMNS", "Width of the table when standard output is no terminal. Default: 80."}}};
+}
+
+// A command's page alone also says what all commands share; the manual page says that once.
+std::string CommandHelp(const CCommand& command) {
+    CHelpPage page = command.help();
+    page.sections.push_back(ExitStatusHelp());
+    page.sections.push_back(EnvironmentHelp());
+    return PlainHelp(page);
+}
+
 std::string ManualPage() {
     std::vector<CHelpPage> commands;
     for (const CCommand& command : kCommands) {
@@ -49,7 +78,7 @@ CExitStatus PrintAndFinish(CConsole& console, const std::string& text) {
 
 CExitStatus RunCommand(const CCommand& command, const std::vector<std::string>& arguments, CConsole& console) {
     if (Asks(arguments, {"--help", "-h"})) {
-        return PrintAndFinish(console, PlainHelp(command.help()));
+        return PrintAndFinish(console, CommandHelp(command));
     }
     if (Asks(arguments, {"--version"})) {
         return PrintAndFinish(console, "quorvel-cli " + std::string(kVersion) + "\n");
@@ -88,26 +117,12 @@ CHelpPage ProgramHelp() {
     CHelpSection commands{"Commands", {}};
     for (const CCommand& command : kCommands) {
         commands.entries.push_back(
-            {command.name, command.help().summary + ". See quorvel-cli " + command.name + " --help."});
+            {command.name, Join({command.help().summary, ". See quorvel-cli ", command.name, " --help."})});
     }
     return {"quorvel-cli",
-            "compare crash-test signals on the command line",
+            "Compare crash-test signals on the command line",
             {"quorvel-cli COMMAND [OPTION]... FILE...", "quorvel-cli --help", "quorvel-cli --version"},
-            {commands,
-             {"Exit status",
-              {{"", "The first that applies, from the top:"},
-               {"2", "Wrong usage; nothing was read or written."},
-               {"4", "An output could not be written. The others are, and an old file is as it was."},
-               {"3",
-                "A signal, a hit list or the reference could not be read, or the run collected an error message. "
-                "All messages are on standard error."},
-               {"1", "--fail-on-bad found a bad verdict."},
-               {"0", "Everything asked for was done."}}},
-             {"Environment",
-              {{"NO_COLOR",
-                "When set and not empty, the table has no colours. They are used on a terminal only; a "
-                "verdict is always a word too."},
-               {"COLUMNS", "Width of the table when standard output is no terminal. Default: 80."}}}}};
+            {commands, ExitStatusHelp(), EnvironmentHelp()}};
 }
 
 CExitStatus RunProgram(const std::vector<std::string>& arguments, CConsole& console) {
