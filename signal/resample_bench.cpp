@@ -1,0 +1,41 @@
+#include <benchmark/benchmark.h>
+
+#include <vector>
+
+#include "signal/integrate.h"
+#include "signal/limits.h"
+#include "signal/resample.h"
+
+namespace ks {
+namespace {
+
+/// Resampling to another step: a finer one and a coarser one per thousand of the old.
+void BM_Resample(benchmark::State& state) {
+    const auto count = static_cast<std::int32_t>(state.range(0));
+    const std::vector<double> x = RegularAxis(0, count, 1e-4);
+    const std::vector<double> y = RegularAxis(5, count, 0.3);
+    const CNumberedCurve curve{x, y, 0, count - 1, count};
+    const double timeStep = 1e-4 * static_cast<double>(state.range(1)) / 1000.0;
+    std::int64_t points = 0;
+    for (auto _ : state) {
+        const auto range = ResampledRange(curve, timeStep);
+        const std::vector<double> values = Interpolate(curve, *range, timeStep);
+        points += static_cast<std::int64_t>(values.size());
+        benchmark::DoNotOptimize(values.data());
+    }
+    state.SetItemsProcessed(points);
+    state.SetBytesProcessed(points * static_cast<std::int64_t>(sizeof(double)));
+}
+BENCHMARK(BM_Resample)->ArgsProduct({{20'000, 1'000'000}, {700, 1300}})->Unit(benchmark::kMicrosecond);
+
+void BM_Integrate(benchmark::State& state) {
+    const auto count = static_cast<std::int32_t>(state.range(0));
+    const std::vector<double> x = RegularAxis(0, count, 1e-4);
+    const std::vector<double> y = RegularAxis(5, count, 0.3);
+    for (auto _ : state) benchmark::DoNotOptimize(CumulativeIntegral(x, y, 0, 1.0, 0.0));
+    state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+BENCHMARK(BM_Integrate)->Arg(1'000'000)->Unit(benchmark::kMicrosecond);
+
+}  // namespace
+}  // namespace ks
