@@ -2,15 +2,18 @@
 
 #include <QDir>
 #include <QDropEvent>
-#include <QFileInfo>
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QPainter>
 #include <QStyle>
 #include <algorithm>
+#include <filesystem>
+#include <functional>
 #include <memory>
+#include <system_error>
 
 #include "app/dropped_files.h"
+#include "files/native_path.h"
 
 namespace {
 
@@ -93,7 +96,8 @@ bool CFileList::IsMarkedMissing(const QListWidgetItem& item) {
 }
 
 void CFileList::Mark(QListWidgetItem& item) const {
-    const bool isMissing = !QFileInfo(QFile::decodeName(PathOf(item))).isFile();
+    std::error_code ignored;
+    const bool isMissing = !std::filesystem::is_regular_file(ks::NativePath(PathOf(item).toStdString()), ignored);
     item.setData(kMissingRole, isMissing);
     item.setIcon(isMissing ? style()->standardIcon(QStyle::SP_MessageBoxWarning) : QIcon());
     item.setToolTip(isMissing ? tr("This file is missing: %1").arg(item.text()) : item.text());

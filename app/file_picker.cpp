@@ -3,7 +3,6 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
-#include <algorithm>
 
 #include "files/path_text.h"
 
@@ -34,6 +33,18 @@ void SetFilters(QFileDialog& dialog, const CFileRequest& request) {
     dialog.selectNameFilter(texts[isListed ? request.filterIndex - 1 : 0]);
 }
 
+/// The toolkit names the filter by its own text or by that of the request, depending on the kind of dialog.
+int SelectedFilter(const QFileDialog& dialog, const CFileRequest& request) {
+    const QString selected = dialog.selectedNameFilter();
+    for (std::size_t i = 0; i < request.filters.size(); ++i) {
+        const CFileFilter& filter = request.filters[i];
+        if (selected == DialogFilter(filter) || selected == QString::fromStdString(filter.text)) {
+            return static_cast<int>(i) + 1;
+        }
+    }
+    return request.filterIndex;
+}
+
 QStringList NativePaths(const QStringList& paths) {
     QStringList native;
     for (const QString& path : paths) native.append(QDir::toNativeSeparators(path));
@@ -58,8 +69,7 @@ std::optional<CPickedFiles> CFileDialogs::Pick(QWidget* parent, const CFileReque
     if (dialog->exec() != QDialog::Accepted || dialog->selectedFiles().isEmpty()) return std::nullopt;
     CPickedFiles picked;
     picked.paths = NativePaths(dialog->selectedFiles());
-    const qsizetype filter = DialogFilters(request.filters).indexOf(dialog->selectedNameFilter());
-    picked.filterIndex = static_cast<int>(std::max<qsizetype>(filter, 0)) + 1;
+    picked.filterIndex = SelectedFilter(*dialog, request);
     return picked;
 }
 

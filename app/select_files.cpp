@@ -245,11 +245,15 @@ bool CSelectFiles::event(QEvent* event) {
 }
 
 bool CSelectFiles::eventFilter(QObject* watched, QEvent* event) {
-    if (watched != m_ui->referenceEdit || event->type() != QEvent::Drop) return QDialog::eventFilter(watched, event);
+    // The field itself takes only text; a file dragged over it would be refused or arrive as an address.
+    const bool isDrag = event->type() == QEvent::DragEnter || event->type() == QEvent::DragMove;
+    if (watched != m_ui->referenceEdit || (!isDrag && event->type() != QEvent::Drop)) {
+        return QDialog::eventFilter(watched, event);
+    }
     auto* const drop = static_cast<QDropEvent*>(event);
     const QStringList paths = LocalPaths(*drop->mimeData());
     if (paths.isEmpty()) return QDialog::eventFilter(watched, event);
-    m_ui->referenceEdit->setText(QDir::toNativeSeparators(paths.first()));
+    if (!isDrag) m_ui->referenceEdit->setText(QDir::toNativeSeparators(paths.first()));
     drop->setDropAction(Qt::CopyAction);
     drop->accept();
     return true;

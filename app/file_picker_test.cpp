@@ -1,0 +1,175 @@
+#include "app/file_picker.h"
+
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QDir>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include "app/data_type_filters.h"
+#include "app/testing/widget_probe.h"
+
+class CFilePickerTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init() {
+        m_folder = std::make_unique<QTemporaryDir>();
+        QVERIFY(m_folder->isValid());
+        for (const char* const name : {"a.uds", "b.uds", "plain"}) Write(name, "x");
+    }
+
+    void AFolderThatDoesNotExistFallsBackToTheHomeFolder() {
+        QCOMPARE(ExistingFolder("Q:\\uds\\vehdb\\nowhere"), QDir::homePath());
+        QCOMPARE(ExistingFolder(""), QDir::homePath());
+        QCOMPARE(ExistingFolder(m_folder->filePath("a.uds")), QDir::homePath());
+        QCOMPARE(ExistingFolder(m_folder->path()), m_folder->path());
+    }
+
+    void TheFolderOfAFileKeepsItsLastSeparator() {
+        QCOMPARE(DriveAndFolder("/data/run/a.uds"), QDir::toNativeSeparators("/data/run/"));
+        QCOMPARE(DriveAndFolder("a.uds"), QString());
+    }
+
+    void EveryFileIsWhatAnyDotAnyMeans() {
+        QCOMPARE(Wildcard("*.*"), QString("*"));
+        QCOMPARE(Wildcard("*aa0.*"), QString("*aa0.*"));
+    }
+
+    void ThePickerShowsTheFiltersLetterForLetter() {
+        CFileRequest request = Request(PickerKind::OpenSeveral);
+        request.filterIndex = 2;
+        const auto dialog = CFileDialogs::MakeDialog(nullptr, request, CFileDialogs::Style::Drawn);
+        QCOMPARE(dialog->windowTitle(), QString("Select Uds File(s) to Evaluate"));
+        const auto* const combo = dialog->findChild<QComboBox*>("fileTypeCombo");
+        QVERIFY(combo);
+        QCOMPARE(combo->count(), 6);
+        for (int i = 0; i < 6; ++i) {
+            QCOMPARE(combo->itemText(i), QString::fromStdString(DataTypeFilters()[static_cast<std::size_t>(i)].text));
+        }
+        QCOMPARE(combo->currentIndex(), 1);
+        QCOMPARE(dialog->directory().absolutePath(), QDir(m_folder->path()).absolutePath());
+        QCOMPARE(dialog->fileMode(), QFileDialog::ExistingFiles);
+    }
+
+    void AFilterIndexOutOfRangeSelectsTheFirst() {
+        for (const int index : {-1, 0, 7}) {
+            CFileRequest request = Request(PickerKind::OpenOne);
+            request.filterIndex = index;
+            const auto dialog = CFileDialogs::MakeDialog(nullptr, request, CFileDialogs::Style::Drawn);
+            QCOMPARE(dialog->findChild<QComboBox*>("fileTypeCombo")->currentIndex(), 0);
+            QCOMPARE(dialog->fileMode(), QFileDialog::ExistingFile);
+        }
+    }
+
+    void SeveralFilesComeBackWithTheFilterTheUserEndedOn() {
+        WhenModal([](QWidget& window) {
+            auto* const combo = window.findChild<QComboBox*>("fileTypeCombo");
+            combo->setCurrentIndex(4);
+            emit combo->activated(4);
+            window.findChild<QLineEdit*>("fileNameEdit")->setText("\"a.uds\" \"b.uds\"");
+            OpenButton(window).click();
+        });
+        const auto picked = CFileDialogs(CFileDialogs::Style::Drawn).Pick(nullptr, Request(PickerKind::OpenSeveral));
+        QVERIFY(picked);
+        QCOMPARE(picked->paths, Native({"a.uds", "b.uds"}));
+        QCOMPARE(picked->filterIndex, 5);
+    }
+
+    void TheFilterChosenAtTheStartComesBackUntouched() {
+        for (int index = 1; index <= 6; ++index) {
+            CFileRequest request = Request(PickerKind::OpenOne);
+            request.filterIndex = index;
+            WhenModal([](QWidget& window) {
+                window.findChild<QLineEdit*>("fileNameEdit")->setText("plain");
+                OpenButton(window).click();
+            });
+            const auto picked = CFileDialogs(CFileDialogs::Style::Drawn).Pick(nullptr, request);
+            QVERIFY(picked);
+            QCOMPARE(picked->filterIndex, index);
+        }
+    }
+
+    void AMissingFileIsNotAccepted() {
+        WhenModal([](QWidget& window) {
+            window.findChild<QLineEdit*>("fileNameEdit")->setText("missing.uds");
+            WhenModal([](QWidget& box) { box.close(); });
+            OpenButton(window).click();
+            QVERIFY(window.isVisible());
+            window.close();
+        });
+        QVERIFY(!CFileDialogs(CFileDialogs::Style::Drawn).Pick(nullptr, Request(PickerKind::OpenOne)));
+    }
+
+    void CancelGivesNothing() {
+        WhenModal([](QWidget& window) { window.close(); });
+        QVERIFY(!CFileDialogs(CFileDialogs::Style::Drawn).Pick(nullptr, Request(PickerKind::OpenOne)));
+    }
+
+    void SavingTakesANewNameEvenWhereAFileMustExist() {
+        CFileRequest request = Request(PickerKind::Save);
+        WhenModal([](QWidget& window) {
+            window.findChild<QLineEdit*>("fileNameEdit")->setText("new.hit");
+            OpenButton(window).click();
+        });
+        const auto picked = CFileDialogs(CFileDialogs::Style::Drawn).Pick(nullptr, request);
+        QVERIFY(picked);
+        QCOMPARE(picked->paths, Native({"new.hit"}));
+    }
+
+    void SavingOverAFileAsksOnlyWhenTold() {
+        CFileRequest request = Request(PickerKind::Save);
+        const auto quiet = CFileDialogs::MakeDialog(nullptr, request, CFileDialogs::Style::Drawn);
+        QVERIFY(quiet->testOption(QFileDialog::DontConfirmOverwrite));
+        request.askBeforeOverwriting = true;
+        const auto asking = CFileDialogs::MakeDialog(nullptr, request, CFileDialogs::Style::Drawn);
+        QVERIFY(!asking->testOption(QFileDialog::DontConfirmOverwrite));
+
+        request.askBeforeOverwriting = false;
+        WhenModal([](QWidget& window) {
+            window.findChild<QLineEdit*>("fileNameEdit")->setText("a.uds");
+            OpenButton(window).click();
+            QVERIFY(!window.isVisible());
+        });
+        const auto picked = CFileDialogs(CFileDialogs::Style::Drawn).Pick(nullptr, request);
+        QVERIFY(picked);
+        QCOMPARE(picked->paths, Native({"a.uds"}));
+    }
+
+private:
+    CFileRequest Request(PickerKind kind) const {
+        CFileRequest request;
+        request.kind = kind;
+        request.title = "Select Uds File(s) to Evaluate";
+        request.filters = DataTypeFilters();
+        request.filterIndex = 6;
+        request.folder = m_folder->path();
+        request.fileMustExist = true;
+        return request;
+    }
+
+    static QPushButton& OpenButton(const QWidget& window) {
+        const auto* const box = window.findChild<QDialogButtonBox*>("buttonBox");
+        QPushButton* const open = box->button(QDialogButtonBox::Open);
+        return open != nullptr ? *open : *box->button(QDialogButtonBox::Save);
+    }
+
+    void Write(const QString& name, const QByteArray& bytes) {
+        QFile file(m_folder->filePath(name));
+        if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size()) qFatal("cannot write a test file");
+    }
+
+    QStringList Native(const QStringList& names) const {
+        QStringList paths;
+        for (const QString& name : names) paths.append(QDir::toNativeSeparators(m_folder->filePath(name)));
+        return paths;
+    }
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+};
+
+QTEST_MAIN(CFilePickerTest)
+#include "file_picker_test.moc"

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <deque>
+#include <optional>
+#include <vector>
+
+#include "app/file_picker.h"
+
+/// Gives the prepared answers, one per call, and keeps the requests; cancels when no answer is left.
+class CScriptedPicker : public CFilePicker {
+public:
+    std::deque<std::optional<CPickedFiles>> answers;
+    std::vector<CFileRequest> requests;
+
+    std::optional<CPickedFiles> Pick(QWidget*, const CFileRequest& request) override {
+        requests.push_back(request);
+        if (answers.empty()) return std::nullopt;
+        auto answer = answers.front();
+        answers.pop_front();
+        return answer;
+    }
+};

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QDropEvent>
+#include <QMimeData>
+#include <QTimer>
+#include <QWidget>
+#include <functional>
+
+/// The control of `parent` with the number `controlId`; null, which fails the test that uses it, without one.
+template <class Widget>
+Widget* Control(const QWidget& parent, int controlId) {
+    const auto widgets = parent.findChildren<Widget*>();
+    for (Widget* const widget : widgets) {
+        if (widget->property("controlId") == controlId) return widget;
+    }
+    return nullptr;
+}
+
+/// Runs `act` on the modal window once one is up; call before what opens it.
+inline void WhenModal(const std::function<void(QWidget&)>& act) {
+    QTimer::singleShot(0, [act] {
+        if (QWidget* const window = QApplication::activeModalWidget()) act(*window);
+    });
+}
+
+/// Drags `data` over `target` and drops it at `position`; gives the action that the target took.
+inline Qt::DropAction SendDrop(QWidget& target, const QMimeData& data, const QPoint& position) {
+    const Qt::DropActions offered = Qt::CopyAction | Qt::MoveAction;
+    QDragEnterEvent enter(position, offered, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&target, &enter);
+    QDragMoveEvent move(position, offered, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&target, &move);
+    QDropEvent drop(position, offered, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&target, &drop);
+    return drop.isAccepted() ? drop.dropAction() : Qt::IgnoreAction;
+}
