@@ -96,6 +96,18 @@ void WriteJson(const CCompareOptions& options, CJsonResults& json, COutputs& out
     }
 }
 
+// Some of the readers' sentences name no file, and a run may have many.
+void NameUnreadFiles(const CQuorvelDoc& document, CConsole& console) {
+    for (const CSignal& signal : document.ComputedSignals()) {
+        if (signal.GetPointCount() == 0 && !signal.GetMessages().empty()) {
+            console.Complain("Could not be read: " + signal.GetPath());
+        }
+    }
+    if (!document.ReferenceMessages().empty()) {
+        console.Complain("The reference could not be read: " + document.Reference().GetPath());
+    }
+}
+
 CExitStatus FinishStopped(const CCompareOptions& options, const CResults& results, const CSignal& reference,
                           CConsole& console) {
     if (options.talk != CTalk::Quiet) {
@@ -150,6 +162,7 @@ CExitStatus RunCompare(const std::vector<std::string>& arguments, CConsole& cons
     console.ComplainAll(document.ReferenceMessages());
     const CResults results{document.ErrorMessages(), document.ReferenceMessages(), {}};
     if (!observer.Completed()) {
+        NameUnreadFiles(document, console);
         return FinishStopped(options, results, document.Reference(), console);
     }
     return FinishCompleted(options, {results.errors, results.referenceErrors, document.PageList()}, document, host,

@@ -1,0 +1,98 @@
+#include "cli/cli_host.h"
+
+#include <gmock/gmock.h>
+
+#include <cstdio>
+#include <memory>
+
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+struct CloseFile {
+    void operator()(std::FILE* file) const { std::fclose(file); }
+};
+
+class CliHost : public testing::Test {
+protected:
+    CFileSelection Selection(const CCompareOptions& options) {
+        CCliHost host(options, {"a", "b"}, console);
+        return host.SelectFiles({}).value();
+    }
+    std::string StandardError() {
+        std::string text(1000, '\0');
+        std::rewind(err.get());
+        text.resize(std::fread(text.data(), 1, text.size(), err.get()));
+        return text;
+    }
+
+    std::unique_ptr<std::FILE, CloseFile> out{std::tmpfile()}, err{std::tmpfile()};
+    CConsole console{out.get(), err.get()};
+};
+
+TEST_F(CliHost, SelectsTheFilesWithoutFilterWindowOrReference) {
+    const CFileSelection selection = Selection({});
+    EXPECT_THAT(selection.files, ElementsAre("a", "b"));
+    EXPECT_TRUE(selection.averageReference);
+    EXPECT_EQ(selection.referencePath, "");
+    EXPECT_FALSE(selection.filter);
+    EXPECT_FALSE(selection.filterReference);
+    EXPECT_FALSE(selection.truncate);
+}
+
+TEST_F(CliHost, AnswersFromTheOptions) {
+    CCompareOptions options;
+    options.reference = "r";
+    options.cfc = 600;
+    options.window = CWindow{-1.0, 2.0};
+    options.corridor = 2.5;
+    options.critical.moment = 7.0;
+    const CFileSelection selection = Selection(options);
+    EXPECT_FALSE(selection.averageReference);
+    EXPECT_EQ(selection.referencePath, "r");
+    EXPECT_TRUE(selection.filter);
+    EXPECT_TRUE(selection.filterReference);
+    EXPECT_EQ(selection.channelClass, 600);
+    EXPECT_TRUE(selection.truncate);
+    EXPECT_EQ(selection.windowStart, -1.0);
+    EXPECT_EQ(selection.windowEnd, 2.0);
+    CCliHost host(options, {}, console);
+    EXPECT_EQ(host.EditCorridorSize(4.0), 2.5);
+    EXPECT_EQ(host.EditCriticalValues({}).value().moment, 7.0);
+}
+
+TEST_F(CliHost, LeavesTheReferenceUnfilteredWhenAsked) {
+    CCompareOptions options;
+    options.cfc = 60;
+    options.filterReference = false;
+    EXPECT_TRUE(Selection(options).filter);
+    EXPECT_FALSE(Selection(options).filterReference);
+}
+
+TEST_F(CliHost, ShowsMessagesOnStandardErrorAndRemembersThem) {
+    const CCompareOptions options;
+    CCliHost host(options, {}, console);
+    host.ShowErrorList({"One", "Two", "Two", "One"});
+    EXPECT_EQ(StandardError(), "quorvel-cli: One\nquorvel-cli: Two\nquorvel-cli: One\n");
+    EXPECT_THAT(host.TakeShownMessages(), ElementsAre("One", "Two", "Two", "One"));
+    EXPECT_THAT(host.TakeShownMessages(), IsEmpty());
+}
+
+TEST_F(CliHost, KeepsNoSettingsAndNamesNoFiles) {
+    const CCompareOptions options;
+    CCliHost host(options, {}, console);
+    host.StoreSetting("InputDir", "x");
+    EXPECT_EQ(host.ReadSetting("InputDir", "fallback"), "fallback");
+    EXPECT_EQ(host.AskSavePath({}), std::nullopt);
+}
+
+TEST_F(CliHost, ShowsNoProgressInAFile) {
+    const CCompareOptions options;
+    CCliHost host(options, {}, console);
+    host.Progress(1, 2, "a");
+    host.Progress(2, 2, "");
+    EXPECT_EQ(StandardError(), "");
+}
+
+}  // namespace
