@@ -1,0 +1,13 @@
+#include "chart/chart_clipboard.h"
+
+#include <QByteArray>
+
+std::unique_ptr<QMimeData> ChartForClipboard(std::string_view metafile, const QImage& picture) {
+    const QByteArray bytes(metafile.data(), static_cast<qsizetype>(metafile.size()));
+    auto data = std::make_unique<QMimeData>();
+    // LibreOffice takes metafiles under its own name only.
+    data->setData(QStringLiteral("application/x-openoffice-wmf;windows_formatname=\"Image WMF\""), bytes);
+    data->setData(QStringLiteral("image/x-wmf"), bytes);
+    data->setImageData(picture);
+    return data;
+}

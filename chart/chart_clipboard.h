@@ -1,0 +1,9 @@
+#pragma once
+
+#include <QImage>
+#include <QMimeData>
+#include <memory>
+#include <string_view>
+
+/// The formats under which office programs take a metafile, and the picture for all others.
+std::unique_ptr<QMimeData> ChartForClipboard(std::string_view metafile, const QImage& picture);

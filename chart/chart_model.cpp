@@ -1,0 +1,68 @@
+#include "chart/chart_model.h"
+
+#include <algorithm>
+
+namespace {
+
+std::size_t Count(std::int32_t value) {
+    return static_cast<std::size_t>(std::max(value, 0));
+}
+
+}  // namespace
+
+void CChartModel::SetInteger(ChartProperty property, std::int32_t value) {
+    if (property == ChartProperty::SeriesCount) m_seriesCount = Count(value);
+    if (property == ChartProperty::PointCount) m_pointCount = Count(value);
+}
+
+void CChartModel::SetText(ChartProperty property, std::string_view text) {
+    if (property == ChartProperty::XTitle) m_xTitle = text;
+    if (property == ChartProperty::YTitle) m_yTitle = text;
+    if (property == ChartProperty::MainTitle) m_mainTitle = text;
+    if (property == ChartProperty::SubTitle) m_subTitle = text;
+}
+
+void CChartModel::SetArray(ChartProperty property, std::span<const double> values) {
+    if (property == ChartProperty::XData) m_x.assign(values.begin(), values.end());
+    if (property == ChartProperty::YData) m_y.assign(values.begin(), values.end());
+    if (values.empty()) return;
+    if (property == ChartProperty::NoDataValue) m_noData[0] = values[0];
+    if (property == ChartProperty::SecondNoDataValue) m_noData[1] = values[0];
+}
+
+void CChartModel::SetArray(ChartProperty property, std::span<const std::int32_t> values) {
+    if (property == ChartProperty::LineStyles) m_lineStyles.assign(values.begin(), values.end());
+}
+
+void CChartModel::SetArray(ChartProperty property, std::string_view texts, std::int32_t count) {
+    if (property != ChartProperty::Legend) return;
+    m_names.clear();
+    while (m_names.size() < Count(count) && !texts.empty()) {
+        const std::size_t end = std::min(texts.find('\t'), texts.size());
+        m_names.emplace_back(texts.substr(0, end));
+        texts.remove_prefix(std::min(end + 1, texts.size()));
+    }
+}
+
+void CChartModel::ClearArray(ChartProperty property) {
+    SetArray(property, std::span<const double>());
+    SetArray(property, std::span<const std::int32_t>());
+    SetArray(property, std::string_view(), 0);
+}
+
+std::size_t CChartModel::SeriesCount() const {
+    if (m_pointCount == 0) return m_seriesCount;
+    return std::min({m_seriesCount, m_x.size() / m_pointCount, m_y.size() / m_pointCount});
+}
+
+std::string CChartModel::Name(std::size_t series) const {
+    return series < m_names.size() ? m_names[series] : "";
+}
+
+std::int32_t CChartModel::LineStyle(std::size_t series) const {
+    return series < m_lineStyles.size() ? m_lineStyles[series] : 0;
+}
+
+std::span<const double> CChartModel::Row(std::span<const double> matrix, std::size_t series) const {
+    return matrix.subspan(series * m_pointCount, m_pointCount);
+}

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <span>
+#include <vector>
+
+struct CPlanePoint {
+    double x = 0.0;
+    double y = 0.0;
+    bool operator==(const CPlanePoint&) const = default;
+};
+
+/// y grows downwards.
+struct CPlaneBox {
+    double left = 0.0;
+    double top = 0.0;
+    double right = 0.0;
+    double bottom = 0.0;
+    [[nodiscard]] bool IsEmpty() const { return !(left < right && top < bottom); }
+    bool operator==(const CPlaneBox&) const = default;
+};
+
+using CPolyline = std::vector<CPlanePoint>;
+
+CPlaneBox Intersection(const CPlaneBox& a, const CPlaneBox& b);
+
+/// The parts of a polyline that lie in the box, in order. A point that is not finite ends a part.
+std::vector<CPolyline> ClippedPolyline(std::span<const CPlanePoint> points, const CPlaneBox& box);
+
+/// The part of a filled polygon that lies in the box; empty when nothing is left. The last point is joined to the
+/// first.
+CPolyline ClippedPolygon(std::span<const CPlanePoint> points, const CPlaneBox& box);
+
+/// The dashes of a polyline. `pattern` holds lengths of line and blank in turn, starting with line; an empty pattern,
+/// and one whose lengths do not add up to more than 0, gives the polyline itself.
+std::vector<CPolyline> DashedPolyline(std::span<const CPlanePoint> points, std::span<const double> pattern);
+
+/// What of a dashed line is to be drawn: its dashes inside the box. Where a line winds through the box so often that no
+/// dash could be told from the next one, the line itself.
+std::vector<CPolyline> VisibleDashes(std::span<const CPlanePoint> points, const CPlaneBox& box,
+                                     std::span<const double> pattern);

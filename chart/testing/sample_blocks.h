@@ -1,0 +1,27 @@
+#pragma once
+
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "compare/chart_block.h"
+
+/// A block with its legend names, as a chart page hands them over.
+struct CSamplePage {
+    CChartBlock block;
+    std::vector<std::string> names;
+};
+
+/// `seriesCount` series of `pointCount` points: x runs evenly from `xStart` to `xEnd`, y is value(series, x).
+CSamplePage SamplePage(std::int32_t seriesCount, std::int32_t pointCount, double xStart, double xEnd,
+                       const std::function<double(int, double)>& value);
+
+/// Crash pulses of different height and length with a ripple, in G over 0.15 s; named "Reference", "v01001aa0.001" and
+/// so on.
+CSamplePage PulsePage(std::int32_t seriesCount, std::int32_t pointCount);
+
+/// Makes the last `count` points of a series padding, as behind the end of a shorter series.
+void PadEnd(CChartBlock& block, std::int32_t series, std::int32_t count);
