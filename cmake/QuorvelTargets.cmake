@@ -18,6 +18,12 @@ if(QUORVEL_SANITIZERS)
     target_link_options(quorvel_sanitizers INTERFACE -fsanitize=${QUORVEL_SANITIZERS})
 endif()
 
+# libFuzzer steers by what the libraries run through, so they are instrumented, too.
+if(QUORVEL_FUZZ)
+    target_compile_options(quorvel_sanitizers INTERFACE -fsanitize=fuzzer-no-link)
+    target_link_options(quorvel_sanitizers INTERFACE -fsanitize=fuzzer-no-link)
+endif()
+
 # quorvel_target(NAME): the shared settings of one of our targets.
 function(quorvel_target name)
     target_link_libraries(${name} PRIVATE quorvel_warnings quorvel_exact quorvel_sanitizers)

@@ -1,0 +1,25 @@
+// Whatever the text: no path of a hit list is empty or holds a line feed, and the paths can be written and read again.
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "files/hit_list.h"
+
+namespace {
+
+void Require(bool condition) {
+    if (!condition) std::abort();
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    const std::vector<std::string> files = ks::ParseHitList({reinterpret_cast<const char*>(data), size});
+    for (const std::string& file : files) Require(!file.empty() && file.find('\n') == std::string::npos);
+    Require(ks::ParseHitList(ks::HitListText(files)) == files);
+    return 0;
+}

@@ -1,0 +1,62 @@
+// Whatever the bytes: the reader refuses them with an error of ours, or what it read can be written and read again to
+// the same fields and points, in the machine's format and in SUN's.
+
+#include <bit>
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <span>
+#include <variant>
+#include <vector>
+
+#include "files/error.h"
+#include "files/uds_field_table.h"
+#include "files/uds_file.h"
+
+namespace {
+
+void Require(bool condition) {
+    if (!condition) std::abort();
+}
+
+bool SameBits(const std::vector<double>& a, const std::vector<double>& b) {
+    if (a.size() != b.size()) return false;
+    for (std::size_t i = 0; i < a.size(); ++i) {
+        if (std::bit_cast<std::uint64_t>(a[i]) != std::bit_cast<std::uint64_t>(b[i])) return false;
+    }
+    return true;
+}
+
+void RequireSameFields(const ks::CUDSFields& a, const ks::CUDSFields& b) {
+    for (const ks::CUDSField& field : ks::UdsFieldTable()) {
+        Require(std::visit([&](const auto& access) { return (a.*access.get)() == (b.*access.get)(); }, field.access));
+    }
+}
+
+void WriteAndReadAgain(ks::CUDSFile& file, bool sun) {
+    file.SetSunOutput(sun);
+    const std::vector<std::byte> image = file.MakeImage();
+    ks::CUDS1992 back;
+    back.ReadImage(image);
+    RequireSameFields(file.Fields(), back.Fields());
+    Require(SameBits(file.Columns().x, back.Columns().x));
+    Require(SameBits(file.Columns().y, back.Columns().y));
+    Require(file.HasSecondComponent() == back.HasSecondComponent());
+    back.SetSunOutput(sun);
+    Require(back.MakeImage() == image);
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    ks::CUDS1992 file;
+    try {
+        file.ReadImage(std::as_bytes(std::span(data, size)));
+    } catch (const ks::CError&) {
+        Require(file.Columns().Count() == 0);
+        return 0;
+    }
+    WriteAndReadAgain(file, false);
+    WriteAndReadAgain(file, true);
+    return 0;
+}
