@@ -31,8 +31,9 @@ enum class FilterTail {
 /// The four-pole, zero-phase low-pass of SAE J211-1, in place: the section runs forwards, then backwards. Before each
 /// run the section settles on a tail, the data's point reflection about the end sample; no tail is stored.
 ///
-/// The gain at frequency 0 is 1, at `frequencyHz` about -2.7 dB. Above 77.5 % of half the sampling rate the data stay
-/// as they are, as do one and two samples. What is not finite spreads over the whole result.
+/// The gain at frequency 0 is 1, at `frequencyHz` -3 dB where the sampling rate is high. Above 77.5 % of half the
+/// sampling rate the data stay as they are, as do one and two samples. What is not finite spreads over the whole
+/// result.
 ///
 /// @param data         samples at equal steps
 /// @param timeStepS    seconds, > 0
