@@ -101,11 +101,10 @@ class Document:
         if not self.reference.read():
             self.reference_errors += self.reference.messages
             raise Stopped
-        step = self.reference.record.step
+        step, signals = self.reference.record.step, self.computed
         if not step > 0.0:
-            step = SMALLEST_STEP
-            self.try_each([self.reference], lambda signal: signal.record.resample(step))
-        self.try_each(self.computed, lambda signal: signal.record.resample(step))
+            step, signals = SMALLEST_STEP, [self.reference] + self.computed
+        self.try_each(signals, lambda signal: signal.record.resample(step))
 
     def prepare_reference(self):
         options, both = self.options, [self.reference]

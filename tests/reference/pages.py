@@ -147,10 +147,21 @@ def centred(values):
     return [value - mean for value in values]
 
 
+def root_mean_square(values):
+    return root(divide(math.fsum(value * value for value in values), float(len(values))))
+
+
+def deviation_size(centred_values, values):
+    """The standard deviation; for a signal that is all but constant, a size that the rounding of its mean stays far
+    below, so that the noise it leaves is not taken for a result."""
+    return max(root_mean_square(centred_values), 1e-5 * root_mean_square(values))
+
+
 def covariances(a, b, most):
     """The mean products of two records at the lags -most ... most, and the size of their values."""
     count = min(len(a), len(b))
-    a, b = centred(a[:count]), centred(b[:count])
+    raw_a, raw_b = a[:count], b[:count]
+    a, b = centred(raw_a), centred(raw_b)
     values = []
     for lag in range(-most, most + 1):
         low, high = (0, count + lag) if lag < 1 else (lag, count)
@@ -159,8 +170,7 @@ def covariances(a, b, most):
         else:
             total = 0.0
         values.append(divide(total, float(high - low)))
-    size = root(divide(math.fsum(v * v for v in a), count)) * root(divide(math.fsum(v * v for v in b), count))
-    return values, size
+    return values, deviation_size(a, raw_a) * deviation_size(b, raw_b)
 
 
 def cross_correlation(document):
