@@ -32,6 +32,15 @@ def root(value):
     return math.sqrt(value) if value >= 0.0 else math.nan
 
 
+def exact_sum(values):
+    """The sum, rounded once; infinities add up as the processor adds them."""
+    values = list(values)
+    try:
+        return math.fsum(values)
+    except (OverflowError, ValueError):
+        return sum(values)
+
+
 def largest(values):
     """The largest value by a scan with ">", so that a not-a-number value is never taken over."""
     best = values[0]

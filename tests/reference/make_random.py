@@ -23,6 +23,8 @@ BREAKS = ("missing", "short", "empty", "headers only", "odd size", "file tag", "
 def real_bytes(value, number_format):
     b0, b1, b2, b3 = struct.pack("<f", value)
     if number_format == "VAX":
+        if b3 in (127, 255):
+            return bytes((255, b3, 255, 255))
         return bytes(4) if b3 in (0, 128) else bytes((b2, b3 + 1, b0, b1))
     return bytes((b3, b2, b1, b0) if number_format == "SUN" else (b0, b1, b2, b3))
 
@@ -74,6 +76,20 @@ class RandomFile:
         if self.form == "X-Y" and dice.chance(0.1):
             self.header_step = 0.0
             self.stretch_times()
+        if dice.chance(0.02):
+            self.make_strange()
+
+    def make_strange(self):
+        """Point numbers far from zero, a negative step, or values without an end."""
+        kind = self.dice.one_of(("far", "far back", "backwards", "infinite"))
+        if kind == "far":
+            self.first = 9000
+        elif kind == "far back":
+            self.first = -9500
+        elif kind == "backwards":
+            self.header_step = -self.step
+        else:
+            self.values[self.dice.between(0, self.count - 1)] = self.dice.one_of((math.inf, -math.inf))
 
     def stretch_times(self):
         """Uneven steps, now and then of length zero."""

@@ -5,7 +5,7 @@ import re
 from bisect import bisect_left
 from operator import mul
 
-from ieee import INT_MAX, Fault, divide, root, short_number
+from ieee import INT_MAX, Fault, divide, exact_sum, root, short_number
 
 NO_DATA = 2.220446049250313e-16
 DENSITY_POINTS = 100
@@ -143,12 +143,12 @@ def density(document):
 def centred(values):
     if not values:
         return []
-    mean = divide(math.fsum(values), float(len(values)))
+    mean = divide(exact_sum(values), float(len(values)))
     return [value - mean for value in values]
 
 
 def root_mean_square(values):
-    return root(divide(math.fsum(value * value for value in values), float(len(values))))
+    return root(divide(exact_sum(value * value for value in values), float(len(values))))
 
 
 def deviation_size(centred_values, values):
@@ -166,7 +166,7 @@ def covariances(a, b, most):
     for lag in range(-most, most + 1):
         low, high = (0, count + lag) if lag < 1 else (lag, count)
         if high > low:
-            total = math.fsum(map(mul, a[low:high], b[low - lag:high - lag]))
+            total = exact_sum(map(mul, a[low:high], b[low - lag:high - lag]))
         else:
             total = 0.0
         values.append(divide(total, float(high - low)))
