@@ -24,7 +24,11 @@ std::optional<CFileSelection> CCliHost::SelectFiles(const CFileSelection& offere
 }
 
 void CCliHost::ShowErrorList(const std::vector<std::string>& messages) {
-    m_console.ComplainAll(messages);
+    std::vector<std::string> shown = messages;
+    if (!m_source.empty()) {
+        for (std::string& text : shown) text = Join({m_source, ": ", text});
+    }
+    m_console.ComplainAll(shown);
     m_shown.insert(m_shown.end(), messages.begin(), messages.end());
 }
 
@@ -61,6 +65,10 @@ void CCliHost::Progress(std::size_t done, std::size_t total, const std::string& 
         return;
     }
     m_console.ShowProgress(Join({"[", std::to_string(done), "/", std::to_string(total), "] ", path}));
+}
+
+void CCliHost::NameSource(std::string source) {
+    m_source = std::move(source);
 }
 
 std::vector<std::string> CCliHost::TakeShownMessages() {

@@ -24,6 +24,8 @@ public:
     void SetBusy(bool busy) override;
     void Progress(std::size_t done, std::size_t total, const std::string& path) override;
 
+    /// From now on messages are shown with `source` and a colon in front; with an empty text, without.
+    void NameSource(std::string source);
     /// The messages shown since the last call.
     std::vector<std::string> TakeShownMessages();
 
@@ -32,4 +34,5 @@ private:
     std::vector<std::string> m_files;
     CConsole& m_console;
     std::vector<std::string> m_shown;
+    std::string m_source;
 };

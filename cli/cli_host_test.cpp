@@ -79,6 +79,17 @@ TEST_F(CliHost, ShowsMessagesOnStandardErrorAndRemembersThem) {
     EXPECT_THAT(host.TakeShownMessages(), IsEmpty());
 }
 
+TEST_F(CliHost, NamesTheSourceOfMessagesOnStandardErrorOnly) {
+    const CCompareOptions options;
+    CCliHost host(options, {}, console);
+    host.NameSource("Page 8");
+    host.ShowErrorList({"One"});
+    host.NameSource({});
+    host.ShowErrorList({"Two"});
+    EXPECT_EQ(StandardError(), "quorvel-cli: Page 8: One\nquorvel-cli: Two\n");
+    EXPECT_THAT(host.TakeShownMessages(), ElementsAre("One", "Two"));
+}
+
 TEST_F(CliHost, KeepsNoSettingsAndNamesNoFiles) {
     const CCompareOptions options;
     CCliHost host(options, {}, console);

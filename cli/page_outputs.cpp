@@ -2,7 +2,9 @@
 
 #include <exception>
 
+#include "cli/join.h"
 #include "compare/export.h"
+#include "compare/plots/page_ids.h"
 
 namespace {
 
@@ -37,8 +39,12 @@ void WritePages(const CCompareOptions& options, CQuorvelDoc& document, CCliHost&
                 COutputs& outputs) {
     const bool ascii = options.asciiFolder && outputs.MakeFolder(*options.asciiFolder);
     const bool uds = options.udsFolder && outputs.MakeFolder(*options.udsFolder);
+    if (!options.pages && !ascii && !uds) {
+        return;
+    }
     host.TakeShownMessages();
     for (const std::int32_t pageId : document.PageList()) {
+        host.NameSource(Join({"Page ", std::to_string(pageId), " (", PageName(pageId), ")"}));
         document.SelectPage(pageId);
         const std::vector<std::string> shown = host.TakeShownMessages();
         if (options.pages) {
@@ -52,4 +58,5 @@ void WritePages(const CCompareOptions& options, CQuorvelDoc& document, CCliHost&
             WriteUdsPage(*options.udsFolder, document, pageId, outputs);
         }
     }
+    host.NameSource({});
 }

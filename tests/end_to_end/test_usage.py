@@ -1,0 +1,95 @@
+"""Wrong usage ends with status 2 and a sentence, before anything is read or written."""
+
+import unittest
+
+from support import ScaledTest
+
+
+class WrongUsage(ScaledTest):
+    def assertRefused(self, sentence, *arguments):
+        before = self.names()
+        run = self.compare(*arguments)
+        self.assertEqual(run.status, 2)
+        self.assertEqual(run.out, b"")
+        self.assertComplaints(run, f"quorvel-cli: {sentence}", "Try 'quorvel-cli compare --help'.")
+        self.assertEqual(self.names(), before)
+
+    def test_no_file_is_refused(self):
+        self.assertRefused("At least one FILE to compare is needed.")
+        self.assertRefused("At least one FILE to compare is needed.", "--json", "out.json")
+
+    def test_a_hit_list_that_names_nothing_is_no_file(self):
+        self.write("empty.hit", b"\r\n\r\n")
+        self.assertRefused("At least one FILE to compare is needed; the hit list names none.", "--hit-list",
+                           "empty.hit", "--json", "out.json")
+
+    def test_a_window_that_is_empty_or_not_finite_is_refused(self):
+        order = "Option --window takes MIN smaller than MAX, not: "
+        self.assertRefused(order + "1 1", "--window", "1", "1", "scaled.uds")
+        self.assertRefused(order + "0.2 0.1", "--window", "0.2", "0.1", "scaled.uds")
+        finite = "Option --window takes finite decimal numbers, not: "
+        for text in ["nan", "inf", "-inf", "1e400", "0,5", "1s", ""]:
+            self.assertRefused(finite + text, "--window", text, "1", "scaled.uds")
+            self.assertRefused(finite + text, "--window", "0", text, "scaled.uds")
+
+    def test_a_corridor_that_is_not_positive_is_refused(self):
+        self.assertRefused("Option --corridor takes a size greater than 0, not: 0", "--corridor", "0", "scaled.uds")
+        self.assertRefused("Option --corridor takes a size greater than 0, not: -4", "--corridor", "-4", "scaled.uds")
+        self.assertRefused("Option --corridor takes finite decimal numbers, not: nan", "--corridor", "nan",
+                           "scaled.uds")
+
+    def test_an_unknown_channel_class_is_refused(self):
+        for text in ["61", "0", "1001", "60.0", "CFC60"]:
+            self.assertRefused(f"Option --cfc takes the channel class 60, 180, 600 or 1000, not: {text}", "--cfc",
+                               text, "scaled.uds")
+
+    def test_unknown_criteria_are_refused(self):
+        names = "knows the names residual, stddev, corridor, correlation, t and moment, not: peak"
+        self.assertRefused(f"Option --critical {names}", "--critical", "peak=1", "scaled.uds")
+        self.assertRefused(f"Option --fail-on-bad {names}", "--fail-on-bad=t,peak", "scaled.uds")
+
+    def test_two_outputs_on_standard_output_are_refused(self):
+        self.assertRefused("Only one output can go to standard output (-).", "--json", "-", "--csv", "-", "scaled.uds")
+
+    def test_an_unknown_option_is_refused(self):
+        self.assertRefused("Unknown option: --referenze\nA file of that name can stand behind --.", "--referenze",
+                           "reference.uds", "scaled.uds")
+
+    def test_a_forgotten_value_is_refused(self):
+        self.assertRefused("Option --html needs a PATH to write to.", "--html", "--json", "out.json", "scaled.uds")
+        self.assertRefused("Option --window needs two numbers, MIN and MAX.", "scaled.uds", "--window", "0")
+
+    def test_an_option_given_twice_is_refused(self):
+        self.assertRefused("Option --reference can be given only once.", "--reference", "reference.uds",
+                           "--reference", "reference.uds", "scaled.uds")
+
+    def test_an_output_in_place_of_an_input_is_refused(self):
+        before = self.read("scaled.uds")
+        self.assertRefused("An output would overwrite an input: ./scaled.uds", "--csv", "./scaled.uds", "scaled.uds")
+        self.assertEqual(self.read("scaled.uds"), before)
+        self.assertRefused("An output would overwrite an input: reference.uds", "--json", "reference.uds",
+                           "--reference", "reference.uds", "scaled.uds")
+        self.write("list.hit", b"scaled.uds\r\n")
+        self.assertRefused("An output would overwrite an input: list.hit", "--html", "list.hit", "--hit-list",
+                           "list.hit")
+
+    def test_wrong_usage_comes_before_every_other_failure(self):
+        self.assertRefused("Option --corridor takes a size greater than 0, not: 0", "--corridor", "0", "--json",
+                           "missing/out.json", "--fail-on-bad", "missing.uds")
+
+
+class Commands(ScaledTest):
+    def test_a_command_is_needed(self):
+        run = self.run_cli()
+        self.assertEqual((run.status, run.out), (2, b""))
+        self.assertComplaints(run, "quorvel-cli: A command is needed, for example compare.",
+                              "Try 'quorvel-cli --help'.")
+
+    def test_an_unknown_command_is_refused(self):
+        run = self.run_cli("contrast", "scaled.uds")
+        self.assertEqual((run.status, run.out), (2, b""))
+        self.assertComplaints(run, "quorvel-cli: Unknown command: contrast", "Try 'quorvel-cli --help'.")
+
+
+if __name__ == "__main__":
+    unittest.main()
