@@ -29,6 +29,7 @@ using Bytes = std::vector<std::uint8_t>;
 
 constexpr unsigned kSeed = 1992;
 constexpr unsigned kDefaultMutations = 10000;
+constexpr std::size_t kRecord = 512;
 constexpr std::size_t kLargestInput = std::size_t{1} << 16U;
 
 Bytes ReadBytes(const fs::path& path) {
@@ -53,11 +54,14 @@ public:
 
     Bytes Next() {
         Bytes bytes = m_corpus[Below(m_corpus.size())];
+        const bool wholeRecords = !bytes.empty() && bytes.size() % kRecord == 0;
         for (std::size_t changes = 1 + Below(5); changes > 0; --changes) {
             if (bytes.empty()) bytes.push_back(Byte());
             Change(bytes);
         }
         bytes.resize(std::min(bytes.size(), kLargestInput));
+        // Files of whole records mostly stay so: else their size alone would end nearly every run.
+        if (wholeRecords && Below(8) > 0) bytes.resize((bytes.size() + kRecord / 2) / kRecord * kRecord);
         return bytes;
     }
 
@@ -119,7 +123,6 @@ private:
     }
 
     void ChangeRecords(Bytes& bytes) {
-        constexpr std::size_t kRecord = 512;
         if (bytes.size() < kRecord) return;
         const std::size_t record = Below(bytes.size() / kRecord) * kRecord;
         const auto first = bytes.begin() + Offset(record);
