@@ -32,9 +32,10 @@ public:
 /// The mean of the `tail` / 2 + 1-th to the `tail`-th sample away from an end; `at(k)` is the k-th sample away.
 template <class At>
 double FarHalfMean(std::size_t tail, At at) {
+    const std::size_t count = tail - tail / 2;
     double sum = 0.0;
     for (std::size_t k = tail / 2 + 1; k <= tail; ++k) sum += at(k);
-    return sum / static_cast<double>(tail - tail / 2);
+    return sum / static_cast<double>(count);
 }
 
 void RunForwards(const CFilterSection& section, std::span<double> data, std::size_t tail) {
@@ -50,7 +51,7 @@ void RunBackwards(const CFilterSection& section, std::span<double> data, std::si
     const double twiceEnd = 2.0 * data[end];
     const double settled = twiceEnd - FarHalfMean(tail, [&](std::size_t k) { return data[end - k]; });
     // Not the mirror of the forward tail: it begins with the samples `tail` and `tail` + 1 away and goes on with the
-    // one `tail` - 4 away. Kept, since published results carry it in their last digits.
+    // one `tail` - 4 away. Kept, since existing results carry it in their last digits.
     CSectionState state{section, twiceEnd - data[end - 1 - tail], twiceEnd - data[end - tail], settled, settled};
     for (std::size_t k = tail; k > 4; --k) state.Next(twiceEnd - data[end - (k - 4)]);
     for (std::size_t i = data.size(); i-- > 0;) data[i] = state.Next(data[i]);
