@@ -5,8 +5,8 @@
 #include <QStringList>
 
 #include "app/resources.h"
+#include "app/ui_about_dialog.h"
 #include "compare/plots/page_ids.h"
-#include "ui_about_dialog.h"
 
 namespace {
 

@@ -2,11 +2,12 @@
 
 #include "app/messages.h"
 #include "app/number_field.h"
-#include "ui_corridor_dialog.h"
+#include "app/ui_corridor_dialog.h"
 
 CCorridorDlg::CCorridorDlg(double size, CMessages& messages, QWidget* parent)
     : QDialog(parent), m_ui(std::make_unique<Ui::CCorridorDlg>()), m_size(size), m_messages(messages) {
     m_ui->setupUi(this);
+    FitNumberField(*m_ui->sizeEdit);
     m_ui->sizeEdit->setText(NumberText(m_size));
     m_ui->sizeEdit->selectAll();
 }

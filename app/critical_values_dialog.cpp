@@ -1,14 +1,17 @@
 #include "app/critical_values_dialog.h"
 
 #include "app/number_field.h"
-#include "ui_critical_values_dialog.h"
+#include "app/ui_critical_values_dialog.h"
 
 namespace ksres {
 
 CCriticalValuesDlg::CCriticalValuesDlg(const CCriticalValues& values, CMessages& messages, QWidget* parent)
     : QDialog(parent), m_ui(std::make_unique<Ui::CCriticalValuesDlg>()), m_values(values), m_messages(messages) {
     m_ui->setupUi(this);
-    for (const auto& [edit, member] : Fields()) edit->setText(NumberText(m_values.*member));
+    for (const auto& [edit, member] : Fields()) {
+        FitNumberField(*edit);
+        edit->setText(NumberText(m_values.*member));
+    }
     m_ui->averageResidualEdit->selectAll();
 }
 

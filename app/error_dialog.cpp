@@ -1,6 +1,6 @@
 #include "app/error_dialog.h"
 
-#include "ui_error_dialog.h"
+#include "app/ui_error_dialog.h"
 
 namespace ksres {
 

@@ -6,6 +6,7 @@
 #include <QMimeData>
 #include <QPainter>
 #include <QStyle>
+#include <QStyledItemDelegate>
 #include <algorithm>
 #include <filesystem>
 #include <functional>
@@ -20,6 +21,22 @@ namespace {
 constexpr int kPathRole = Qt::UserRole;         // QByteArray: a path need not be valid UTF-8
 constexpr int kMissingRole = Qt::UserRole + 1;  // bool
 
+/// Rows as wide as the list whatever their text, shortened in the middle: the file's name stays in sight.
+class CPathDelegate : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        return {1, std::max(QStyledItemDelegate::sizeHint(option, index).height(), option.decorationSize.height() + 2)};
+    }
+
+protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+        QStyledItemDelegate::initStyleOption(option, index);
+        option->textElideMode = Qt::ElideMiddle;
+    }
+};
+
 QByteArray PathOf(const QListWidgetItem& item) {
     return item.data(kPathRole).toByteArray();
 }
@@ -30,6 +47,9 @@ CFileList::CFileList(QWidget* parent) : QListWidget(parent) {
     setSelectionMode(ExtendedSelection);
     setDragDropMode(DragDrop);
     setDefaultDropAction(Qt::MoveAction);
+    const int iconSize = style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, this);
+    setIconSize(QSize(iconSize, iconSize));
+    setItemDelegate(std::make_unique<CPathDelegate>(this).release());  // owned by its parent, the list
     setUniformItemSizes(true);
 }
 

@@ -6,7 +6,9 @@
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 #include <QUrl>
+#include <QWindow>
 
 #include "app/testing/widget_probe.h"
 
@@ -146,6 +148,29 @@ private slots:
         QCOMPARE(Names(), QString("0 1"));
     }
 
+    void DraggingMovesAnEntryToAnotherPlace_data() {
+        QTest::addColumn<int>("from");
+        QTest::addColumn<int>("to");
+        QTest::addColumn<QString>("expected");
+        QTest::newRow("down") << 0 << 3 << "1 2 0 3";
+        QTest::newRow("up") << 3 << 1 << "0 3 1 2";
+        QTest::newRow("behind the last") << 1 << -1 << "0 2 3 1";
+    }
+    void DraggingMovesAnEntryToAnotherPlace() {
+        if (QGuiApplication::platformName() == "offscreen") QSKIP("No drags without a screen");
+        QFETCH(int, from);
+        QFETCH(int, to);
+        QFETCH(QString, expected);
+        m_list->AppendFiles({"0", "1", "2", "3"});
+        m_list->show();
+        QVERIFY(QTest::qWaitForWindowExposed(m_list.get()));
+        const QPoint start = m_list->visualItemRect(m_list->item(from)).center();
+        const QPoint end = to < 0 ? QPoint(start.x(), m_list->viewport()->height() - 10)
+                                  : m_list->visualItemRect(m_list->item(to)).topLeft() + QPoint(start.x(), 1);
+        Drag(start, end);
+        QCOMPARE(Names(), expected);
+    }
+
     void ADragOfFilesIsWelcome() {
         QMimeData data;
         data.setUrls({QUrl::fromLocalFile("/tmp/a.uds")});
@@ -169,6 +194,22 @@ private slots:
 
 private:
     Qt::DropAction Drop(const QMimeData& data, int y) { return SendDrop(*m_list->viewport(), data, QPoint(20, y)); }
+
+    /// Drags with the mouse from one point of the viewport to another; the drag has an event loop of its own.
+    void Drag(const QPoint& start, const QPoint& end) {
+        QWindow* const window = m_list->windowHandle();
+        const auto inWindow = [this](const QPoint& point) { return m_list->viewport()->mapTo(m_list.get(), point); };
+        const int farEnough = 2 * QApplication::startDragDistance();
+        QTest::mousePress(window, Qt::LeftButton, Qt::NoModifier, inWindow(start));
+        QTest::mouseMove(window, inWindow(start) + QPoint(farEnough, 0));
+        // The next move starts the drag and returns only after the drop.
+        QTimer::singleShot(0, window, [=] {
+            QTest::mouseMove(window, inWindow(end) - QPoint(1, 0));
+            QTest::mouseMove(window, inWindow(end));
+            QTest::mouseRelease(window, Qt::LeftButton, Qt::NoModifier, inWindow(end));
+        });
+        QTest::mouseMove(window, inWindow(start) + QPoint(farEnough + 1, 0));
+    }
 
     void Select(const QList<int>& rows) {
         m_list->clearSelection();

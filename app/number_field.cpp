@@ -3,6 +3,7 @@
 #include <fast_float/fast_float.h>
 
 #include <QCoreApplication>
+#include <QFontMetrics>
 #include <QLineEdit>
 #include <cmath>
 #include <system_error>
@@ -34,4 +35,10 @@ std::optional<double> ReadNumberField(QLineEdit& field, CMessages& messages) {
     field.setFocus();
     field.selectAll();
     return std::nullopt;
+}
+
+void FitNumberField(QLineEdit& field) {
+    const QFontMetrics metrics = field.fontMetrics();
+    const int frameAndMargins = metrics.height();
+    field.setMinimumWidth(metrics.horizontalAdvance(QStringLiteral("-0.30000001192092896")) + frameAndMargins);
 }

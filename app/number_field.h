@@ -16,3 +16,6 @@ QString NumberText(double value);
 
 /// The number in `field`. When it holds none, says so, puts the focus there with the text selected, and gives no value.
 std::optional<double> ReadNumberField(QLineEdit& field, CMessages& messages);
+
+/// Makes `field` wide enough for any shortest text of a number.
+void FitNumberField(QLineEdit& field);

@@ -262,6 +262,26 @@ private slots:
         QVERIFY(icon.toImage().pixelColor(32, 4).alpha() == 255);
     }
 
+    // All of them.
+
+    void NothingIsCutOffAtTheSmallestSize() {
+        CCorridorDlg corridor(4.0, m_messages);
+        ksres::CCriticalValuesDlg limits({0.30000001192092896, -0.30000001192092896, 3, 4, 5, 6}, m_messages);
+        ksres::CErrorDialog errors;
+        CKsAboutDlg about(AboutTextsOfBuild());
+        for (QDialog* const dialog : {static_cast<QDialog*>(&corridor), static_cast<QDialog*>(&limits),
+                                      static_cast<QDialog*>(&errors), static_cast<QDialog*>(&about)}) {
+            dialog->show();
+            dialog->resize(dialog->minimumSizeHint());
+            QCoreApplication::processEvents();
+            QVERIFY2(CutOffTexts(*dialog).isEmpty(), qPrintable(CutOffTexts(*dialog).join(";")));
+        }
+        for (const int id : {1488, 1490}) {
+            const QLineEdit& edit = Edit(limits, id);
+            QVERIFY(edit.width() > edit.fontMetrics().horizontalAdvance(edit.text()));
+        }
+    }
+
 private:
     static constexpr int kLimitIds[] = {1488, 1490, 1497, 1494, 1499, 1501};
 

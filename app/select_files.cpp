@@ -13,8 +13,8 @@
 #include "app/messages.h"
 #include "app/number_field.h"
 #include "app/settings.h"
+#include "app/ui_select_files.h"
 #include "files/hit_list.h"
-#include "ui_select_files.h"
 
 namespace {
 
@@ -47,6 +47,8 @@ CSelectFiles::CSelectFiles(const CFileSelection& offered, CSettings& settings, C
       m_picker(picker),
       m_messages(messages) {
     m_ui->setupUi(this);
+    FitNumberField(*m_ui->minTimeEdit);
+    FitNumberField(*m_ui->maxTimeEdit);
     ShowSelection();
     ConnectControls();
     EnableControls();

@@ -629,6 +629,14 @@ private slots:
         }
     }
 
+    void NothingIsCutOffAtTheSmallestSize() {
+        Open({});
+        m_dialog->resize(m_dialog->minimumSizeHint());
+        QCoreApplication::processEvents();
+        QCOMPARE(CutOffTexts(*m_dialog), QStringList());
+        QVERIFY(Edit(1014).width() > Edit(1014).fontMetrics().horizontalAdvance(Edit(1014).text()));
+    }
+
 private:
     void Open(const CFileSelection& offered) {
         m_dialog = std::make_unique<CSelectFiles>(offered, *m_settings, m_picker, m_messages);

@@ -40,11 +40,17 @@ function(quorvel_library folder)
     quorvel_target(${target})
 endfunction()
 
-# quorvel_gui_library(FOLDER ...): the same for a folder that uses Qt: its forms (*.ui beside the source that shows
-# them), resources (*.qrc among the sources) and Q_OBJECT classes are compiled along.
+# quorvel_gui_library(FOLDER ... FORMS ...): the same for a folder that uses Qt: forms (*.ui), resources (*.qrc among
+# the sources) and Q_OBJECT classes are compiled along.
 function(quorvel_gui_library folder)
-    quorvel_library(${folder} ${ARGN})
-    set_target_properties(quorvel_${folder} PROPERTIES AUTOMOC ON AUTOUIC ON AUTORCC ON)
+    cmake_parse_arguments(ARG "" "" "HEADERS;SOURCES;FORMS;LINK" ${ARGN})
+    quorvel_library(${folder} HEADERS ${ARG_HEADERS} SOURCES ${ARG_SOURCES} LINK ${ARG_LINK})
+    set(target quorvel_${folder})
+    # Included as "FOLDER/ui_FORM.h". Not AUTOUIC: with Ninja a changed form reaches its users one build late.
+    qt6_wrap_ui(form_headers ${ARG_FORMS})
+    target_sources(${target} PRIVATE ${form_headers})
+    target_include_directories(${target} PRIVATE ${PROJECT_BINARY_DIR})
+    set_target_properties(${target} PROPERTIES AUTOMOC ON AUTORCC ON)
 endfunction()
 
 # quorvel_test(FOLDER SOURCES ... LINK ...): the executable quorvel_FOLDER_test over the folder's library.

@@ -3,7 +3,9 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QDropEvent>
+#include <QLabel>
 #include <QMimeData>
+#include <QStringList>
 #include <QTimer>
 #include <QWidget>
 #include <functional>
@@ -30,9 +32,29 @@ inline Qt::DropAction SendDrop(QWidget& target, const QMimeData& data, const QPo
     const Qt::DropActions offered = Qt::CopyAction | Qt::MoveAction;
     QDragEnterEvent enter(position, offered, &data, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(&target, &enter);
+    if (!enter.isAccepted()) return Qt::IgnoreAction;  // a refused drag is never dropped
     QDragMoveEvent move(position, offered, &data, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(&target, &move);
+    if (!move.isAccepted()) return Qt::IgnoreAction;
     QDropEvent drop(position, offered, &data, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(&target, &drop);
     return drop.isAccepted() ? drop.dropAction() : Qt::IgnoreAction;
+}
+
+/// The texts of labels and buttons that `window` cuts off at its present size.
+inline QStringList CutOffTexts(const QWidget& window) {
+    QStringList texts;
+    const auto labels = window.findChildren<QLabel*>();
+    for (const QLabel* const label : labels) {
+        const int height = label->wordWrap() ? label->heightForWidth(label->width()) : label->sizeHint().height();
+        const bool isTooNarrow = !label->wordWrap() && label->width() < label->sizeHint().width();
+        if (isTooNarrow || label->height() < height) texts.append(label->text());
+    }
+    const auto buttons = window.findChildren<QAbstractButton*>();
+    for (const QAbstractButton* const button : buttons) {
+        const bool isTooSmall = button->width() < button->minimumSizeHint().width() ||
+                                button->height() < button->minimumSizeHint().height();
+        if (button->isVisible() && isTooSmall) texts.append(button->text());
+    }
+    return texts;
 }

@@ -1,0 +1,46 @@
+#include "app/messages.h"
+
+#include <QMessageBox>
+#include <QTest>
+
+#include "app/testing/recorded_messages.h"
+#include "app/testing/widget_probe.h"
+
+class CMessagesTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void AMessageBoxShowsIconCaptionAndText_data() {
+        QTest::addColumn<MessageIcon>("icon");
+        QTest::addColumn<QMessageBox::Icon>("shown");
+        QTest::newRow("information") << MessageIcon::Information << QMessageBox::Information;
+        QTest::newRow("warning") << MessageIcon::Warning << QMessageBox::Warning;
+        QTest::newRow("error") << MessageIcon::Error << QMessageBox::Critical;
+    }
+    void AMessageBoxShowsIconCaptionAndText() {
+        QFETCH(MessageIcon, icon);
+        QFETCH(QMessageBox::Icon, shown);
+        bool hasOpened = false;
+        WhenModal([&](QWidget& window) {
+            const auto* const box = qobject_cast<QMessageBox*>(&window);
+            QVERIFY(box);
+            QCOMPARE(box->icon(), shown);
+            QCOMPARE(box->windowTitle(), QString("Caption"));
+            QCOMPARE(box->text(), QString("No <b>markup</b> & such"));
+            QCOMPARE(box->textFormat(), Qt::PlainText);
+            hasOpened = true;
+            QTest::keyClick(&window, Qt::Key_Return);
+        });
+        CMessageBoxes().Show(nullptr, icon, "Caption", "No <b>markup</b> & such");
+        QVERIFY(hasOpened);
+    }
+
+    void AnErrorHasTheCaptionOfAllErrors() {
+        CRecordedMessages messages;
+        messages.ShowError(nullptr, "text");
+        QCOMPARE(messages.said, QStringList({"error|Error|text"}));
+    }
+};
+
+QTEST_MAIN(CMessagesTest)
+#include "messages_test.moc"
