@@ -122,8 +122,8 @@ std::size_t CCovariances::Reach() const {
 bool CCovariances::UseTransform(const CCentered& b) const {
     if (!m_first.isFinite || !b.isFinite || m_method == CCovarianceMethod::PlainSums) return false;
     if (m_method == CCovarianceMethod::Transform) return Count() > 0;
-    // Measured: below this a transform's plan costs more than it saves.
-    constexpr double kProductsWorthATransform = 4.0e6;
+    // Measured: below this a transform with its plan takes as long as the sums.
+    constexpr double kProductsWorthATransform = 3.0e5;
     return static_cast<double>(Count()) * static_cast<double>(2 * Reach() + 1) > kProductsWorthATransform;
 }
 

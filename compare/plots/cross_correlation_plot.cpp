@@ -31,8 +31,14 @@ std::int32_t LargestLag(double timeStep) {
 }
 
 /// The header that every curve of the page starts from, with as many samples as there are offsets.
+/// @throws ks::CError from TruncateByIndex
 ks::CNSignal LagRecord(const ks::CNSignal& reference, std::int32_t largestLag) {
-    ks::CNSignal record = reference;
+    // Only the samples up to the last offset's: the rest of a long reference would be copied to be cut off again.
+    const std::int64_t wanted = 2 * std::int64_t{largestLag} + 1 - reference.GetNFP();
+    const auto held = static_cast<std::int64_t>(reference.GetPointCount());
+    const std::int64_t count = std::clamp<std::int64_t>(wanted, 0, held);
+    ks::CNSignal record = CopyWithoutArrays(reference);
+    SetSamples(record, reference, {reference.GetY().begin(), reference.GetY().begin() + count});
     record.SetSENATT("UNKN");
     record.SetYTYPE("ERROR");
     record.SetYUNITS("None");

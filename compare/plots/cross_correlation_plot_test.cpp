@@ -6,6 +6,15 @@
 #include <cmath>
 #include <limits>
 
+#if defined(__linux__)
+#include <sys/resource.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <fstream>
+#include <iostream>
+#endif
+
 #include "compare/plots/page_ids.h"
 #include "compare/plots/page_samples.h"
 #include "files/error.h"
@@ -219,5 +228,31 @@ TEST(PlotCrossCorrelation, AFailureOfTheReferenceCutsNothing) {
                  ks::CError);
     EXPECT_EQ(computed[0].GetPointCount(), 50U);
 }
+
+#if defined(__linux__) && !defined(__SANITIZE_ADDRESS__)
+
+/// Lets this process have `bytes` more than it has now.
+void AllowOnly(std::size_t bytes) {
+    std::size_t pages = 0;
+    std::ifstream("/proc/self/statm") >> pages;
+    const rlim_t limit = pages * static_cast<std::size_t>(sysconf(_SC_PAGESIZE)) + bytes;
+    const rlimit limits{limit, limit};
+    setrlimit(RLIMIT_AS, &limits);
+}
+
+void FailWithoutMemory() {
+    const ks::CNSignal reference = TimeSignal(0.0001, std::vector<double>(6000000, 1.0));
+    AllowOnly(std::size_t{8} << 20);
+    std::cerr << FailureOf(reference);
+    std::_Exit(0);
+}
+
+TEST(PlotCrossCorrelationDeathTest, WithoutMemoryThePageFailsWithASentenceInsteadOfTheProgram) {
+    EXPECT_EXIT(FailWithoutMemory(), testing::ExitedWithCode(0),
+                "^There is not enough memory for the cross correlation of these signals. Shorter signals would need "
+                "less.$");
+}
+
+#endif
 
 }  // namespace

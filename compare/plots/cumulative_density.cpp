@@ -10,8 +10,9 @@
 namespace {
 
 /// The thresholds, filled up with infinity to one less than a power of two, so that the bisection has a fixed number
-/// of steps without a branch to mispredict.
-constexpr std::size_t kLadderSize = 127;
+/// of steps.
+constexpr std::size_t kLadderBits = 7;
+constexpr std::size_t kLadderSize = (std::size_t{1} << kLadderBits) - 1;
 static_assert(kLadderSize >= kDensityPointCount);
 using CLadder = std::array<double, kLadderSize>;
 
@@ -25,8 +26,11 @@ CLadder MakeLadder(std::span<const double> thresholds) {
 /// Index of the first threshold above `residual`; kLadderSize when there is none, as for a not-a-number residual.
 std::size_t FirstAbove(const CLadder& ladder, double residual) {
     std::size_t position = 0;
-    for (std::size_t step = (kLadderSize + 1) / 2; step > 0; step /= 2) {
-        position += residual < ladder[position + step - 1] ? 0 : step;
+    for (std::size_t bit = kLadderBits; bit-- > 0;) {
+        const std::size_t step = std::size_t{1} << bit;
+        // A shifted truth value instead of a branch, which the processor would mispredict every other time.
+        const bool notBelow = !(residual < ladder[position + step - 1]);
+        position += static_cast<std::size_t>(notBelow) << bit;
     }
     return position;
 }

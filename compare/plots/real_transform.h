@@ -5,32 +5,36 @@
 #include <memory>
 #include <span>
 
-/// The discrete Fourier transform of a real sequence and back, in place on a buffer of its own.
+/// The discrete Fourier transform of a real sequence and back, between two buffers of its own.
 ///
-/// Plans are estimated, never measured, so the same input gives the same bits in every run. One thread only: FFTW's
-/// planner is shared by the whole process.
+/// Even and odd samples go as real and imaginary parts through one complex transform of half the size; FFTW plans that
+/// thirty times faster than its real transforms, whose plans would cost more than all else here. Plans are estimated,
+/// never measured, so the same input gives the same bits in every run. One thread only: FFTW's planner is shared by
+/// the whole process.
 class CRealTransform {
 public:
-    /// @param size  number of samples, > 0; a FastSize is fast
+    /// @param size  number of samples, even, > 0; a FastSize is fast
     /// @throws std::bad_alloc when memory or a plan cannot be had
     explicit CRealTransform(std::size_t size);
     CRealTransform(const CRealTransform&) = delete;
     CRealTransform& operator=(const CRealTransform&) = delete;
     ~CRealTransform();
 
-    /// The smallest size >= `size` that FFTW handles fast: a multiple of 64 without prime factors above 5.
+    /// A size >= `size` that FFTW handles fast: a multiple of 64 without prime factors above 5 and, when large, without
+    /// many factors 2, whose strides fight for the same cache lines.
     static std::size_t FastSize(std::size_t size);
 
     std::size_t Size() const { return m_size; }
 
-    /// Size() samples; valid until Forward, and after Backward.
+    /// Size() samples; what Forward reads and Backward writes.
     std::span<double> Samples();
-    /// Size() / 2 + 1 values for frequencies 0 ... Size() / 2, in the memory of the samples; valid after Forward.
+    /// Size() / 2 + 1 values for frequencies 0 ... Size() / 2; what Forward writes, and Backward reads and destroys.
+    /// The first and the last must be real for Backward.
     std::span<std::complex<double>> Spectrum();
 
-    /// Turns the samples into their spectrum.
+    /// The spectrum of the samples.
     void Forward();
-    /// Turns the spectrum into its samples times Size().
+    /// The samples of the spectrum, times Size().
     void Backward();
 
 private:
