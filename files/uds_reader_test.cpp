@@ -57,7 +57,7 @@ TEST_P(EveryNumberFormat, GivesTheSamePointsAndNumbers) {
     recipe.firstPoint = -1;
     recipe.lastPoint = 1;
     recipe.timeStep = 0.125;
-    recipe.y = {1.5, -1234.5, 1e-6F};
+    recipe.y = {1.5, -1234.5, static_cast<double>(1e-6F)};
 
     CUDSBytes bytes = UdsFile(recipe);
     bytes.PutInteger(173, -30).PutReal(177, 56.25);
