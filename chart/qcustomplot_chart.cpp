@@ -275,6 +275,7 @@ public:
         setObjectName("chart");
         setAccessibleName(Translated("Chart"));
         setFocusPolicy(Qt::StrongFocus);
+        setAttribute(Qt::WA_NoMousePropagation, false);  // the context menu is the parent's
         setPlottingHints(QCP::phFastPolylines);
         setInteractions(QCP::iRangeDrag | QCP::iRangeZoom);
         QLocale numbers = locale();

@@ -69,6 +69,14 @@ std::string FileHeader(std::uint32_t fileWords, std::size_t objectCount, std::ui
     return header.Bytes();
 }
 
+/// Readers close an area themselves.
+void DropClosingPoint(std::size_t start, std::vector<std::int16_t>& coordinates) {
+    const std::size_t end = coordinates.size();
+    if (end - start < 4) return;
+    const bool closed = coordinates[start] == coordinates[end - 2] && coordinates[start + 1] == coordinates[end - 1];
+    if (closed) coordinates.resize(end - 2);
+}
+
 }  // namespace
 
 class CWmfWriter::CRecord : public CBytes {
@@ -116,6 +124,7 @@ void CWmfWriter::Fill(std::span<const CPolyline> outlines, std::uint32_t rgb) {
     for (const CPolyline& outline : outlines) {
         const std::size_t before = m_coordinates.size();
         RoundInto(outline, m_coordinates);
+        DropClosingPoint(before, m_coordinates);
         const std::size_t count = (m_coordinates.size() - before) / 2;
         const bool tooMany = m_coordinates.size() / 2 > wmf::kPolyPointLimit;
         if (count < 3 || tooMany) {

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+struct CWmfPlace {
+    int x = 0;
+    int y = 0;
+    bool operator==(const CWmfPlace&) const = default;
+};
+
+struct CReadLine {
+    std::vector<CWmfPlace> points;
+    int penWidth = 0;
+    std::uint32_t rgb = 0;
+};
+
+struct CReadArea {
+    std::vector<std::vector<CWmfPlace>> outlines;
+    std::uint32_t rgb = 0;
+};
+
+struct CReadText {
+    CWmfPlace baseline;
+    std::string bytes;
+    int advance = 0;  ///< sum over the characters
+    int height = 0;   ///< as stored: negative for the height of the letters
+    int tenthsOfDegree = 0;
+    bool bold = false;
+    bool italic = false;
+    std::uint32_t rgb = 0;
+};
+
+/// A placeable Windows metafile taken apart.
+struct CWmfPicture {
+    int width = 0;
+    int height = 0;
+    int unitsPerInch = 0;
+    std::vector<CReadLine> lines;
+    std::vector<CReadArea> areas;
+    std::vector<CReadText> texts;
+    std::string fault;  ///< the first thing wrong with the file; empty when it is sound
+
+    [[nodiscard]] bool HasText(std::string_view text) const;
+    /// Points of all lines of one colour.
+    [[nodiscard]] std::size_t PointsOfColour(std::uint32_t rgb) const;
+};
+
+/// Reads every record and checks what a strict reader would: checksum, sizes, slots of objects, that drawing records
+/// come with the objects they need, and that all coordinates lie in the picture.
+CWmfPicture ReadWmf(std::string_view bytes);
