@@ -76,6 +76,10 @@ function(quorvel_benchmark folder)
     add_executable(${target} ${ARG_SOURCES})
     target_link_libraries(${target} PRIVATE ${ARG_LINK} benchmark::benchmark_main)
     quorvel_target(${target})
+    if(QUORVEL_TESTS)
+        add_test(NAME bench.${folder} COMMAND ${target} --benchmark_min_time=0.001)
+        set_tests_properties(bench.${folder} PROPERTIES LABELS bench)
+    endif()
 endfunction()
 
 # quorvel_fuzz_target(NAME SOURCE LINK ...): NAME_fuzz_replay runs the corpus and mutated files through the target
