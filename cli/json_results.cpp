@@ -84,9 +84,8 @@ Json SignalJson(const CSignal& signal) {
     return json;
 }
 
-Json PageJson(const CPageView& page) {
-    // The summary page keeps the chart block of the page before it; it has no curves of its own.
-    const bool chart = page.id != page::kSummary;
+// A page's own members, without its series.
+Json PageJson(const CPageView& page, bool chart) {
     Json json;
     json["id"] = page.id;
     json["name"] = PageName(page.id);
@@ -96,15 +95,14 @@ Json PageJson(const CPageView& page) {
     json["yTitle"] = page.block.yTitle;
     json["pointCount"] = chart ? page.block.pointCount : 0;
     json["seriesCount"] = chart ? page.block.seriesCount : 0;
-    Json series = Json::array();
-    for (std::size_t j = 0; chart && j < page.series.size(); ++j) {
-        Json one;
-        one["name"] = j < page.names.size() ? page.names[j] : std::string();
-        one["x"] = page.series[j]->GetX();
-        one["y"] = page.series[j]->GetY();
-        series.push_back(std::move(one));
-    }
-    json["series"] = std::move(series);
+    return json;
+}
+
+Json SeriesJson(const CPageView& page, std::size_t index) {
+    Json json;
+    json["name"] = index < page.names.size() ? page.names[index] : std::string();
+    json["x"] = page.series[index]->GetX();
+    json["y"] = page.series[index]->GetY();
     return json;
 }
 
@@ -136,14 +134,32 @@ CJsonResults::CJsonResults(const CCompareOptions& options, const CResults& resul
     AppendMember(m_text, "signals", "[" + items + "]");
 }
 
+void CJsonResults::BeginPages() {
+    if (!m_inPages) {
+        AppendMember(m_text, "pages", "[");
+        m_inPages = true;
+    }
+}
+
 void CJsonResults::AddPage(const CPageView& page) {
-    AppendItem(m_pages, Dump(PageJson(page)));
+    BeginPages();
+    m_text += m_hasPage ? ",\n  " : "\n  ";
+    m_hasPage = true;
+    // The summary page keeps the chart block of the page before it; it has no curves of its own.
+    const bool chart = page.id != page::kSummary;
+    m_text += Dump(PageJson(page, chart));
+    m_text.back() = ',';  // in place of the closing brace
+    m_text += "\"series\":[";
+    for (std::size_t j = 0; chart && j < page.series.size(); ++j) {
+        m_text += j == 0 ? "" : ",";
+        m_text += Dump(SeriesJson(page, j));
+    }
+    m_text += "]}";
 }
 
 std::string CJsonResults::Finish(bool withPages) {
     if (withPages) {
-        AppendMember(m_text, "pages", "[");
-        m_text += m_pages;
+        BeginPages();
         m_text += ']';
     }
     m_text += "\n}\n";
