@@ -463,8 +463,9 @@ private slots:
         QCOMPARE(picture.fault, std::string());
         QCOMPARE(picture.width, 10000);
         QCOMPARE(picture.height, 5000);
-        for (const char* text : {"Time (seconds)", "Residual", "Reference", "v01001aa0.001", "v01002aa0.001", "5.5"})
+        for (const char* text : {"Time (seconds)", "Residual", "Reference", "v01001aa0.001", "v01002aa0.001"})
             QVERIFY2(picture.HasText(text), text);
+        QVERIFY(picture.HasText(QLocale().toString(5.5).toStdString()));
         for (const CReadText& text : picture.texts) QCOMPARE(text.tenthsOfDegree, text.bytes == "Residual" ? 900 : 0);
         for (std::size_t series = 1; series < 3; ++series)
             QVERIFY(picture.PointsOfColour(LookOfLine(0, series, ChartBackground::Light).rgb) > 100);

@@ -17,7 +17,6 @@ inline constexpr std::uint16_t kPolyPointLimit = 8000;  ///< some readers take n
 enum Function : std::uint16_t {
     EndOfFile = 0x0000,
     SetBackgroundMode = 0x0102,
-    SetMapMode = 0x0103,
     SetPolygonFillMode = 0x0106,
     SelectObject = 0x012D,
     SetTextAlign = 0x012E,
@@ -34,7 +33,6 @@ enum Function : std::uint16_t {
     ExtendedTextOut = 0x0A32,
 };
 
-inline constexpr std::uint16_t kMapAnisotropic = 8;
 inline constexpr std::uint16_t kTransparent = 1;
 inline constexpr std::uint16_t kFillWinding = 2;
 inline constexpr std::uint16_t kAlignBaseline = 24;

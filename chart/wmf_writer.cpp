@@ -99,6 +99,7 @@ CWmfWriter::CWmfWriter(std::int16_t width, std::int16_t height, std::uint16_t un
         record.I16(x);
         Append(record);
     };
+    // No map mode: whoever plays a placeable file sets it, and libwmf squeezes turned text when the file does as well.
     pair(wmf::SetWindowOrigin, 0, 0);
     pair(wmf::SetWindowExtent, height, width);
     setting(wmf::SetBackgroundMode, wmf::kTransparent);
