@@ -22,8 +22,8 @@ from tool import Tally, check_run, require
 FILES_PER_RUN = 250
 MISSING = "missing.001"
 REFERENCE = "reference.001"
-WORDS = ("1", "2.5", "-3", "+4", ".5", "5.", "1.E3", "1e", "1e+2", "-.5e-2", "e5", "inf", "nan", "0x10", "-", ".", "+-1",
-         "1.5.5", "1e400", "00", "x")
+WORDS = ("1", "2.5", "-3", "+4", ".5", "5.", "1.E3", "1e", "1e+2", "-.5e-2", "e5", "inf", "nan", "0x10", "-", ".",
+         "+-1", "1.5.5", "1e400", "00", "x")
 GAPS = (" ", " ", ",", ", ", "\t", "\n", "\n", "\n", "\r\n", "\r", "", "", "  ", "\t ", " \t", ",,", "\v", "\f", "\n\n",
         "\n\t", "\t\n", " \n", "\r\r\n", ";", "\u00a0", "\0")
 TAGS = ("UDS-1992", " UDS-1992", "UDS-1992\t", "CURVE HDR", "CMP-2 HDR", "X DATA", "Y DATA", "Z DATA", "",

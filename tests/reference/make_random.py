@@ -195,8 +195,9 @@ def broken(image, how, file):
         sizes = {"short": 512, "odd size": len(image) - 100, "headers only": curve + 512, "empty": 0,
                  "too few": len(image) - 512}
         return bytes(image[:sizes[how]])
-    texts = {"file tag": (0, 12, "UDS-1993"), "curve tag": (curve, 12, "CURVE"), "data tag": (curve + 512, 12, "Z DATA"),
-             "number format": (26, 5, "CRAY"), "file form": (16, 10, "X-Y-Z"), "text header": (0, 12, "\n\nplain text")}
+    texts = {"file tag": (0, 12, "UDS-1993"), "curve tag": (curve, 12, "CURVE"),
+             "data tag": (curve + 512, 12, "Z DATA"), "number format": (26, 5, "CRAY"), "file form": (16, 10, "X-Y-Z"),
+             "text header": (0, 12, "\n\nplain text")}
     if how in texts:
         put_text(image, *texts[how])
     elif how == "crossed":
