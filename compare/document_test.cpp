@@ -240,6 +240,15 @@ TEST_F(Document, ShowsWhyAPageCannotBeBuilt) {
     EXPECT_THAT(document.Series(), SizeIs(2));
 }
 
+TEST_F(Document, KeepsNoSeriesOfAPageThatFailsOnTheWay) {
+    RunWith({10.0, 11.0, 12.0, 13.0});  // three samples after the cut, while the reference can be integrated
+    document.SelectPage(8);
+
+    EXPECT_THAT(document.ErrorMessages(), ElementsAre("Too few data points to compute an Integral"));
+    EXPECT_THAT(document.Series(), IsEmpty());
+    EXPECT_THAT(document.SeriesNames(), IsEmpty());
+}
+
 TEST_F(Document, ReplacesTheMessagesOfARunByThatOfThePage) {
     Run(AverageChoice({Write("a.uds", {1.0, 2.0, 3.0}), Write("late.uds", {4.0, 5.0, 6.0}, 0.5, 100)}));
     ASSERT_THAT(document.ErrorMessages(), ElementsAre("Error Computing the time range for evaluation"));
