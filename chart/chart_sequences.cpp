@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cassert>
 
 namespace {
 
@@ -112,7 +111,8 @@ void FillChart(CChartControl& chart, const CChartBlock& block, std::span<const s
                CLineStyles& lineStyles) {
     const std::int64_t cells = std::int64_t{block.seriesCount} * block.pointCount;
     const auto cellCount = static_cast<std::size_t>(cells);
-    assert(block.x.size() >= cellCount && block.y.size() >= cellCount);
+    // A run sets the counts before a page has laid out the matrices that belong to them.
+    if (block.x.size() < cellCount || block.y.size() < cellCount) return;
 
     chart.SetInteger(ChartProperty::SeriesCount, block.seriesCount);
     chart.SetInteger(ChartProperty::PointCount, block.pointCount);

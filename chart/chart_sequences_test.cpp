@@ -76,6 +76,13 @@ TEST_F(ChartSequences, OnlyTheUsedPartOfMatricesThatOnceWereLargerIsHandedOver) 
     EXPECT_THAT(m_chart.calls, Contains("array 3014 = 5 6"));
 }
 
+TEST_F(ChartSequences, FillingSetsNothingWhileTheCountsAreThoseOfARun) {
+    CChartBlock block = Block(1, 2);
+    block.seriesCount = 3;
+    Fill(block);
+    EXPECT_TRUE(m_chart.calls.empty());
+}
+
 TEST_F(ChartSequences, ShowingCreatesFillsAndDraws) {
     CChartBlock block = Block(1, 1);
     block.paddingValue = 0.125;

@@ -69,7 +69,8 @@ CHelpSection Outputs() {
 CHelpSection Stopping() {
     return {"Runs that stop",
             {{"",
-              "A file that cannot be read, or a signal that cannot be prepared, stops the run behind the step at "
+              "A file or a hit list that cannot be read, or a signal that cannot be prepared, stops the run behind the "
+              "step at "
               "work; every message goes to standard error. A stopped run still writes its JSON, with the messages "
               "and no signals, but no table, report, CSV, ASCII or UDS file. A chart page that cannot be built "
               "leaves the exit status as it is; its message stands in the JSON and on standard error."}}};

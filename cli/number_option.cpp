@@ -12,7 +12,8 @@ std::optional<double> ParseNumber(std::string_view text) {
     double value = 0.0;
     const char* const end = text.data() + text.size();
     const auto result = fast_float::from_chars(text.data(), end, value);
-    const bool whole = result.ec == std::errc() && result.ptr == end;
+    // A number too small for a double is zero, whichever way the library reports it.
+    const bool whole = result.ec != std::errc::invalid_argument && result.ptr == end;
     if (!whole || !std::isfinite(value)) {
         return std::nullopt;
     }

@@ -3,15 +3,9 @@
 #include <filesystem>
 #include <system_error>
 
-namespace {
+#include "files/native_path.h"
 
-std::filesystem::path NativePath(const std::string& utf8) {
-#ifdef _WIN32
-    return std::filesystem::path(std::u8string(utf8.begin(), utf8.end()));
-#else
-    return {utf8};
-#endif
-}
+namespace {
 
 std::string Utf8(const std::filesystem::path& path) {
 #ifdef _WIN32
@@ -47,8 +41,8 @@ void COutputs::Note(std::string_view what, const std::string& path, ks::WriteRes
 
 bool COutputs::MakeFolder(const std::string& path) {
     std::error_code error;
-    std::filesystem::create_directories(NativePath(path), error);
-    if (!error && std::filesystem::is_directory(NativePath(path), error)) {
+    std::filesystem::create_directories(ks::NativePath(path), error);
+    if (!error && std::filesystem::is_directory(ks::NativePath(path), error)) {
         return true;
     }
     Fail("The folder could not be made: " + path);
@@ -68,10 +62,10 @@ void COutputs::Finish() {
 }
 
 std::string PathIn(const std::string& folder, const std::string& name) {
-    return Utf8(NativePath(folder) / name);
+    return Utf8(ks::NativePath(folder) / name);
 }
 
 bool SameFile(const std::string& a, const std::string& b) {
     std::error_code error;
-    return std::filesystem::equivalent(NativePath(a), NativePath(b), error) && !error;
+    return std::filesystem::equivalent(ks::NativePath(a), ks::NativePath(b), error) && !error;
 }

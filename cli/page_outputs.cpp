@@ -51,6 +51,9 @@ void WritePages(const CCompareOptions& options, CQuorvelDoc& document, CCliHost&
             const auto error = shown.empty() ? std::nullopt : std::optional<std::string>(shown.front());
             json.AddPage({pageId, error, document.ChartBlock(), document.Series(), document.SeriesNames()});
         }
+        if (!shown.empty()) {
+            continue;  // a page that could not be built must not replace an older good file by an empty one
+        }
         if (ascii) {
             WriteAsciiPage(*options.asciiFolder, document, pageId, outputs);
         }

@@ -85,8 +85,7 @@ bool CQuorvelDoc::SelectPage(std::int32_t pageId) {
     if (!IsPageId(pageId)) return false;
     m_pageId = pageId;
 
-    const bool built = BuildSeries();
-    BuildSeriesMatrices();
+    const bool built = BuildSeries() && LayOutSeries();
     m_page->GetAxisTitles(m_block.xTitle, m_block.yTitle);
     Notify(kPageOrLimitsChanged);
     // Shown last: whoever looks at the document while the list is open sees titles, series and matrices that agree.
@@ -98,12 +97,28 @@ bool CQuorvelDoc::BuildSeries() {
     try {
         m_page->BuildSeries(m_computed, m_reference.Record(), m_series, m_seriesNames);
     } catch (const std::exception& error) {
-        m_series.clear();
-        m_seriesNames.clear();
-        m_errors.assign(1, error.what());
+        FailPage(error.what());
         return false;
     }
     return true;
+}
+
+/// The chart block of the series; without the memory for it the page has no series. The block is laid out in any case.
+bool CQuorvelDoc::LayOutSeries() {
+    try {
+        BuildSeriesMatrices();
+    } catch (const std::exception&) {
+        FailPage(std::string(kNoMemoryForPage));
+        return false;
+    }
+    return true;
+}
+
+void CQuorvelDoc::FailPage(std::string sentence) {
+    m_series.clear();
+    m_seriesNames.clear();
+    m_errors.assign(1, std::move(sentence));
+    BuildSeriesMatrices();
 }
 
 bool CQuorvelDoc::BuildSeriesMatrices() {

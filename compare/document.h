@@ -137,6 +137,8 @@ private:
     void EndProgress(CRunEnd end);
 
     bool BuildSeries();
+    bool LayOutSeries();
+    void FailPage(std::string sentence);
     void ReserveMatrices(std::int64_t cellCount);
     void Notify(int hint);
 

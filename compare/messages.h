@@ -1,5 +1,6 @@
 #pragma once
 
+#include <boost/lexical_cast.hpp>
 #include <cstddef>
 #include <string>
 #include <string_view>
@@ -9,8 +10,11 @@
 inline constexpr std::string_view kNoCommonTimeRange = "Error Computing the time range for evaluation";
 
 /// Reference name of a signal compared with a reference made from `count` computed signals.
+inline constexpr std::string_view kNoMemoryForPage =
+    "There is not enough memory for the curves of this page. Fewer or shorter signals would need less.";
+
 inline std::string AverageName(std::size_t count) {
-    return "Average of " + std::to_string(count) + " files";
+    return "Average of " + boost::lexical_cast<std::string>(count) + " files";
 }
 
 /// A signal that could not be prepared or compared.

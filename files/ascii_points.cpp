@@ -75,7 +75,10 @@ std::string ReadData(CInputFile& file, const std::string& path) {
             text.resize(end.length);
             return text;
         }
-        if (count < kBytesAtATime) return text;
+        if (count < kBytesAtATime) {
+            if (text.size() < file.Size()) throw CError(ReadFailed(path));  // a part of a signal must not pass for it
+            return text;
+        }
     }
 }
 

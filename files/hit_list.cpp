@@ -39,7 +39,7 @@ std::optional<std::vector<std::string>> ReadHitList(const std::string& path) {
     CInputFile file;
     if (!file.Open(path) || !file.FindSize() || file.Size() > kLargestHitList) return std::nullopt;
     std::string text(static_cast<std::size_t>(file.Size()), '\0');
-    text.resize(file.Read(std::as_writable_bytes(std::span(text))));
+    if (file.Read(std::as_writable_bytes(std::span(text))) < text.size()) return std::nullopt;
     return ParseHitList(text);
 }
 

@@ -58,7 +58,8 @@ CStream CreateNew(const fs::path& path) {
 CStream OpenSpecial(const fs::path& path) {
     const int descriptor = ::open(path.c_str(), O_WRONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
     if (descriptor < 0) return nullptr;
-    ::fcntl(descriptor, F_SETFL, ::fcntl(descriptor, F_GETFL) & ~O_NONBLOCK);
+    const int flags = ::fcntl(descriptor, F_GETFL);
+    if (flags >= 0) ::fcntl(descriptor, F_SETFL, flags & ~O_NONBLOCK);
     CStream stream(::fdopen(descriptor, "wb"));
     if (stream == nullptr) ::close(descriptor);
     return stream;

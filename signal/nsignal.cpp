@@ -14,7 +14,7 @@ bool CNSignal::FilterCFC(std::int32_t cfc) {
 }
 
 bool CNSignal::Filter(double frequencyHz) {
-    CheckFilterInput(GetY(), Getdelt(), frequencyHz);
+    CheckFilterInput(GetY(), Getdelt(), frequencyHz);  // first, so that a refused record gains no warning
 
     if (GetXTYPE() != "TIME") AddWarning(signal_message::kXTypeNotTime);
     // Narrower than IsTimeUnit, kept: "SECOND" has always been warned about here.
