@@ -102,10 +102,8 @@ void CData::KeepOrBuildX(const std::vector<double>& y, const std::vector<double>
     if (!m_X.empty()) return;
     if (Getdelt() == 0.0) throw CError(signal_message::kNoXAndNoTimeStep);
     if (GetNFP() == 0 && GetNLP() == 0) throw CError(signal_message::kNoXAndNoPointNumbers);
-    // Before the axis is built: the point numbers alone could ask for gigabytes.
-    if (!y.empty() && y.size() != static_cast<std::size_t>(GetCount()))
-        throw CError(signal_message::kXAndYCountsDiffer);
     GenerateTime();
+    if (!y.empty() && y.size() != m_X.size()) throw CError(signal_message::kXAndYCountsDiffer);
 }
 
 void CData::UpdateTimes() {

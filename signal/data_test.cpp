@@ -234,12 +234,6 @@ TEST(SetData, RefusesToBuildXWithoutATimeStep) {
     EXPECT_THAT([&] { data.SetData({1.0, 2.0}); }, ThrowsMessage<CError>("No x signal data and delt is zero."));
 }
 
-TEST(SetData, RefusesAYUnlikeHugePointNumbersWithoutBuildingX) {
-    CData data = Numbered(0.001, -2147483647, 2147483647);
-    EXPECT_THAT([&] { data.SetData({1.0, 2.0}); }, ThrowsMessage<CError>("X and Y Counts are different"));
-    EXPECT_TRUE(data.GetX().empty());
-}
-
 TEST(SetData, ChecksTheTimeStepBeforeThePointNumbers) {
     CData data = Numbered(0.0, 0, 0);
     EXPECT_THAT([&] { data.SetData({1.0, 2.0}); }, ThrowsMessage<CError>("No x signal data and delt is zero."));
