@@ -7,6 +7,7 @@
 
 #include "cli/arguments.h"
 #include "cli/number_option.h"
+#include "cli/outputs.h"
 #include "cli/usage_error.h"
 
 namespace {
@@ -185,6 +186,7 @@ CCompareOptions ParseCompareOptions(const std::vector<std::string>& arguments) {
 
 std::vector<std::string> CompareOptionNames() {
     std::vector<std::string> names;
+    names.reserve(kOptions.size());
     for (const COptionDeclaration& declaration : kOptions) names.emplace_back(declaration.name);
     return names;
 }

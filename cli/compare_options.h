@@ -41,9 +41,6 @@ public:
     bool UsesStandardOutput() const;
 };
 
-/// The path that stands for standard output.
-inline constexpr const char* kStandardOutput = "-";
-
 /// Reads the arguments behind `compare`.
 /// @throws CUsageError with a sentence that says what would be accepted
 CCompareOptions ParseCompareOptions(const std::vector<std::string>& arguments);

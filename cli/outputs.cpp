@@ -19,7 +19,7 @@ std::string Utf8(const std::filesystem::path& path) {
 }  // namespace
 
 void COutputs::Write(std::string_view what, const std::string& path, std::string_view text) {
-    if (path == "-") {
+    if (path == kStandardOutput) {
         m_console.Print(text);
         return;
     }

@@ -6,6 +6,9 @@
 #include "cli/console.h"
 #include "files/replacing_file.h"
 
+/// The path that stands for standard output.
+inline constexpr const char* kStandardOutput = "-";
+
 /// Where the outputs of a command go. Each is tried, whatever became of the ones before; every failure is one sentence
 /// on standard error.
 class COutputs {

@@ -60,6 +60,7 @@ std::string CommandHelp(const CCommand& command) {
 
 std::string ManualPage() {
     std::vector<CHelpPage> commands;
+    commands.reserve(kCommands.size());
     for (const CCommand& command : kCommands) {
         commands.push_back(command.help());
     }
