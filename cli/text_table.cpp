@@ -78,7 +78,8 @@ CColumn MakeColumn(const CSummaryTable& table, int index) {
 
 CColumn NumberColumn(std::size_t count) {
     CColumn column;
-    for (std::size_t i = 1; i <= count; ++i) column.cells.push_back({Join({"(", std::to_string(i), ")"}), {}, {}});
+    for (std::size_t i = 1; i <= count; ++i)
+        column.cells.push_back({Join({"(", std::to_string(i), ")"}), CVerdictColor::White, {}});
     Measure(column);
     return column;
 }

@@ -98,6 +98,12 @@ TEST(TextTable, ColoursVerdictsBesideTheirWords) {
     EXPECT_THAT(text, HasSubstr("\x1b[1mPeak Value\x1b[0m"));
 }
 
+// The numbers once came out red: the zero of the verdict type is none of its three colours.
+TEST(TextTable, LeavesWhatHasNoVerdictPlain) {
+    const std::string text = TextTable(TableOf({RowOf("a.uds", "1.5", CVerdictColor::Red)}), {80, true});
+    EXPECT_THAT(text, HasSubstr("\n(1)  a.uds "));
+}
+
 TEST(TextTable, StandsInLineWithColoursToo) {
     const CSummaryTable table =
         TableOf({RowOf("a.uds", "1.5", CVerdictColor::Red), RowOf("b.uds", "12.5", CVerdictColor::Green)});
