@@ -47,11 +47,15 @@ CInput CollectFiles(const CCompareOptions& options) {
 }
 
 // An output that takes the place of an input would destroy a measurement that may exist only once.
-void RefuseOverwriting(const CCompareOptions& options, std::vector<std::string> inputs) {
-    inputs.insert(inputs.end(), options.hitLists.begin(), options.hitLists.end());
+std::vector<std::string> AllInputs(const CCompareOptions& options, std::vector<std::string> files) {
+    files.insert(files.end(), options.hitLists.begin(), options.hitLists.end());
     if (options.reference) {
-        inputs.push_back(*options.reference);
+        files.push_back(*options.reference);
     }
+    return files;
+}
+
+void RefuseOverwriting(const CCompareOptions& options, const std::vector<std::string>& inputs) {
     for (const std::optional<std::string>& output : {options.html, options.json, options.csv}) {
         for (const std::string& input : inputs) {
             if (output && *output != kStandardOutput && SameFile(*output, input)) {
@@ -120,9 +124,11 @@ CExitStatus FinishStopped(const CCompareOptions& options, const CResults& result
     return Status(outputs, true, false);
 }
 
-CExitStatus FinishCompleted(const CCompareOptions& options, const CResults& results, CQuorvelDoc& document,
-                            CCliHost& host, CConsole& console) {
+CExitStatus FinishCompleted(const CCompareOptions& options, const CResults& results,
+                            const std::vector<std::string>& inputs, CQuorvelDoc& document, CCliHost& host,
+                            CConsole& console) {
     COutputs outputs(console);
+    outputs.Protect(inputs);
     // Pages may cut the signals, so everything about the run itself is taken down before the first of them.
     const CSummaryTable table = MakeSummaryTable(document.ComputedSignals());
     CJsonResults json(options, results, document.Reference(), document.ComputedSignals());
@@ -141,7 +147,8 @@ CExitStatus FinishCompleted(const CCompareOptions& options, const CResults& resu
 CExitStatus RunCompare(const std::vector<std::string>& arguments, CConsole& console) {
     const CCompareOptions options = ParseCompareOptions(arguments);
     const CInput input = CollectFiles(options);
-    RefuseOverwriting(options, input.files);
+    const std::vector<std::string> inputs = AllInputs(options, input.files);
+    RefuseOverwriting(options, inputs);
 
     CCliHost host(options, input.files, console);
     CQuorvelDoc document(host);
@@ -165,6 +172,6 @@ CExitStatus RunCompare(const std::vector<std::string>& arguments, CConsole& cons
         NameUnreadFiles(document, console);
         return FinishStopped(options, results, document.Reference(), console);
     }
-    return FinishCompleted(options, {results.errors, results.referenceErrors, document.PageList()}, document, host,
-                           console);
+    return FinishCompleted(options, {results.errors, results.referenceErrors, document.PageList()}, inputs, document,
+                           host, console);
 }

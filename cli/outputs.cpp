@@ -39,6 +39,16 @@ void COutputs::Note(std::string_view what, const std::string& path, ks::WriteRes
     }
 }
 
+bool COutputs::IsInput(const std::string& path) {
+    for (const std::string& input : m_inputs) {
+        if (SameFile(path, input)) {
+            Fail("An output would overwrite an input: " + path);
+            return true;
+        }
+    }
+    return false;
+}
+
 bool COutputs::MakeFolder(const std::string& path) {
     std::error_code error;
     std::filesystem::create_directories(ks::NativePath(path), error);

@@ -2,6 +2,8 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 #include "cli/console.h"
 #include "files/replacing_file.h"
@@ -20,6 +22,10 @@ public:
     void Write(std::string_view what, const std::string& path, std::string_view text);
     /// Takes note of how a file was written by other hands.
     void Note(std::string_view what, const std::string& path, ks::WriteResult result);
+    /// Names the files that no output may replace: a measurement may exist only once.
+    void Protect(std::vector<std::string> inputs) { m_inputs = std::move(inputs); }
+    /// Whether `path` leads to a protected file; that is then a failure with its sentence.
+    bool IsInput(const std::string& path);
     /// Makes the folder at `path` with its parents. False when there is none afterwards.
     bool MakeFolder(const std::string& path);
     /// A failure with a sentence of its own.
@@ -32,6 +38,7 @@ public:
 
 private:
     CConsole& m_console;
+    std::vector<std::string> m_inputs;
     bool m_failed = false;
 };
 

@@ -14,6 +14,10 @@ std::string PageStem(std::int32_t pageId) {
 
 void WriteAsciiPage(const std::string& folder, const CQuorvelDoc& document, std::int32_t pageId, COutputs& outputs) {
     const std::string path = PathIn(folder, PageStem(pageId) + ".txt");
+    if (outputs.IsInput(path)) {
+        return;
+    }
+    // The table of a page that could not be built is empty: one of an earlier run would pass for this run's.
     outputs.Note("The ASCII table of a page", path, WriteAsciiTable(path, document.ChartBlock(), pageId));
 }
 
@@ -21,6 +25,9 @@ void WriteUdsPage(const std::string& folder, const CQuorvelDoc& document, std::i
     std::size_t number = 0;
     for (const auto& series : document.Series()) {
         const std::string path = PathIn(folder, PageStem(pageId) + "-" + std::to_string(++number) + ".uds");
+        if (outputs.IsInput(path)) {
+            continue;
+        }
         try {
             series->SaveUDS(path);
         } catch (const std::exception& error) {
@@ -50,9 +57,6 @@ void WritePages(const CCompareOptions& options, CQuorvelDoc& document, CCliHost&
         if (options.pages) {
             const auto error = shown.empty() ? std::nullopt : std::optional<std::string>(shown.front());
             json.AddPage({pageId, error, document.ChartBlock(), document.Series(), document.SeriesNames()});
-        }
-        if (!shown.empty()) {
-            continue;  // a page that could not be built must not replace an older good file by an empty one
         }
         if (ascii) {
             WriteAsciiPage(*options.asciiFolder, document, pageId, outputs);

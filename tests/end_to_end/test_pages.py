@@ -164,6 +164,29 @@ class RefusedSeries(EndToEndTest):
         self.assertEqual(self.parse(self.read("out.json"))["signals"][0]["measures"]["pointCount"], 1)
 
 
+class Inputs(EndToEndTest):
+    """A measurement may exist only once: no output takes its place."""
+
+    def test_a_series_never_overwrites_a_signal(self):
+        (self.folder / "uds").mkdir()
+        self.write("uds/page-7-1.uds", uds(wave(300), STEP))
+        before = self.read("uds/page-7-1.uds")
+        run = self.compare("--quiet", "--uds", "uds", "uds/page-7-1.uds")
+        self.assertEqual(run.status, 4)
+        self.assertComplaints(run, "quorvel-cli: An output would overwrite an input: uds/page-7-1.uds")
+        self.assertEqual(self.read("uds/page-7-1.uds"), before)
+        self.assertTrue((self.folder / "uds/page-7-2.uds").is_file())
+
+    def test_a_table_never_overwrites_a_signal(self):
+        (self.folder / "ascii").mkdir()
+        lines = "".join(f"{i * STEP} {value}\n" for i, value in enumerate(wave(300))).encode()
+        self.write("ascii/page-4.txt", lines)
+        run = self.compare("--quiet", "--ascii", "ascii", "ascii/page-4.txt")
+        self.assertEqual(run.status, 4)
+        self.assertIn("An output would overwrite an input: ascii/page-4.txt", run.complaints)
+        self.assertEqual(self.read("ascii/page-4.txt"), lines)
+
+
 class FailedPages(EndToEndTest):
     """A reference whose point numbers do not begin at 0 leaves the cross correlation page without its offsets: the page
     fails and the run does not."""
