@@ -67,14 +67,14 @@ CHelpSection Outputs() {
 }
 
 CHelpSection Stopping() {
-    return {"Runs that stop",
-            {{"",
-              "A file or a hit list that cannot be read, or a signal that cannot be prepared, stops the run behind the "
-              "step at "
-              "work; every message goes to standard error. A stopped run still writes its JSON, with the messages "
-              "and no signals, but no table, report, CSV, ASCII or UDS file. A chart page that cannot be built "
-              "leaves the exit status as it is; its message stands in the JSON and on standard error. No output takes "
-              "the place of a file that was read."}}};
+    return {
+        "Runs that stop",
+        {{"",
+          "A file or a hit list that cannot be read, or a signal that cannot be prepared, stops the run behind the "
+          "step at work; every message goes to standard error. A stopped run still writes its JSON, with the messages "
+          "and no signals, but no table, report, CSV, ASCII or UDS file. A chart page that cannot be built "
+          "leaves the exit status as it is; its message stands in the JSON and on standard error. No output takes "
+          "the place of a file that was read."}}};
 }
 
 CHelpSection Examples() {
