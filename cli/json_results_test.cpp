@@ -128,6 +128,14 @@ TEST(JsonResults, ShowAPageThatCouldNotBeBuilt) {
     EXPECT_EQ(page.at("error"), "Why");
 }
 
+TEST(JsonResults, ShowAChartPageWithoutSeriesAsNotBuilt) {
+    CJsonResults results({}, {}, {}, {});
+    results.AddPage({6, std::nullopt, {}, {}, {}});
+    const json page = json::parse(results.Finish(true)).at("pages").at(0);
+    EXPECT_EQ(page.at("built"), false);
+    EXPECT_TRUE(page.at("error").is_null());
+}
+
 TEST(JsonResults, HavePagesOnlyWhenAsked) {
     EXPECT_FALSE(json::parse(CJsonResults({}, {}, {}, {}).Finish(false)).contains("pages"));
     EXPECT_EQ(json::parse(CJsonResults({}, {}, {}, {}).Finish(true)).at("pages"), json::array());
