@@ -89,7 +89,7 @@ Json PageJson(const CPageView& page, bool chart) {
     Json json;
     json["id"] = page.id;
     json["name"] = PageName(page.id);
-    json["built"] = !page.error.has_value();
+    json["built"] = !page.error.has_value() && (!chart || !page.series.empty());
     json["error"] = page.error ? Json(*page.error) : Json(nullptr);
     json["xTitle"] = page.block.xTitle;
     json["yTitle"] = page.block.yTitle;
