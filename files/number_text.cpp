@@ -42,11 +42,20 @@ std::string GeneralText(double value) {
     return text;
 }
 
-std::string ShortestText(double value) {
-    if (std::isnan(value)) return kNotANumber;
+void AppendShortestText(std::string& text, double value) {
+    if (std::isnan(value)) {
+        text += kNotANumber;
+        return;
+    }
     std::array<char, kShortBuffer> buffer{};
     const auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value);
-    return {buffer.data(), result.ptr};
+    text.append(buffer.data(), result.ptr);
+}
+
+std::string ShortestText(double value) {
+    std::string text;
+    AppendShortestText(text, value);
+    return text;
 }
 
 }  // namespace ks

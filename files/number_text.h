@@ -19,4 +19,7 @@ void AppendGeneralText(std::string& text, double value);
 /// The shortest text that reads back to the same double.
 std::string ShortestText(double value);
 
+/// Appends ShortestText(value) without a temporary.
+void AppendShortestText(std::string& text, double value);
+
 }  // namespace ks

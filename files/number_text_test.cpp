@@ -95,6 +95,13 @@ TEST(ShortestText, IsShort) {
     EXPECT_EQ(ShortestText(-kInfinity), "-inf");
 }
 
+TEST(AppendShortestText, KeepsWhatStands) {
+    std::string text = "a";
+    AppendShortestText(text, 0.1);
+    AppendShortestText(text, kNan);
+    EXPECT_EQ(text, "a0.1nan");
+}
+
 TEST(ShortestText, ReadsBackToTheSameBits) {
     ForManyValues([](double value) {
         const double back = std::strtod(ShortestText(value).c_str(), nullptr);

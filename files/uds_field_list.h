@@ -50,7 +50,7 @@
     REAL(File, CLSSPD)               /* closing speed, km/h */                                                  \
     QUORVEL_UDS_COMPONENT_FIELDS(TEXT, INTEGER, REAL, File, 1, "NONE")                                          \
     REAL(File, INJ1)          /* occupant injury values 1 to 6; 1 is the head injury criterion, 2 and 3 its */  \
-    REAL(File, INJ2)          /* times in seconds */                                                            \
+    REAL(File, INJ2)          /* times in milliseconds */                                                       \
     REAL(File, INJ3)                                                                                            \
     REAL(File, INJ4)                                                                                            \
     REAL(File, INJ5)                                                                                            \

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 
@@ -36,6 +37,9 @@ std::string StopTimeNotAfterStart(double start, double stop);
 std::string StartIndexNotBeforeStop(std::int32_t start, std::int32_t stop);
 inline constexpr const char* kStopIndexNotAfterStart = "Stop index is <= Start Index";
 inline constexpr const char* kIndicesOutOfRange = "Unable to provide requested stop/start indices";
+
+// Export of the points as text.
+std::string PointNotFinite(std::size_t index, std::size_t count);
 
 // Filtering: failures.
 inline constexpr const char* kUnknownChannelClass = "BWfilt: Frequency Channel Class is not specified in SAE J211";

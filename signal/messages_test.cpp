@@ -20,5 +20,9 @@ TEST(StartIndexNotBeforeStop, WritesPlainWholeNumbers) {
     EXPECT_EQ(StartIndexNotBeforeStop(1234567, -1234567), "Start Index (1234567)is >= Stop Index (-1234567)");
 }
 
+TEST(PointNotFinite, CountsPointsFromOne) {
+    EXPECT_EQ(PointNotFinite(0, 12345678), "Point 1 of 12345678 holds no finite number; an ASCII file cannot hold it.");
+}
+
 }  // namespace
 }  // namespace ks::signal_message
