@@ -1,0 +1,38 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "app/summary_model.h"
+#include "tests/support/test_signals.h"
+
+/// Two signals that were compared with "ref.uds": "/a/close.uds" follows it closely, "/a/distant.uds" does not.
+inline std::vector<CSignal> ComparedSignals() {
+    CSignal reference("ref.uds"), close("/a/close.uds"), distant("/a/distant.uds");
+    reference.Record() = MakeTimeSignal(std::vector<double>{1.0, 2.0, 3.0, 4.0}, 0.001);
+    close.Record() = MakeTimeSignal(std::vector<double>{1.0, 2.01, 3.0, 4.0}, 0.001);
+    distant.Record() = MakeTimeSignal(std::vector<double>{-1.0, 9.0, -3.0, 4.0}, 0.001);
+    close.Compare(reference);
+    distant.Compare(reference);
+    return {close, distant};
+}
+
+/// A row whose column k holds "`name`.k" and has no verdict.
+inline CSummaryRow PlainRow(const std::string& name) {
+    CSummaryRow row;
+    for (std::size_t column = 0; column < row.texts.size(); ++column) {
+        row.texts[column] = name + "." + std::to_string(column);
+    }
+    row.colors.fill(CVerdictColor::White);
+    return row;
+}
+
+/// A snapshot with a plain row per name.
+inline CSummarySnapshot PlainSnapshot(const std::vector<std::string>& names) {
+    CSummarySnapshot snapshot;
+    for (const std::string& name : names) {
+        snapshot.table.rows.push_back(PlainRow(name));
+        snapshot.paths.push_back(name);
+    }
+    return snapshot;
+}
