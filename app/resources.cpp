@@ -1,6 +1,6 @@
 #include "app/resources.h"
 
-#include <QString>
+#include <QFile>
 
 /// The linker drops the resources of a static library unless somebody asks for them, from outside any namespace.
 static void LoadResources() {
@@ -10,4 +10,10 @@ static void LoadResources() {
 QIcon ApplicationIcon() {
     LoadResources();
     return QIcon(QStringLiteral(":/icons/quorvel.svg"));
+}
+
+QIcon CommandIcon(const QString& name) {
+    LoadResources();
+    const QString path = QStringLiteral(":/icons/%1.svg").arg(name);
+    return QFile::exists(path) ? QIcon(path) : QIcon();  // an icon of a missing file would not be null
 }

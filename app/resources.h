@@ -1,6 +1,12 @@
 #pragma once
 
 #include <QIcon>
+#include <QString>
 
 /// The program's icon, drawn at whatever size is asked for.
 QIcon ApplicationIcon();
+
+/// The icon of a command, for light and dark themes alike. `name` is one of select-files, save-bmp, save-wmf,
+/// save-html, save-uds, save-ascii, copy, copy-data, print, uds-specification, corridor-size, critical-values, about,
+/// reset-zoom; for any other the icon is null.
+QIcon CommandIcon(const QString& name);

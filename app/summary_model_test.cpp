@@ -8,26 +8,9 @@
 #include <QSignalSpy>
 #include <QTest>
 #include <QTextDocument>
-#include <cmath>
 
+#include "app/testing/contrast.h"
 #include "app/testing/summary_samples.h"
-
-namespace {
-
-/// Relative luminance of a colour, as the contrast rules of the web define it (WCAG 2.1).
-double Luminance(const QColor& color) {
-    const auto linear = [](double part) {
-        return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
-}
-
-double Contrast(const QColor& one, const QColor& other) {
-    const double a = Luminance(one), b = Luminance(other);
-    return (std::max(a, b) + 0.05) / (std::min(a, b) + 0.05);
-}
-
-}  // namespace
 
 class CSummaryModelTest : public QObject {
     Q_OBJECT
