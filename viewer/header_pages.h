@@ -1,0 +1,122 @@
+#pragma once
+
+#include <QWidget>
+#include <initializer_list>
+#include <vector>
+
+#include "signal/header_groups.h"
+
+class CFieldForm;
+class QTabWidget;
+
+namespace ksres {
+
+/// A page of the property sheet that shows groups of the header, with sub-pages below where it has any.
+class CHeaderPage : public QWidget {
+    Q_OBJECT
+
+public:
+    void ShowRecord(const ks::CData& record);
+
+protected:
+    /// @param columns  pairs of label and value side by side
+    CHeaderPage(std::initializer_list<ks::CHeaderGroupId> groups, int columns, QWidget* parent);
+
+    /// Adds a sub-page on a tab of its own; it becomes a child of the tabs.
+    void AddSubPage(CHeaderPage* page, const QString& title);
+
+private:
+    CFieldForm* m_form = nullptr;
+    QTabWidget* m_tabs = nullptr;
+    std::vector<CHeaderPage*> m_subPages;
+};
+
+/// File and test.
+class CUDSTestDialog : public CHeaderPage {
+    Q_OBJECT
+
+public:
+    explicit CUDSTestDialog(QWidget* parent = nullptr);
+};
+
+/// Both vehicles.
+class CUDSVehDialog : public CHeaderPage {
+    Q_OBJECT
+
+public:
+    explicit CUDSVehDialog(QWidget* parent = nullptr);
+};
+
+class CUdsVeh1Dialog : public CHeaderPage {
+    Q_OBJECT
+
+public:
+    explicit CUdsVeh1Dialog(QWidget* parent = nullptr);
+};
+
+class CUdsVeh2Dialog : public CHeaderPage {
+    Q_OBJECT
+
+public:
+    explicit CUdsVeh2Dialog(QWidget* parent = nullptr);
+};
+
+/// Both occupants, and the injury values of the one whose curve it is.
+class CUDSOCCDialog : public CHeaderPage {
+    Q_OBJECT
+
+public:
+    explicit CUDSOCCDialog(QWidget* parent = nullptr);
+};
+
+class CUdsOcc1Dialog : public CHeaderPage {
+    Q_OBJECT
+
+public:
+    explicit CUdsOcc1Dialog(QWidget* parent = nullptr);
+};
+
+class CUdsOcc2Dialog : public CHeaderPage {
+    Q_OBJECT
+
+public:
+    explicit CUdsOcc2Dialog(QWidget* parent = nullptr);
+};
+
+class CUdsOccupantInjuryDialog : public CHeaderPage {
+    Q_OBJECT
+
+public:
+    explicit CUdsOccupantInjuryDialog(QWidget* parent = nullptr);
+};
+
+/// The curve.
+class CUDSCurveDialog : public CHeaderPage {
+    Q_OBJECT
+
+public:
+    explicit CUDSCurveDialog(QWidget* parent = nullptr);
+};
+
+class CUdsCurveDataDialog : public CHeaderPage {
+    Q_OBJECT
+
+public:
+    explicit CUdsCurveDataDialog(QWidget* parent = nullptr);
+};
+
+class CUdsSensorInfoDialog : public CHeaderPage {
+    Q_OBJECT
+
+public:
+    explicit CUdsSensorInfoDialog(QWidget* parent = nullptr);
+};
+
+class CUdsCurveUserDialog : public CHeaderPage {
+    Q_OBJECT
+
+public:
+    explicit CUdsCurveUserDialog(QWidget* parent = nullptr);
+};
+
+}  // namespace ksres

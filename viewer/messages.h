@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QCoreApplication>
+#include <QString>
+
+// The sentences of the file viewer, as the user reads them.
+
+inline QString NoFormChosen() {
+    return QCoreApplication::translate("CUDSDialog", "Check Radio Button X or XY");
+}
+
+inline QString FileNotOpened(const QString& path) {
+    //: %1 is a path
+    return QCoreApplication::translate("CUDSDialog", "Failure to open file %1").arg(path);
+}
+
+inline QString FileNotCompleted(const QString& path) {
+    //: %1 is a path
+    return QCoreApplication::translate(
+               "CUDSDialog", "Writing %1 failed before the file was complete. An older file of this name is unchanged.")
+        .arg(path);
+}
+
+inline QString NotPrinted(const QString& printer) {
+    //: %1 is a printer
+    return QCoreApplication::translate("CUDSDialog", "The printer %1 does not accept the report.").arg(printer);
+}

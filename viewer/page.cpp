@@ -1,0 +1,120 @@
+#include "viewer/page.h"
+
+#include <QFontMetricsF>
+#include <QPainter>
+#include <QTextLayout>
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace {
+
+constexpr double kUnitsPerInch = 600.0;  // of the layout
+constexpr double kPointsPerInch = 72.0;
+constexpr double kRuleWidth = 0.75 / kPointsPerInch;
+
+// Most printers reach to within a quarter of an inch of the edge.
+constexpr double kTopMargin = 0.25;
+constexpr double kSideMargin = 0.6;
+constexpr double kLastRow = 10.5;  // the lower end of the footer
+
+// Between header and footer.
+constexpr double kFirstBodyRow = 0.95;
+constexpr double kLastBodyRow = 10.15;
+
+// The smallest paper on which a page has its natural size: A4 upright is the narrower, and on lower paper than this
+// the lines of title and header would meet.
+constexpr QSizeF kSmallestPaper{8.2, 6.0};
+
+QPointF Units(QPointF inches) {
+    return inches * kUnitsPerInch;
+}
+
+QString Printable(QString text) {
+    for (QChar& character : text)
+        if (character.category() == QChar::Other_Control) character = QLatin1Char(' ');
+    return text;
+}
+
+}  // namespace
+
+QFont CPrintLetters::Font() const {
+    QFont font(QStringLiteral("Times New Roman"));
+    font.setStyleHint(QFont::Serif);
+    font.setHintingPreference(QFont::PreferNoHinting);
+    font.setKerning(false);  // widths are then the same on every device
+    font.setPixelSize(static_cast<int>(std::lround(points / kPointsPerInch * kUnitsPerInch)));
+    font.setBold(bold);
+    return font;
+}
+
+double CPrintLetters::LineHeight() const {
+    return QFontMetricsF(Font()).height() / kUnitsPerInch;
+}
+
+double CPrintLetters::Width(const QString& text) const {
+    return QFontMetricsF(Font()).horizontalAdvance(Printable(text)) / kUnitsPerInch;
+}
+
+QStringList CPrintLetters::Lines(const QString& text, double width) const {
+    const QString printable = Printable(text);
+    QTextLayout layout(printable, Font());
+    QTextOption option;
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    layout.setTextOption(option);
+    QStringList lines;
+    layout.beginLayout();
+    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+        line.setLineWidth(width * kUnitsPerInch);
+        lines.append(printable.mid(line.textStart(), line.textLength()));
+    }
+    layout.endLayout();
+    if (lines.isEmpty()) lines.append(QString());
+    return lines;
+}
+
+CPage::CPage(QSizeF paper)
+    : m_scale(std::min({1.0, paper.width() / kSmallestPaper.width(), paper.height() / kSmallestPaper.height()})),
+      m_size(paper / m_scale) {}
+
+double CPage::RowTop(double row) const {
+    return kTopMargin + row * (m_size.height() - 2.0 * kTopMargin) / kLastRow;
+}
+
+QRectF CPage::Body() const {
+    return {QPointF(kSideMargin, RowTop(kFirstBodyRow)), QPointF(m_size.width() - kSideMargin, RowTop(kLastBodyRow))};
+}
+
+void CPage::AddText(QPointF place, const QString& text, const CPrintLetters& letters) {
+    m_texts.push_back({place, Printable(text), letters});
+}
+
+void CPage::AddLine(double row, Qt::AlignmentFlag alignment, const QString& text, const CPrintLetters& letters) {
+    const double room = m_size.width() - 2.0 * kSideMargin - letters.Width(text);
+    const double share = alignment == Qt::AlignLeft ? 0.0 : alignment == Qt::AlignRight ? 1.0 : 0.5;
+    AddText({kSideMargin + room * share, RowTop(row)}, text, letters);
+}
+
+void CPage::AddRule(QPointF from, QPointF to) {
+    m_rules.push_back({from, to});
+}
+
+void CPage::AddPicture(const QRectF& area, Picture picture) {
+    m_pictures.push_back({area, std::move(picture)});
+}
+
+void CPage::Paint(QPainter& painter) const {
+    painter.save();
+    painter.scale(painter.device()->logicalDpiX() / kUnitsPerInch * m_scale,
+                  painter.device()->logicalDpiY() / kUnitsPerInch * m_scale);
+    for (const CPicture& picture : m_pictures)
+        picture.paint(painter, {Units(picture.area.topLeft()), Units(picture.area.bottomRight())});
+    painter.setPen(QPen(Qt::black, kRuleWidth * kUnitsPerInch, Qt::SolidLine, Qt::FlatCap));
+    for (const CRule& rule : m_rules) painter.drawLine(Units(rule.from), Units(rule.to));
+    for (const CText& text : m_texts) {
+        const QFont font = text.letters.Font();
+        painter.setFont(font);
+        painter.drawText(Units(text.place) + QPointF(0.0, QFontMetricsF(font).ascent()), text.text);
+    }
+    painter.restore();
+}

@@ -1,0 +1,165 @@
+#include "viewer/print_preview.h"
+
+#include <QComboBox>
+#include <QGraphicsView>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPageSize>
+#include <QPrinter>
+#include <QSignalBlocker>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+#include "viewer/make_child.h"
+#include "viewer/printer.h"
+
+namespace ksres {
+
+// The pages.
+
+CKsPreviewView::CKsPreviewView(QPrinter& printer, const PaintReport& paint, QWidget* parent)
+    : QPrintPreviewWidget(&printer, parent) {
+    setObjectName("previewView");
+    setAccessibleName(tr("Print preview"));
+    connect(this, &QPrintPreviewWidget::paintRequested, this, [paint](QPrinter* target) { paint(*target); });
+    const auto views = findChildren<QGraphicsView*>();
+    for (QGraphicsView* const view : views) {
+        view->setAccessibleName(tr("Pages of the report"));
+        view->setAcceptDrops(false);  // files dropped on it are the window's
+        view->viewport()->setAcceptDrops(false);
+    }
+}
+
+// The pages and their controls.
+
+CViewPrintPreview::CViewPrintPreview(QPrinter& printer, const PaintReport& paint, QWidget* parent)
+    : QWidget(parent),
+      m_printer(printer),
+      m_view(MakeChild<CKsPreviewView>(printer, paint, this)),
+      m_paperBox(MakeChild<QComboBox>(this)),
+      m_placeLabel(MakeChild<QLabel>(this)) {
+    auto* const rows = MakeChild<QVBoxLayout>(this);
+    rows->setContentsMargins(0, 0, 0, 0);
+    rows->addLayout(MakeControls());
+    rows->addWidget(m_view, 1);
+    connect(m_view, &QPrintPreviewWidget::previewChanged, this, &CViewPrintPreview::ShowPlace);
+    m_view->fitInView();
+    ShowPaper();
+}
+
+void CViewPrintPreview::Refresh() {
+    ShowPaper();
+    m_view->updatePreview();
+    ShowPlace();
+}
+
+QLayout* CViewPrintPreview::MakeControls() {
+    auto controls = std::make_unique<QHBoxLayout>();
+    auto* const paperLabel = MakeChild<QLabel>(tr("&Paper:"), this);
+    paperLabel->setBuddy(m_paperBox);
+    m_paperBox->setObjectName("paperBox");
+    connect(m_paperBox, &QComboBox::activated, this, &CViewPrintPreview::TakePaper);
+    m_placeLabel->setObjectName("placeLabel");
+
+    m_previous = MakeButton("previousPageButton", tr("Previous"), tr("Previous page"));
+    m_next = MakeButton("nextPageButton", tr("Next"), tr("Next page"));
+    QToolButton* const zoomIn = MakeButton("zoomInButton", tr("Zoom In"), tr("Show the pages larger"));
+    QToolButton* const zoomOut = MakeButton("zoomOutButton", tr("Zoom Out"), tr("Show the pages smaller"));
+    QToolButton* const fitPage = MakeButton("fitPageButton", tr("Whole Page"), tr("Show one whole page"));
+    QToolButton* const fitWidth =
+        MakeButton("fitWidthButton", tr("Page Width"), tr("Show the pages as wide as the window"));
+    connect(m_previous, &QToolButton::clicked, this, [this] { GoBy(-1); });
+    connect(m_next, &QToolButton::clicked, this, [this] { GoBy(1); });
+    connect(zoomIn, &QToolButton::clicked, m_view, [this] { m_view->zoomIn(); });
+    connect(zoomOut, &QToolButton::clicked, m_view, [this] { m_view->zoomOut(); });
+    connect(fitPage, &QToolButton::clicked, m_view, &QPrintPreviewWidget::fitInView);
+    connect(fitWidth, &QToolButton::clicked, m_view, &QPrintPreviewWidget::fitToWidth);
+
+    for (QWidget* const widget : {static_cast<QWidget*>(paperLabel), static_cast<QWidget*>(m_paperBox)})
+        controls->addWidget(widget);
+    controls->addStretch();
+    for (QToolButton* const button : {zoomIn, zoomOut, fitPage, fitWidth}) controls->addWidget(button);
+    controls->addStretch();
+    for (QWidget* const widget : std::initializer_list<QWidget*>{m_previous, m_placeLabel, m_next})
+        controls->addWidget(widget);
+    return controls.release();  // the layout it is added to owns it
+}
+
+QToolButton* CViewPrintPreview::MakeButton(const char* id, const QString& text, const QString& toolTip) {
+    auto* const button = MakeChild<QToolButton>(this);
+    button->setObjectName(id);
+    button->setText(text);
+    button->setToolTip(toolTip);
+    button->setAccessibleName(toolTip);
+    button->setFocusPolicy(Qt::StrongFocus);
+    return button;
+}
+
+/// Letter and A4 can always be chosen; another paper stays on offer while the printer has it.
+void CViewPrintPreview::ShowPaper() {
+    const QPageSize::PageSizeId current = m_printer.pageLayout().pageSize().id();
+    const QSignalBlocker quiet(m_paperBox);
+    m_paperBox->clear();
+    for (const QPageSize::PageSizeId id : {QPageSize::Letter, QPageSize::A4})
+        m_paperBox->addItem(id == QPageSize::Letter ? tr("Letter") : tr("A4"), id);
+    if (m_paperBox->findData(current) < 0) m_paperBox->addItem(m_printer.pageLayout().pageSize().name(), current);
+    m_paperBox->setCurrentIndex(m_paperBox->findData(current));
+}
+
+void CViewPrintPreview::TakePaper(int index) {
+    const auto id = static_cast<QPageSize::PageSizeId>(m_paperBox->itemData(index).toInt());
+    if (id == m_printer.pageLayout().pageSize().id()) return;
+    m_printer.setPageSize(QPageSize(id));
+    Refresh();
+}
+
+void CViewPrintPreview::ShowPlace() {
+    const int page = m_view->currentPage();
+    const int count = m_view->pageCount();
+    //: the page on show, of how many
+    m_placeLabel->setText(tr("Page %1 of %2").arg(page).arg(count));
+    m_previous->setEnabled(page > 1);
+    m_next->setEnabled(page < count);
+}
+
+void CViewPrintPreview::GoBy(int pages) {
+    m_view->setCurrentPage(m_view->currentPage() + pages);
+    ShowPlace();
+}
+
+// The page of the sheet.
+
+CPrintPreviewer::CPrintPreviewer(const PaintReport& paint, QWidget* parent) : QWidget(parent), m_paint(paint) {
+    MakeChild<QVBoxLayout>(this);
+}
+
+CPrintPreviewer::~CPrintPreviewer() {
+    const std::unique_ptr<QWidget> gone(m_view);  // before the printer that it shows
+}
+
+void CPrintPreviewer::Refresh() {
+    m_stale = true;
+    if (!isVisible() || m_view == nullptr) return;
+    m_view->Refresh();
+    m_stale = false;
+}
+
+QPrinter& CPrintPreviewer::Printer() {
+    if (!m_printer) {
+        m_printer = std::make_unique<QPrinter>();
+        m_printer->setFullPage(true);
+        if (m_printer->printerName().isEmpty()) m_printer->setPageSize(UsualPaper());  // no printer to ask
+    }
+    return *m_printer;
+}
+
+void CPrintPreviewer::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    if (m_view == nullptr) {
+        m_view = MakeChild<CViewPrintPreview>(Printer(), m_paint, this);
+        layout()->addWidget(m_view);
+    }
+    if (m_stale) Refresh();
+}
+
+}  // namespace ksres

@@ -1,0 +1,81 @@
+#pragma once
+
+#include <QPrintPreviewWidget>
+#include <QWidget>
+#include <functional>
+#include <memory>
+
+#include "viewer/report_pdf.h"
+
+class QComboBox;
+class QLabel;
+class QLayout;
+class QPrinter;
+class QToolButton;
+
+namespace ksres {
+
+/// Paints the report onto a printer; the preview gives it one that shows what it would print.
+using PaintReport = std::function<void(QPrinter& printer)>;
+
+/// The pages of the report as they would be printed.
+class CKsPreviewView : public QPrintPreviewWidget {
+    Q_OBJECT
+
+public:
+    /// `printer` must outlive the view.
+    CKsPreviewView(QPrinter& printer, const PaintReport& paint, QWidget* parent = nullptr);
+};
+
+/// The pages with what belongs around them: paper, zoom, going from page to page.
+class CViewPrintPreview : public QWidget {
+    Q_OBJECT
+
+public:
+    /// `printer` must outlive the view.
+    CViewPrintPreview(QPrinter& printer, const PaintReport& paint, QWidget* parent = nullptr);
+
+    /// Paints the report anew, for the printer's paper.
+    void Refresh();
+
+private:
+    QLayout* MakeControls();
+    QToolButton* MakeButton(const char* id, const QString& text, const QString& toolTip);
+    void ShowPaper();
+    void ShowPlace();
+    void TakePaper(int index);
+    void GoBy(int pages);
+
+    QPrinter& m_printer;
+    CKsPreviewView* m_view;
+    QComboBox* m_paperBox;
+    QToolButton* m_previous = nullptr;
+    QToolButton* m_next = nullptr;
+    QLabel* m_placeLabel;
+};
+
+/// The page of the property sheet with the report's preview. Painting waits until the page is on show.
+class CPrintPreviewer : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit CPrintPreviewer(const PaintReport& paint, QWidget* parent = nullptr);
+    ~CPrintPreviewer() override;
+
+    /// What would be printed has changed.
+    void Refresh();
+
+    /// The printer whose paper the preview shows, found when first asked for: that can take a moment.
+    QPrinter& Printer();
+
+protected:
+    void showEvent(QShowEvent* event) override;
+
+private:
+    PaintReport m_paint;
+    std::unique_ptr<QPrinter> m_printer;
+    CViewPrintPreview* m_view = nullptr;
+    bool m_stale = true;
+};
+
+}  // namespace ksres

@@ -1,0 +1,66 @@
+#include "viewer/printer.h"
+
+#include <QBuffer>
+#include <QLocale>
+#include <QMarginsF>
+#include <QPainter>
+#include <QPdfWriter>
+#include <QPrinter>
+#include <string_view>
+#include <vector>
+
+namespace {
+
+constexpr int kPdfResolution = 1200;  // dots per inch; positions are rounded to them
+
+std::vector<int> PagesToPaint(int count, const QPageRanges& wanted) {
+    std::vector<int> pages;
+    for (int page = 0; page < count; ++page)
+        if (wanted.isEmpty() || wanted.contains(page + 1)) pages.push_back(page);
+    return pages;
+}
+
+}  // namespace
+
+QPageSize UsualPaper() {
+    const bool letter = QLocale().measurementSystem() == QLocale::ImperialUSSystem;
+    return QPageSize(letter ? QPageSize::Letter : QPageSize::A4);
+}
+
+bool CPrinter::PaintOn(QPagedPaintDevice& device, const QPageRanges& pages) const {
+    const CReport report(m_subject, device.pageLayout().fullRect(QPageLayout::Inch).size());
+    QPainter painter;
+    if (!painter.begin(&device)) return false;
+    bool first = true;
+    for (const int page : PagesToPaint(report.PageCount(), pages)) {
+        if (!first && !device.newPage()) return false;
+        first = false;
+        report.Paint(painter, page);
+    }
+    return painter.end();
+}
+
+ks::WriteResult CPrinter::Print(QPrinter& printer) const {
+    const QPageRanges pages = printer.printRange() == QPrinter::PageRange ? printer.pageRanges() : QPageRanges();
+    if (!printer.outputFileName().isEmpty())
+        return WritePdf(printer.outputFileName().toStdString(), printer.pageLayout(), pages);
+    printer.setFullPage(true);
+    return PaintOn(printer, pages) ? ks::WriteResult::Written : ks::WriteResult::NotOpened;
+}
+
+ks::WriteResult CPrinter::WritePdf(const std::string& path, const QPageLayout& layout, const QPageRanges& pages) const {
+    if (!ks::CanWrite(path)) return ks::WriteResult::NotOpened;
+    QBuffer file;
+    file.open(QIODevice::WriteOnly);
+    {
+        QPdfWriter writer(&file);
+        writer.setResolution(kPdfResolution);
+        writer.setTitle(m_subject.fileName);
+        writer.setCreator(QStringLiteral("Quorvel"));
+        writer.setPageSize(layout.pageSize());
+        writer.setPageOrientation(layout.orientation());
+        writer.setPageMargins(QMarginsF());
+        if (!PaintOn(writer, pages)) return ks::WriteResult::NotCompleted;
+    }
+    return ks::WriteFile(path, std::string_view(file.data().constData(), static_cast<std::size_t>(file.size())));
+}

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QPageLayout>
+#include <QPageRanges>
+#include <QPageSize>
+#include <string>
+
+#include "viewer/report.h"
+
+class QPagedPaintDevice;
+class QPrinter;
+
+/// Letter or A4: what is usual in the user's country.
+QPageSize UsualPaper();
+
+/// Puts a report on paper. Printers, previews and PDF files all go this way.
+class CPrinter {
+public:
+    /// The subject's record must outlive the printer.
+    explicit CPrinter(const CReportSubject& subject) : m_subject(subject) {}
+
+    /// Paints the report, laid out for the device's paper. The device's origin must be the paper's corner.
+    /// @param pages  those to paint, from 1; empty: all. Pages that the report does not have are left out.
+    /// @return       false when the device does not take them
+    [[nodiscard]] bool PaintOn(QPagedPaintDevice& device, const QPageRanges& pages = {}) const;
+
+    /// Prints on the printer, or into its file, whose old contents are replaced only when the new one is complete;
+    /// follows the page range chosen in a print dialog.
+    [[nodiscard]] ks::WriteResult Print(QPrinter& printer) const;
+
+    /// Writes a PDF file; `layout` is paper and orientation.
+    [[nodiscard]] ks::WriteResult WritePdf(const std::string& path, const QPageLayout& layout,
+                                           const QPageRanges& pages = {}) const;
+
+private:
+    CReportSubject m_subject;
+};

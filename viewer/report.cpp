@@ -1,0 +1,164 @@
+#include "viewer/report.h"
+
+#include <QCoreApplication>
+#include <algorithm>
+#include <span>
+#include <utility>
+
+#include "signal/header_groups.h"
+#include "viewer/curve_plot.h"
+#include "viewer/print_region.h"
+#include "viewer/print_table.h"
+
+namespace {
+
+using enum ks::CHeaderGroupId;
+
+// Inches.
+constexpr double kBetweenBands = 0.09;
+constexpr double kBetweenRegions = 0.25;
+constexpr double kPlotHeight = 4.0;
+constexpr double kLeastPlotHeight = 2.5;
+
+/// A group of the report; groups of the header that share a title are one.
+struct CReportGroup {
+    std::vector<ks::CHeaderGroupId> ids;
+    int columns = 1;
+};
+
+/// Groups side by side.
+using CBand = std::vector<CReportGroup>;
+
+const std::vector<CBand>& SpecificationBands() {
+    static const std::vector<CBand> bands = {
+        {{{File}, 4}},
+        {{{Test}, 3}},
+        {{{VehicleOne}, 1}, {{VehicleTwo}, 1}},
+        {{{OccupantOne}, 1}, {{OccupantTwo}, 1}},
+        {{{OccupantInjury}, 4}},
+        {{{Curve}, 2}},
+        {{{CurveData, Sensor}, 2}},
+        {{{CurveUserData}, 5}},
+    };
+    return bands;
+}
+
+const std::vector<CBand>& FurtherBands() {
+    static const std::vector<CBand> bands = {
+        {{{OtherFile}, 1}, {{OtherTest}, 2}},
+        {{{OtherVehicleOne}, 1}, {{OtherVehicleTwo}, 1}},
+        {{{OtherInjury}, 3}},
+        {{{OtherCurve}, 3}},
+        {{{OtherSensor}, 3}},
+        {{{Extrema}, 2}},
+    };
+    return bands;
+}
+
+QString Text(std::string_view utf8) {
+    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
+}
+
+/// The lines of a group; of one that the file lacks only the labels.
+QStringList Lines(const ks::CHeaderGroup& group, const ks::CData& record) {
+    QStringList lines;
+    const bool isThere = ks::HasHeaderGroup(record, group);
+    for (const ks::CHeaderValue& value : ks::HeaderValues(group, record))
+        lines.append(isThere ? Text(ks::HeaderLine(value)) : Text(value.label));
+    return lines;
+}
+
+CPrintRegion Region(const CReportGroup& group, const ks::CData& record, double width) {
+    QStringList lines;
+    for (const ks::CHeaderGroupId id : group.ids) lines += Lines(ks::HeaderGroup(id), record);
+    CPrintTable table(group.columns);
+    table.Flow(lines, width);
+    return {Text(ks::HeaderGroup(group.ids.front()).title), std::move(table)};
+}
+
+/// Fills pages from top to bottom.
+class CLayout {
+public:
+    CLayout(const CReportSubject& subject, QSizeF paper) : m_subject(subject), m_paper(paper) { NewPage(); }
+
+    void AddBands(const std::vector<CBand>& bands) {
+        for (const CBand& band : bands) AddBand(band);
+    }
+
+    void AddPlot() {
+        const double room = Bottom() - m_top;
+        if (room < kLeastPlotHeight && m_top > Body().top()) NewPage();
+        const QString title = QCoreApplication::translate("CReport", "Plot of the Curve");
+        const CPage::Picture picture = CurvePlot(m_subject.record, m_subject.fileName);
+        const double headHeight = CPrintRegion(title, picture, 0.0).Height(Body().width());
+        const CPrintRegion plot(title, picture, std::min(kPlotHeight, Bottom() - m_top - headHeight));
+        plot.PlaceOn(m_pages.back(), {Body().left(), m_top}, Body().width());
+    }
+
+    std::vector<CPage> TakePages() { return std::move(m_pages); }
+
+private:
+    [[nodiscard]] QRectF Body() const { return m_pages.back().Body(); }
+    [[nodiscard]] double Bottom() const { return Body().bottom(); }
+
+    void NewPage() {
+        m_pages.emplace_back(m_paper);
+        AddHeaderAndFooter(m_pages.back(), static_cast<int>(m_pages.size()));
+        m_top = Body().top();
+    }
+
+    void AddHeaderAndFooter(CPage& page, int number) const {
+        const bool full = m_subject.mode == ReportMode::Full;
+        page.AddLine(0.0, Qt::AlignHCenter, full ? "Full UDS File Report" : "UDS File Specification Report",
+                     kTitleLetters);
+        page.AddLine(CPage::kHeaderRow, Qt::AlignHCenter,
+                     QString::asprintf("Test Number: %d        Curve Number: %d", m_subject.record.GetTSTNO(),
+                                       m_subject.record.GetCURNO()),
+                     kTitleLetters);
+        page.AddLine(CPage::kFooterRow, Qt::AlignLeft, QString::asprintf("Page: %d", number), kFooterLetters);
+        const QDate& date = m_subject.date;
+        page.AddLine(CPage::kFooterRow, Qt::AlignRight,
+                     QString::asprintf("Date: %d/%d/%d", date.month(), date.day(), date.year()), kFooterLetters);
+    }
+
+    void AddBand(const CBand& band) {
+        const auto count = static_cast<double>(band.size());
+        const double width = (Body().width() - (count - 1.0) * kBetweenRegions) / count;
+        std::vector<CPrintRegion> regions;
+        double height = 0.0;
+        for (const CReportGroup& group : band) {
+            regions.push_back(Region(group, m_subject.record, width));
+            height = std::max(height, regions.back().Height(width));
+        }
+        if (m_top + height > Bottom() && m_top > Body().top()) NewPage();
+        double left = Body().left();
+        for (const CPrintRegion& region : regions) {
+            region.PlaceOn(m_pages.back(), {left, m_top}, width);
+            left += width + kBetweenRegions;
+        }
+        m_top += height + kBetweenBands;
+    }
+
+    const CReportSubject& m_subject;
+    QSizeF m_paper;
+    std::vector<CPage> m_pages;
+    double m_top = 0.0;
+};
+
+std::vector<CPage> LayOut(const CReportSubject& subject, QSizeF paper) {
+    CLayout layout(subject, paper);
+    layout.AddBands(SpecificationBands());
+    if (subject.mode == ReportMode::Full) {
+        layout.AddBands(FurtherBands());
+        layout.AddPlot();
+    }
+    return layout.TakePages();
+}
+
+}  // namespace
+
+CReport::CReport(const CReportSubject& subject, QSizeF paper) : m_pages(LayOut(subject, paper)) {}
+
+void CReport::Paint(QPainter& painter, int page) const {
+    m_pages.at(static_cast<std::size_t>(page)).Paint(painter);
+}

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QDate>
+#include <QSizeF>
+#include <QString>
+#include <vector>
+
+#include "signal/data.h"
+#include "viewer/page.h"
+#include "viewer/report_pdf.h"
+
+class QPainter;
+
+/// What a report is made from.
+struct CReportSubject {
+    const ks::CData& record;
+    QString fileName;  ///< names the curve in the plot
+    ReportMode mode = ReportMode::Specification;
+    QDate date;  ///< in the footer
+};
+
+/// The printed report of one file, laid out for one size of paper. It holds all it shows; the record may go.
+class CReport {
+public:
+    /// @param paper  width and height in inches, both > 0
+    CReport(const CReportSubject& subject, QSizeF paper);
+
+    [[nodiscard]] int PageCount() const { return static_cast<int>(m_pages.size()); }  ///< at least 1
+    /// Paints page `page`, from 0, onto a printer, a file or a preview. The painter's origin is the paper's corner.
+    void Paint(QPainter& painter, int page) const;
+
+private:
+    std::vector<CPage> m_pages;
+};

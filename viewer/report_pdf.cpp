@@ -1,0 +1,30 @@
+#include "viewer/report_pdf.h"
+
+#include <QDate>
+#include <QPageLayout>
+#include <QPageSize>
+
+#include "files/path_text.h"
+#include "viewer/printer.h"
+
+namespace {
+
+QPageSize Paper(const std::optional<ReportPaper>& paper) {
+    if (!paper) return UsualPaper();
+    return QPageSize(*paper == ReportPaper::Letter ? QPageSize::Letter : QPageSize::A4);
+}
+
+QDate Date(const std::optional<std::chrono::year_month_day>& day) {
+    if (!day) return QDate::currentDate();
+    return {static_cast<int>(day->year()), static_cast<int>(static_cast<unsigned>(day->month())),
+            static_cast<int>(static_cast<unsigned>(day->day()))};
+}
+
+}  // namespace
+
+ks::WriteResult WriteReportPdf(const std::string& path, const ks::CData& record, const std::string& filePath,
+                               ReportMode mode, const CReportFileOptions& options) {
+    const QString fileName = QString::fromStdString(std::string(ks::FileNameOf(filePath)));
+    const CPrinter printer({record, fileName, mode, Date(options.today)});
+    return printer.WritePdf(path, QPageLayout(Paper(options.paper), QPageLayout::Portrait, {}));
+}

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <chrono>
+#include <optional>
+#include <string>
+
+#include "files/replacing_file.h"
+#include "signal/data.h"
+
+/// How much of a file the printed report holds. The preview's choice is in this order.
+enum class ReportMode {
+    Specification,  ///< the labelled header fields
+    Full            ///< every header field, the extrema and a plot of the curve
+};
+
+/// Paper of a report that is written to a file.
+enum class ReportPaper { Letter, A4 };
+
+/// What a report file depends on beside the record.
+struct CReportFileOptions {
+    std::optional<ReportPaper> paper;                  ///< none: what is usual in the user's country
+    std::optional<std::chrono::year_month_day> today;  ///< the date in the footer; none: by the local clock
+};
+
+/// Writes the printed report of `record` as a PDF file to `path` (UTF-8). An old file is replaced only when the new one
+/// is complete. `filePath` is the record's file: its name becomes the document's title and stands beside the plot.
+///
+/// A QApplication must exist, on any platform; "offscreen" is enough.
+[[nodiscard]] ks::WriteResult WriteReportPdf(const std::string& path, const ks::CData& record,
+                                             const std::string& filePath, ReportMode mode,
+                                             const CReportFileOptions& options = {});

@@ -1,0 +1,170 @@
+#include "viewer/uds_dialog.h"
+
+#include <QDropEvent>
+#include <QGuiApplication>
+#include <QMimeData>
+#include <QPrinter>
+#include <QScreen>
+#include <QScrollArea>
+#include <QUrl>
+#include <exception>
+#include <string>
+#include <utility>
+
+#include "files/path_text.h"
+#include "signal/ascii_export.h"
+#include "viewer/header_pages.h"
+#include "viewer/make_child.h"
+#include "viewer/messages.h"
+#include "viewer/print_preview.h"
+#include "viewer/printer.h"
+#include "viewer/ui_uds_dialog.h"
+#include "viewer/viewer_host.h"
+
+namespace ksres {
+namespace {
+
+constexpr const char* kPointsExtension = ".txt";
+
+CViewerSaveRequest PointsRequest(const QString& fileName) {
+    const QString extension = QString::fromLatin1(kPointsExtension);
+    CViewerSaveRequest request;
+    request.title = CUDSDialog::tr("Export Points");
+    request.filters = {
+        {CUDSDialog::tr("ASCI Files (*%1)").arg(extension), QLatin1Char('*') + extension},
+        {CUDSDialog::tr("All Files (*.*)"), QStringLiteral("*.*")},
+    };
+    request.suggestedName = fileName + extension;
+    request.defaultExtension = extension.mid(1);
+    return request;
+}
+
+/// The one local file that a drag brings; empty when it brings something else.
+QString DraggedFile(const QMimeData& data) {
+    const QList<QUrl> urls = data.urls();
+    return urls.size() == 1 && urls.front().isLocalFile() ? urls.front().toLocalFile() : QString();
+}
+
+}  // namespace
+
+CUDSDialog::CUDSDialog(CViewerHost& host, QWidget* parent)
+    : QDialog(parent), m_ui(std::make_unique<Ui::CUDSDialog>()), m_host(host) {
+    m_ui->setupUi(this);
+    AddPages();
+    connect(m_ui->modeBox, &QComboBox::currentIndexChanged, this, [this] { m_previewer->Refresh(); });
+    connect(m_ui->printButton, &QPushButton::clicked, this, &CUDSDialog::PrintReport);
+    connect(m_ui->exportButton, &QPushButton::clicked, this, &CUDSDialog::ExportPoints);
+    ShowRecord({}, {});
+}
+
+CUDSDialog::~CUDSDialog() = default;
+
+bool CUDSDialog::Open(const QString& path) {
+    ks::CNSignal record;
+    try {
+        record.LoadUDS(path.toStdString());
+    } catch (const std::exception& error) {
+        m_host.ShowError(isVisible() ? this : parentWidget(), QString::fromUtf8(error.what()));
+        return false;
+    }
+    ShowRecord(std::move(record), path);
+    return true;
+}
+
+void CUDSDialog::ShowRecord(ks::CNSignal record, const QString& path) {
+    m_record = std::move(record);
+    m_path = path;
+    setWindowTitle(tr("UDS File Specification - %1").arg(FileName()));
+    for (CHeaderPage* const page : m_pages) page->ShowRecord(m_record);
+    m_previewer->Refresh();
+}
+
+CUDSDialog* CUDSDialog::ShowFile(const QString& path, CViewerHost& host, QWidget* parent) {
+    auto sheet = std::make_unique<CUDSDialog>(host, parent);
+    if (!sheet->Open(path)) return nullptr;
+    sheet->setAttribute(Qt::WA_DeleteOnClose);
+    sheet->show();
+    return sheet.release();  // goes when closed, or with its parent
+}
+
+void CUDSDialog::AddPages() {
+    const auto addHeaderPage = [this](CHeaderPage* page, const QString& title) {
+        m_pages.push_back(page);
+        auto* const area = MakeChild<QScrollArea>(this);  // for small screens
+        area->setWidget(page);
+        area->setWidgetResizable(true);
+        area->setFrameShape(QFrame::NoFrame);
+        m_ui->pages->addTab(area, title);
+    };
+    addHeaderPage(MakeChild<CUDSTestDialog>(this), tr("Test"));
+    addHeaderPage(MakeChild<CUDSVehDialog>(this), tr("Vehicles"));
+    addHeaderPage(MakeChild<CUDSOCCDialog>(this), tr("Occupants"));
+    addHeaderPage(MakeChild<CUDSCurveDialog>(this), tr("Curve"));
+    m_previewer = MakeChild<CPrintPreviewer>(
+        [this](QPrinter& printer) { static_cast<void>(CPrinter(Report()).PaintOn(printer)); }, this);
+    m_ui->pages->addTab(m_previewer, tr("Print Preview"));
+}
+
+CReportSubject CUDSDialog::Report() const {
+    return {m_record, FileName(), static_cast<ReportMode>(m_ui->modeBox->currentIndex()), QDate::currentDate()};
+}
+
+QString CUDSDialog::FileName() const {
+    return QString::fromStdString(std::string(ks::FileNameOf(m_path.toStdString())));
+}
+
+void CUDSDialog::PrintReport() {
+    QPrinter& printer = m_previewer->Printer();
+    if (!m_host.AskPrinter(this, printer)) return;
+    const QString file = printer.outputFileName();
+    switch (CPrinter(Report()).Print(printer)) {
+        case ks::WriteResult::Written:
+            break;
+        case ks::WriteResult::NotOpened:
+            m_host.ShowError(this, file.isEmpty() ? NotPrinted(printer.printerName()) : FileNotOpened(file));
+            break;
+        case ks::WriteResult::NotCompleted:
+            m_host.ShowError(this, FileNotCompleted(file));
+            break;
+    }
+    m_previewer->Refresh();  // the paper may be another
+}
+
+void CUDSDialog::ExportPoints() {
+    if (!m_ui->xButton->isChecked() && !m_ui->xyButton->isChecked()) {
+        m_host.ShowError(this, NoFormChosen());
+        return;
+    }
+    const auto path = m_host.AskSavePath(this, PointsRequest(FileName()));
+    if (!path) return;
+    const ks::CAsciiForm form = m_ui->xyButton->isChecked() ? ks::CAsciiForm::XY : ks::CAsciiForm::X;
+    try {
+        switch (ks::ExportAsciiPoints(path->toStdString(), m_record, form)) {
+            case ks::WriteResult::Written:
+                break;
+            case ks::WriteResult::NotOpened:
+                m_host.ShowError(this, FileNotOpened(*path));
+                break;
+            case ks::WriteResult::NotCompleted:
+                m_host.ShowError(this, FileNotCompleted(*path));
+                break;
+        }
+    } catch (const std::exception& error) {
+        m_host.ShowError(this, QString::fromUtf8(error.what()));
+    }
+}
+
+void CUDSDialog::dragEnterEvent(QDragEnterEvent* event) {
+    if (!DraggedFile(*event->mimeData()).isEmpty()) event->acceptProposedAction();
+}
+
+/// The file is opened after the drop: a message would keep the program that the file comes from waiting.
+void CUDSDialog::dropEvent(QDropEvent* event) {
+    const QString path = DraggedFile(*event->mimeData());
+    if (path.isEmpty()) return;
+    event->acceptProposedAction();
+    QMetaObject::invokeMethod(
+        this, [this, path] { Open(path); }, Qt::QueuedConnection);
+}
+
+}  // namespace ksres

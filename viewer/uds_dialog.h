@@ -1,0 +1,63 @@
+#pragma once
+
+#include <QDialog>
+#include <memory>
+
+#include "signal/nsignal.h"
+
+class CViewerHost;
+class QPrinter;
+struct CReportSubject;
+
+namespace ksres {
+
+namespace Ui {
+class CUDSDialog;
+}
+
+class CHeaderPage;
+class CPrintPreviewer;
+
+/// "UDS File Specification - NAME": every labelled header field of one file on pages, its report in preview and on
+/// paper, and its points as an ASCII file. A file dropped on the sheet takes the place of the one shown.
+class CUDSDialog : public QDialog {
+    Q_OBJECT
+
+public:
+    /// A sheet without a file. `host` must outlive it.
+    explicit CUDSDialog(CViewerHost& host, QWidget* parent = nullptr);
+    ~CUDSDialog() override;
+
+    /// Reads a UDS-1992 file and shows it. One that cannot be read is reported with the reader's sentence; the sheet
+    /// then keeps what it shows.
+    /// @return whether the file is shown
+    bool Open(const QString& path);
+
+    /// Shows a record that was read already; `path` is its file.
+    void ShowRecord(ks::CNSignal record, const QString& path);
+
+    /// Opens a sheet of its own for the file, above `parent`; it goes when it is closed.
+    /// @return the sheet, on the screen; null for a file that cannot be read, which is reported
+    static CUDSDialog* ShowFile(const QString& path, CViewerHost& host, QWidget* parent);
+
+protected:
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+private:
+    void AddPages();
+    void AddPage(QWidget* page, const QString& title);
+    [[nodiscard]] CReportSubject Report() const;
+    [[nodiscard]] QString FileName() const;
+    void PrintReport();
+    void ExportPoints();
+
+    std::unique_ptr<Ui::CUDSDialog> m_ui;
+    CViewerHost& m_host;
+    ks::CNSignal m_record;
+    QString m_path;
+    std::vector<CHeaderPage*> m_pages;
+    CPrintPreviewer* m_previewer = nullptr;
+};
+
+}  // namespace ksres
