@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QDialog>
+#include <QList>
+#include <QString>
+#include <QStringList>
+#include <memory>
+
+class QAction;
+
+namespace Ui {
+class CCustomizeDialog;
+}
+
+/// The text of an action as a list shows it: without the mark of its mnemonic and without a shortcut behind a tab.
+QString PlainActionText(const QString& text);
+
+/// "Customize": which buttons the toolbar shows, one checkable entry per action.
+class CCustomizeDialog : public QDialog {
+    Q_OBJECT
+
+public:
+    /// Offers `actions`, in order, but no separators and none without an id, which is its objectName. Those whose ids
+    /// are in `hiddenIds` are not checked.
+    CCustomizeDialog(const QList<QAction*>& actions, const QStringList& hiddenIds, QWidget* parent = nullptr);
+    ~CCustomizeDialog() override;
+
+    /// The ids given, or those of the unchecked actions, in order, once the dialog was closed with OK.
+    const QStringList& HiddenIds() const { return m_hiddenIds; }
+
+public slots:
+    void accept() override;
+
+private:
+    void AddEntry(const QAction& action);
+    void ShowAll();
+
+    std::unique_ptr<Ui::CCustomizeDialog> m_ui;
+    QStringList m_hiddenIds;
+};
