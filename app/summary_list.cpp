@@ -66,6 +66,7 @@ CSummaryList::CSummaryList(QWidget* parent) : QTableView(parent) {
     setTabKeyNavigation(false);  // Tab leads on to the next control
     setHorizontalScrollMode(ScrollPerPixel);
     verticalHeader()->hide();
+    verticalHeader()->setDefaultSectionSize(verticalHeader()->minimumSectionSize());
     horizontalHeader()->setSectionsMovable(true);
     horizontalHeader()->setHighlightSections(false);
     horizontalHeader()->setResizeContentsPrecision(-1);  // by every row, also those out of sight
