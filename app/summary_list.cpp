@@ -12,6 +12,7 @@
 namespace {
 
 constexpr int kControlId = 101;
+constexpr int kBarHeight = 2;  // pixels, of the bars that show the selection of a coloured cell
 
 /// Draws a judged cell in its colour even when its row is selected; two bars then show the selection.
 class CVerdictDelegate : public QStyledItemDelegate {
@@ -38,8 +39,6 @@ protected:
     }
 
 private:
-    static constexpr int kBarHeight = 2;
-
     static bool IsJudged(const QModelIndex& index) {
         return index.data(kVerdictRole).toInt() != static_cast<int>(CVerdictColor::White);
     }
@@ -66,7 +65,7 @@ CSummaryList::CSummaryList(QWidget* parent) : QTableView(parent) {
     setTabKeyNavigation(false);  // Tab leads on to the next control
     setHorizontalScrollMode(ScrollPerPixel);
     verticalHeader()->hide();
-    verticalHeader()->setDefaultSectionSize(verticalHeader()->minimumSectionSize());
+    verticalHeader()->setDefaultSectionSize(verticalHeader()->minimumSectionSize() + 2 * kBarHeight);
     horizontalHeader()->setSectionsMovable(true);
     horizontalHeader()->setHighlightSections(false);
     horizontalHeader()->setResizeContentsPrecision(-1);  // by every row, also those out of sight
