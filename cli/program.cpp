@@ -7,13 +7,22 @@
 
 #include "cli/compare_command.h"
 #include "cli/compare_help.h"
+#include "cli/convert_command.h"
+#include "cli/export_command.h"
+#include "cli/file_help.h"
 #include "cli/join.h"
+#include "cli/report_command.h"
+#include "cli/show_command.h"
 #include "cli/usage_error.h"
 
 namespace {
 
-const std::array<CCommand, 1> kCommands = {{
+const std::array<CCommand, 5> kCommands = {{
     {"compare", CompareHelp, RunCompare},
+    {"show", ShowHelp, RunShow},
+    {"export", ExportHelp, RunExport},
+    {"convert", ConvertHelp, RunConvert},
+    {"report", ReportHelp, RunReport},
 }};
 
 constexpr const char* kVersion = QUORVEL_VERSION;
@@ -33,11 +42,11 @@ bool Asks(const std::vector<std::string>& arguments, std::initializer_list<std::
 CHelpSection ExitStatusHelp() {
     return {"Exit status",
             {{"", "The first that applies, from the top:"},
-             {"2", "Wrong usage; nothing was compared or written."},
+             {"2", "Wrong usage, or a command that this build does not have; nothing was read or written."},
              {"4", "An output could not be written. The others are, and an old file is as it was."},
              {"3",
-              "A signal, a hit list or the reference could not be read, or the run collected an error message. "
-              "All messages are on standard error."},
+              "A signal, a hit list or the reference could not be read, a point could not be exported, or the run "
+              "collected an error message. All messages are on standard error."},
              {"1", "--fail-on-bad found a bad verdict."},
              {"0", "Everything asked for was done."}}};
 }
@@ -121,7 +130,7 @@ CHelpPage ProgramHelp() {
             {command.name, Join({command.help().summary, ". See quorvel-cli ", command.name, " --help."})});
     }
     return {"quorvel-cli",
-            "Compare crash-test signals on the command line",
+            "Compare crash-test signals and look into their files on the command line",
             {"quorvel-cli COMMAND [OPTION]... FILE...", "quorvel-cli --help", "quorvel-cli --version"},
             {commands, ExitStatusHelp(), EnvironmentHelp()}};
 }

@@ -58,4 +58,11 @@ std::string ShortestText(double value) {
     return text;
 }
 
+std::string ShortestSingleText(float value) {
+    if (std::isnan(value)) return kNotANumber;
+    std::array<char, kShortBuffer> buffer{};
+    const auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value);
+    return {buffer.data(), result.ptr};
+}
+
 }  // namespace ks

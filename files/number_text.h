@@ -19,6 +19,9 @@ void AppendGeneralText(std::string& text, double value);
 /// The shortest text that reads back to the same double.
 std::string ShortestText(double value);
 
+/// The shortest text that reads back to the same single-precision number: "0.1", not "0.10000000149011612".
+std::string ShortestSingleText(float value);
+
 /// Appends ShortestText(value) without a temporary.
 void AppendShortestText(std::string& text, double value);
 

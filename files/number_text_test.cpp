@@ -102,6 +102,14 @@ TEST(AppendShortestText, KeepsWhatStands) {
     EXPECT_EQ(text, "a0.1nan");
 }
 
+TEST(ShortestSingleText, IsShorterThanThatOfTheWidenedNumber) {
+    EXPECT_EQ(ShortestSingleText(0.1F), "0.1");
+    EXPECT_EQ(ShortestSingleText(-0.0F), "-0");
+    EXPECT_EQ(ShortestSingleText(16777216.0F), "16777216");
+    EXPECT_EQ(ShortestSingleText(static_cast<float>(kNan)), "nan");
+    EXPECT_EQ(ShortestSingleText(static_cast<float>(-kInfinity)), "-inf");
+}
+
 TEST(ShortestText, ReadsBackToTheSameBits) {
     ForManyValues([](double value) {
         const double back = std::strtod(ShortestText(value).c_str(), nullptr);

@@ -1,10 +1,22 @@
 #pragma once
 
+#include <array>
+#include <cstdint>
+
 #include "files/number_format.h"
 #include "files/points.h"
 #include "files/uds_fields.h"
 
 namespace ks {
+
+/// What reading did not take over as it stands in the file.
+class CUDSRepairs {
+public:
+    std::array<float, 4> userReals{};  ///< RD2 to RD5 as they stand there; all became RD1
+    std::int32_t year = 0;             ///< year of component 1 as it stands there; two digits became four
+    std::uint64_t notNumbers = 0;      ///< reals of header and points that were not a number; they became 0
+    std::uint64_t unusedRecords = 0;   ///< data records beyond those that the points need
+};
 
 /// What a UDS file holds, read or to be written.
 class CUDSContent {
@@ -13,6 +25,7 @@ public:
     CPointColumns columns;         ///< `z` is empty
     bool secondComponent = false;  ///< whether the header of a second vehicle or component is present
     CNumberFormats formats;        ///< how the file's numbers are stored
+    CUDSRepairs repairs;           ///< left by the last reading
 };
 
 }  // namespace ks

@@ -63,6 +63,9 @@ public:
     /// Size in bytes of the file last read or written; 0 after a failure.
     std::uint64_t ImageSize() const { return m_imageSize; }
 
+    /// What the last Read changed; all zeros before it.
+    const CUDSRepairs& Repairs() const { return m_content.repairs; }
+
     const CUDSGeometry& Geometry() const { return m_geometry; }
 
 protected:

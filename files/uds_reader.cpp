@@ -33,8 +33,10 @@ CFourBytes FourBytes(std::span<const std::byte> bytes) {
     return {bytes[0], bytes[1], bytes[2], bytes[3]};
 }
 
-float WithoutNan(float value) {
-    return std::isnan(value) ? 0.0F : value;
+float WithoutNan(float value, std::uint64_t& notNumbers) {
+    if (!std::isnan(value)) return value;
+    ++notNumbers;
+    return 0.0F;
 }
 
 /// Stores one field's bytes in the field set, by the kind of the field.
@@ -44,6 +46,7 @@ public:
     CNumberFormats from;
     CNumberFormats to;
     CUDSFields& fields;
+    std::uint64_t& notNumbers;
 
     void operator()(const CUDSTextAccess& access) const { (fields.*access.set)(Utf8FromLatin1(Trimmed(bytes))); }
     void operator()(const CUDSIntegerAccess& access) const {
@@ -52,7 +55,7 @@ public:
     }
     void operator()(const CUDSRealAccess& access) const {
         const CFourBytes value = ConvertReal(FourBytes(bytes), from.numberFormat, to.numberFormat);
-        (fields.*access.set)(WithoutNan(std::bit_cast<float>(value)));
+        (fields.*access.set)(WithoutNan(std::bit_cast<float>(value), notNumbers));
     }
 };
 
@@ -83,7 +86,7 @@ private:
 
     template <class ListOf>
     void ReadBlocks(ListOf listOf);
-    void AppendValues(std::span<std::byte> values, std::vector<double>& list) const;
+    void AppendValues(std::span<std::byte> values, std::vector<double>& list);
     void ReadPairs();
     void ReadOrdinates();
     void GenerateAbscissas();
@@ -111,7 +114,8 @@ void CReading::NextHeaderRecord() {
 void CReading::StoreField(const CUDSField& field) {
     const auto bytes =
         std::span(m_buffer).subspan(static_cast<std::size_t>(field.offset), static_cast<std::size_t>(field.width));
-    std::visit(CFieldReader{bytes, m_content.formats, m_machine, m_content.fields}, field.access);
+    std::visit(CFieldReader{bytes, m_content.formats, m_machine, m_content.fields, m_content.repairs.notNumbers},
+               field.access);
 }
 
 void CReading::StoreFields(CUDSRecord record) {
@@ -141,6 +145,8 @@ void CReading::ReadSecondComponent() {
 void CReading::ReadCurveHeader() {
     if (Tag() != kCurveTag) throw CError(udsread::kInvalidCurveHeader);
     StoreFields(CUDSRecord::Curve);
+    const CUDSFields& read = m_content.fields;
+    m_content.repairs.userReals = {read.GetRD2(), read.GetRD3(), read.GetRD4(), read.GetRD5()};
     // Kept: every file read so far got the first user real in all five.
     CUDSFields& fields = m_content.fields;
     for (const auto set : {&CUDSFields::SetRD2, &CUDSFields::SetRD3, &CUDSFields::SetRD4, &CUDSFields::SetRD5}) {
@@ -155,8 +161,10 @@ void CReading::CheckIndicesAndSize() {
 
     const std::uint64_t records = m_left / m_geometry.recordSize;
     const std::uint64_t kinds = fields.GetFILEFORM() == kOrdinatesForm ? 1 : 2;
-    if (records < kinds * RecordsFor(Count(), m_geometry)) throw CError(udsread::kInsufficientData);
+    const std::uint64_t needed = kinds * RecordsFor(Count(), m_geometry);
+    if (records < needed) throw CError(udsread::kInsufficientData);
     if (records == 0) throw CError(udsread::kNoRecords);
+    m_content.repairs.unusedRecords = records - needed;
 }
 
 void CReading::ReadData() {
@@ -179,12 +187,13 @@ void CReading::ReadBlocks(ListOf listOf) {
     }
 }
 
-void CReading::AppendValues(std::span<std::byte> values, std::vector<double>& list) const {
+void CReading::AppendValues(std::span<std::byte> values, std::vector<double>& list) {
     const std::uint64_t wanted = std::min<std::uint64_t>(Count() - list.size(), m_geometry.valuesPerRecord);
     const auto block = values.first(static_cast<std::size_t>(wanted) * m_geometry.realWidth);
     ConvertReals(block, m_content.formats.numberFormat, m_machine.numberFormat);
     for (std::size_t i = 0; i < block.size(); i += m_geometry.realWidth) {
-        list.push_back(static_cast<double>(WithoutNan(std::bit_cast<float>(FourBytes(block.subspan(i))))));
+        const auto value = std::bit_cast<float>(FourBytes(block.subspan(i)));
+        list.push_back(static_cast<double>(WithoutNan(value, m_content.repairs.notNumbers)));
     }
 }
 
@@ -228,6 +237,7 @@ void ReadUds(CByteSource& source, const CUDSGeometry& geometry, CUDSContent& con
     reading.ReadCurveHeader();
     reading.CheckIndicesAndSize();
     reading.ReadData();
+    content.repairs.year = content.fields.GetYEAR1();
     RepairYear(content.fields);
 }
 

@@ -156,6 +156,24 @@ TEST(UdsReader, ReplacesNotANumberByZero) {
     EXPECT_EQ(file.Fields().GetCLSSPD(), 0.0F);
 }
 
+TEST(UdsReader, TellsWhatItDidNotTakeOver) {
+    CUDSBytes bytes = UdsFile({});
+    for (std::size_t i = 0; i < 5; ++i) bytes.PutReal(512 + 334 + 4 * i, 10.5 + static_cast<double>(i));
+    bytes.PutInteger(257, 86).PutBytes(1024 + 12, "\x01\x02\xC0\x7F").PutBytes(177, "\xFF\xFF\xFF\xFF");
+    bytes.AddBlock("Y DATA", {}).AddBlock("X DATA", {});
+    CUDS1992 file = Read(bytes);
+    EXPECT_THAT(file.Repairs().userReals, ElementsAre(11.5F, 12.5F, 13.5F, 14.5F));
+    EXPECT_EQ(file.Repairs().year, 86);
+    EXPECT_EQ(file.Repairs().notNumbers, 2U);
+    EXPECT_EQ(file.Repairs().unusedRecords, 2U);
+
+    file.ReadImage(UdsFile({}).Bytes());
+    EXPECT_THAT(file.Repairs().userReals, ElementsAre(0.0F, 0.0F, 0.0F, 0.0F));
+    EXPECT_EQ(file.Repairs().year, 0);
+    EXPECT_EQ(file.Repairs().notNumbers, 0U);
+    EXPECT_EQ(file.Repairs().unusedRecords, 0U);
+}
+
 TEST(UdsReader, KeepsInfinities) {
     CUDSBytes bytes = UdsFile({});
     bytes.PutBytes(1024 + 12, std::string("\0\0\x80\x7F", 4));

@@ -20,19 +20,13 @@ std::string RealText(double value) {
     return FixedText(value, kDecimals);
 }
 
-/// Some writers pad texts with zero bytes, which no page can show.
-std::string WithoutZeroPadding(const std::string& text) {
-    const std::size_t last = text.find_last_not_of(std::string_view("\0 ", 2));
-    return last == std::string::npos ? std::string() : text.substr(0, last + 1);
-}
-
 std::string FieldText(std::string_view name, const CUDSFields& fields) {
     return std::visit(
         [&fields](const auto& access) -> std::string {
             const auto& value = (fields.*access.get)();
             using CValue = std::decay_t<decltype(value)>;
             if constexpr (std::is_same_v<CValue, std::string>) {
-                return WithoutZeroPadding(value);
+                return WithoutPadding(value);
             } else if constexpr (std::is_same_v<CValue, std::int32_t>) {
                 return std::to_string(value);
             } else {
@@ -232,6 +226,11 @@ const CHeaderGroup& HeaderGroup(CHeaderGroupId id) {
 
 bool HasHeaderGroup(const CData& record, const CHeaderGroup& group) {
     return !group.secondComponent || record.HasSecondComponent();
+}
+
+std::string WithoutPadding(const std::string& text) {
+    const std::size_t last = text.find_last_not_of(std::string_view("\0 ", 2));
+    return last == std::string::npos ? std::string() : text.substr(0, last + 1);
 }
 
 std::string HeaderText(const CHeaderEntry& entry, const CData& record) {

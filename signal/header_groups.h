@@ -77,6 +77,9 @@ bool HasHeaderGroup(const CData& record, const CHeaderGroup& group);
 /// six decimals ("%f"). Times are in milliseconds. Never by the locale; not-a-number is "nan".
 std::string HeaderText(const CHeaderEntry& entry, const CData& record);
 
+/// A text field's value without what writers pad it with: blanks and, with some, zero bytes, which no page can show.
+std::string WithoutPadding(const std::string& text);
+
 /// An entry with its value. Label and unit live as long as the program.
 class CHeaderValue {
 public:

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "signal/ascii_export.h"
+
+// What the commands that look at one file at a time were asked to do. Paths are UTF-8; "-" is standard output where it
+// says so. Each parser throws CUsageError with a sentence that says what would be accepted.
+
+/// `quorvel-cli show FILE... [--json]`
+class CShowOptions {
+public:
+    std::vector<std::string> files;  ///< at least one
+    bool json = false;
+};
+
+/// `quorvel-cli export FILE --xy|--x --out PATH`
+class CExportOptions {
+public:
+    std::string file;
+    ks::CAsciiForm form = ks::CAsciiForm::XY;
+    std::string out;  ///< "-" is standard output
+};
+
+/// Number formats that files are written in.
+enum class CTargetFormat { Ieee, Sun };
+
+/// `quorvel-cli convert FILE --to ieee|sun --out PATH`
+class CConvertOptions {
+public:
+    std::string file;
+    CTargetFormat to = CTargetFormat::Ieee;
+    std::string out;  ///< "-" is standard output
+};
+
+/// `quorvel-cli report FILE --pdf PATH [--full]`
+class CReportOptions {
+public:
+    std::string file;
+    std::string pdf;  ///< never standard output
+    bool full = false;
+};
+
+CShowOptions ParseShowOptions(const std::vector<std::string>& arguments);
+CExportOptions ParseExportOptions(const std::vector<std::string>& arguments);
+CConvertOptions ParseConvertOptions(const std::vector<std::string>& arguments);
+CReportOptions ParseReportOptions(const std::vector<std::string>& arguments);
+
+/// The names of a command's options, each with its two hyphens, in the order of their declaration.
+std::vector<std::string> ShowOptionNames();
+std::vector<std::string> ExportOptionNames();
+std::vector<std::string> ConvertOptionNames();
+std::vector<std::string> ReportOptionNames();

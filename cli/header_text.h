@@ -1,0 +1,9 @@
+#pragma once
+
+#include <string>
+
+#include "signal/data.h"
+
+/// The header of a signal for a terminal: the path, then each group's title with its labelled values below, indented.
+/// Every line is ended by LF.
+std::string HeaderReport(const std::string& path, const ks::CData& record);
