@@ -15,6 +15,7 @@ import jsonschema
 CLI = os.environ["QUORVEL_CLI"]
 SOURCE = Path(os.environ["QUORVEL_SOURCE"])
 SCHEMA = json.loads((SOURCE / "docs/formats/compare.schema.json").read_text(encoding="utf-8"))
+SHOW_SCHEMA = json.loads((SOURCE / "docs/formats/show.schema.json").read_text(encoding="utf-8"))
 
 # No run of these tests comes near it; it only ends a run that hangs.
 HANG_GUARD_S = 120
@@ -53,16 +54,21 @@ def uds(y, step=0.5, *, x=None, nfp=0, nlp=None, units=b"G'S", form=IEEE):
     curve[148:168] = b"SECONDS".ljust(20)
     curve[168:188] = b"COMPUTED".ljust(20)
     curve[278:290] = struct.pack(form.order + "iif", nfp, nlp, step)
-    blocks = _blocks(b"Y DATA", y, form) + (b"" if x is None else _blocks(b"X DATA", x, form))
+    blocks = data_blocks(b"Y DATA", y, form) + (b"" if x is None else data_blocks(b"X DATA", x, form))
     return bytes(header + curve) + blocks
 
 
-def _blocks(tag, values, form):
+def data_blocks(tag, values, form):
     blocks = b""
     for first in range(0, len(values), 125):
         part = values[first:first + 125]
         blocks += tag.ljust(12) + struct.pack(f"{form.order}{len(part)}f", *part).ljust(500, b"\0")
     return blocks
+
+
+def as_nobody():
+    """Options for a run that may not do what only root may."""
+    return {"user": 65534, "group": 65534, "extra_groups": []} if os.geteuid() == 0 else {}
 
 
 def read_uds_y(image, form=IEEE):
@@ -115,6 +121,7 @@ class EndToEndTest(unittest.TestCase):
 
     def run_cli(self, *arguments, environment=None, **options):
         settings = {**os.environ, "NO_COLOR": "", "COLUMNS": "", **(environment or {})}
+        settings = {name: value for name, value in settings.items() if value is not None}
         options.setdefault("stdin", subprocess.DEVNULL)
         options.setdefault("stdout", subprocess.PIPE)
         options.setdefault("stderr", subprocess.PIPE)
@@ -130,12 +137,12 @@ class EndToEndTest(unittest.TestCase):
         self.assertEqual(run.status, status, run.complaints)
         return self.parse(run.out)
 
-    def parse(self, text):
+    def parse(self, text, schema=SCHEMA):
         def refuse(constant):
             raise AssertionError(f"{constant} is no JSON")
 
         results = json.loads(text.decode("utf-8"), parse_constant=refuse)
-        jsonschema.validate(results, SCHEMA, cls=jsonschema.Draft202012Validator)
+        jsonschema.validate(results, schema, cls=jsonschema.Draft202012Validator)
         return results
 
     def assertComplaints(self, run, *sentences):

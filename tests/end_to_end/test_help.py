@@ -8,6 +8,10 @@ import unittest
 from support import SOURCE, EndToEndTest
 
 
+COMMANDS = ["compare", "show", "export", "convert", "report"]
+PAGES = [["--help"]] + [[command, "--help"] for command in COMMANDS]
+
+
 class Help(EndToEndTest):
     def printed(self, *arguments):
         run = self.run_cli(*arguments)
@@ -17,18 +21,24 @@ class Help(EndToEndTest):
     def test_the_version_is_that_of_the_project(self):
         version = re.search(r"^\s*VERSION (\S+)", (SOURCE / "CMakeLists.txt").read_text(), re.MULTILINE).group(1)
         self.assertEqual(self.printed("--version"), f"quorvel-cli {version}\n")
-        self.assertEqual(self.printed("compare", "--version"), f"quorvel-cli {version}\n")
+        for command in COMMANDS:
+            self.assertEqual(self.printed(command, "--version"), f"quorvel-cli {version}\n")
 
     def test_help_wins_over_wrong_usage(self):
         self.assertEqual(self.printed("compare", "--corridor", "0", "--help"), self.printed("compare", "--help"))
+        self.assertEqual(self.printed("convert", "--to", "vax", "--help"), self.printed("convert", "--help"))
+
+    def test_the_program_names_its_commands(self):
+        section = self.printed("--help").split("Commands:\n")[1].split("\n\n")[0]
+        self.assertEqual(re.findall(r"^  (\w+)$", section, re.MULTILINE), COMMANDS)
 
     def test_help_fits_a_terminal(self):
-        for arguments in [["--help"], ["compare", "--help"]]:
+        for arguments in PAGES:
             for line in self.printed(*arguments).splitlines():
                 self.assertLessEqual(len(line), 80, line)
 
     def test_help_tells_every_exit_status(self):
-        for arguments in [["--help"], ["compare", "--help"]]:
+        for arguments in PAGES:
             section = self.printed(*arguments).split("Exit status:\n")[1].split("\n\n")[0]
             self.assertEqual(re.findall(r"^  (\d)$", section, re.MULTILINE), ["2", "4", "3", "1", "0"])
 
@@ -40,9 +50,11 @@ class Help(EndToEndTest):
     def test_the_manual_page_has_the_same_texts(self):
         man = self.printed("--man")
         plain = man.replace("\\-", "-")
-        for line in self.printed("compare", "--help").splitlines():
-            if line.startswith("      "):
-                self.assertIn(line.strip(), " ".join(plain.split()))
+        words = " ".join(plain.split())
+        for command in COMMANDS:
+            for line in self.printed(command, "--help").splitlines():
+                if line.startswith("      "):
+                    self.assertIn(line.strip(), words)
 
     @unittest.skipUnless(shutil.which("groff"), "groff is not installed")
     def test_the_manual_page_is_clean(self):
