@@ -11,6 +11,7 @@ namespace {
 
 constexpr double kUnitsPerInch = 600.0;  // of the layout
 constexpr double kPointsPerInch = 72.0;
+constexpr double kLeading = 1.12;  // from line to line, in heights of the letters
 constexpr double kRuleWidth = 0.75 / kPointsPerInch;
 
 // Most printers reach to within a quarter of an inch of the edge.
@@ -49,7 +50,7 @@ QFont CPrintLetters::Font() const {
 }
 
 double CPrintLetters::LineHeight() const {
-    return QFontMetricsF(Font()).height() / kUnitsPerInch;
+    return QFontMetricsF(Font()).height() * kLeading / kUnitsPerInch;
 }
 
 double CPrintLetters::Width(const QString& text) const {

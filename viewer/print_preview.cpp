@@ -153,6 +153,11 @@ QPrinter& CPrintPreviewer::Printer() {
     return *m_printer;
 }
 
+QSize CPrintPreviewer::sizeHint() const {
+    const QSize smallest(fontMetrics().averageCharWidth() * 100, fontMetrics().height() * 30);
+    return QWidget::sizeHint().expandedTo(smallest);
+}
+
 void CPrintPreviewer::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
     if (m_view == nullptr) {

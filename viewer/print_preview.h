@@ -68,6 +68,9 @@ public:
     /// The printer whose paper the preview shows, found when first asked for: that can take a moment.
     QPrinter& Printer();
 
+    /// Enough for the controls and a legible page, also before there are any.
+    [[nodiscard]] QSize sizeHint() const override;
+
 protected:
     void showEvent(QShowEvent* event) override;
 

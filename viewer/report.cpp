@@ -17,8 +17,8 @@ using enum ks::CHeaderGroupId;
 // Inches.
 constexpr double kBetweenBands = 0.09;
 constexpr double kBetweenRegions = 0.25;
-constexpr double kPlotHeight = 4.0;
-constexpr double kLeastPlotHeight = 2.5;
+constexpr double kPlotHeight = 5.0;
+constexpr double kLeastPlotHeight = 4.2;
 
 /// A group of the report; groups of the header that share a title are one.
 struct CReportGroup {

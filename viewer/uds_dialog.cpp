@@ -1,11 +1,12 @@
 #include "viewer/uds_dialog.h"
 
 #include <QDropEvent>
-#include <QGuiApplication>
+#include <QLayout>
 #include <QMimeData>
 #include <QPrinter>
 #include <QScreen>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QUrl>
 #include <exception>
 #include <string>
@@ -38,6 +39,29 @@ CViewerSaveRequest PointsRequest(const QString& fileName) {
     request.defaultExtension = extension.mid(1);
     return request;
 }
+
+/// Forgets every size hint inside `window`: hidden pages do not tell that their values changed.
+void ForgetSizeHints(const QWidget& window) {
+    const auto widgets = window.findChildren<QWidget*>();
+    for (QWidget* const widget : widgets) widget->updateGeometry();
+    const auto layouts = window.findChildren<QLayout*>();
+    for (QLayout* const layout : layouts) layout->invalidate();
+}
+
+/// Scrolls where the screen is too small for the page; wants to be as large as the page.
+class CPageArea : public QScrollArea {
+public:
+    CPageArea(QWidget* page, QWidget* parent) : QScrollArea(parent) {
+        setWidget(page);
+        setWidgetResizable(true);
+        setFrameShape(QFrame::NoFrame);
+    }
+
+    /// With room for the upright bar, so that it does not bring the other one.
+    [[nodiscard]] QSize sizeHint() const override {
+        return widget()->sizeHint() + QSize(verticalScrollBar()->sizeHint().width(), 0);
+    }
+};
 
 /// The one local file that a drag brings; empty when it brings something else.
 QString DraggedFile(const QMimeData& data) {
@@ -77,6 +101,7 @@ void CUDSDialog::ShowRecord(ks::CNSignal record, const QString& path) {
     setWindowTitle(tr("UDS File Specification - %1").arg(FileName()));
     for (CHeaderPage* const page : m_pages) page->ShowRecord(m_record);
     m_previewer->Refresh();
+    FitSize();
 }
 
 CUDSDialog* CUDSDialog::ShowFile(const QString& path, CViewerHost& host, QWidget* parent) {
@@ -90,11 +115,7 @@ CUDSDialog* CUDSDialog::ShowFile(const QString& path, CViewerHost& host, QWidget
 void CUDSDialog::AddPages() {
     const auto addHeaderPage = [this](CHeaderPage* page, const QString& title) {
         m_pages.push_back(page);
-        auto* const area = MakeChild<QScrollArea>(this);  // for small screens
-        area->setWidget(page);
-        area->setWidgetResizable(true);
-        area->setFrameShape(QFrame::NoFrame);
-        m_ui->pages->addTab(area, title);
+        m_ui->pages->addTab(MakeChild<CPageArea>(page, this), title);
     };
     addHeaderPage(MakeChild<CUDSTestDialog>(this), tr("Test"));
     addHeaderPage(MakeChild<CUDSVehDialog>(this), tr("Vehicles"));
@@ -111,6 +132,14 @@ CReportSubject CUDSDialog::Report() const {
 
 QString CUDSDialog::FileName() const {
     return QString::fromStdString(std::string(ks::FileNameOf(m_path.toStdString())));
+}
+
+/// Makes room for every page, as far as the screen has it. Never smaller: the user may have made room.
+void CUDSDialog::FitSize() {
+    constexpr QSize kAroundWindow(40, 60);  // frame and title bar
+    ForgetSizeHints(*this);
+    const QSize largest = screen()->availableSize() - kAroundWindow;
+    resize(sizeHint().boundedTo(largest).expandedTo(size()));
 }
 
 void CUDSDialog::PrintReport() {

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <QDialog>
+#include <QString>
 #include <memory>
+#include <vector>
 
 #include "signal/nsignal.h"
 
@@ -46,9 +48,9 @@ protected:
 
 private:
     void AddPages();
-    void AddPage(QWidget* page, const QString& title);
     [[nodiscard]] CReportSubject Report() const;
     [[nodiscard]] QString FileName() const;
+    void FitSize();
     void PrintReport();
     void ExportPoints();
 

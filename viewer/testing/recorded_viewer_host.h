@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QPrinter>
+#include <QStringList>
+#include <functional>
+#include <optional>
+#include <vector>
+
+#include "viewer/viewer_host.h"
+
+/// Keeps what the viewer said and asked, and gives the prepared answers; cancels without one.
+class CRecordedViewerHost : public CViewerHost {
+public:
+    QStringList errors;
+    std::vector<CViewerSaveRequest> saveRequests;
+    std::optional<QString> savePath;
+    std::function<bool(QPrinter&)> choosePrinter;
+
+    void ShowError(QWidget*, const QString& text) override { errors.append(text); }
+    std::optional<QString> AskSavePath(QWidget*, const CViewerSaveRequest& request) override {
+        saveRequests.push_back(request);
+        return savePath;
+    }
+    bool AskPrinter(QWidget*, QPrinter& printer) override { return choosePrinter && choosePrinter(printer); }
+};
