@@ -1,5 +1,6 @@
 #include "viewer/curve_plot.h"
 
+#include <QFontMetricsF>
 #include <QPainter>
 #include <algorithm>
 #include <cstdint>
@@ -8,13 +9,32 @@
 #include <span>
 #include <string>
 
+#include "chart/chart_style.h"
 #include "chart/qcustomplot_chart.h"
 
 namespace {
 
-std::string AxisTitle(const std::string& quantity, const std::string& units) {
-    if (units.empty()) return quantity;
-    return quantity.empty() ? units : quantity + " (" + units + ")";
+constexpr double kPixelsPerInch = 96.0;
+
+// Of the plot; what is left is for the other axis and the legend.
+constexpr double kLongestXTitle = 0.7;
+constexpr double kLongestYTitle = 0.85;
+
+QString AxisTitle(const std::string& quantity, const std::string& units) {
+    if (units.empty()) return QString::fromStdString(quantity);
+    return QString::fromStdString(quantity.empty() ? units : quantity + " (" + units + ")");
+}
+
+/// Size in the pixels in which the chart measures its letters.
+QSizeF ChartPixels(const QPainter& painter, const QRectF& area) {
+    const QSizeF onDevice = painter.combinedTransform().mapRect(area).size();
+    return {onDevice.width() / painter.device()->logicalDpiX() * kPixelsPerInch,
+            onDevice.height() / painter.device()->logicalDpiY() * kPixelsPerInch};
+}
+
+/// The chart draws its titles whole, past its edges if need be.
+std::string Shortened(const QString& title, double pixels) {
+    return QFontMetricsF(PaperStyle(1.0).font).elidedText(title, Qt::ElideRight, pixels).toStdString();
 }
 
 }  // namespace
@@ -29,8 +49,13 @@ CPage::Picture CurvePlot(const ks::CData& record, const QString& name) {
     chart->SetArray(ChartProperty::XData, std::span(record.GetX()).first(points));
     chart->SetArray(ChartProperty::YData, std::span(record.GetY()).first(points));
     chart->SetArray(ChartProperty::Legend, name.toStdString() + '\t', 1);
-    chart->SetText(ChartProperty::XTitle, AxisTitle(record.GetXTYPE(), record.GetXUNITS()));
-    chart->SetText(ChartProperty::YTitle, AxisTitle(record.GetYTYPE(), record.GetYUNITS()));
-    chart->Apply();
-    return [chart](QPainter& painter, const QRectF& area) { chart->PaintOnto(painter, area); };
+    const QString xTitle = AxisTitle(record.GetXTYPE(), record.GetXUNITS());
+    const QString yTitle = AxisTitle(record.GetYTYPE(), record.GetYUNITS());
+    return [chart, xTitle, yTitle](QPainter& painter, const QRectF& area) {
+        const QSizeF pixels = ChartPixels(painter, area);
+        chart->SetText(ChartProperty::XTitle, Shortened(xTitle, pixels.width() * kLongestXTitle));
+        chart->SetText(ChartProperty::YTitle, Shortened(yTitle, pixels.height() * kLongestYTitle));
+        chart->Apply();
+        chart->PaintOnto(painter, area);
+    };
 }

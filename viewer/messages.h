@@ -21,6 +21,11 @@ inline QString FileNotCompleted(const QString& path) {
         .arg(path);
 }
 
+inline QString OverwritesItself(const QString& path) {
+    //: %1 is a path
+    return QCoreApplication::translate("CUDSDialog", "%1 is the file on show. Please choose another name.").arg(path);
+}
+
 inline QString NotPrinted(const QString& printer) {
     //: %1 is a printer
     return QCoreApplication::translate("CUDSDialog", "The printer %1 does not accept the report.").arg(printer);

@@ -17,7 +17,7 @@ constexpr double kRuleWidth = 0.75 / kPointsPerInch;
 // Most printers reach to within a quarter of an inch of the edge.
 constexpr double kTopMargin = 0.25;
 constexpr double kSideMargin = 0.6;
-constexpr double kLastRow = 10.5;  // the lower end of the footer
+constexpr double kFooterHeight = 0.2;  // a line of its letters
 
 // Between header and footer.
 constexpr double kFirstBodyRow = 0.95;
@@ -79,11 +79,13 @@ CPage::CPage(QSizeF paper)
       m_size(paper / m_scale) {}
 
 double CPage::RowTop(double row) const {
-    return kTopMargin + row * (m_size.height() - 2.0 * kTopMargin) / kLastRow;
+    return kTopMargin + row * (m_size.height() - 2.0 * kTopMargin - kFooterHeight) / kFooterRow;
 }
 
 QRectF CPage::Body() const {
-    return {QPointF(kSideMargin, RowTop(kFirstBodyRow)), QPointF(m_size.width() - kSideMargin, RowTop(kLastBodyRow))};
+    const double belowHeader = RowTop(kHeaderRow) + kTitleLetters.LineHeight();  // counts on low paper
+    return {QPointF(kSideMargin, std::max(RowTop(kFirstBodyRow), belowHeader)),
+            QPointF(m_size.width() - kSideMargin, RowTop(kLastBodyRow))};
 }
 
 void CPage::AddText(QPointF place, const QString& text, const CPrintLetters& letters) {

@@ -55,7 +55,7 @@ void CViewPrintPreview::Refresh() {
 
 QLayout* CViewPrintPreview::MakeControls() {
     auto controls = std::make_unique<QHBoxLayout>();
-    auto* const paperLabel = MakeChild<QLabel>(tr("&Paper:"), this);
+    auto* const paperLabel = MakeChild<QLabel>(tr("Pape&r:"), this);
     paperLabel->setBuddy(m_paperBox);
     m_paperBox->setObjectName("paperBox");
     connect(m_paperBox, &QComboBox::activated, this, &CViewPrintPreview::TakePaper);

@@ -1,5 +1,6 @@
 #include <QImage>
 #include <QPainter>
+#include <QPrinter>
 #include <QRegularExpression>
 #include <QTest>
 #include <algorithm>
@@ -8,6 +9,7 @@
 
 #include "signal/nsignal.h"
 #include "tests/support/temp_folder.h"
+#include "viewer/printer.h"
 #include "viewer/report.h"
 #include "viewer/report_pdf.h"
 #include "viewer/testing/pdf_text.h"
@@ -59,7 +61,8 @@ QStringList WordsOutsideMargins(const std::vector<CPdfPage>& pages) {
         const QRectF paper(QPointF(), page.size);
         const QRectF inside = paper.adjusted(kSideMargin, kEdge, -kSideMargin, -kEdge).adjusted(-0.5, -0.5, 0.5, 0.5);
         for (const CPdfWord& word : page.words)
-            if (!inside.contains(word.box)) outside.append(word.text);
+            if (!inside.contains(word.box))
+                outside.append(QString("%1 at %2 %3").arg(word.text).arg(word.box.left()).arg(word.box.top()));
     }
     return outside;
 }
@@ -155,15 +158,15 @@ private slots:
         const std::vector<CPdfPage> pages = Written(m_record);
         QVERIFY(!pages.empty());
         for (const CExpectedGroup& group : ExpectedGroups()) {
-            QCOMPARE(MissingCells(pages, {group.title}), QStringList());
-            QCOMPARE(MissingCells(pages, group.lines), QStringList());
+            QCOMPARE(MissingCells(pages, {group.title}).join(", "), QString());
+            QCOMPARE(MissingCells(pages, group.lines).join(", "), QString());
         }
     }
 
     void OnlyTheFullReportHoldsTheFurtherFields_data() { AddKinds(); }
     void OnlyTheFullReportHoldsTheFurtherFields() {
         const QStringList missing = MissingCells(Written(m_record), ExpectedFurtherLines());
-        QCOMPARE(missing, IsFull() ? QStringList() : ExpectedFurtherLines());
+        QCOMPARE(missing.join(", "), (IsFull() ? QStringList() : ExpectedFurtherLines()).join(", "));
     }
 
     void TheSpecificationIsOnePageAndTheFullReportTwo_data() { AddKinds(); }
@@ -196,21 +199,21 @@ private slots:
 
     void TextStaysInsideTheMargins_data() { AddKinds(); }
     void TextStaysInsideTheMargins() {
-        QCOMPARE(WordsOutsideMargins(Written(m_record)), QStringList());
-        QCOMPARE(WordsOutsideMargins(Written(m_wideRecord)), QStringList());
+        QCOMPARE(WordsOutsideMargins(Written(m_record)).join(", "), QString());
+        QCOMPARE(WordsOutsideMargins(Written(m_wideRecord)).join(", "), QString());
     }
 
     void NoTextStandsOnAnother_data() { AddKinds(); }
     void NoTextStandsOnAnother() {
-        QCOMPARE(OverlappingWords(Written(m_record)), QStringList());
-        QCOMPARE(OverlappingWords(Written(m_wideRecord)), QStringList());
+        QCOMPARE(OverlappingWords(Written(m_record)).join(", "), QString());
+        QCOMPARE(OverlappingWords(Written(m_wideRecord)).join(", "), QString());
     }
 
     void NoLetterOfAWideTextIsLost() {
         // Labelled texts of the file, in letters: test 15 + 10 + 3 + 25 + 70, vehicles 2 (15 + 25 + 4 + 25), occupants
-        // 2 (6 + 1 + 2 + 20 + 20), AIS 1, curve 12 + 30 + 20, curve data 70 + 20 + 70, sensor 2 + 2. The label
+        // 2 (6 + 1 + 2 + 20 + 20), AIS 1, curve 12 + 30 + 3 20, curve data 70 + 20 + 70, sensor 2 + 2. The label
         // "Weight:" stands there four times.
-        const qsizetype expected = 123 + 2 * 69 + 2 * 49 + 1 + 62 + 160 + 4 + 4;
+        const qsizetype expected = 123 + 2 * 69 + 2 * 49 + 1 + 102 + 160 + 4 + 4;
         for (const ReportPaper paper : {ReportPaper::Letter, ReportPaper::A4})
             QCOMPARE(LettersOf(Pages(m_wideRecord, ReportMode::Specification, paper), 'W'), expected);
     }
@@ -262,9 +265,21 @@ private slots:
     void ThePlotNamesAxesAndFile() {
         const auto pages = Pages(m_record, ReportMode::Full, ReportPaper::Letter);
         const QStringList names = {"TIME (SECONDS)", "record.uds", "Plot of the Curve"};
-        QCOMPARE(MissingCells(pages, names), QStringList());
+        QCOMPARE(MissingCells(pages, names).join(", "), QString());
         QVERIFY(FindWord(pages.back(), "ACCELERATION") != nullptr);  // upright
         QVERIFY(MissingCells(Pages(m_record, ReportMode::Specification, ReportPaper::Letter), names) == names);
+    }
+
+    void TitlesTooLongForThePlotAreShortened() {
+        const auto pages = Pages(m_wideRecord, ReportMode::Full, ReportPaper::Letter);
+        const QString ellipsis(QChar(0x2026));
+        const auto& words = pages.back().words;
+        const auto isShortened = [&](const CPdfWord& word) { return word.text.endsWith(ellipsis); };
+        QCOMPARE(std::count_if(words.begin(), words.end(), isShortened), std::ptrdiff_t{2});
+        const CPdfWord* const title = FindWord(pages.back(), "Plot");
+        QVERIFY(title != nullptr);
+        for (const CPdfWord& word : words)
+            if (isShortened(word)) QVERIFY(word.box.top() > title->box.bottom());
     }
 
     void ThePlotDrawsTheCurve() {
@@ -289,6 +304,42 @@ private slots:
     void ThePlotIsNoPictureOfPixels() {
         const std::string bytes = ReadAll(Write(m_record, ReportMode::Full, ReportPaper::A4));
         QVERIFY(bytes.find("/Subtype /Image") == std::string::npos);
+    }
+
+    // Printers.
+
+    void APageRangeChosenForThePrinterIsFollowed() {
+        QPrinter printer;
+        printer.setOutputFileName(QString::fromStdString(m_folder.Path("range.pdf")));
+        printer.setPageSize(QPageSize(QPageSize::A4));
+        printer.setPrintRange(QPrinter::PageRange);
+        printer.setFromTo(2, 7);
+        const CPrinter report({m_record, "a.uds", ReportMode::Full, QDate(2024, 2, 9)});
+        QVERIFY(report.Print(printer) == ks::WriteResult::Written);
+        const auto pages = ReadPdf(printer.outputFileName());
+        QCOMPARE(pages.size(), std::size_t{1});
+        QVERIFY(HasCell(pages, "Page: 2"));
+    }
+
+    void PaperSidewaysTakesMorePages() {
+        QPrinter printer;
+        printer.setOutputFileName(QString::fromStdString(m_folder.Path("sideways.pdf")));
+        printer.setPageSize(QPageSize(QPageSize::Letter));
+        printer.setPageOrientation(QPageLayout::Landscape);
+        const CPrinter report({m_wideRecord, "a.uds", ReportMode::Full, QDate(2024, 2, 9)});
+        QVERIFY(report.Print(printer) == ks::WriteResult::Written);
+        const auto pages = ReadPdf(printer.outputFileName());
+        QVERIFY(pages.size() > 2);
+        QVERIFY(Near(pages[0].size.width(), 792.0, 1.0) && Near(pages[0].size.height(), 612.0, 1.0));
+        QCOMPARE(WordsOutsideMargins(pages).join(", "), QString());
+        QCOMPARE(OverlappingWords(pages).join(", "), QString());
+    }
+
+    void APrinterThatDoesNotOpenIsTold() {
+        QPrinter printer;  // no printer and no file
+        printer.setPrinterName("no such printer");
+        const CPrinter report({m_record, "a.uds", ReportMode::Full, QDate(2024, 2, 9)});
+        QVERIFY(report.Print(printer) == ks::WriteResult::NotOpened);
     }
 
     // The file.

@@ -9,9 +9,12 @@
 #include <QScrollBar>
 #include <QUrl>
 #include <exception>
+#include <filesystem>
 #include <string>
+#include <system_error>
 #include <utility>
 
+#include "files/native_path.h"
 #include "files/path_text.h"
 #include "signal/ascii_export.h"
 #include "viewer/header_pages.h"
@@ -146,6 +149,10 @@ void CUDSDialog::PrintReport() {
     QPrinter& printer = m_previewer->Printer();
     if (!m_host.AskPrinter(this, printer)) return;
     const QString file = printer.outputFileName();
+    if (IsShownFile(file)) {
+        m_host.ShowError(this, OverwritesItself(file));
+        return;
+    }
     switch (CPrinter(Report()).Print(printer)) {
         case ks::WriteResult::Written:
             break;
@@ -166,6 +173,10 @@ void CUDSDialog::ExportPoints() {
     }
     const auto path = m_host.AskSavePath(this, PointsRequest(FileName()));
     if (!path) return;
+    if (IsShownFile(*path)) {
+        m_host.ShowError(this, OverwritesItself(*path));
+        return;
+    }
     const ks::CAsciiForm form = m_ui->xyButton->isChecked() ? ks::CAsciiForm::XY : ks::CAsciiForm::X;
     try {
         switch (ks::ExportAsciiPoints(path->toStdString(), m_record, form)) {
@@ -181,6 +192,12 @@ void CUDSDialog::ExportPoints() {
     } catch (const std::exception& error) {
         m_host.ShowError(this, QString::fromUtf8(error.what()));
     }
+}
+
+bool CUDSDialog::IsShownFile(const QString& path) const {
+    std::error_code unknown;  // a file that does not exist is another one
+    return !m_path.isEmpty() && std::filesystem::equivalent(ks::NativePath(path.toStdString()),
+                                                            ks::NativePath(m_path.toStdString()), unknown);
 }
 
 void CUDSDialog::dragEnterEvent(QDragEnterEvent* event) {

@@ -53,6 +53,8 @@ private:
     void FitSize();
     void PrintReport();
     void ExportPoints();
+    /// Whether a path leads to the very file on show, which no output may replace.
+    [[nodiscard]] bool IsShownFile(const QString& path) const;
 
     std::unique_ptr<Ui::CUDSDialog> m_ui;
     CViewerHost& m_host;

@@ -18,7 +18,6 @@
 #include <functional>
 #include <limits>
 
-#include "files/ascii_points.h"
 #include "tests/support/temp_folder.h"
 #include "tests/support/uds_bytes.h"
 #include "viewer/header_pages.h"
@@ -333,6 +332,13 @@ private slots:
         QCOMPARE(m_host->errors, QStringList({"Failure to open file " + path}));
     }
 
+    void TheFileOnShowIsNotReplacedByItsPoints() {
+        const QString sameFile = Text(m_folder.Path("./two.uds"));
+        Export("xyButton", sameFile);
+        QCOMPARE(m_host->errors, QStringList({sameFile + " is the file on show. Please choose another name."}));
+        QVERIFY(ReadAll(m_path.toStdString()) == TwoComponentFile());
+    }
+
     void AFullDeviceIsTold() {
         Export("xyButton", QString("/dev/full"));
         QCOMPARE(m_host->errors, QStringList({"Writing /dev/full failed before the file was complete. An older file of "
@@ -402,6 +408,16 @@ private slots:
         };
         Click("printButton");
         QCOMPARE(m_host->errors, QStringList({"Failure to open file " + path}));
+    }
+
+    void TheFileOnShowIsNotReplacedByItsReport() {
+        m_host->choosePrinter = [&](QPrinter& printer) {
+            printer.setOutputFileName(m_path);
+            return true;
+        };
+        Click("printButton");
+        QCOMPARE(m_host->errors, QStringList({m_path + " is the file on show. Please choose another name."}));
+        QVERIFY(ReadAll(m_path.toStdString()) == TwoComponentFile());
     }
 
     void PrintingCanBeCancelled() {

@@ -70,6 +70,10 @@ void PutCurve(CFields& fields) {
     fields.Integer(curve + 78, 72);
     fields.Integer(curve + 82, 73);
     fields.Text(curve + 86, 2, "XL");
+    fields.Text(curve + 88, 20, "ACCELERATION");
+    fields.Text(curve + 108, 20, "G'S");
+    fields.Text(curve + 128, 20, "TIME");
+    fields.Text(curve + 148, 20, "SECONDS");
     fields.Text(curve + 188, 20, "TIME SERIES");
     fields.Text(curve + 208, 70, "HEAD ACCELERATION IN THE DRIVING DIRECTION");
     for (std::size_t value = 0; value < 6; ++value)
