@@ -61,6 +61,8 @@ std::unique_ptr<QFileDialog> CFileDialogs::MakeDialog(QWidget* parent, const CFi
     dialog->setAcceptMode(request.kind == PickerKind::Save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     dialog->setFileMode(FileModeOf(request));
     SetFilters(*dialog, request);
+    dialog->setDefaultSuffix(request.defaultExtension);
+    if (!request.suggestedName.isEmpty()) dialog->selectFile(request.suggestedName);
     dialog->resize(dialog->sizeHint().expandedTo(QSize(820, 500)));  // Qt's own dialogs start too narrow for details
     return dialog;
 }

@@ -7,6 +7,7 @@ namespace {
 
 constexpr const char* kGeometryKey = "Main Window/Geometry";
 constexpr const char* kStateKey = "Main Window/State";
+constexpr const char* kStatusBarKey = "Main Window/StatusBar";
 constexpr const char* kHiddenActionsKey = "Main Window/HiddenToolbarActions";
 
 QString ValueKey(const QString& name) {
@@ -113,4 +114,12 @@ QStringList CSettings::HiddenToolbarActions() const {
 
 void CSettings::SetHiddenToolbarActions(const QStringList& ids) {
     m_store.setValue(QLatin1String(kHiddenActionsKey), ids);
+}
+
+bool CSettings::IsStatusBarShown() const {
+    return m_store.value(QLatin1String(kStatusBarKey), true).toBool();
+}
+
+void CSettings::SetStatusBarShown(bool isShown) {
+    m_store.setValue(QLatin1String(kStatusBarKey), isShown);
 }

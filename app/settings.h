@@ -62,6 +62,8 @@ public:
     QByteArray WindowGeometry() const;
     QByteArray WindowState() const;
     void SetWindowLayout(const QByteArray& geometry, const QByteArray& state);
+    bool IsStatusBarShown() const;  ///< true at first
+    void SetStatusBarShown(bool isShown);
     /// Ids of the toolbar's actions that the user switched off; empty at first.
     QStringList HiddenToolbarActions() const;
     void SetHiddenToolbarActions(const QStringList& ids);

@@ -2,6 +2,7 @@
 
 #include <deque>
 #include <optional>
+#include <utility>
 #include <vector>
 
 #include "app/file_picker.h"
@@ -15,8 +16,11 @@ public:
     std::optional<CPickedFiles> Pick(QWidget*, const CFileRequest& request) override {
         requests.push_back(request);
         if (answers.empty()) return std::nullopt;
-        auto answer = answers.front();
+        m_answer = std::move(answers.front());
         answers.pop_front();
-        return answer;
+        return m_answer;
     }
+
+private:
+    std::optional<CPickedFiles> m_answer;  ///< a member, since g++ 12 takes a local one for uninitialised
 };

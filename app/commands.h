@@ -1,0 +1,63 @@
+#pragma once
+
+#include <cstdint>
+#include <span>
+
+/// Numbers of the commands; frozen: the toolbar's state on users' machines and tools that drive the window refer to
+/// them.
+enum class CommandId : std::int32_t {
+    SaveUds = 32771,
+    SaveAscii = 32772,
+    SaveBmp = 32774,
+    SaveWmf = 32775,
+    SaveHtml = 32776,
+    CopyData = 32777,
+    CriticalValues = 32778,
+    CorridorSize = 32779,
+    UdsSpecification = 32781,
+    Customize = 32790,
+    SelectFiles = 57601,
+    Print = 57607,
+    PrintPreview = 57609,
+    RecentFile = 57616,  ///< the first of four
+    Copy = 57634,
+    Cut = 57635,
+    Paste = 57637,
+    About = 57664,
+    Exit = 57665,
+    Toolbar = 59392,
+    StatusBar = 59393,
+};
+
+/// One command as menus, toolbar and status bar show it.
+class CCommand {
+public:
+    CommandId id;
+    const char* name;        ///< object name of its action; frozen, kept in the settings
+    const char* text;        ///< menu text with its mnemonic
+    const char* shortcut;    ///< in portable form; may be empty
+    const char* statusText;  ///< what it does, for the status bar; may be empty
+    const char* icon;        ///< name of its icon; empty without one
+};
+
+/// Every command of the program; recent files are made from one.
+std::span<const CCommand> Commands();
+
+/// How the last comparison run ended.
+enum class RunState {
+    None,       ///< there was none
+    Completed,  ///< table and document belong together
+    Stopped,    ///< the document holds what the stopped run left, the table, if any, is of the run before
+};
+
+/// What the commands' availability depends on.
+class CCommandState {
+public:
+    bool isBusy = false;        ///< a run is at work
+    bool isTableShown = false;  ///< the summary page with its table
+    bool isChartShown = false;  ///< a chart page with its chart
+    RunState run = RunState::None;
+};
+
+/// Whether the user may choose a command now. Nothing may be chosen while a run is at work.
+bool IsCommandEnabled(CommandId id, const CCommandState& state);

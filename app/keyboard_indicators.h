@@ -1,0 +1,14 @@
+#pragma once
+
+#include <optional>
+
+/// Which of the keyboard's locks are on.
+class CKeyboardIndicators {
+public:
+    bool capsLock = false;
+    bool numLock = false;
+    bool scrollLock = false;
+};
+
+/// The locks as the platform tells them: on Windows and under X11; no value elsewhere.
+std::optional<CKeyboardIndicators> ReadKeyboardIndicators();

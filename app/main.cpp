@@ -1,0 +1,22 @@
+#include <QSettings>
+
+#include "app/file_picker.h"
+#include "app/main_frame.h"
+#include "app/messages.h"
+#include "app/printer_picker.h"
+#include "app/quorvel_app.h"
+#include "app/settings.h"
+#include "app/window_services.h"
+
+int main(int argc, char** argv) {
+    CQuorvelApp application(argc, argv);
+    const std::unique_ptr<QSettings> store = CQuorvelApp::OpenSettings();
+    CSettings settings(*store);
+    CFileDialogs picker;
+    CMessageBoxes messages;
+    CPrinterDialogs printers;
+    CMainFrame frame({settings, picker, messages, printers});
+    frame.show();
+    InitInstance(frame, CQuorvelApp::ArgumentTexts());
+    return CQuorvelApp::exec();
+}

@@ -1,0 +1,56 @@
+#include "app/page_pane.h"
+
+#include <QComboBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QSignalBlocker>
+
+#include "compare/plots/page_ids.h"
+
+namespace {
+
+constexpr int kPaneId = 128;
+constexpr int kPagesId = 1015;
+constexpr int kMargin = 2;
+
+QString NameOfPage(std::int32_t pageId) {
+    const std::string_view name = PageName(pageId);
+    return QString::fromLatin1(name.data(), static_cast<qsizetype>(name.size()));
+}
+
+}  // namespace
+
+CDialogPane::CDialogPane(QWidget* parent) : QFrame(parent), m_pages(new QComboBox(this)) {
+    setObjectName(QStringLiteral("pagePane"));
+    setProperty("controlId", kPaneId);
+    setFixedSize(kWidth, kHeight);
+    m_pages->setObjectName(QStringLiteral("pageSelector"));
+    m_pages->setProperty("controlId", kPagesId);
+    m_pages->setAccessibleName(tr("Plot Type"));
+    m_pages->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    m_pages->setMaximumHeight(kHeight);
+    m_pages->setMaxVisibleItems(11);
+
+    auto* const label = new QLabel(tr("Plot T&ype:"), this);
+    label->setBuddy(m_pages);
+    auto* const layout = new QHBoxLayout(this);
+    layout->setContentsMargins(kMargin, 0, kMargin, 0);
+    layout->addWidget(label);
+    layout->addWidget(m_pages);
+
+    // activated, not currentIndexChanged: what the program selects is no choice of the user's. Keys and the wheel
+    // activate, too.
+    connect(m_pages, &QComboBox::activated, this,
+            [this](int index) { emit PageChosen(m_pages->itemData(index).toInt()); });
+}
+
+void CDialogPane::SetPages(std::span<const std::int32_t> pageIds) {
+    const QSignalBlocker blocker(m_pages);
+    m_pages->clear();
+    for (const std::int32_t pageId : pageIds) m_pages->addItem(NameOfPage(pageId), pageId);
+}
+
+void CDialogPane::ShowPage(std::int32_t pageId) {
+    const QSignalBlocker blocker(m_pages);
+    m_pages->setCurrentIndex(m_pages->findData(pageId));
+}

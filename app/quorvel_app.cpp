@@ -1,0 +1,77 @@
+#include "app/quorvel_app.h"
+
+#include <QTimer>
+#include <clocale>
+#include <exception>
+
+#include "app/command_info.h"
+#include "app/commands.h"
+#include "app/main_frame.h"
+#include "app/messages.h"
+#include "app/resources.h"
+#include "app/settings.h"
+
+#ifdef _WIN32
+#include <windows.h>
+// Behind windows.h, on which it builds.
+#include <shobjidl.h>
+#endif
+
+namespace {
+
+CMessages& MessageBoxes() {
+    static CMessageBoxes boxes;
+    return boxes;
+}
+
+void NameApplicationToShell() {
+#ifdef _WIN32
+    SetCurrentProcessExplicitAppUserModelID(L"Quorvel.AppID.v4.0.0.0");
+#endif
+}
+
+}  // namespace
+
+CQuorvelApp::CQuorvelApp(int& argc, char** argv) : QApplication(argc, argv), m_messages(&MessageBoxes()) {
+    // The application took over the user's locale; numbers in files must not follow it. QLocale keeps the user's.
+    std::setlocale(LC_NUMERIC, "C");
+    NameApplicationToShell();
+    setOrganizationName(QLatin1String(CSettings::kOrganisation));
+    setApplicationName(QLatin1String(CSettings::kApplication));
+    setDesktopFileName(QStringLiteral("quorvel"));
+    setWindowIcon(ApplicationIcon());
+}
+
+std::unique_ptr<QSettings> CQuorvelApp::OpenSettings() {
+    auto store =
+        std::make_unique<QSettings>(QSettings::NativeFormat, QSettings::UserScope,
+                                    QLatin1String(CSettings::kOrganisation), QLatin1String(CSettings::kApplication));
+    store->setFallbacksEnabled(false);  // what another user or program stored is none of ours
+    return store;
+}
+
+std::vector<std::string> CQuorvelApp::ArgumentTexts() {
+    std::vector<std::string> texts;
+    const QStringList list = arguments().mid(1);
+    for (const QString& argument : list) texts.push_back(argument.toStdString());
+    return texts;
+}
+
+bool CQuorvelApp::notify(QObject* receiver, QEvent* event) {
+    try {
+        return QApplication::notify(receiver, event);
+    } catch (const std::exception& error) {
+        m_messages->ShowError(activeWindow(), QString::fromUtf8(error.what()));
+    }
+    return false;
+}
+
+void InitInstance(CMainFrame& frame, const std::vector<std::string>& arguments) {
+    CMyCommandInfo commandLine;
+    commandLine.Parse(arguments);
+    if (commandLine.files.empty()) {
+        QTimer::singleShot(0, &frame, [&frame] { frame.RunCommand(CommandId::SelectFiles); });
+        return;
+    }
+    frame.Document().CompareFileList(commandLine.files, commandLine.channelClass, 0.0, 0.0);
+}

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "app/window_services.h"
+#include "viewer/viewer_host.h"
+
+/// The program around the file viewer: its message boxes, pickers and printers are those of the window. It reads the
+/// settings and stores nothing, looking into a file changes nothing.
+class CSpecificationHost : public CViewerHost {
+public:
+    explicit CSpecificationHost(const CWindowServices& services) : m_services(services) {}
+
+    void ShowError(QWidget* parent, const QString& text) override;
+    std::optional<QString> AskSavePath(QWidget* parent, const CViewerSaveRequest& request) override;
+    bool AskPrinter(QWidget* parent, QPrinter& printer) override;
+
+private:
+    CWindowServices m_services;
+};

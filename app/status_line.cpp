@@ -1,0 +1,81 @@
+#include "app/status_line.h"
+
+#include <QCoreApplication>
+#include <QLabel>
+#include <QProgressBar>
+#include <QStatusBar>
+
+#include "app/keyboard_indicators.h"
+
+namespace {
+
+constexpr int kStatusBarId = 59393;
+constexpr int kProgressWidth = 160;  // pixels
+
+QString Translated(const char* text) {
+    return QCoreApplication::translate("CStatusLine", text);
+}
+
+QLabel* AddIndicator(QStatusBar& bar, const char* text, const QString& meaning) {
+    auto* const label = new QLabel(Translated(text), &bar);
+    label->setToolTip(meaning);
+    label->setAccessibleName(meaning);
+    bar.addPermanentWidget(label);
+    return label;
+}
+
+}  // namespace
+
+CStatusLine::CStatusLine(QStatusBar& bar)
+    : m_message(new QLabel(&bar)), m_progress(new QProgressBar(&bar)), m_readout(new QLabel(&bar)) {
+    bar.setObjectName(QStringLiteral("statusBar"));
+    bar.setProperty("controlId", kStatusBarId);
+    m_message->setObjectName(QStringLiteral("statusMessage"));
+    m_message->setTextFormat(Qt::PlainText);  // file names may look like markup
+    // A long path must not widen the window.
+    m_message->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    bar.addWidget(m_message, 1);
+    m_progress->setObjectName(QStringLiteral("progress"));
+    m_progress->setAccessibleName(Translated("Progress of the comparison"));
+    m_progress->setFixedWidth(kProgressWidth);
+    m_progress->hide();
+    bar.addPermanentWidget(m_progress);
+    m_readout->setObjectName(QStringLiteral("readout"));
+    m_readout->setAccessibleName(Translated("Point under the pointer"));
+    bar.addPermanentWidget(m_readout);
+    m_indicators = {AddIndicator(bar, "CAP", Translated("Caps Lock")), AddIndicator(bar, "NUM", Translated("Num Lock")),
+                    AddIndicator(bar, "SCRL", Translated("Scroll Lock"))};
+    ShowMessage(Translated("Ready"));
+    ShowIndicators();
+}
+
+void CStatusLine::ShowMessage(const QString& text) {
+    m_message->setText(text);
+    m_message->setToolTip(text);
+    m_message->setAccessibleName(text);
+}
+
+void CStatusLine::ShowReadout(const QString& text) {
+    m_readout->setText(text);
+}
+
+void CStatusLine::ShowProgress(int done, int total, const QString& path) {
+    m_progress->setRange(0, total);
+    m_progress->setValue(done);
+    m_progress->show();
+    ShowMessage(path);
+}
+
+void CStatusLine::EndProgress() {
+    m_progress->hide();
+    m_progress->reset();
+}
+
+void CStatusLine::ShowIndicators() {
+    const std::optional<CKeyboardIndicators> locks = ReadKeyboardIndicators();
+    for (QLabel* const label : m_indicators) label->setVisible(locks.has_value());
+    if (!locks) return;
+    m_indicators[0]->setEnabled(locks->capsLock);
+    m_indicators[1]->setEnabled(locks->numLock);
+    m_indicators[2]->setEnabled(locks->scrollLock);
+}

@@ -1,0 +1,112 @@
+#pragma once
+
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPrinter>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSettings>
+#include <QTemporaryDir>
+#include <QTest>
+#include <memory>
+
+#include "app/file_list.h"
+#include "app/main_frame.h"
+#include "app/printer_picker.h"
+#include "app/quorvel_view.h"
+#include "app/select_files.h"
+#include "app/settings.h"
+#include "app/summary_list.h"
+#include "app/testing/recorded_messages.h"
+#include "app/testing/scripted_picker.h"
+#include "app/testing/widget_probe.h"
+
+/// Prints to a PDF file, or cancels while none is named.
+class CPdfPicker : public CPrinterPicker {
+public:
+    QString path;
+    bool Pick(QWidget*, QPrinter& printer) override {
+        if (path.isEmpty()) return false;
+        printer.setOutputFormat(QPrinter::PdfFormat);
+        printer.setOutputFileName(path);
+        return true;
+    }
+};
+
+/// A main window with settings of its own, whose user is scripted.
+class CWindowFixture {
+public:
+    explicit CWindowFixture(std::unique_ptr<CChartControl> chart = nullptr)
+        : store(folder.filePath("settings.ini"), QSettings::IniFormat), settings(store) {
+        frame = std::make_unique<CMainFrame>(CWindowServices{settings, picker, messages, printers}, std::move(chart));
+        frame->resize(1000, 600);
+        frame->show();
+    }
+
+    /// A file of this fixture's folder.
+    [[nodiscard]] QString Path(const QString& name) const { return folder.filePath(name); }
+
+    /// One of the program's sample signals.
+    static std::string Sample(const std::string& name) { return QUORVEL_SAMPLES "/" + name; }
+
+    /// Chooses the files in "Select Uds Files" and presses OK; an empty reference means "Compare to Average".
+    void Compare(const std::vector<std::string>& files, const std::string& reference) {
+        WhenModal([this, files, reference](QWidget& dialog) { Answer(dialog, files, reference); });
+        frame->RunCommand(CommandId::SelectFiles);
+    }
+
+    void Answer(QWidget& dialog, const std::vector<std::string>& files, const std::string& reference) {
+        ++selectionsAnswered;
+        auto& list = *dialog.findChild<CFileList*>();
+        list.clear();
+        list.AppendFiles(files);
+        Control<QRadioButton>(dialog, reference.empty() ? 1009 : 1006)->setChecked(true);
+        Control<QLineEdit>(dialog, 1007)->setText(QString::fromStdString(reference));
+        dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->click();
+    }
+
+    void CompareSled() {
+        Compare({Sample("sled/s01002aa0.001"), Sample("sled/s01003aa0.001"), Sample("sled/s01004aa0.001")},
+                Sample("sled/s01001aa0.001"));
+    }
+    void CompareForce() {
+        Compare({Sample("force/f01002fa0.001"), Sample("force/f01003fa0.001")}, Sample("force/f01001fa0.001"));
+    }
+
+    /// Chooses a page as a user does, by the selector's entry.
+    void ChoosePage(const QString& name) {
+        QComboBox& pages = Pages();
+        pages.setCurrentIndex(pages.findText(name));
+        emit pages.activated(pages.currentIndex());
+    }
+
+    [[nodiscard]] QComboBox& Pages() const { return *Control<QComboBox>(*frame, 1015); }
+    [[nodiscard]] QStringList PageNames() const {
+        QStringList names;
+        for (int i = 0; i < Pages().count(); ++i) names.append(Pages().itemText(i));
+        return names;
+    }
+    [[nodiscard]] CSummaryList* List() const { return frame->findChild<CSummaryList*>(); }
+    [[nodiscard]] QString StatusText() const { return frame->findChild<QLabel*>("statusMessage")->text(); }
+    [[nodiscard]] bool IsHintShown() const { return frame->findChild<QLabel*>("hint")->isVisible(); }
+    [[nodiscard]] bool IsBannerShown() const { return frame->findChild<QLabel*>("banner")->isVisible(); }
+    [[nodiscard]] bool IsEnabled(CommandId id) const { return frame->Action(id)->isEnabled(); }
+    [[nodiscard]] QStringList EnabledCommands() const {
+        QStringList names;
+        for (const CCommand& command : Commands()) {
+            if (IsEnabled(command.id)) names.append(command.name);
+        }
+        return names;
+    }
+
+    QTemporaryDir folder;
+    QSettings store;
+    CSettings settings;
+    CScriptedPicker picker;
+    CRecordedMessages messages;
+    CPdfPicker printers;
+    std::unique_ptr<CMainFrame> frame;
+    int selectionsAnswered = 0;
+};

@@ -1,0 +1,87 @@
+#include "app/window_host.h"
+
+#include <QApplication>
+#include <utility>
+
+#include "app/corridor_dialog.h"
+#include "app/critical_values_dialog.h"
+#include "app/error_dialog.h"
+#include "app/file_picker.h"
+#include "app/input_blocker.h"
+#include "app/messages.h"
+#include "app/select_files.h"
+#include "app/settings.h"
+
+CWindowHost::CWindowHost(QWidget& window, const CWindowServices& services) : m_window(window), m_services(services) {}
+
+CWindowHost::~CWindowHost() {
+    if (IsBusy()) QApplication::restoreOverrideCursor();
+}
+
+std::optional<CFileSelection> CWindowHost::SelectFiles(const CFileSelection& offered) {
+    CFileSelection shown = offered;
+    if (m_offeredFiles) shown.files = std::exchange(m_offeredFiles, std::nullopt).value();
+    CSelectFiles dialog(shown, m_services.settings, m_services.picker, m_services.messages, &m_window);
+    if (dialog.exec() != QDialog::Accepted) return std::nullopt;
+    emit FilesSelected();
+    return dialog.Selection();
+}
+
+void CWindowHost::ShowErrorList(const std::vector<std::string>& messages) {
+    SetBusy(false);  // the list is read and closed by the user
+    ksres::CErrorDialog::ShowMessages(messages, &m_window);
+}
+
+std::optional<double> CWindowHost::EditCorridorSize(double size) {
+    CCorridorDlg dialog(size, m_services.messages, &m_window);
+    if (dialog.exec() != QDialog::Accepted) return std::nullopt;
+    return dialog.Size();
+}
+
+std::optional<CCriticalValues> CWindowHost::EditCriticalValues(const CCriticalValues& values) {
+    ksres::CCriticalValuesDlg dialog(values, m_services.messages, &m_window);
+    if (dialog.exec() != QDialog::Accepted) return std::nullopt;
+    return dialog.Values();
+}
+
+std::optional<std::string> CWindowHost::AskSavePath(const CSaveRequest& request) {
+    CFileRequest picker;
+    picker.kind = PickerKind::Save;
+    picker.title = QString::fromStdString(request.title);
+    picker.filters = request.filters;
+    picker.folder = QString::fromStdString(request.folder);
+    picker.hideReadOnly = request.hideReadOnly;
+    picker.askBeforeOverwriting = request.askBeforeOverwriting;
+    const std::optional<CPickedFiles> picked = m_services.picker.Pick(&m_window, picker);
+    if (!picked) return std::nullopt;
+    return picked->paths.front().toStdString();
+}
+
+std::string CWindowHost::ReadSetting(const std::string& key, const std::string& fallback) {
+    return m_services.settings.Text(QString::fromStdString(key), QString::fromStdString(fallback)).toStdString();
+}
+
+void CWindowHost::StoreSetting(const std::string& key, const std::string& value) {
+    m_services.settings.SetText(QString::fromStdString(key), QString::fromStdString(value));
+}
+
+void CWindowHost::Beep() {
+    m_services.messages.Beep();
+}
+
+void CWindowHost::SetBusy(bool busy) {
+    if (busy == IsBusy()) return;
+    if (busy) {
+        m_blocker = std::make_unique<CInputBlocker>();
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+    } else {
+        QApplication::restoreOverrideCursor();
+        m_blocker.reset();
+    }
+    emit BusyChanged(busy);
+}
+
+void CWindowHost::Progress(std::size_t done, std::size_t total, const std::string& path) {
+    emit ProgressChanged(static_cast<int>(done), static_cast<int>(total), QString::fromStdString(path));
+    if (IsBusy()) QCoreApplication::processEvents();  // repaints; the blocker drops what the user did meanwhile
+}

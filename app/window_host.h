@@ -1,0 +1,55 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "app/window_services.h"
+#include "compare/document_host.h"
+
+class CInputBlocker;
+class QWidget;
+
+/// The program around the document: opens the dialogs above a window, reads and stores the settings, shows progress.
+///
+/// While busy the wait cursor is up and the window is repainted at every step of a run, but whatever the user does is
+/// dropped.
+class CWindowHost : public QObject, public CDocumentHost {
+    Q_OBJECT
+
+public:
+    /// `window` is the parent of all dialogs.
+    CWindowHost(QWidget& window, const CWindowServices& services);
+    ~CWindowHost() override;
+
+    /// The next selection starts with these files instead of those that the document offers.
+    void OfferFiles(std::vector<std::string> files) { m_offeredFiles = std::move(files); }
+    [[nodiscard]] bool IsBusy() const { return m_blocker != nullptr; }
+
+    std::optional<CFileSelection> SelectFiles(const CFileSelection& offered) override;
+    void ShowErrorList(const std::vector<std::string>& messages) override;
+    std::optional<double> EditCorridorSize(double size) override;
+    std::optional<CCriticalValues> EditCriticalValues(const CCriticalValues& values) override;
+    std::optional<std::string> AskSavePath(const CSaveRequest& request) override;
+    std::string ReadSetting(const std::string& key, const std::string& fallback) override;
+    void StoreSetting(const std::string& key, const std::string& value) override;
+    void Beep() override;
+    void SetBusy(bool busy) override;
+    void Progress(std::size_t done, std::size_t total, const std::string& path) override;
+
+signals:
+    /// The user confirmed a selection; a run begins.
+    void FilesSelected();
+    void BusyChanged(bool busy);
+    /// `done` of `total` steps of a run are done; `path` is the file at work, empty at the end.
+    void ProgressChanged(int done, int total, const QString& path);
+
+private:
+    QWidget& m_window;
+    CWindowServices m_services;
+    std::optional<std::vector<std::string>> m_offeredFiles;
+    std::unique_ptr<CInputBlocker> m_blocker;  ///< while busy
+};
