@@ -19,6 +19,7 @@
 #include "app/select_files.h"
 #include "app/settings.h"
 #include "app/summary_list.h"
+#include "app/testing/error_list_watcher.h"
 #include "app/testing/recorded_messages.h"
 #include "app/testing/scripted_picker.h"
 #include "app/testing/widget_probe.h"
@@ -107,6 +108,7 @@ public:
     CScriptedPicker picker;
     CRecordedMessages messages;
     CPdfPicker printers;
+    CErrorListWatcher errorLists;
     std::unique_ptr<CMainFrame> frame;
     int selectionsAnswered = 0;
 };

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QApplication>
+#include <QEvent>
+#include <QStringList>
+#include <QTimer>
+
+#include "app/error_dialog.h"
+
+/// While it lives, every list of errors that opens is read and closed at once.
+class CErrorListWatcher : public QObject {
+public:
+    QStringList texts;  ///< of the lists that opened, in order
+
+    CErrorListWatcher() { qApp->installEventFilter(this); }
+    ~CErrorListWatcher() override { qApp->removeEventFilter(this); }
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        auto* const dialog = event->type() == QEvent::Show ? qobject_cast<ksres::CErrorDialog*>(watched) : nullptr;
+        if (dialog != nullptr) {
+            texts.append(dialog->Text());
+            QTimer::singleShot(0, dialog, &QDialog::accept);
+        }
+        return QObject::eventFilter(watched, event);
+    }
+};
