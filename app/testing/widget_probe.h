@@ -46,6 +46,7 @@ inline QStringList CutOffTexts(const QWidget& window) {
     QStringList texts;
     const auto labels = window.findChildren<QLabel*>();
     for (const QLabel* const label : labels) {
+        if (label->isHidden()) continue;
         const int height = label->wordWrap() ? label->heightForWidth(label->width()) : label->sizeHint().height();
         const bool isTooNarrow = !label->wordWrap() && label->width() < label->sizeHint().width();
         if (isTooNarrow || label->height() < height) texts.append(label->text());

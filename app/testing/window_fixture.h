@@ -19,6 +19,7 @@
 #include "app/select_files.h"
 #include "app/settings.h"
 #include "app/summary_list.h"
+#include "app/testing/dialog_driver.h"
 #include "app/testing/error_list_watcher.h"
 #include "app/testing/recorded_messages.h"
 #include "app/testing/scripted_picker.h"
@@ -41,8 +42,16 @@ class CWindowFixture {
 public:
     explicit CWindowFixture(std::unique_ptr<CChartControl> chart = nullptr)
         : store(folder.filePath("settings.ini"), QSettings::IniFormat), settings(store) {
-        frame = std::make_unique<CMainFrame>(CWindowServices{settings, picker, messages, printers}, std::move(chart));
+        OpenFrame(std::move(chart));
         frame->resize(1000, 600);
+        frame->show();
+    }
+
+    /// Closes the window and opens another one with the same settings, as the next start of the program does.
+    void Reopen() {
+        frame->close();
+        frame.reset();
+        OpenFrame(nullptr);
         frame->show();
     }
 
@@ -54,7 +63,7 @@ public:
 
     /// Chooses the files in "Select Uds Files" and presses OK; an empty reference means "Compare to Average".
     void Compare(const std::vector<std::string>& files, const std::string& reference) {
-        WhenModal([this, files, reference](QWidget& dialog) { Answer(dialog, files, reference); });
+        dialogs.Expect([this, files, reference](QWidget& dialog) { Answer(dialog, files, reference); });
         frame->RunCommand(CommandId::SelectFiles);
     }
 
@@ -109,6 +118,12 @@ public:
     CRecordedMessages messages;
     CPdfPicker printers;
     CErrorListWatcher errorLists;
+    CDialogDriver dialogs;
     std::unique_ptr<CMainFrame> frame;
     int selectionsAnswered = 0;
+
+private:
+    void OpenFrame(std::unique_ptr<CChartControl> chart) {
+        frame = std::make_unique<CMainFrame>(CWindowServices{settings, picker, messages, printers}, std::move(chart));
+    }
 };

@@ -1,0 +1,334 @@
+#include "app/main_frame.h"
+
+#include <QAccessible>
+#include <QContextMenuEvent>
+#include <QLabel>
+#include <QListWidget>
+#include <QMenuBar>
+#include <QStatusBar>
+#include <QToolBar>
+#include <QToolButton>
+
+#include "app/customize_dialog.h"
+#include "app/page_pane.h"
+#include "app/testing/window_fixture.h"
+
+namespace {
+
+/// The texts of a menu's entries; "-" is a separator.
+QStringList Texts(const QList<QAction*>& actions) {
+    QStringList texts;
+    for (const QAction* const action : actions) texts.append(action->isSeparator() ? QString("-") : action->text());
+    return texts;
+}
+
+/// The object names of a toolbar's actions; "-" is a separator.
+QStringList Names(const QList<QAction*>& actions) {
+    QStringList names;
+    for (const QAction* const action : actions)
+        names.append(action->isSeparator() ? QString("-") : action->objectName());
+    return names;
+}
+
+const QStringList kToolbar = {"SelectFiles",
+                              "UdsSpecification",
+                              "-",
+                              "SaveBmp",
+                              "SaveWmf",
+                              "SaveHtml",
+                              "SaveUds",
+                              "SaveAscii",
+                              "Print",
+                              "-",
+                              "Copy",
+                              "CopyData",
+                              "-",
+                              "CorridorSize",
+                              "CriticalValues",
+                              "-",
+                              "About",
+                              "-",
+                              "Customize"};
+
+}  // namespace
+
+class CMainFrameTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init() { m_window = std::make_unique<CWindowFixture>(); }
+    void cleanup() {
+        const QStringList faults = m_window->dialogs.TakeFaults();
+        m_window.reset();
+        QCOMPARE(faults, QStringList());
+    }
+
+    void AnEmptyWindowSaysWhatToDoNext() {
+        QCOMPARE(Frame().windowTitle(), QString("Quorvel"));
+        QVERIFY(!Frame().windowIcon().isNull());
+        QVERIFY(m_window->IsHintShown());
+        QCOMPARE(Frame().findChild<QLabel*>("hint")->text(),
+                 QString("Choose File > Select Files... or drop signal files here to compare them."));
+        QVERIFY(!m_window->IsBannerShown());
+        QVERIFY(m_window->List() == nullptr);
+        QCOMPARE(m_window->Pages().count(), 0);
+        QVERIFY(!m_window->Pages().isEnabled());
+        QCOMPARE(m_window->StatusText(), QString("Ready"));
+        QCOMPARE(m_window->EnabledCommands(),
+                 QStringList({"SelectFiles", "UdsSpecification", "RecentFile", "Exit", "Copy", "CorridorSize",
+                              "CriticalValues", "Toolbar", "StatusBar", "Customize", "About"}));
+        QVERIFY(m_window->messages.said.isEmpty());
+    }
+
+    void TheMenusHoldTheirEntriesInOrder() {
+        const QList<QAction*> menus = Frame().menuBar()->actions();
+        QCOMPARE(Texts(menus), QStringList({"&File", "&Edit", "&View", "&Help"}));
+        const QList<QAction*> file = menus[0]->menu()->actions();
+        QCOMPARE(Texts(file),
+                 QStringList({"Select &Files...", "&Save", "-", "&Print...", "Print Preview", "-", "UDS Speification",
+                              "UDS Speification &of", "-", "&Recent File", "-", "Exit"}));
+        QCOMPARE(Texts(file[1]->menu()->actions()), QStringList({"&Bmp", "&Wmf", "&HTML", "UDS", "ASCII"}));
+        QCOMPARE(Texts(menus[1]->menu()->actions()),
+                 QStringList({"&Copy", "Copy &Data", "-", "Corridor &Size", "Critical &Values"}));
+        QCOMPARE(Texts(menus[2]->menu()->actions()), QStringList({"Toolbar", "Status Bar", "Customize..."}));
+        QCOMPARE(Texts(menus[3]->menu()->actions()), QStringList({"&About Quorvel..."}));
+    }
+
+    void ShortcutsAndStatusTextsAreThoseOfTheCommands_data() {
+        QTest::addColumn<int>("id");
+        QTest::addColumn<QString>("shortcut");
+        QTest::addColumn<QString>("statusText");
+        QTest::newRow("select") << 57601 << "Ctrl+O"
+                                << "Select the Files for processing";
+        QTest::newRow("print") << 57607 << "Ctrl+P"
+                               << "Print the current plot";
+        QTest::newRow("copy") << 57634 << "Ctrl+C"
+                              << "Copy the current plot to the clipboard";
+        QTest::newRow("copy data") << 32777 << ""
+                                   << "Copy the plotted data to the clipboard";
+        QTest::newRow("bmp") << 32774 << ""
+                             << "Save the current plot as a bmp file";
+        QTest::newRow("wmf") << 32775 << ""
+                             << "Save the current plot as a windows metafile";
+        QTest::newRow("html") << 32776 << ""
+                              << "Save the current plot as a HTML file";
+        QTest::newRow("uds specification") << 32781 << ""
+                                           << "View UDS file specification";
+        QTest::newRow("corridor") << 32779 << ""
+                                  << "Set size for Corridor Plot";
+        QTest::newRow("critical") << 32778 << ""
+                                  << "Edit the critical values for Pass / Fail Criteria";
+    }
+    void ShortcutsAndStatusTextsAreThoseOfTheCommands() {
+        QFETCH(int, id);
+        QFETCH(QString, shortcut);
+        QFETCH(QString, statusText);
+        QAction* const action = Frame().Action(static_cast<CommandId>(id));
+        QVERIFY(action != nullptr);
+        QCOMPARE(action->shortcut(), QKeySequence(shortcut));
+        action->showStatusText(&Frame());
+        QCOMPARE(Frame().statusBar()->currentMessage(), statusText);
+    }
+
+    void AShortcutRunsItsCommand() {
+        QVERIFY(QTest::qWaitForWindowActive(&Frame()));
+        m_window->dialogs.Expect([](QWidget& dialog) { dialog.close(); });
+        QTest::keyClick(&Frame(), Qt::Key_O, Qt::ControlModifier);
+        QCOMPARE(m_window->dialogs.opened, QStringList({"Select Uds Files"}));
+    }
+
+    void TheToolbarShowsAnIconForEveryCommandAndEndsWithCustomize() {
+        QCOMPARE(Names(Toolbar().actions()), kToolbar);
+        for (const QAction* const action : Toolbar().actions()) {
+            if (action->isSeparator()) continue;
+            if (action->objectName() != "Customize") QVERIFY2(!action->icon().isNull(), qPrintable(action->text()));
+            QWidget* const button = Toolbar().widgetForAction(const_cast<QAction*>(action));
+            QAccessibleInterface* const reader = QAccessible::queryAccessibleInterface(button);
+            QVERIFY(reader != nullptr);
+            QCOMPARE(reader->text(QAccessible::Name), PlainActionText(action->text()).remove("..."));
+            QVERIFY(!action->toolTip().isEmpty());
+        }
+    }
+
+    void TheStatusBarHasItsNumberAndItsParts() {
+        QCOMPARE(Frame().statusBar()->property("controlId").toInt(), 59393);
+        QVERIFY(Frame().statusBar()->isVisible());
+        QVERIFY(Frame().findChild<QLabel*>("statusMessage")->isVisible());
+        QVERIFY(!Frame().findChild<QWidget*>("progress")->isVisible());
+    }
+
+    void ThePaneIsLabelledAndNamed() {
+        QCOMPARE(Pane().property("controlId").toInt(), 128);
+        QVERIFY(Pane().isVisible());
+        const auto* const label = Pane().findChild<QLabel*>();
+        QCOMPARE(PlainActionText(label->text()), QString("Plot Type:"));
+        QCOMPARE(label->buddy(), static_cast<QWidget*>(&m_window->Pages()));
+        QCOMPARE(m_window->Pages().accessibleName(), QString("Plot Type"));
+    }
+
+    void ThePaneStandsAtTheRightEndOfTheToolbarRow_data() {
+        QTest::addColumn<QSize>("size");
+        QTest::newRow("usual") << QSize(1000, 600);
+        QTest::newRow("wide") << QSize(1700, 900);
+        QTest::newRow("low") << QSize(900, 400);
+        QTest::newRow("narrow") << QSize(640, 480);
+        QTest::newRow("as small as it gets") << QSize(1, 1);
+    }
+    void ThePaneStandsAtTheRightEndOfTheToolbarRow() {
+        QFETCH(QSize, size);
+        Frame().resize(size);
+        CheckPane(Toolbar());
+        // A button under the pane could not be reached.
+        const auto buttons = Toolbar().findChildren<QToolButton*>();
+        for (const QToolButton* const button : buttons) {
+            if (button->isVisible()) QVERIFY(!InFrame(*button).intersects(Pane().geometry()));
+        }
+    }
+
+    void ThePaneKeepsItsRowWhileTheToolbarIsHidden() {
+        Trigger(CommandId::Toolbar);
+        QVERIFY(!Toolbar().isVisible());
+        for (const QSize& size : {QSize(1000, 600), QSize(1400, 500), QSize(640, 480)}) {
+            Frame().resize(size);
+            CheckPane(PaneRow());
+            QVERIFY(!Pane().geometry().intersects(InFrame(Frame().View())));
+            QVERIFY(!Pane().geometry().intersects(Frame().menuBar()->geometry()));
+        }
+        Trigger(CommandId::Toolbar);
+        QVERIFY(Toolbar().isVisible());
+        QVERIFY(!PaneRow().isVisible());
+        CheckPane(Toolbar());
+    }
+
+    void TheViewFollowsTheWindow() {
+        Frame().resize(1200, 800);
+        QCOMPARE(Frame().View().width(), Frame().width());
+        QCOMPARE(InFrame(Frame().View()).bottom() + 1, Frame().statusBar()->geometry().top());
+        const int before = Frame().View().height();
+        Trigger(CommandId::StatusBar);
+        QVERIFY(!Frame().statusBar()->isVisible());
+        QTRY_VERIFY(Frame().View().height() > before);
+    }
+
+    void ACheckedEntryShowsWhatIsOnTheScreen() {
+        for (const CommandId id : {CommandId::Toolbar, CommandId::StatusBar}) {
+            QVERIFY(Frame().Action(id)->isChecked());
+            Trigger(id);
+            QVERIFY(!Frame().Action(id)->isChecked());
+        }
+    }
+
+    void CustomizeChoosesTheButtonsAndIsKept() {
+        m_window->dialogs.Expect([](QWidget& dialog) {
+            auto& list = *dialog.findChild<QListWidget*>();
+            QCOMPARE(list.count(), 13);  // every button but "Customize..." itself
+            for (const QString& text : {QString("Bmp"), QString("Wmf"), QString("About Quorvel...")}) {
+                list.findItems(text, Qt::MatchExactly).at(0)->setCheckState(Qt::Unchecked);
+            }
+            dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->click();
+        });
+        Trigger(CommandId::Customize);
+        QCOMPARE(m_window->dialogs.opened, QStringList({"Customize"}));
+        QStringList expected = kToolbar;
+        expected.removeOne("SaveBmp");
+        expected.removeOne("SaveWmf");
+        expected.removeOne("About");
+        expected.removeAt(expected.lastIndexOf("-"));  // no group is left between two separators
+        QCOMPARE(Names(Toolbar().actions()), expected);
+        m_window->Reopen();
+        QCOMPARE(Names(Toolbar().actions()), expected);
+        CheckPane(Toolbar());
+    }
+
+    void ACancelledCustomizeChangesNothing() {
+        m_window->dialogs.Expect([](QWidget& dialog) {
+            dialog.findChild<QListWidget*>()->item(0)->setCheckState(Qt::Unchecked);
+            dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Cancel)->click();
+        });
+        Trigger(CommandId::Customize);
+        QCOMPARE(Names(Toolbar().actions()), kToolbar);
+        QVERIFY(m_window->settings.HiddenToolbarActions().isEmpty());
+    }
+
+    void ARightClickOnTheToolbarOffersTheViewMenu() {
+        QStringList texts;
+        m_window->dialogs.Expect([&](QWidget& menu) {
+            texts = Texts(menu.actions());
+            menu.close();
+        });
+        const QPoint place = Toolbar().mapToGlobal(QPoint(5, 5));
+        QContextMenuEvent event(QContextMenuEvent::Mouse, QPoint(5, 5), place);
+        QApplication::sendEvent(&Toolbar(), &event);
+        QTRY_COMPARE(texts, QStringList({"Toolbar", "Status Bar", "Customize..."}));
+    }
+
+    void TheLayoutIsKept() {
+        Frame().resize(700, 450);
+        Trigger(CommandId::Toolbar);
+        Trigger(CommandId::StatusBar);
+        m_window->Reopen();
+        QCOMPARE(Frame().size(), QSize(700, 450));
+        QVERIFY(!Toolbar().isVisible());
+        QVERIFY(!Frame().Action(CommandId::Toolbar)->isChecked());
+        QVERIFY(!Frame().statusBar()->isVisible());
+        QVERIFY(!Frame().Action(CommandId::StatusBar)->isChecked());
+        CheckPane(PaneRow());
+        Trigger(CommandId::Toolbar);
+        Trigger(CommandId::StatusBar);
+        m_window->Reopen();
+        QVERIFY(Toolbar().isVisible());
+        QVERIFY(Frame().statusBar()->isVisible());
+        CheckPane(Toolbar());
+    }
+
+    void AboutShowsTheAboutBox() {
+        m_window->dialogs.Expect([](QWidget& dialog) { dialog.close(); });
+        Trigger(CommandId::About);
+        QCOMPARE(m_window->dialogs.opened, QStringList({"About: Quorvel"}));
+    }
+
+    void ExitClosesTheWindow() {
+        Trigger(CommandId::Exit);
+        QVERIFY(!Frame().isVisible());
+    }
+
+    void NeitherTextNorPaneIsCutOff() {
+        QVERIFY2(CutOffTexts(Frame()).isEmpty(), qPrintable(CutOffTexts(Frame()).join('\n')));
+        m_window->CompareSled();
+        QVERIFY2(CutOffTexts(Frame()).isEmpty(), qPrintable(CutOffTexts(Frame()).join('\n')));
+        QComboBox& pages = m_window->Pages();
+        pages.setCurrentIndex(pages.findText("90 Percentile Corridor"));  // the longest name
+        const int text = pages.fontMetrics().horizontalAdvance(pages.currentText());
+        QStyleOptionComboBox option;
+        option.initFrom(&pages);
+        const QRect field =
+            pages.style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, &pages);
+        QVERIFY(field.width() >= text);
+        QVERIFY(field.height() >= pages.fontMetrics().height());
+    }
+
+private:
+    CMainFrame& Frame() { return *m_window->frame; }
+    QToolBar& Toolbar() { return *Frame().findChild<QToolBar*>("toolbar"); }
+    QToolBar& PaneRow() { return *Frame().findChild<QToolBar*>("paneRow"); }
+    CDialogPane& Pane() { return *Frame().findChild<CDialogPane*>(); }
+    void Trigger(CommandId id) { Frame().Action(id)->trigger(); }
+    QRect InFrame(const QWidget& widget) { return {widget.mapTo(&Frame(), QPoint(0, 0)), widget.size()}; }
+
+    /// The pane: 270 x 24, its right edge on that of the row, within the row's height.
+    void CheckPane(const QToolBar& row) {
+        QVERIFY(row.isVisible());
+        QCOMPARE(Pane().size(), QSize(270, 24));
+        QCOMPARE(Pane().geometry().right(), InFrame(row).right());
+        QCOMPARE(InFrame(row).right(), Frame().width() - 1);
+        QVERIFY(Pane().y() >= InFrame(row).top());
+        QVERIFY(Pane().geometry().bottom() <= InFrame(row).bottom());
+        QVERIFY(Frame().childAt(Pane().geometry().center()) == &Pane() ||
+                Pane().isAncestorOf(Frame().childAt(Pane().geometry().center())));
+    }
+
+    std::unique_ptr<CWindowFixture> m_window;
+};
+
+QTEST_MAIN(CMainFrameTest)
+#include "main_frame_test.moc"
