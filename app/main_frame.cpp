@@ -60,6 +60,13 @@ bool IsLockKey(const QEvent& event) {
     return key == Qt::Key_CapsLock || key == Qt::Key_NumLock || key == Qt::Key_ScrollLock;
 }
 
+/// What the command does and its key: short menu texts such as "UDS" say too little on a button.
+QString ToolTip(const QAction& action) {
+    const QKeySequence key = action.shortcut();
+    if (key.isEmpty()) return action.statusTip();
+    return QStringLiteral("%1 (%2)").arg(action.statusTip(), key.toString(QKeySequence::NativeText));
+}
+
 }  // namespace
 
 CMainFrame::CMainFrame(const CWindowServices& services, std::unique_ptr<CChartControl> chart)
@@ -117,6 +124,7 @@ void CMainFrame::MakeActions() {
         action->setProperty("commandId", static_cast<int>(command.id));
         action->setShortcut(QKeySequence(QLatin1String(command.shortcut)));
         action->setStatusTip(tr(command.statusText));
+        action->setToolTip(ToolTip(*action));
         action->setMenuRole(QAction::NoRole);
         if (*command.icon != '\0') action->setIcon(CommandIcon(QLatin1String(command.icon)));
         connect(action, &QAction::triggered, this, [this, id = command.id] { RunCommand(id); });
@@ -125,6 +133,7 @@ void CMainFrame::MakeActions() {
     }
     Action(CommandId::Toolbar)->setCheckable(true);
     Action(CommandId::StatusBar)->setCheckable(true);
+    Action(CommandId::Customize)->setIconText(tr("Customize..."));  // Qt would drop the dots
     Action(CommandId::About)->setMenuRole(QAction::AboutRole);
     Action(CommandId::Exit)->setMenuRole(QAction::QuitRole);
 }
