@@ -10,7 +10,8 @@
 /// While it lives, every list of errors that opens is read and closed at once.
 class CErrorListWatcher : public QObject {
 public:
-    QStringList texts;  ///< of the lists that opened, in order
+    QStringList texts;        ///< of the lists that opened, in order
+    bool wasWaiting = false;  ///< the wait cursor was up while a list was open
 
     CErrorListWatcher() { qApp->installEventFilter(this); }
     ~CErrorListWatcher() override { qApp->removeEventFilter(this); }
@@ -19,6 +20,7 @@ public:
         auto* const dialog = event->type() == QEvent::Show ? qobject_cast<ksres::CErrorDialog*>(watched) : nullptr;
         if (dialog != nullptr) {
             texts.append(dialog->Text());
+            if (QApplication::overrideCursor() != nullptr) wasWaiting = true;
             QTimer::singleShot(0, dialog, &QDialog::accept);
         }
         return QObject::eventFilter(watched, event);

@@ -61,6 +61,11 @@ public:
     /// One of the program's sample signals.
     static std::string Sample(const std::string& name) { return QUORVEL_SAMPLES "/" + name; }
 
+    /// The acceleration signals and, number 1, their reference.
+    static std::string Sled(int number) { return Sample("sled/s0100" + std::to_string(number) + "aa0.001"); }
+    /// The force signals and, number 1, their reference.
+    static std::string Force(int number) { return Sample("force/f0100" + std::to_string(number) + "fa0.001"); }
+
     /// Chooses the files in "Select Uds Files" and presses OK; an empty reference means "Compare to Average".
     void Compare(const std::vector<std::string>& files, const std::string& reference) {
         dialogs.Expect([this, files, reference](QWidget& dialog) { Answer(dialog, files, reference); });
@@ -77,13 +82,8 @@ public:
         dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->click();
     }
 
-    void CompareSled() {
-        Compare({Sample("sled/s01002aa0.001"), Sample("sled/s01003aa0.001"), Sample("sled/s01004aa0.001")},
-                Sample("sled/s01001aa0.001"));
-    }
-    void CompareForce() {
-        Compare({Sample("force/f01002fa0.001"), Sample("force/f01003fa0.001")}, Sample("force/f01001fa0.001"));
-    }
+    void CompareSled() { Compare({Sled(2), Sled(3), Sled(4)}, Sled(1)); }
+    void CompareForce() { Compare({Force(2), Force(3)}, Force(1)); }
 
     /// Chooses a page as a user does, by the selector's entry.
     void ChoosePage(const QString& name) {

@@ -1,0 +1,197 @@
+// What the main window does while a command is at work, and what it makes of a command that throws.
+
+#include <QContextMenuEvent>
+#include <QLabel>
+#include <QMimeData>
+#include <QProgressBar>
+#include <QToolBar>
+#include <QToolButton>
+#include <algorithm>
+#include <stdexcept>
+
+#include "app/testing/window_fixture.h"
+#include "chart/testing/recording_chart_control.h"
+
+namespace {
+
+/// Notes the text that a label had each time it was painted.
+class CPaintedTexts : public QObject {
+public:
+    explicit CPaintedTexts(QLabel& label) : m_label(label) { m_label.installEventFilter(this); }
+    QStringList texts;
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::Paint && (texts.isEmpty() || texts.last() != m_label.text())) {
+            texts.append(m_label.text());
+        }
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    QLabel& m_label;
+};
+
+/// A chart whose named operations fail.
+class CFailingChart : public CRecordingChartControl {
+public:
+    void Create(const CChartCreation& creation) override {
+        if (failsToOpen) throw std::runtime_error("no chart today");
+        CRecordingChartControl::Create(creation);
+    }
+    void CopyMetafile(CChartSize) override { throw std::runtime_error("no copy today"); }
+    bool failsToOpen = false;
+};
+
+}  // namespace
+
+class CWindowBusyTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init() { m_window = std::make_unique<CWindowFixture>(); }
+    void cleanup() {
+        const QStringList faults = m_window->dialogs.TakeFaults();
+        m_window.reset();
+        QCOMPARE(faults, QStringList());
+        QVERIFY(QApplication::overrideCursor() == nullptr);
+    }
+
+    // Long runs.
+
+    void ALongRunPaintsEveryFileAndRefusesWhateverTheUserDoes() {
+        m_window->CompareSled();
+        m_window->List()->setCurrentIndex(m_window->List()->model()->index(0, 0));
+        const auto& progress = *Frame().findChild<QProgressBar*>("progress");
+        CPaintedTexts painted(*Frame().findChild<QLabel*>("statusMessage"));
+        int probes = 0;
+        const auto connection = connect(&progress, &QProgressBar::valueChanged, this, [&] {
+            QTimer::singleShot(0, this, [&] {
+                if (QApplication::overrideCursor() == nullptr) return;  // the last one, behind the run
+                ++probes;
+                QCOMPARE(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
+                TryEverything();
+            });
+        });
+        QVERIFY(QTest::qWaitForWindowExposed(&Frame()));
+        m_window->CompareForce();
+        disconnect(connection);
+        QVERIFY2(probes >= 6, qPrintable(QString::number(probes)));  // two files, read, resampled and compared
+        QCOMPARE(m_window->selectionsAnswered, 2);
+        QVERIFY(Frame().isVisible());
+        QVERIFY(m_window->picker.requests.empty());
+        QVERIFY(m_window->messages.said.isEmpty());
+        for (const int file : {1, 2, 3}) {
+            const QString path = QString::fromStdString(Force(file));
+            QVERIFY2(painted.texts.contains(path), qPrintable(painted.texts.join('\n')));
+        }
+        QVERIFY(!progress.isVisible());
+        QCOMPARE(m_window->List()->model()->rowCount(), 2);
+        QCOMPARE(m_window->StatusText(), QString("2 signals were compared."));
+        QCOMPARE(m_window->PageNames().size(), qsizetype{8});
+    }
+
+    void TheProgressBarCountsTheSteps() {
+        const auto& progress = *Frame().findChild<QProgressBar*>("progress");
+        QList<int> values;
+        bool wasVisible = true;
+        connect(&progress, &QProgressBar::valueChanged, this, [&](int value) {
+            if (value < 0) return;
+            values.append(value);
+            QTimer::singleShot(0, this, [&] { wasVisible = wasVisible && progress.isVisible(); });
+        });
+        m_window->Compare({Sled(2), Sled(3)}, Sled(1));
+        // Two files read, filtered, resampled and compared, and the reference.
+        QCOMPARE(progress.maximum(), 9);
+        QVERIFY(std::is_sorted(values.begin(), values.end()));
+        QVERIFY(values.size() >= 8);
+        QVERIFY(wasVisible);
+        QVERIFY(!progress.isVisible());
+    }
+
+    void AWindowCanBeClosedAgainAfterARun() {
+        m_window->CompareSled();
+        QVERIFY(Frame().close());
+        QVERIFY(!Frame().isVisible());
+    }
+
+    // Exceptions.
+
+    void AnExceptionOutOfACommandIsShownAndTheProgramLivesOn() {
+        m_window = std::make_unique<CWindowFixture>(std::make_unique<CFailingChart>());
+        m_window->CompareSled();
+        m_window->ChoosePage("Velocity");
+        Trigger(CommandId::Copy);
+        QCOMPARE(m_window->messages.said, QStringList({"error|Error|no copy today"}));
+        QCOMPARE(m_window->StatusText(), QString("The command failed."));
+        m_window->ChoosePage("Summary");
+        QVERIFY(m_window->List()->isVisible());
+        m_window->CompareForce();
+        QCOMPARE(m_window->StatusText(), QString("2 signals were compared."));
+    }
+
+    void AnExceptionOutOfAPageEndsTheWaitCursorToo() {
+        auto chart = std::make_unique<CFailingChart>();
+        CFailingChart& failing = *chart;
+        m_window = std::make_unique<CWindowFixture>(std::move(chart));
+        m_window->CompareSled();
+        failing.failsToOpen = true;
+        m_window->ChoosePage("Velocity");
+        QCOMPARE(m_window->messages.said, QStringList({"error|Error|no chart today"}));
+        QVERIFY(QApplication::overrideCursor() == nullptr);
+        failing.failsToOpen = false;
+        m_window->ChoosePage("Displacement");
+        QVERIFY(Frame().View().IsChartShown());
+    }
+
+    void AUdsFileThatCannotBeWrittenIsReported() {
+        m_window->CompareSled();
+        m_window->ChoosePage("Velocity");
+        m_window->picker.answers = {CPickedFiles{{m_window->Path("no such folder/a.uds")}, 1}};
+        Trigger(CommandId::SaveUds);
+        QCOMPARE(m_window->messages.said.size(), qsizetype{1});
+        QVERIFY(m_window->messages.said[0].startsWith("error|Error|"));
+        QVERIFY(m_window->messages.said[0].size() > 12);
+        QVERIFY(!m_window->store.contains("Settings/UdsOutputDir"));
+        m_window->ChoosePage("Summary");
+        QVERIFY(m_window->List()->isVisible());
+    }
+
+private:
+    static std::string Sled(int number) { return CWindowFixture::Sled(number); }
+    static std::string Force(int number) { return CWindowFixture::Force(number); }
+
+    CMainFrame& Frame() { return *m_window->frame; }
+    void Trigger(CommandId id) { Frame().Action(id)->trigger(); }
+
+    /// What an impatient user does while a run is at work.
+    void TryEverything() {
+        QCOMPARE(m_window->EnabledCommands(), QStringList());
+        for (const CCommand& command : Commands()) {
+            Frame().RunCommand(command.id);
+            Frame().Action(command.id)->trigger();
+        }
+        Frame().SelectFiles({Sled(2)});
+        for (const Qt::Key key : {Qt::Key_O, Qt::Key_P, Qt::Key_C, Qt::Key_Q}) {
+            QTest::keyClick(&Frame(), key, Qt::ControlModifier);
+        }
+        QTest::keyClick(&m_window->Pages(), Qt::Key_Down);
+        QTest::mouseClick(&m_window->Pages(), Qt::LeftButton);
+        QVERIFY(QApplication::activePopupWidget() == nullptr);
+        const auto buttons = Frame().findChild<QToolBar*>("toolbar")->findChildren<QToolButton*>();
+        for (QToolButton* const button : buttons) QTest::mouseClick(button, Qt::LeftButton);
+        QTest::keyClick(m_window->List(), Qt::Key_Down);
+        QCOMPARE(m_window->List()->currentIndex(), m_window->List()->model()->index(0, 0));
+        QContextMenuEvent menu(QContextMenuEvent::Mouse, QPoint(50, 50), Frame().View().mapToGlobal(QPoint(50, 50)));
+        QApplication::sendEvent(&Frame().View(), &menu);
+        QMimeData files;
+        files.setUrls({QUrl::fromLocalFile(QString::fromStdString(Sled(2)))});
+        QCOMPARE(SendDrop(Frame(), files, QPoint(50, 200)), Qt::IgnoreAction);
+        QVERIFY(!Frame().close());
+        QVERIFY(Frame().isVisible());
+    }
+
+    std::unique_ptr<CWindowFixture> m_window;
+};
+
+QTEST_MAIN(CWindowBusyTest)
+#include "window_busy_test.moc"
