@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QLabel>
@@ -11,6 +12,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <memory>
+#include <optional>
+#include <utility>
 
 #include "app/file_list.h"
 #include "app/main_frame.h"
@@ -35,6 +38,13 @@ public:
         printer.setOutputFileName(path);
         return true;
     }
+};
+
+/// How the signals of a run are prepared, in the words of "Select Uds Files".
+struct CRunChoice {
+    bool filter = true;
+    QString channelClass = QStringLiteral("CFC60");
+    std::optional<std::pair<QString, QString>> window = std::nullopt;  ///< minimum and maximum time
 };
 
 /// A main window with settings of its own, whose user is scripted.
@@ -67,8 +77,17 @@ public:
     static std::string Force(int number) { return Sample("force/f0100" + std::to_string(number) + "fa0.001"); }
 
     /// Chooses the files in "Select Uds Files" and presses OK; an empty reference means "Compare to Average".
-    void Compare(const std::vector<std::string>& files, const std::string& reference) {
-        dialogs.Expect([this, files, reference](QWidget& dialog) { Answer(dialog, files, reference); });
+    void Compare(const std::vector<std::string>& files, const std::string& reference, const CRunChoice& choice = {}) {
+        dialogs.Expect([this, files, reference, choice](QWidget& dialog) {
+            Control<QCheckBox>(dialog, 1010)->setChecked(choice.filter);
+            Control<QComboBox>(dialog, 1012)->setCurrentText(choice.channelClass);
+            Control<QCheckBox>(dialog, 1011)->setChecked(choice.window.has_value());
+            if (choice.window) {
+                Control<QLineEdit>(dialog, 1013)->setText(choice.window->first);
+                Control<QLineEdit>(dialog, 1014)->setText(choice.window->second);
+            }
+            Answer(dialog, files, reference);
+        });
         frame->RunCommand(CommandId::SelectFiles);
     }
 
@@ -84,6 +103,15 @@ public:
 
     void CompareSled() { Compare({Sled(2), Sled(3), Sled(4)}, Sled(1)); }
     void CompareForce() { Compare({Force(2), Force(3)}, Force(1)); }
+
+    /// Confirms the corridor size in its dialog.
+    void SetCorridor(const QString& size) {
+        dialogs.Expect([size](QWidget& dialog) {
+            Control<QLineEdit>(dialog, 1000)->setText(size);
+            dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->click();
+        });
+        frame->RunCommand(CommandId::CorridorSize);
+    }
 
     /// Chooses a page as a user does, by the selector's entry.
     void ChoosePage(const QString& name) {
