@@ -1,0 +1,461 @@
+// What the main window hands on: the clipboard, pictures, reports, signals, tables and paper.
+
+#include <QClipboard>
+#include <QHeaderView>
+#include <QImage>
+#include <QImageReader>
+#include <QMimeData>
+#include <QRegularExpression>
+#include <QSet>
+#include <cmath>
+#include <map>
+
+#include "app/testing/window_fixture.h"
+#include "chart/testing/wmf_reader.h"
+#include "compare/export.h"
+#include "tests/support/temp_folder.h"
+#include "viewer/testing/pdf_text.h"
+
+namespace {
+
+constexpr const char* kUdsFolder = "Settings/UdsOutputDir";
+constexpr const char* kAsciiFolder = "Settings/AsciiOutputDir";
+
+QStringList FilterTexts(const CFileRequest& request) {
+    QStringList texts;
+    for (const CFileFilter& filter : request.filters) {
+        texts.append(QString::fromStdString(filter.text + "|" + filter.pattern));
+    }
+    return texts;
+}
+
+/// The contents of all compressed streams of a PDF file.
+QByteArray PdfStreams(const QByteArray& pdf) {
+    QByteArray contents;
+    qsizetype place = 0;
+    while ((place = pdf.indexOf("stream\n", place)) >= 0) {
+        place += 7;
+        if (pdf.mid(place, 1) != "x") continue;  // not compressed
+        // qUncompress wants the length of the result first; a wrong one is only a guess at the memory needed.
+        contents += qUncompress(QByteArray("\0\1\0\0", 4) + pdf.mid(place, pdf.indexOf("endstream", place) - place));
+        place = pdf.indexOf("endstream", place) + 9;
+    }
+    return contents;
+}
+
+bool AreClose(double actual, double expected) {
+    return std::abs(actual - expected) <= 1e-6 * std::max(1.0, std::abs(expected));
+}
+
+/// Number of points in which two columns differ; -1 for columns of different lengths.
+int Differences(const std::vector<double>& actual, const std::vector<double>& expected) {
+    if (actual.size() != expected.size()) return -1;
+    int count = 0;
+    for (std::size_t i = 0; i < actual.size(); ++i) count += AreClose(actual[i], expected[i]) ? 0 : 1;
+    return count;
+}
+
+}  // namespace
+
+class CWindowExportsTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init() {
+        m_window = std::make_unique<CWindowFixture>();
+        m_window->CompareSled();
+    }
+    void cleanup() {
+        const QStringList faults = m_window->dialogs.TakeFaults();
+        m_window.reset();
+        QCOMPARE(faults, QStringList());
+    }
+
+    // Clipboard.
+
+    void CopyDataPutsTheTableOnTheClipboardAsItIsShown() {
+        m_window->List()->horizontalHeader()->moveSection(2, 0);
+        Trigger(CommandId::CopyData);
+        const QMimeData& data = *QGuiApplication::clipboard()->mimeData();
+        QVERIFY(data.hasText());
+        QString expected;
+        const QAbstractItemModel& model = *m_window->List()->model();
+        for (int row = -1; row < model.rowCount(); ++row) {
+            QStringList cells;
+            for (const int column : {2, 0, 1, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15}) {
+                cells.append(row < 0 ? model.headerData(column, Qt::Horizontal).toString()
+                                     : model.index(row, column).data().toString());
+            }
+            expected += cells.join('\t') + "\r\n";
+        }
+        QCOMPARE(data.text(), expected);
+        QVERIFY(expected.startsWith("Avg Residual\tFilename\tPeak Value\tStd Dev of Residual\t"));
+        QCOMPARE(expected.count("\r\n"), qsizetype{4});
+        QCOMPARE(m_window->StatusText(), QString("The table was copied to the clipboard."));
+    }
+
+    void CopyOffersTheChartAsMetafileAndAsPicture() {
+        m_window->ChoosePage("Velocity");
+        Trigger(CommandId::Copy);
+        const QMimeData& data = *QGuiApplication::clipboard()->mimeData();
+        QVERIFY(data.hasImage());
+        QVERIFY(!data.imageData().value<QImage>().isNull());
+        for (const char* const format :
+             {"image/x-wmf", "application/x-openoffice-wmf;windows_formatname=\"Image WMF\""}) {
+            QVERIFY2(data.hasFormat(format), format);
+            CheckMetafile(data.data(format));
+        }
+        QCOMPARE(m_window->StatusText(), QString("The plot was copied to the clipboard."));
+    }
+
+    void CopyWithoutAChartLeavesTheClipboardAlone() {
+        QGuiApplication::clipboard()->setText("untouched");
+        Trigger(CommandId::Copy);
+        QCOMPARE(QGuiApplication::clipboard()->text(), QString("untouched"));
+    }
+
+    // Pictures.
+
+    void BmpWritesABitmapOf800By600() {
+        m_window->ChoosePage("Velocity");
+        const QString path = Save(CommandId::SaveBmp, "plot.bmp");
+        CheckSaveRequest("Save Bitmap as", {"Windows Bitmap(*.bmp)|*.bmp", "All Files (*.*)|*.*"});
+        QCOMPARE(QImageReader(path).format(), QByteArray("bmp"));
+        const QImage image(path);
+        QCOMPARE(image.size(), QSize(800, 600));
+        QCOMPARE(image.pixelColor(0, 0), QColor(Qt::white));
+        QSet<QRgb> colours;
+        for (int y = 0; y < 600; ++y) {
+            for (int x = 0; x < 800; ++x) colours.insert(image.pixel(x, y));
+        }
+        QVERIFY(colours.size() > 10);  // four curves, axes and letters, smoothed
+        QCOMPARE(m_window->StatusText(), "The plot was saved as " + path + ".");
+    }
+
+    void WmfWritesAMetafileOf10000By5000() {
+        m_window->ChoosePage("Velocity");
+        const QString path = Save(CommandId::SaveWmf, "plot.wmf");
+        CheckSaveRequest("Save Metafile as", {"Windows Metafile(*.wmf)|*.wmf", "All Files (*.*)|*.*"});
+        CheckMetafile(Bytes(path));
+        QCOMPARE(m_window->StatusText(), "The plot was saved as " + path + ".");
+    }
+
+    void TheNextPictureStartsInTheFolderOfTheLast() {
+        m_window->ChoosePage("Velocity");
+        QVERIFY(QDir(m_window->folder.path()).mkdir("plots"));
+        Save(CommandId::SaveBmp, "plots/plot.bmp");
+        Save(CommandId::SaveWmf, "plots/plot.wmf");
+        QCOMPARE(m_window->picker.requests.back().folder, Folder("plots/"));
+    }
+
+    void APictureThatCannotBeWrittenIsReported_data() {
+        QTest::addColumn<int>("id");
+        QTest::newRow("bmp") << int{CommandNumber(CommandId::SaveBmp)};
+        QTest::newRow("wmf") << int{CommandNumber(CommandId::SaveWmf)};
+    }
+    void APictureThatCannotBeWrittenIsReported() {
+        QFETCH(int, id);
+        m_window->ChoosePage("Velocity");
+        const QString path = Save(static_cast<CommandId>(id), "no such folder/plot");
+        QCOMPARE(m_window->messages.said, QStringList({"error|Error|The plot could not be written to " + path + "."}));
+    }
+
+    // HTML report.
+
+    void HtmlWritesTheTableAsItIsShown() {
+        m_window->List()->horizontalHeader()->moveSection(3, 0);
+        const QString path = Save(CommandId::SaveHtml, "report.html");
+        CheckSaveRequest("Save Results to HTML File",
+                         {"HTML Files (*.html)|*.html", "HTML Files (*.htm)|*.htm", "All Files (*.*)|*.*"});
+        QCOMPARE(m_window->picker.requests.back().folder, QString());
+        const QByteArray bytes = Bytes(path);
+        QCOMPARE(bytes, QByteArray::fromStdString(HtmlReport(m_window->List()->DisplayedTable())));
+        CheckReport(QString::fromLatin1(bytes), {3, 0, 1, 2, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15});
+        QCOMPARE(m_window->store.value(kUdsFolder).toString(), Folder());
+        QCOMPARE(m_window->StatusText(), "The report was saved as " + path + ".");
+    }
+
+    void AReportThatCannotBeOpenedEndsTheCommandSilently() {
+        Save(CommandId::SaveHtml, "no such folder/report.html");
+        QVERIFY(m_window->messages.said.isEmpty());
+        QVERIFY(m_window->errorLists.texts.isEmpty());
+        QVERIFY(!m_window->store.contains(kUdsFolder));
+    }
+
+    void TheReportStartsInTheFolderOfTheLastUdsOutput() {
+        m_window->store.setValue(kUdsFolder, Folder());
+        Save(CommandId::SaveHtml, "report.html");
+        QCOMPARE(m_window->picker.requests.back().folder, Folder());
+    }
+
+    // Signals.
+
+    void EverySeriesOfEveryPageIsSavedAndReadBack_data() {
+        QTest::addColumn<bool>("isForce");
+        QTest::newRow("sled") << false;
+        QTest::newRow("force") << true;
+    }
+    void EverySeriesOfEveryPageIsSavedAndReadBack() {
+        QFETCH(bool, isForce);
+        if (isForce) m_window->CompareForce();
+        const CQuorvelDoc& document = m_window->frame->Document();
+        const QStringList pages = m_window->PageNames().mid(1);
+        for (const QString& page : pages) {
+            m_window->ChoosePage(page);
+            const std::size_t count = document.Series().size();
+            QVERIFY(count >= 2);
+            m_window->picker.requests.clear();
+            for (std::size_t j = 0; j < count; ++j) m_window->picker.answers.push_back(Picked(SeriesFile(j)));
+            Trigger(CommandId::SaveUds);
+            QCOMPARE(m_window->picker.requests.size(), count);
+            for (std::size_t j = 0; j < count; ++j) {
+                const CFileRequest& request = m_window->picker.requests[j];
+                QCOMPARE(request.title, QString::fromStdString("Save " + document.SeriesNames()[j] + " as"));
+                QVERIFY(request.kind == PickerKind::Save && request.filters.empty() && request.suggestedName.isEmpty());
+                QVERIFY(request.hideReadOnly && request.askBeforeOverwriting && request.defaultExtension.isEmpty());
+                const QString place = page + QString(", series %1").arg(j);
+                ks::CNSignal record;
+                record.LoadUDS(SeriesFile(j).toStdString());
+                const ks::CNSignal& series = *document.Series()[j];
+                QVERIFY2(Differences(record.GetY(), series.GetY()) == 0, qPrintable(place));
+                QVERIFY2(Differences(record.GetX(), series.GetX()) == 0, qPrintable(place));
+                QVERIFY2(record.GetYUNITS() == series.GetYUNITS(), qPrintable(place));
+                QVERIFY2(record.GetXUNITS() == series.GetXUNITS(), qPrintable(place));
+            }
+        }
+        QVERIFY(m_window->messages.said.isEmpty());
+        QVERIFY(m_window->errorLists.texts.isEmpty());
+    }
+
+    void CancelSkipsOneSeriesAndTheLastFolderIsStored() {
+        m_window->ChoosePage("Acceleration");
+        QVERIFY(QDir(m_window->folder.path()).mkdir("last"));
+        m_window->picker.answers = {Picked("first.uds"), std::nullopt, Picked("last/third.uds"), std::nullopt};
+        Trigger(CommandId::SaveUds);
+        QCOMPARE(m_window->picker.requests.size(), std::size_t{4});
+        for (const CFileRequest& request : m_window->picker.requests) QCOMPARE(request.folder, QString("C:\\"));
+        QVERIFY(QFile::exists(m_window->Path("first.uds")));
+        QVERIFY(QFile::exists(m_window->Path("last/third.uds")));
+        QCOMPARE(m_window->store.value(kUdsFolder).toString(), Folder("last/"));
+    }
+
+    void TheSummaryHasNoSeriesToSave() {
+        Trigger(CommandId::SaveUds);
+        QVERIFY(m_window->picker.requests.empty());
+    }
+
+    // ASCII table.
+
+    void AsciiWritesTheSeriesOfThePageSideBySide_data() {
+        QTest::addColumn<QString>("page");
+        QTest::addColumn<bool>("isPadded");
+        QTest::newRow("curves of different lengths") << "Acceleration" << true;
+        QTest::newRow("curves of one length") << "Cross Correlation" << false;
+        QTest::newRow("distributions") << "Cummulative Density" << true;
+    }
+    void AsciiWritesTheSeriesOfThePageSideBySide() {
+        QFETCH(QString, page);
+        QFETCH(bool, isPadded);
+        m_window->ChoosePage(page);
+        const QString path = Save(CommandId::SaveAscii, "table.txt");
+        CheckSaveRequest("Save ASCII data As", {});
+        QCOMPARE(m_window->picker.requests.back().folder, QString("C:\\"));
+        const CQuorvelDoc& document = m_window->frame->Document();
+        const QByteArray bytes = Bytes(path);
+        QCOMPARE(bytes, QByteArray::fromStdString(AsciiTable(document.ChartBlock())));
+        CheckTable(bytes, document);
+        QCOMPARE(bytes.contains("0.0 0.0 "), isPadded);
+        QCOMPARE(m_window->store.value(kAsciiFolder).toString(), Folder());
+        QVERIFY(!m_window->store.contains(kUdsFolder));
+    }
+
+    void TheTableOfTheSummaryIsEmpty() {
+        const QString path = Save(CommandId::SaveAscii, "table.txt");
+        QVERIFY(QFile::exists(path));
+        QCOMPARE(Bytes(path), QByteArray());
+    }
+
+    void ATableThatCannotBeWrittenIsReportedAndItsFolderNotStored() {
+        m_window->ChoosePage("Velocity");
+        const QString path = Save(CommandId::SaveAscii, "no such folder/table.txt");
+        QCOMPARE(m_window->errorLists.texts, QStringList({"The ASCII data could not be written to " + path + ".\r\n"}));
+        QVERIFY(!m_window->store.contains(kAsciiFolder));
+    }
+
+    // Cancel.
+
+    void ACancelledPickerWritesAndStoresNothing_data() {
+        QTest::addColumn<int>("id");
+        QTest::addColumn<QString>("page");
+        QTest::newRow("bmp") << CommandNumber(CommandId::SaveBmp) << "Velocity";
+        QTest::newRow("wmf") << CommandNumber(CommandId::SaveWmf) << "Velocity";
+        QTest::newRow("html") << CommandNumber(CommandId::SaveHtml) << "Summary";
+        QTest::newRow("uds") << CommandNumber(CommandId::SaveUds) << "Velocity";
+        QTest::newRow("ascii") << CommandNumber(CommandId::SaveAscii) << "Velocity";
+    }
+    void ACancelledPickerWritesAndStoresNothing() {
+        QFETCH(int, id);
+        QFETCH(QString, page);
+        m_window->ChoosePage(page);
+        m_window->store.sync();
+        const QStringList files = QDir(m_window->folder.path()).entryList(QDir::Files);
+        const QString status = m_window->StatusText();
+        Trigger(static_cast<CommandId>(id));
+        QVERIFY(!m_window->picker.requests.empty());
+        m_window->store.sync();
+        QCOMPARE(QDir(m_window->folder.path()).entryList(QDir::Files), files);
+        QVERIFY(!m_window->store.contains(kUdsFolder));
+        QVERIFY(!m_window->store.contains(kAsciiFolder));
+        QCOMPARE(m_window->StatusText(), status);
+        QVERIFY(m_window->messages.said.isEmpty());
+    }
+
+    // Paper.
+
+    void ThePrintedChartIsMadeOfVectorsAndText() {
+        m_window->ChoosePage("Velocity");
+        m_window->printers.path = m_window->Path("plot.pdf");
+        Trigger(CommandId::Print);
+        QCOMPARE(m_window->StatusText(), QString("The plot was printed."));
+        const std::vector<CPdfPage> pages = ReadPdf(m_window->printers.path);
+        QCOMPARE(pages.size(), std::size_t{1});
+        QVERIFY(pages[0].size.width() > pages[0].size.height());
+        // Letters of the turned title stand below each other, so it is looked for without blanks and line ends.
+        const QString text = pages[0].lines.join("\n");
+        for (const QString& part : {QString("Time (seconds)"), QString("Reference"), QString("s01002aa0.001"),
+                                    QString("s01003aa0.001"), QString("s01004aa0.001")}) {
+            QVERIFY2(text.contains(part), qPrintable(part));
+        }
+        QStringList words;
+        for (const CPdfWord& word : pages[0].words) {
+            words.append(word.text);
+            QVERIFY(QRectF(QPointF(0, 0), pages[0].size).contains(word.box));
+        }
+        QVERIFY2(words.contains("Velocity") && words.contains("(kmph)"), qPrintable(words.join(' ')));
+        const QByteArray pdf = Bytes(m_window->printers.path);
+        QVERIFY(!pdf.contains("/Subtype /Image") && !pdf.contains("/Subtype/Image"));
+        QVERIFY(PdfStreams(pdf).count(" l\n") > 400);  // four curves of some hundred visible points each
+    }
+
+    void ACancelledPrinterPrintsNothing() {
+        m_window->ChoosePage("Velocity");
+        const QString status = m_window->StatusText();
+        Trigger(CommandId::Print);
+        QCOMPARE(m_window->StatusText(), status);
+        QVERIFY(m_window->messages.said.isEmpty());
+    }
+
+    void APlotThatCannotBePrintedIsReported() {
+        m_window->ChoosePage("Velocity");
+        m_window->printers.path = m_window->Path("no such folder/plot.pdf");
+        Trigger(CommandId::Print);
+        QCOMPARE(m_window->messages.said,
+                 QStringList({"error|Error|The plot could not be printed. Check the printer or the output file."}));
+    }
+
+    void PrintPreviewIsOffEverywhere() {
+        for (const QString& page : m_window->PageNames()) {
+            m_window->ChoosePage(page);
+            QVERIFY(!m_window->IsEnabled(CommandId::PrintPreview));
+            QCOMPARE(m_window->IsEnabled(CommandId::Print), page != "Summary");
+            QCOMPARE(m_window->IsEnabled(CommandId::CopyData), page == "Summary");
+            QCOMPARE(m_window->IsEnabled(CommandId::SaveHtml), page == "Summary");
+        }
+    }
+
+private:
+    static int CommandNumber(CommandId id) { return static_cast<int>(id); }
+    void Trigger(CommandId id) { m_window->frame->Action(id)->trigger(); }
+    QString Folder(const QString& below = {}) const { return m_window->folder.path() + "/" + below; }
+    QString SeriesFile(std::size_t j) const { return m_window->Path(QString("series%1.uds").arg(j)); }
+    std::optional<CPickedFiles> Picked(const QString& name) const {
+        return CPickedFiles{{QDir::isAbsolutePath(name) ? name : m_window->Path(name)}, 1};
+    }
+    static QByteArray Bytes(const QString& path) { return QByteArray::fromStdString(ReadAll(path.toStdString())); }
+
+    /// Runs a save command whose user chooses `name` in this test's folder; gives the path.
+    QString Save(CommandId id, const QString& name) {
+        m_window->picker.answers.push_back(Picked(name));
+        Trigger(id);
+        return m_window->Path(name);
+    }
+
+    void CheckSaveRequest(const QString& title, const QStringList& filters) {
+        QCOMPARE(m_window->picker.requests.size(), std::size_t{1});
+        const CFileRequest& request = m_window->picker.requests[0];
+        QVERIFY(request.kind == PickerKind::Save);
+        QCOMPARE(request.title, title);
+        QCOMPARE(FilterTexts(request), filters);
+        QVERIFY(request.hideReadOnly && request.askBeforeOverwriting);
+    }
+
+    /// The velocity page as a metafile: sound, of the agreed size, with titles, legend and four curves.
+    static void CheckMetafile(const QByteArray& bytes) {
+        const CWmfPicture picture = ReadWmf({bytes.constData(), static_cast<std::size_t>(bytes.size())});
+        QCOMPARE(picture.fault, std::string());
+        QCOMPARE(picture.width, 10000);
+        QCOMPARE(picture.height, 5000);
+        for (const char* const text :
+             {"Time (seconds)", "Velocity (kmph)", "Reference", "s01002aa0.001", "s01003aa0.001", "s01004aa0.001"}) {
+            QVERIFY2(picture.HasText(text), text);
+        }
+        std::size_t points = 0;
+        for (const CReadLine& line : picture.lines) points += line.points.size();
+        QVERIFY(points > 1000);
+    }
+
+    /// Every cell of the report, columns in this order, against the table on show.
+    void CheckReport(const QString& report, const std::vector<int>& order) {
+        static const QRegularExpression header("<TD><B>([^<]*)</B></TD>\r\n");
+        static const QRegularExpression cell("\t<TD (bgcolor=\"(#[0-9A-F]{6})\" )?>([^<]*)</TD>\r\n");
+        const QAbstractItemModel& model = *m_window->List()->model();
+        auto headers = header.globalMatch(report);
+        for (const int column : order) {
+            QVERIFY(headers.hasNext());
+            QCOMPARE(headers.next().captured(1), model.headerData(column, Qt::Horizontal).toString());
+        }
+        QVERIFY(!headers.hasNext());
+        const std::map<CVerdictColor, QString> colours = {
+            {CVerdictColor::White, ""}, {CVerdictColor::Green, "#00E000"}, {CVerdictColor::Red, "#E00000"}};
+        QSet<QString> seen;
+        auto cells = cell.globalMatch(report);
+        for (int row = 0; row < model.rowCount(); ++row) {
+            for (const int column : order) {
+                QVERIFY(cells.hasNext());
+                const QRegularExpressionMatch match = cells.next();
+                const QModelIndex index = model.index(row, column);
+                QCOMPARE(match.captured(3), index.data().toString());
+                QCOMPARE(match.captured(2), colours.at(static_cast<CVerdictColor>(index.data(kVerdictRole).toInt())));
+                seen.insert(match.captured(2));
+            }
+        }
+        QVERIFY(!cells.hasNext());
+        QCOMPARE(seen.size(), qsizetype{3});
+    }
+
+    /// Every number of an ASCII table against the series: six significant digits, "0.0" twice behind a series' end.
+    static void CheckTable(const QByteArray& bytes, const CQuorvelDoc& document) {
+        QVERIFY(bytes.endsWith(" \r\n"));
+        const QList<QByteArray> lines = bytes.chopped(2).split('\n');
+        const CSeriesList& series = document.Series();
+        QCOMPARE(lines.size(), qsizetype{document.ChartBlock().pointCount});
+        for (qsizetype i = 0; i < lines.size(); ++i) {
+            const QList<QByteArray> cells = lines[i].trimmed().split(' ');
+            QCOMPARE(cells.size(), static_cast<qsizetype>(2 * series.size()));
+            for (std::size_t j = 0; j < series.size(); ++j) {
+                const auto row = static_cast<std::size_t>(i);
+                const auto column = static_cast<qsizetype>(2 * j);
+                const bool isPadded = row >= series[j]->GetPointCount() || series[j]->GetX()[row] == 0x1p-52;
+                const QByteArray x = isPadded ? "0.0" : QByteArray::number(series[j]->GetX()[row], 'g', 6);
+                const QByteArray y = isPadded ? "0.0" : QByteArray::number(series[j]->GetY()[row], 'g', 6);
+                if (cells[column] != x) QCOMPARE(cells[column], x);
+                if (cells[column + 1] != y) QCOMPARE(cells[column + 1], y);
+            }
+        }
+    }
+
+    std::unique_ptr<CWindowFixture> m_window;
+};
+
+QTEST_MAIN(CWindowExportsTest)
+#include "window_exports_test.moc"
