@@ -2,54 +2,17 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdint>
-#include <optional>
 #include <utility>
+
+#include "files/utf8.h"
 
 namespace {
 
-struct CCharacter {
-    std::optional<char32_t> codePoint;  // none: a byte that is not UTF-8
-    std::size_t length = 1;             // bytes
-};
-
-struct CLeadByte {
-    unsigned mask, value;
-    std::size_t length;
-    char32_t smallest;  // anything below has a shorter form, which is not UTF-8
-};
-
-constexpr std::array<CLeadByte, 4> kLeadBytes = {{
-    {0x80U, 0x00U, 1, 0x0},
-    {0xE0U, 0xC0U, 2, 0x80},
-    {0xF0U, 0xE0U, 3, 0x800},
-    {0xF8U, 0xF0U, 4, 0x10000},
-}};
-
-bool IsScalar(char32_t c) {
-    return c <= 0x10FFFF && !(c >= 0xD800 && c <= 0xDFFF);
-}
-
-CCharacter CharacterAt(std::string_view text, std::size_t position) {
-    const auto byte = [text](std::size_t i) { return static_cast<unsigned>(static_cast<unsigned char>(text[i])); };
-    const unsigned lead = byte(position);
-    const auto* const form = std::find_if(kLeadBytes.begin(), kLeadBytes.end(),
-                                          [lead](const CLeadByte& f) { return (lead & f.mask) == f.value; });
-    if (form == kLeadBytes.end() || form->length > text.size() - position) {
-        return {};
-    }
-    char32_t codePoint = lead & ~form->mask;
-    for (std::size_t i = 1; i < form->length; ++i) {
-        const unsigned next = byte(position + i);
-        if ((next & 0xC0U) != 0x80U) {
-            return {};
-        }
-        codePoint = (codePoint << 6U) | (next & 0x3FU);
-    }
-    if (codePoint < form->smallest || !IsScalar(codePoint)) {
-        return {};
-    }
-    return {codePoint, form->length};
+/// The character at `position`; each byte that is not UTF-8 is one of its own.
+ks::CUtf8Character CharacterAt(std::string_view text, std::size_t position) {
+    ks::CUtf8Character character = ks::FirstUtf8Character(text.substr(position));
+    if (!character.isWellFormed) character.byteCount = 1;
+    return character;
 }
 
 using CRange = std::pair<char32_t, char32_t>;
@@ -73,8 +36,8 @@ constexpr std::array<CRange, 9> kDoubleWidth = {{{0x1100, 0x115F},
                                                  {0x1F300, 0x1FAFF},
                                                  {0x20000, 0x3FFFD}}};
 
-std::size_t CharacterWidth(const CCharacter& character) {
-    const char32_t c = character.codePoint.value_or(U'?');
+std::size_t CharacterWidth(const ks::CUtf8Character& character) {
+    const char32_t c = character.isWellFormed ? character.codePoint : U'?';
     if (InRanges(kZeroWidth, c)) {
         return 0;
     }
@@ -91,12 +54,12 @@ std::string DisplayText(std::string_view text, bool keepLineFeeds) {
     std::string shown;
     shown.reserve(text.size());
     for (std::size_t i = 0; i < text.size();) {
-        const CCharacter character = CharacterAt(text, i);
-        const std::string_view bytes = text.substr(i, character.length);
-        i += character.length;
-        if (!character.codePoint) {
+        const ks::CUtf8Character character = CharacterAt(text, i);
+        const std::string_view bytes = text.substr(i, character.byteCount);
+        i += character.byteCount;
+        if (!character.isWellFormed) {
             shown += "\xEF\xBF\xBD";
-        } else if (IsControl(*character.codePoint) && !(keepLineFeeds && bytes == "\n")) {
+        } else if (IsControl(character.codePoint) && !(keepLineFeeds && bytes == "\n")) {
             shown += '?';
         } else {
             shown += bytes;
@@ -108,9 +71,9 @@ std::string DisplayText(std::string_view text, bool keepLineFeeds) {
 std::size_t DisplayWidth(std::string_view text) {
     std::size_t width = 0;
     for (std::size_t i = 0; i < text.size();) {
-        const CCharacter character = CharacterAt(text, i);
+        const ks::CUtf8Character character = CharacterAt(text, i);
         width += CharacterWidth(character);
-        i += character.length;
+        i += character.byteCount;
     }
     return width;
 }
@@ -124,9 +87,9 @@ std::string ElideFront(std::string_view text, std::size_t width) {
     excess = excess + dots.size() - width;
     std::size_t cut = 0;
     for (std::size_t gone = 0; cut < text.size() && gone < excess;) {
-        const CCharacter character = CharacterAt(text, cut);
+        const ks::CUtf8Character character = CharacterAt(text, cut);
         gone += CharacterWidth(character);
-        cut += character.length;
+        cut += character.byteCount;
     }
     return std::string(dots) + std::string(text.substr(cut));
 }

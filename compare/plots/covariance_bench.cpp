@@ -4,7 +4,7 @@
 
 #include <cmath>
 
-#include "compare/plots/page_samples.h"
+#include "tests/support/page_samples.h"
 
 namespace {
 

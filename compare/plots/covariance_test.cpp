@@ -7,7 +7,7 @@
 #include <limits>
 #include <numbers>
 
-#include "compare/plots/page_samples.h"
+#include "tests/support/page_samples.h"
 
 namespace {
 

@@ -16,8 +16,8 @@
 #endif
 
 #include "compare/plots/page_ids.h"
-#include "compare/plots/page_samples.h"
 #include "files/error.h"
+#include "tests/support/page_samples.h"
 
 namespace {
 

@@ -2,7 +2,7 @@
 
 #include <benchmark/benchmark.h>
 
-#include "compare/plots/page_samples.h"
+#include "tests/support/page_samples.h"
 
 namespace {
 

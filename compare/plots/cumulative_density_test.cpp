@@ -6,7 +6,7 @@
 #include <limits>
 
 #include "compare/chart_block.h"
-#include "compare/plots/page_samples.h"
+#include "tests/support/page_samples.h"
 
 namespace {
 

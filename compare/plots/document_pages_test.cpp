@@ -8,7 +8,7 @@
 #include "compare/chart_block.h"
 #include "compare/document.h"
 #include "compare/plots/page_ids.h"
-#include "compare/plots/page_samples.h"
+#include "tests/support/page_samples.h"
 #include "tests/support/temp_folder.h"
 
 // The pages as a document shows them, one after another on the same signals.

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "compare/plots/page_ids.h"
-#include "compare/plots/page_samples.h"
+#include "tests/support/page_samples.h"
 
 namespace {
 

@@ -2,8 +2,8 @@
 
 #include <gmock/gmock.h>
 
-#include "compare/plots/page_samples.h"
 #include "files/error.h"
+#include "tests/support/page_samples.h"
 
 namespace {
 

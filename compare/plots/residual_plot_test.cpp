@@ -5,8 +5,8 @@
 #include <limits>
 
 #include "compare/plots/page_ids.h"
-#include "compare/plots/page_samples.h"
 #include "files/error.h"
+#include "tests/support/page_samples.h"
 
 namespace {
 

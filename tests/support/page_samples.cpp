@@ -1,4 +1,4 @@
-#include "compare/plots/page_samples.h"
+#include "tests/support/page_samples.h"
 
 #include <cmath>
 #include <numbers>
