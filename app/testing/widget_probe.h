@@ -27,13 +27,15 @@ inline void WhenModal(const std::function<void(QWidget&)>& act) {
     });
 }
 
-/// Drags `data` over `target` and drops it at `position`; gives the action that the target took.
-inline Qt::DropAction SendDrop(QWidget& target, const QMimeData& data, const QPoint& position) {
+/// Drags `data` over `target`, a widget or a window, and drops it at `position`; gives the action that it took.
+inline Qt::DropAction SendDrop(QObject& target, const QMimeData& data, const QPoint& position) {
     const Qt::DropActions offered = Qt::CopyAction | Qt::MoveAction;
     QDragEnterEvent enter(position, offered, &data, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(&target, &enter);
     if (!enter.isAccepted()) return Qt::IgnoreAction;  // a refused drag is never dropped
     QDragMoveEvent move(position, offered, &data, Qt::LeftButton, Qt::NoModifier);
+    move.setDropAction(enter.dropAction());  // as Qt does: who took the drag takes it everywhere, unless it objects
+    move.accept();
     QApplication::sendEvent(&target, &move);
     if (!move.isAccepted()) return Qt::IgnoreAction;
     QDropEvent drop(position, offered, &data, Qt::LeftButton, Qt::NoModifier);

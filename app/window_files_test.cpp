@@ -1,0 +1,389 @@
+// Ways into the main window beside "Select Files...": recent hit lists, what is dropped on it, and looking into one
+// file.
+
+#include <QContextMenuEvent>
+#include <QMenu>
+#include <QMimeData>
+#include <QUrl>
+
+#include "app/testing/window_fixture.h"
+#include "files/hit_list.h"
+#include "viewer/uds_dialog.h"
+
+namespace {
+
+QStringList Texts(const QWidget& menu) {
+    QStringList texts;
+    for (const QAction* const action : menu.actions()) texts.append(action->isSeparator() ? "-" : action->text());
+    return texts;
+}
+
+QStringList ListedFiles(const QWidget& dialog) {
+    QStringList files;
+    for (const std::string& file : dialog.findChild<CFileList*>()->Files()) files.append(QString::fromStdString(file));
+    return files;
+}
+
+}  // namespace
+
+class CWindowFilesTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init() { m_window = std::make_unique<CWindowFixture>(); }
+    void cleanup() {
+        const QStringList faults = m_window->dialogs.TakeFaults();
+        m_window.reset();
+        QCOMPARE(faults, QStringList());
+    }
+
+    // Recent files.
+
+    void WithoutHitListsThereAreNoRecentFiles() {
+        QVERIFY(RecentMenu().actions().isEmpty());
+        QVERIFY(!RecentMenu().isEnabled());
+    }
+
+    void ReadAndSavedHitListsBecomeRecentFilesNewestFirst() {
+        const QString read = WriteHitList("read & kept.hit", {"a.001"});
+        m_window->picker.answers = {CPickedFiles{{read}, 1}, CPickedFiles{{m_window->Path("saved.hit")}, 1}};
+        m_window->dialogs.Expect([](QWidget& dialog) {
+            Control<QPushButton>(dialog, 1004)->click();
+            Control<QPushButton>(dialog, 1005)->click();
+            dialog.close();
+        });
+        Trigger(CommandId::SelectFiles);
+        QCOMPARE(Texts(RecentMenu()),
+                 QStringList({"&1 " + m_window->Path("saved.hit"), "&2 " + m_window->Path("read && kept.hit")}));
+        QVERIFY(RecentMenu().isEnabled());
+        const QAction& first = *RecentMenu().actions().first();
+        QCOMPARE(first.property("commandId").toInt(), 57616);
+        QCOMPARE(RecentMenu().actions().last()->property("commandId").toInt(), 57617);
+        QCOMPARE(first.statusTip(), QString("Select the files of this hit list"));
+        m_window->Reopen();
+        QCOMPARE(RecentMenu().actions().size(), qsizetype{2});
+    }
+
+    void FourRecentFilesAreKept() {
+        QStringList expected;
+        for (int i = 1; i <= 5; ++i) {
+            const QString path = WriteHitList(QString("list%1.hit").arg(i), {"a.001"});
+            Drop({path});
+            expected.prepend(path);
+        }
+        expected.removeLast();
+        QCOMPARE(m_window->settings.RecentFiles(), expected);
+        QCOMPARE(RecentMenu().actions().size(), qsizetype{4});
+    }
+
+    void ARecentFileOpensTheSelectionFilledWithIt() {
+        const QString path = WriteHitList("list.hit", {"a.001", "", "b c.001"});
+        m_window->settings.AddRecentFile(path);
+        m_window->settings.AddRecentFile(m_window->Path("newer.hit"));
+        m_window->Reopen();
+        m_window->CompareSled();
+        QStringList files;
+        QString reference;
+        m_window->dialogs.Expect([&](QWidget& dialog) {
+            files = ListedFiles(dialog);
+            reference = Control<QLineEdit>(dialog, 1007)->text();
+            dialog.close();
+        });
+        RecentMenu().actions()[1]->trigger();
+        QTRY_COMPARE(files, QStringList({"a.001", "b c.001"}));
+        QCOMPARE(reference, QString::fromStdString(CWindowFixture::Sled(1)));  // the rest is offered again
+        QCOMPARE(m_window->settings.RecentFiles().first(), path);
+        QCOMPARE(m_window->frame->Document().ComputedSignals().size(), std::size_t{3});  // cancelled
+    }
+
+    void TheFilesOfARecentFileAreOfferedOnce() {
+        Drop({WriteHitList("list.hit", {"a.001"})});
+        QStringList files = {"not opened"};
+        m_window->dialogs.Expect([&](QWidget& dialog) {
+            files = ListedFiles(dialog);
+            dialog.close();
+        });
+        Trigger(CommandId::SelectFiles);
+        QCOMPARE(files, QStringList());
+    }
+
+    void AMissingRecentFileIsTakenOffTheListWithAMessage() {
+        const QString path = m_window->Path("gone.hit");
+        m_window->settings.AddRecentFile(WriteHitList("other.hit", {"a.001"}));
+        m_window->settings.AddRecentFile(path);
+        m_window->Reopen();
+        RecentMenu().actions().first()->trigger();
+        QTRY_COMPARE(m_window->messages.said, QStringList({"error|Error|The hit list " + path +
+                                                           " does not exist any more. It was taken off the recent "
+                                                           "files."}));
+        QCOMPARE(Texts(RecentMenu()), QStringList({"&1 " + m_window->Path("other.hit")}));
+        QCOMPARE(m_window->settings.RecentFiles(), QStringList({m_window->Path("other.hit")}));
+    }
+
+    void ARecentFileThatCannotBeReadSaysSo() {
+        QVERIFY(QDir(m_window->folder.path()).mkdir("folder.hit"));
+        m_window->settings.AddRecentFile(m_window->Path("folder.hit"));
+        m_window->Reopen();
+        RecentMenu().actions().first()->trigger();
+        QTRY_COMPARE(m_window->messages.said, QStringList({"error|Error|Unable to read Hit list file"}));
+        QVERIFY(m_window->dialogs.opened.isEmpty());
+    }
+
+    // Drops.
+
+    void DroppedFilesOpenTheSelectionOnceTheDropHasEnded() {
+        const QStringList paths = {QString::fromStdString(CWindowFixture::Sled(3)),
+                                   QString::fromStdString(CWindowFixture::Sled(2))};
+        QMimeData data;
+        data.setUrls({QUrl::fromLocalFile(paths[0]), QUrl::fromLocalFile(paths[1])});
+        QStringList files;
+        m_window->dialogs.Expect([&](QWidget& dialog) {
+            files = ListedFiles(dialog);
+            dialog.close();
+        });
+        QCOMPARE(SendDrop(*m_window->frame->windowHandle(), data, QPoint(300, 300)), Qt::CopyAction);
+        QVERIFY(m_window->dialogs.opened.isEmpty());
+        QTRY_COMPARE(files, paths);
+    }
+
+    void FilesCanBeDroppedOnEverythingTheWindowShows_data() {
+        QTest::addColumn<QString>("page");
+        QTest::newRow("table") << "Summary";
+        QTest::newRow("chart") << "Velocity";
+    }
+    void FilesCanBeDroppedOnEverythingTheWindowShows() {
+        QFETCH(QString, page);
+        m_window->CompareSled();
+        m_window->ChoosePage(page);
+        QCOMPARE(Drop({"/a.001"}), QStringList({"/a.001"}));
+    }
+
+    void ADroppedHitListGivesItsFilesAndBecomesARecentFile() {
+        const QString path = WriteHitList("list.hit", {"a.001", "b.001"});
+        QCOMPARE(Drop({path}), QStringList({"a.001", "b.001"}));
+        QCOMPARE(m_window->settings.RecentFiles(), QStringList({path}));
+        QCOMPARE(Texts(RecentMenu()), QStringList({"&1 " + path}));
+    }
+
+    void ADroppedFolderGivesItsOwnFilesOfTheCurrentDataTypeSorted() {
+        for (const QString& name :
+             {QString("z1fa0.001"), QString("a1fa0.001"), QString("a1aa0.001"), QString("note")}) {
+            WriteHitList(name, {"x"});
+        }
+        QVERIFY(QDir(m_window->folder.path()).mkdir("below"));
+        WriteHitList("below/b1fa0.001", {"x"});
+        // Forces at first, then accelerations.
+        QCOMPARE(Drop({m_window->folder.path()}),
+                 QStringList({m_window->Path("a1fa0.001"), m_window->Path("z1fa0.001")}));
+        m_window->settings.Set(setting::kDataType, 1);
+        QCOMPARE(Drop({m_window->folder.path()}), QStringList({m_window->Path("a1aa0.001")}));
+    }
+
+    void ADroppedFolderWithoutSuchFilesOpensNothing() {
+        DropOnly({m_window->folder.path()});
+        QVERIFY(m_window->dialogs.opened.isEmpty());
+        QVERIFY(m_window->messages.said.isEmpty());
+    }
+
+    void ADroppedHitListThatCannotBeReadSaysSo() {
+        DropOnly({m_window->Path("gone.hit")});
+        QCOMPARE(m_window->messages.said, QStringList({"error|Error|Unable to read Hit list file"}));
+        QVERIFY(m_window->dialogs.opened.isEmpty());
+        QVERIFY(m_window->settings.RecentFiles().isEmpty());
+    }
+
+    void WhatIsNoLocalFileIsNotTaken() {
+        QMimeData text;
+        text.setText("words");
+        QCOMPARE(SendDrop(*m_window->frame->windowHandle(), text, QPoint(300, 300)), Qt::IgnoreAction);
+        QMimeData remote;
+        remote.setUrls({QUrl("https://example.com/a.001")});
+        QCOMPARE(SendDrop(*m_window->frame->windowHandle(), remote, QPoint(300, 300)), Qt::IgnoreAction);
+    }
+
+    void NothingIsTakenWhileADialogIsOpen() {
+        QMimeData data;
+        data.setUrls({QUrl::fromLocalFile(QString::fromStdString(CWindowFixture::Sled(2)))});
+        Qt::DropAction action = Qt::CopyAction;
+        m_window->dialogs.Expect([&](QWidget& dialog) {
+            action = SendDrop(*m_window->frame->windowHandle(), data, QPoint(300, 300));
+            dialog.close();
+        });
+        Trigger(CommandId::SelectFiles);
+        QCOMPARE(action, Qt::IgnoreAction);
+    }
+
+    // The context menu.
+
+    void ARightClickOffersCutCopyAndPasteOfWhichOnlyCopyIsOn_data() {
+        QTest::addColumn<QString>("page");
+        QTest::newRow("nothing compared") << "";
+        QTest::newRow("table") << "Summary";
+        QTest::newRow("chart") << "Velocity";
+    }
+    void ARightClickOffersCutCopyAndPasteOfWhichOnlyCopyIsOn() {
+        QFETCH(QString, page);
+        if (!page.isEmpty()) {
+            m_window->CompareSled();
+            m_window->ChoosePage(page);
+        }
+        QStringList texts, shortcuts, enabled;
+        m_window->dialogs.opened.clear();
+        m_window->dialogs.Expect([&](QWidget& menu) {
+            texts = Texts(menu);
+            for (const QAction* const action : menu.actions()) {
+                shortcuts.append(action->shortcut().toString());
+                if (action->isEnabled()) enabled.append(action->text());
+            }
+            menu.close();
+        });
+        const QWidget& view = m_window->frame->View();
+        RightClick(QPoint(view.width() / 2, view.height() - 20));  // below the rows of the table
+        QCOMPARE(m_window->dialogs.opened, QStringList({"Edit"}));
+        QCOMPARE(texts, QStringList({"Cu&t", "&Copy", "&Paste"}));
+        QCOMPARE(shortcuts, QStringList({"Ctrl+X", "Ctrl+C", "Ctrl+V"}));
+        QCOMPARE(enabled, QStringList({"&Copy"}));
+    }
+
+    void OnARowTheMenuAlsoOpensTheSpecificationOfItsFile() {
+        m_window->CompareSled();
+        QStringList texts;
+        m_window->dialogs.Expect([&](QWidget& menu) {
+            texts = Texts(menu);
+            auto* const entry = menu.findChild<QAction*>("UdsSpecificationOfRow");
+            QVERIFY(entry != nullptr);
+            entry->trigger();
+            menu.close();
+        });
+        RightClick(RowCenter(1));
+        QCOMPARE(texts, QStringList({"Cu&t", "&Copy", "&Paste", "-", "UDS Speification"}));
+        QCOMPARE(SheetTitles(), QStringList({"UDS File Specification - s01003aa0.001"}));
+    }
+
+    void ARowOfThePreviousRunKnowsItsOwnFile() {
+        m_window->CompareSled();
+        m_window->Compare({CWindowFixture::Sled(2), m_window->Path("gone.001").toStdString()}, "");
+        QVERIFY(m_window->IsBannerShown());
+        m_window->dialogs.Expect([&](QWidget& menu) {
+            menu.findChild<QAction*>("UdsSpecificationOfRow")->trigger();
+            menu.close();
+        });
+        RightClick(RowCenter(2));
+        QCOMPARE(SheetTitles(), QStringList({"UDS File Specification - s01004aa0.001"}));
+    }
+
+    // The file viewer.
+
+    void TheSpecificationOfAnyFileCanBeLookedAtAndChangesNoSetting() {
+        m_window->picker.answers = {CPickedFiles{{QString::fromStdString(CWindowFixture::Force(2))}, 5}};
+        m_window->store.sync();
+        const QStringList keys = m_window->store.allKeys();
+        Trigger(CommandId::UdsSpecification);
+        QCOMPARE(m_window->picker.requests.size(), std::size_t{1});
+        const CFileRequest& request = m_window->picker.requests[0];
+        QVERIFY(request.kind == PickerKind::OpenOne && request.fileMustExist);
+        QCOMPARE(request.title, QString("Select Uds File to View"));
+        QCOMPARE(request.filters.size(), std::size_t{6});
+        QCOMPARE(request.filterIndex, 3);
+        QCOMPARE(request.folder, QString("Q:\\uds\\vehdb"));
+        QCOMPARE(SheetTitles(), QStringList({"UDS File Specification - f01002fa0.001"}));
+        QCOMPARE(m_window->store.allKeys(), keys);
+    }
+
+    void AFileThatIsNoUdsFileIsReported() {
+        m_window->picker.answers = {CPickedFiles{{WriteHitList("words.001", {"words"})}, 1}};
+        Trigger(CommandId::UdsSpecification);
+        QCOMPARE(m_window->messages.said.size(), qsizetype{1});
+        QVERIFY(m_window->messages.said[0].startsWith("error|Error|"));
+        QCOMPARE(SheetTitles(), QStringList());
+    }
+
+    void LoadedFilesCanBeLookedAtReferenceFirst() {
+        QVERIFY(!LoadedMenu().isEnabled());
+        m_window->CompareForce();
+        QVERIFY(LoadedMenu().isEnabled());
+        emit LoadedMenu().aboutToShow();
+        QCOMPARE(Texts(LoadedMenu()), QStringList({"&1 " + QString::fromStdString(CWindowFixture::Force(1)),
+                                                   "&2 " + QString::fromStdString(CWindowFixture::Force(2)),
+                                                   "&3 " + QString::fromStdString(CWindowFixture::Force(3))}));
+        LoadedMenu().actions()[2]->trigger();
+        QTRY_COMPARE(SheetTitles(), QStringList({"UDS File Specification - f01003fa0.001"}));
+    }
+
+    void AReferenceMadeFromTheSignalsIsNotListedTwice() {
+        m_window->Compare({CWindowFixture::Force(2), CWindowFixture::Force(3)}, "");
+        emit LoadedMenu().aboutToShow();
+        QCOMPARE(LoadedMenu().actions().size(), qsizetype{2});
+    }
+
+private:
+    void Trigger(CommandId id) { m_window->frame->Action(id)->trigger(); }
+
+    /// The submenu of "File" whose text is `text`.
+    QMenu& SubMenu(const QString& text) {
+        const auto menus = m_window->frame->findChildren<QMenu*>();
+        for (QMenu* const menu : menus) {
+            if (menu->title() == text) return *menu;
+        }
+        qFatal("no such menu");
+    }
+    QMenu& RecentMenu() { return SubMenu("&Recent File"); }
+    QMenu& LoadedMenu() { return SubMenu("UDS Speification &of"); }
+
+    /// A text file with these lines.
+    QString WriteHitList(const QString& name, const std::vector<std::string>& lines) {
+        const QString path = m_window->Path(name);
+        if (ks::WriteHitList(path.toStdString(), lines) != ks::WriteResult::Written) return {};
+        return path;
+    }
+
+    /// Drops paths on the window and lets the program work until it is idle.
+    void DropOnly(const QStringList& paths) {
+        QMimeData data;
+        QList<QUrl> urls;
+        for (const QString& path : paths) urls.append(QUrl::fromLocalFile(path));
+        data.setUrls(urls);
+        QCOMPARE(SendDrop(*m_window->frame->windowHandle(), data, QPoint(300, 300)), Qt::CopyAction);
+        QCoreApplication::processEvents();
+    }
+
+    /// Drops paths on the window and cancels the selection that opens; gives the files that it offered.
+    QStringList Drop(const QStringList& paths) {
+        QStringList files;
+        m_window->dialogs.Expect([&](QWidget& dialog) {
+            files = ListedFiles(dialog);
+            dialog.close();
+        });
+        DropOnly(paths);
+        return files;
+    }
+
+    QPoint RowCenter(int row) {
+        const CSummaryList& list = *m_window->List();
+        return list.viewport()->mapTo(&m_window->frame->View(), list.visualRect(list.model()->index(row, 0)).center());
+    }
+
+    /// A right click of the mouse, all the way through the window; `place` is in the view.
+    void RightClick(const QPoint& place) {
+        QVERIFY(QTest::qWaitForWindowExposed(m_window->frame.get()));
+        const QPoint inFrame = m_window->frame->View().mapTo(m_window->frame.get(), place);
+        QTest::mouseClick(m_window->frame->windowHandle(), Qt::RightButton, {}, inFrame);
+    }
+
+    /// Captions of the file viewer's sheets on the screen.
+    static QStringList SheetTitles() {
+        QStringList titles;
+        const QWidgetList windows = QApplication::topLevelWidgets();
+        for (const QWidget* const window : windows) {
+            if (qobject_cast<const ksres::CUDSDialog*>(window) != nullptr && window->isVisible()) {
+                titles.append(window->windowTitle());
+            }
+        }
+        return titles;
+    }
+
+    std::unique_ptr<CWindowFixture> m_window;
+};
+
+QTEST_MAIN(CWindowFilesTest)
+#include "window_files_test.moc"
