@@ -1,0 +1,216 @@
+// How the program starts: its name, its settings, its arguments and its numbers.
+
+#include <QProcess>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+#include <clocale>
+#include <cstdlib>
+#include <stdexcept>
+
+#include "app/quorvel_app.h"
+#include "app/testing/window_fixture.h"
+#include "files/hit_list.h"
+
+namespace {
+
+constexpr const char* kCommaLocale = "de_DE.UTF-8";
+bool hasCommaLocale = false;  ///< whether the C library knows it
+
+/// Makes the locale in `folder` when the machine has the sources of it, and tells whether there is one.
+bool MakeCommaLocale(const QString& folder) {
+    qputenv("LOCPATH", folder.toUtf8());
+    QProcess::execute("localedef", {"-i", "de_DE", "-f", "UTF-8", folder + "/" + kCommaLocale});
+    const bool isThere = std::setlocale(LC_NUMERIC, kCommaLocale) != nullptr && std::strtod("1,5", nullptr) == 1.5;
+    std::setlocale(LC_NUMERIC, "C");
+    return isThere;
+}
+
+/// An object that answers its own kind of event by throwing.
+class CThrower : public QObject {
+public:
+    static constexpr QEvent::Type kEvent = QEvent::User;
+    bool event(QEvent* event) override {
+        if (event->type() == kEvent) throw std::runtime_error("something broke");
+        return QObject::event(event);
+    }
+};
+
+}  // namespace
+
+class CStartupTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init() { m_window = std::make_unique<CWindowFixture>(); }
+    void cleanup() {
+        const QStringList faults = m_window->dialogs.TakeFaults();
+        m_window.reset();
+        QCOMPARE(faults, QStringList());
+    }
+
+    void TheProgramNamesItself() {
+        QCOMPARE(QApplication::organizationName(), QString("Ostrel Crashworthiness"));
+        QCOMPARE(QApplication::applicationName(), QString("Quorvel"));
+        QVERIFY(!QApplication::windowIcon().isNull());
+        QCOMPARE(m_window->frame->windowTitle(), QString("Quorvel"));
+    }
+
+    void NumbersDoNotFollowTheUsersLocale() {
+        QCOMPARE(QLocale().decimalPoint(), QString(","));
+        if (!hasCommaLocale) QSKIP("The C library has no locale with a decimal comma here, and localedef made none.");
+        QCOMPARE(std::setlocale(LC_MESSAGES, nullptr), "de_DE.UTF-8");  // the user's locale was taken over
+        QCOMPARE(std::setlocale(LC_NUMERIC, nullptr), "C");
+        QCOMPARE(std::strtod("1.5", nullptr), 1.5);
+    }
+
+    void TheTableHasDecimalPoints() {
+        m_window->CompareSled();
+        const QAbstractItemModel& model = *m_window->List()->model();
+        static const QRegularExpression number("^-?[0-9]+[.][0-9]+");
+        for (int column = 1; column < model.columnCount(); ++column) {
+            if (column == kReferenceColumn) continue;
+            const QString text = model.index(0, column).data().toString();
+            QVERIFY2(number.match(text).hasMatch() && !text.contains(','), qPrintable(text));
+        }
+    }
+
+    void SettingsAreTheUsersAndNamedAfterTheProgram() {
+        const std::unique_ptr<QSettings> store = CQuorvelApp::OpenSettings();
+        QCOMPARE(store->scope(), QSettings::UserScope);
+        QCOMPARE(store->organizationName(), QString("Ostrel Crashworthiness"));
+        QCOMPARE(store->applicationName(), QString("Quorvel"));
+        QVERIFY(!store->fallbacksEnabled());
+#ifdef Q_OS_LINUX
+        QCOMPARE(store->fileName(), qEnvironmentVariable("XDG_CONFIG_HOME") + "/Ostrel Crashworthiness/Quorvel.conf");
+#endif
+    }
+
+    void WhatIsStoredLiesInThreeGroups() {
+        const std::unique_ptr<QSettings> store = CQuorvelApp::OpenSettings();
+        store->clear();
+        CSettings settings(*store);
+        {
+            CMainFrame frame({settings, m_window->picker, m_window->messages, m_window->printers});
+            frame.show();
+            m_window->picker.answers = {CPickedFiles{{m_window->Path("list.hit")}, 1}};
+            m_window->dialogs.Expect([](QWidget& dialog) {
+                dialog.findChild<CFileList*>()->AppendFiles({CWindowFixture::Sled(2)});
+                Control<QPushButton>(dialog, 1005)->click();  // "Save Hitlist"
+                Control<QRadioButton>(dialog, 1009)->setChecked(true);
+                dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->click();
+            });
+            frame.RunCommand(CommandId::SelectFiles);
+            QVERIFY(frame.close());
+        }
+        QCOMPARE(store->childGroups(), QStringList({"Main Window", "Recent File List", "Settings"}));
+        store->beginGroup("Settings");
+        QCOMPARE(store->childKeys(), QStringList({"HitlistDir", "ReferenceType"}));
+        QCOMPARE(store->value("ReferenceType").toInt(), 1);
+        store->endGroup();
+        QCOMPARE(store->value("Recent File List/File1").toString(), m_window->Path("list.hit"));
+        store->clear();
+    }
+
+    void ArgumentsComeWithoutTheProgramsName() {
+        // Those of this test's own command line; what they are does not matter here.
+        QCOMPARE(CQuorvelApp::ArgumentTexts().size(), static_cast<std::size_t>(QApplication::arguments().size() - 1));
+    }
+
+    // Files on the command line.
+
+    void WithoutFilesTheSelectionOpensOnceTheProgramRuns_data() {
+        QTest::addColumn<QStringList>("arguments");
+        QTest::newRow("nothing") << QStringList();
+        QTest::newRow("switches") << QStringList({"-cfc180", "-O", "-CFC60X"});
+        QTest::newRow("a list file that cannot be read") << QStringList({"-L", "/no such folder/list.hit"});
+        QTest::newRow("a list file that is missing") << QStringList({"-L"});
+    }
+    void WithoutFilesTheSelectionOpensOnceTheProgramRuns() {
+        QFETCH(QStringList, arguments);
+        QStringList files = {"not opened"};
+        m_window->dialogs.Expect([&](QWidget& dialog) {
+            files.clear();
+            for (const std::string& file : dialog.findChild<CFileList*>()->Files()) files.append(file.c_str());
+            dialog.close();
+        });
+        Start(arguments);
+        QVERIFY(m_window->dialogs.opened.isEmpty());  // not before the window is there
+        QTRY_COMPARE(m_window->dialogs.opened, QStringList({"Select Uds Files"}));
+        QTRY_COMPARE(files, QStringList());
+    }
+
+    void WithFilesTheWindowStaysEmptyAndWaits_data() {
+        QTest::addColumn<QStringList>("arguments");
+        const QString first = QString::fromStdString(CWindowFixture::Sled(2));
+        const QString second = QString::fromStdString(CWindowFixture::Sled(3));
+        QTest::newRow("two files") << QStringList({first, second});
+        QTest::newRow("a class and two files") << QStringList({"-cfc180", first, second});
+        QTest::newRow("a list file") << QStringList({"-L", "list.hit"});
+        QTest::newRow("a list file behind its letter") << QStringList({"-Llist.hit"});
+    }
+    void WithFilesTheWindowStaysEmptyAndWaits() {
+        QFETCH(QStringList, arguments);
+        const QString list = m_window->Path("list.hit");
+        QVERIFY(ks::WriteHitList(list.toStdString(), {CWindowFixture::Sled(2)}) == ks::WriteResult::Written);
+        Start(arguments.replaceInStrings("list.hit", list));
+        QCoreApplication::processEvents();
+        QVERIFY(m_window->dialogs.opened.isEmpty());
+        QVERIFY(m_window->errorLists.texts.isEmpty());
+        QVERIFY(m_window->messages.said.isEmpty());
+        // The run at start-up loads nothing; users know the window so.
+        QVERIFY(m_window->frame->Document().ComputedSignals().empty());
+        QVERIFY(m_window->IsHintShown());
+        QVERIFY(m_window->Pages().count() == 0);
+        m_window->CompareSled();
+        QCOMPARE(m_window->List()->model()->rowCount(), 3);
+    }
+
+    void TheSelectionDoesNotOpenForAWindowThatIsGone() {
+        Start({});
+        m_window->frame.reset();
+        QCoreApplication::processEvents();
+        QVERIFY(m_window->dialogs.opened.isEmpty());
+    }
+
+    // Exceptions that escape everything else.
+
+    void AnExceptionOutOfAnEventIsShownAndTheProgramLivesOn() {
+        auto& application = static_cast<CQuorvelApp&>(*qApp);
+        application.SetMessages(m_window->messages);
+        CThrower thrower;
+        QEvent event(CThrower::kEvent);
+        QVERIFY(!QApplication::sendEvent(&thrower, &event));
+        QCOMPARE(m_window->messages.said, QStringList({"error|Error|something broke"}));
+
+        m_window->messages.said.clear();
+        QPushButton button;
+        connect(&button, &QPushButton::clicked, this, [] { throw std::runtime_error("the slot broke"); });
+        button.show();
+        QTest::mouseClick(&button, Qt::LeftButton);
+        QCOMPARE(m_window->messages.said, QStringList({"error|Error|the slot broke"}));
+        m_window->CompareSled();
+        QCOMPARE(m_window->StatusText(), QString("3 signals were compared."));
+    }
+
+private:
+    void Start(const QStringList& arguments) {
+        std::vector<std::string> texts;
+        for (const QString& argument : arguments) texts.push_back(argument.toStdString());
+        InitInstance(*m_window->frame, texts);
+    }
+
+    std::unique_ptr<CWindowFixture> m_window;
+};
+
+int main(int argc, char** argv) {
+    // A home of its own for the settings, and a user whose numbers have a comma.
+    const QTemporaryDir home;
+    qputenv("XDG_CONFIG_HOME", home.path().toUtf8());
+    hasCommaLocale = MakeCommaLocale(home.path());
+    qputenv("LC_ALL", kCommaLocale);
+    CQuorvelApp application(argc, argv);
+    CStartupTest test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "startup_test.moc"
