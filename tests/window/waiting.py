@@ -1,0 +1,47 @@
+"""Waiting for conditions, the only way in which these tests let time pass."""
+
+import time
+
+from gi.repository import GLib
+
+# Nothing that these tests wait for takes a tenth of it on a busy machine; it only ends a wait for what never comes.
+PATIENCE_S = 90
+PAUSE_S = 0.02
+
+_watched = set()
+
+
+def watch(process):
+    """Waits end at once when this process ends."""
+    _watched.add(process)
+
+
+def unwatch(process):
+    _watched.discard(process)
+
+
+def wait_until(condition, what, patience_s=PATIENCE_S):
+    """Asks `condition` until its answer is true, and returns the answer.
+
+    A GLib.Error counts as "not yet": what was asked about went away in the middle of the question."""
+    last_error = None
+    end = time.monotonic() + patience_s
+    while time.monotonic() < end:
+        take_events()
+        for process in _watched:
+            assert process.poll() is None, f"{process.args[0]} ended with {process.returncode} before {what}"
+        try:
+            answer = condition()
+        except GLib.Error as error:
+            last_error, answer = error, None
+        if answer:
+            return answer
+        time.sleep(PAUSE_S)
+    raise AssertionError(f"Waited {patience_s} s in vain until {what}." + (f" Last: {last_error}" if last_error else ""))
+
+
+def take_events():
+    """Hands accessibility events that have arrived to those who listen."""
+    context = GLib.MainContext.default()
+    while context.iteration(False):
+        pass
