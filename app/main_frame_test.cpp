@@ -130,6 +130,16 @@ private slots:
         QCOMPARE(Frame().statusBar()->currentMessage(), statusText);
     }
 
+    void LocksOfTheKeyboardAreShownOnlyWhereThePlatformTellsThem() {
+        if (QGuiApplication::platformName() != "offscreen") QSKIP("This platform may tell them.");
+        const auto labels = Frame().statusBar()->findChildren<QLabel*>();
+        QStringList hidden;
+        for (const QLabel* const label : labels) {
+            if (!label->isVisible()) hidden.append(label->text());
+        }
+        QCOMPARE(hidden, QStringList({"CAP", "NUM", "SCRL"}));
+    }
+
     void AShortcutRunsItsCommand() {
         QVERIFY(QTest::qWaitForWindowActive(&Frame()));
         m_window->dialogs.Expect([](QWidget& dialog) { dialog.close(); });
@@ -171,10 +181,20 @@ private slots:
     void ThePaneIsLabelledAndNamed() {
         QCOMPARE(Pane().property("controlId").toInt(), 128);
         QVERIFY(Pane().isVisible());
+        QVERIFY(!PaneRow().isVisible());  // no second row beside the toolbar's
         const auto* const label = Pane().findChild<QLabel*>();
         QCOMPARE(PlainActionText(label->text()), QString("Plot Type:"));
         QCOMPARE(label->buddy(), static_cast<QWidget*>(&m_window->Pages()));
         QCOMPARE(m_window->Pages().accessibleName(), QString("Plot Type"));
+    }
+
+    void TheSelectorIsReachedByItsMnemonic() {
+        m_window->CompareSled();
+        Frame().activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&Frame()));
+        m_window->List()->setFocus();
+        QTest::keyClick(&Frame(), Qt::Key_Y, Qt::AltModifier);
+        QCOMPARE(QApplication::focusWidget(), static_cast<QWidget*>(&m_window->Pages()));
     }
 
     void ThePaneStandsAtTheRightEndOfTheToolbarRow_data() {

@@ -62,6 +62,7 @@ private slots:
         m_window = std::make_unique<CWindowFixture>(std::move(chart));
     }
     void cleanup() {
+        QVERIFY(!m_window->errorLists.wasWaiting);
         const QStringList faults = m_window->dialogs.TakeFaults();
         m_window.reset();
         QCOMPARE(faults, QStringList());

@@ -57,6 +57,8 @@ private slots:
         QVERIFY(!m_window->IsBannerShown());
         QCOMPARE(m_window->PageNames(), kAccelerationPages);
         QCOMPARE(m_window->Pages().currentText(), QString("Summary"));
+        QCOMPARE(m_window->Pages().itemData(0).toInt(), 1);
+        QCOMPARE(m_window->Pages().itemData(9).toInt(), 11);
         QVERIFY(m_window->Pages().isEnabled());
         QCOMPARE(m_pages->size(), qsizetype{1});
         QCOMPARE(m_pages->at(0)[0].value<QList<int>>(), QList<int>({1, 7, 8, 9, 4, 3, 5, 6, 10, 11}));
@@ -123,6 +125,27 @@ private slots:
         QCOMPARE(Text(1, kCorridorColumn), before);
         m_window->CompareSled();
         QVERIFY(Text(1, kCorridorColumn) != before);
+    }
+
+    void LimitsAndCorridorCanBeSetBeforeTheFirstRun() {
+        const QSignalSpy nothing(&Frame().View(), &CQuorvelView::NoDataToShow);
+        m_window->SetCorridor("2.5");
+        m_window->dialogs.Expect([](QWidget& dialog) { FillCriticalValues(dialog, "0.000001"); });
+        Trigger(CommandId::CriticalValues);
+        QCOMPARE(nothing.size(), qsizetype{2});
+        QVERIFY(m_window->IsHintShown());
+        QVERIFY(m_window->List() == nullptr);
+        m_window->CompareSled();
+        QCOMPARE(Verdict(0, kResidualColumn), CVerdictColor::Red);
+        QCOMPARE(Frame().Document().ComputedSignals()[0].Comparison().GetCorridorSize(), 2.5);
+    }
+
+    void AnUpdateWithoutAHintChangesNothing() {
+        m_window->CompareSled();
+        m_window->ChoosePage("Velocity");
+        Frame().View().OnDocumentUpdate(0);
+        QVERIFY(Frame().View().IsChartShown());
+        QCOMPARE(m_pages->size(), qsizetype{1});
     }
 
     void ACancelledSelectionChangesNothing() {
