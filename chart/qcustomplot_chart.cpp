@@ -566,6 +566,7 @@ void CQCustomPlotChart::Destroy() {
     if (!m_window) return;
     const std::unique_ptr<QWidget> gone(m_window.data());
     m_window.clear();
+    emit ReadoutChanged({});  // the pointer may rest where the chart was
 }
 
 bool CQCustomPlotChart::Exists() const {

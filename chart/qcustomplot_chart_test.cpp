@@ -346,6 +346,16 @@ private slots:
         QCOMPARE(spy[1][0].toString(), QString());
     }
 
+    void theReadoutEndsWithTheChart() {
+        Show(FlatPage(1));
+        QSignalSpy spy(m_chart.get(), &CQCustomPlotChart::ReadoutChanged);
+        Move(kMiddle);
+        m_chart->Destroy();
+        QCOMPARE(spy.size(), 2);
+        QVERIFY(spy[0][0].toString().startsWith("X: "));
+        QCOMPARE(spy[1][0].toString(), QString());
+    }
+
     void theChartFollowsItsParentsSize() {
         Show(FlatPage(1));
         ResizeChart(*m_chart, {640, 400});
