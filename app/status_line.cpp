@@ -41,7 +41,8 @@ CStatusLine::CStatusLine(QStatusBar& bar)
     m_progress->hide();
     bar.addPermanentWidget(m_progress);
     m_readout->setObjectName(QStringLiteral("readout"));
-    m_readout->setAccessibleName(Translated("Point under the pointer"));
+    // A description, not a name: that would be read out in place of the text.
+    m_readout->setAccessibleDescription(Translated("Point under the pointer"));
     bar.addPermanentWidget(m_readout);
     m_indicators = {AddIndicator(bar, "CAP", Translated("Caps Lock")), AddIndicator(bar, "NUM", Translated("Num Lock")),
                     AddIndicator(bar, "SCRL", Translated("Scroll Lock"))};
