@@ -105,6 +105,8 @@ void CQuorvelView::OnDocumentUpdate(int hint) {
     } else {
         ShowChartPage();
     }
+    // The first run shows what the keyboard is wanted for; later the user decides.
+    if (hint == kRunCompleted && window()->focusWidget() == nullptr) m_list->setFocus();
 }
 
 void CQuorvelView::BeginRun() {
