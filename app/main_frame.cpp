@@ -26,6 +26,9 @@ constexpr QSize kFirstSize{1100, 720};  // pixels; until the user has chosen ano
 constexpr QSize kIconSize{20, 20};      // pixels
 constexpr int kPaneGap = 4;             // pixels between the toolbar's buttons and the pane
 
+/// The button of a toolbar that is too short for all its buttons; the toolkit leaves it without a name.
+constexpr const char* kMoreButton = "qt_toolbar_ext_button";
+
 /// Stands for a separator in the lists below.
 constexpr auto kSeparator = static_cast<CommandId>(0);
 
@@ -177,6 +180,9 @@ void CMainFrame::MakeToolbar() {
     m_toolbar = addToolBar(tr("Toolbar"));
     m_toolbar->setObjectName(QStringLiteral("toolbar"));
     m_toolbar->setAccessibleName(tr("Toolbar"));
+    if (auto* const more = m_toolbar->findChild<QWidget*>(QLatin1String(kMoreButton))) {
+        more->setAccessibleName(tr("More buttons"));
+    }
     // Fixed: the page selector stands over its right end.
     m_toolbar->setMovable(false);
     m_toolbar->setIconSize(kIconSize);
