@@ -7,6 +7,10 @@ from gi.repository import Atspi, Gio, GLib  # noqa: E402
 
 from waiting import PATIENCE_S, wait_until  # noqa: E402
 
+# What a user has to tell apart by name.
+_CONTROLS = {"push button", "radio button", "check box", "combo box", "text", "spin button", "list", "table", "tool bar",
+             "menu item", "page tab", "progress bar"}
+
 # Their children are cells, some of them out of sight; they are asked for one by one.
 _TABLES = {"table", "tree", "list"}
 
@@ -80,6 +84,11 @@ class Node:
             return next((node for node in self.walk()
                          if node.role == role and name in (None, node.name) and node.has("showing")), None)
         return wait_until(find, f"a {role} {name or ''} was in sight in {self!r}")
+
+    def nameless(self):
+        """Controls in sight without a name, but for what toolkits put into a field."""
+        return [f"{node!r} in {node.parent!r}" for node in self.walk() if node.role in _CONTROLS and
+                node.has("showing") and not node.name and node.parent.role not in ("text", "combo box")]
 
     def labelled_by(self, label):
         """The field that the label of this text belongs to."""

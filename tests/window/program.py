@@ -138,6 +138,18 @@ class Program:
         chart = self.window.find("filler", "Chart")
         return chart is not None and chart.has("showing")
 
+    def point_at_chart(self):
+        """Moves the pointer over the chart and returns what the status bar says about the place."""
+        x, y = self.chart().centre
+        move_pointer((x, y))
+        move_pointer((x + 5, y + 5))
+        wait_until(lambda: self.readout().startswith("X: "), "the status bar told the place of the pointer")
+        return self.readout()
+
+    def readout(self):
+        return next(node.name for node in self.window.get("status bar").children
+                    if node.description == "Point under the pointer")
+
     # Pages.
 
     def page_selector(self):
@@ -168,6 +180,10 @@ class Program:
 
 def press_keys(*keys):
     subprocess.run(["xdotool", "key", *keys], check=True, timeout=waiting.PATIENCE_S)
+
+
+def move_pointer(place):
+    subprocess.run(["xdotool", "mousemove", *map(str, place)], check=True, timeout=waiting.PATIENCE_S)
 
 
 def click(place, button):

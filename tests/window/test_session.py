@@ -39,6 +39,7 @@ class Session(WindowTest):
         self.copy_data()
         self.save_html()
         self.visit_pages(ALL_PAGES[:4])
+        self.point_at_the_chart()
         self.copy_chart()
         self.save_pictures()
         self.print_chart()
@@ -56,6 +57,7 @@ class Session(WindowTest):
 
     def the_dialog_insists_on_reference_and_signals(self):
         select = self.program.dialog("Select Uds Files")
+        self.assertEqual(select.nameless(), [])
         ok = select.get("push button", "OK")
         reference = select.get("text", "Reference file")
         select.get("push button", "Browse for the reference file").take_focus()
@@ -121,6 +123,8 @@ class Session(WindowTest):
     # The summary.
 
     def read_table(self):
+        self.assertEqual(self.program.window.nameless(), [])
+        wait_until(lambda: self.program.table().has("focused"), "the table had the focus")
         self.assertEqual(self.program.table().headers, HEADERS)
         self.assertEqual(self.program.cells(), self.results.accessible_cells())
         verdicts = {verdict for row in self.results.rows for _, verdict in row}
@@ -155,6 +159,12 @@ class Session(WindowTest):
             self.assert_enabled("File", {("Save", "HTML"): False, ("Save", "UDS"): True, ("Save", "ASCII"): True,
                                          ("Print Preview",): False, **dict.fromkeys(SAVE_CHART, True)})
             self.assert_enabled("Edit", {("Copy",): True, ("Copy Data",): False})
+
+    def point_at_the_chart(self):
+        self.assertRegex(self.program.point_at_chart(), r"^X: 0\.\d+   Y: -?\d+(\.\d+)?$")
+        self.program.choose_page("Summary")
+        self.assertEqual(self.program.readout(), "")
+        self.program.choose_page("Corridor")
 
     def copy_chart(self):
         self.program.choose("Edit", "Copy")
@@ -243,6 +253,7 @@ class Session(WindowTest):
         self.program.choose_page("Summary")
         self.program.choose("Edit", "Critical Values")
         dialog = self.program.dialog("Edit Critical Values")
+        self.assertEqual(dialog.nameless(), [])
         shown = {name: dialog.get("text", name).text for name in
                  ["Average Residual", "Standard Deviation", "Share outside the corridor", "Correlation Factor",
                   "T Statistic", "Moment Differences"]}
@@ -310,6 +321,7 @@ class Session(WindowTest):
     def check_sheet(self, name, path):
         """Every field of the sheet says what the command line shows; then the sheet is closed."""
         sheet = self.program.dialog(f"UDS File Specification - {name}")
+        self.assertEqual(sheet.nameless(), [])
         shown, = show(self.folder, path)["files"]
         expected = {f"{group['title']}, {entry['label'].rstrip(':')}": f"{entry['value']} {entry['unit']}".rstrip()
                     for group in shown["groups"] for entry in group["entries"]}
