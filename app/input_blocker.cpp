@@ -1,6 +1,6 @@
 #include "app/input_blocker.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QEvent>
 
 namespace {
@@ -43,7 +43,9 @@ CInputBlocker::~CInputBlocker() {
 }
 
 bool CInputBlocker::eventFilter(QObject* watched, QEvent* event) {
-    if (!IsFromUser(event->type())) return QObject::eventFilter(watched, event);
+    // A message that opened meanwhile waits for the user, and while it is up nothing else can be reached.
+    const bool isMessageOpen = QApplication::activeModalWidget() != nullptr;
+    if (isMessageOpen || !IsFromUser(event->type())) return QObject::eventFilter(watched, event);
     event->ignore();  // a close event that was filtered but not ignored would close the window
     return true;
 }

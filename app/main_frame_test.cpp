@@ -209,10 +209,13 @@ private slots:
         QFETCH(QSize, size);
         Frame().resize(size);
         CheckPane(Toolbar());
-        // A button under the pane could not be reached.
-        const auto buttons = Toolbar().findChildren<QToolButton*>();
-        for (const QToolButton* const button : buttons) {
-            if (button->isVisible()) QVERIFY(!InFrame(*button).intersects(Pane().geometry()));
+        // Every button can be reached: it is not under the pane, or it is in the list behind the last one.
+        const auto* const more = Toolbar().findChild<QToolButton*>("qt_toolbar_ext_button");
+        QVERIFY(!more->isVisible() || !InFrame(*more).intersects(Pane().geometry()));
+        for (QAction* const action : Toolbar().actions()) {
+            const QWidget& button = *Toolbar().widgetForAction(action);
+            QVERIFY2(button.isVisible() || more->isVisible(), qPrintable(action->text()));
+            QVERIFY(!button.isVisible() || !InFrame(button).intersects(Pane().geometry()));
         }
     }
 
@@ -310,6 +313,20 @@ private slots:
         QVERIFY(Toolbar().isVisible());
         QVERIFY(Frame().statusBar()->isVisible());
         CheckPane(Toolbar());
+    }
+
+    void ALayoutThatIsNoneIsIgnored() {
+        m_window->frame->close();
+        m_window->store.setValue("Main Window/Geometry", "junk");
+        m_window->store.setValue("Main Window/State", "junk");
+        m_window->store.setValue("Main Window/HiddenToolbarActions", QStringList({"Print", "NoSuchCommand"}));
+        CMainFrame frame({m_window->settings, m_window->picker, m_window->messages, m_window->printers});
+        frame.show();
+        QCOMPARE(frame.size(), QSize(1100, 720));
+        QVERIFY(frame.findChild<QToolBar*>("toolbar")->isVisible());
+        QStringList expected = kToolbar;
+        expected.removeOne("Print");
+        QCOMPARE(Names(frame.findChild<QToolBar*>("toolbar")->actions()), expected);
     }
 
     void AboutShowsTheAboutBox() {

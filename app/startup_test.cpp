@@ -1,6 +1,7 @@
 // How the program starts: its name, its settings, its arguments and its numbers.
 
 #include <QProcess>
+#include <QProgressBar>
 #include <QRegularExpression>
 #include <QTemporaryDir>
 #include <clocale>
@@ -189,6 +190,27 @@ private slots:
         QTest::mouseClick(&button, Qt::LeftButton);
         QCOMPARE(m_window->messages.said, QStringList({"error|Error|the slot broke"}));
         m_window->CompareSled();
+        QCOMPARE(m_window->StatusText(), QString("3 signals were compared."));
+    }
+
+    void AMessageThatOpensWhileARunIsAtWorkCanBeClosed() {
+        CMessageBoxes boxes;
+        static_cast<CQuorvelApp&>(*qApp).SetMessages(boxes);
+        CThrower thrower;
+        bool isThrown = false;
+        const auto& progress = *m_window->frame->findChild<QProgressBar*>("progress");
+        const auto connection = connect(&progress, &QProgressBar::valueChanged, this, [&] {
+            if (isThrown || QApplication::overrideCursor() == nullptr) return;
+            isThrown = true;
+            m_window->dialogs.Expect([](QWidget& box) { QTest::keyClick(&box, Qt::Key_Return); });
+            QEvent event(CThrower::kEvent);
+            QApplication::sendEvent(&thrower, &event);
+        });
+        m_window->CompareSled();
+        disconnect(connection);
+        static_cast<CQuorvelApp&>(*qApp).SetMessages(m_window->messages);
+        QVERIFY(isThrown);
+        QCOMPARE(m_window->dialogs.opened, QStringList({"Select Uds Files", "Error"}));
         QCOMPARE(m_window->StatusText(), QString("3 signals were compared."));
     }
 

@@ -7,6 +7,7 @@
 #include <QMimeData>
 #include <QRegularExpression>
 #include <QSet>
+#include <QStandardPaths>
 #include <cmath>
 #include <map>
 
@@ -313,6 +314,7 @@ private slots:
     // Paper.
 
     void ThePrintedChartIsMadeOfVectorsAndText() {
+        if (QStandardPaths::findExecutable("pdftotext").isEmpty()) QSKIP("No pdftotext to read the paper with");
         m_window->ChoosePage("Velocity");
         m_window->printers.path = m_window->Path("plot.pdf");
         Trigger(CommandId::Print);

@@ -64,7 +64,7 @@ private:
             answer(window);
             if (window.isVisible()) m_faults.append(QStringLiteral("left open: ") + Name(window));
         }
-        if (window.isVisible()) window.close();
+        window.hide();  // not close, which the program may refuse
     }
 
     std::deque<std::function<void(QWidget&)>> m_answers;
