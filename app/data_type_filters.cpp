@@ -3,6 +3,17 @@
 #include "app/file_picker.h"
 #include "app/settings.h"
 
+namespace {
+
+const CFileFilter& CurrentDataType(const CSettings& settings) {
+    const int stored = settings.Get(setting::kDataType);
+    const bool isListed = stored >= 1 && stored <= static_cast<int>(DataTypeFilters().size());
+    const int type = isListed ? stored : setting::kDataType.fallback;
+    return DataTypeFilters()[static_cast<std::size_t>(type - 1)];
+}
+
+}  // namespace
+
 const std::vector<CFileFilter>& DataTypeFilters() {
     static const std::vector<CFileFilter> filters = {
         {"UDS Acceleration Data (*aa0.*)", "*aa0.*"}, {"UDS Displacement Data (*da0.*)", "*da0.*"},
@@ -12,10 +23,11 @@ const std::vector<CFileFilter>& DataTypeFilters() {
 }
 
 QString CurrentDataTypeWildcard(const CSettings& settings) {
-    const int stored = settings.Get(setting::kDataType);
-    const bool isListed = stored >= 1 && stored <= static_cast<int>(DataTypeFilters().size());
-    const int type = isListed ? stored : setting::kDataType.fallback;
-    return Wildcard(DataTypeFilters()[static_cast<std::size_t>(type - 1)].pattern);
+    return Wildcard(CurrentDataType(settings).pattern);
+}
+
+QString CurrentDataTypeText(const CSettings& settings) {
+    return QString::fromStdString(CurrentDataType(settings).text);
 }
 
 const std::vector<CFileFilter>& HitListFilters() {

@@ -13,5 +13,8 @@ const std::vector<CFileFilter>& DataTypeFilters();
 /// The wildcard of the data type that the settings hold; that of the default type when they hold none of the six.
 QString CurrentDataTypeWildcard(const CSettings& settings);
 
+/// The text of that data type, as the pickers show it.
+QString CurrentDataTypeText(const CSettings& settings);
+
 /// The filter of the hit-list pickers.
 const std::vector<CFileFilter>& HitListFilters();

@@ -22,8 +22,8 @@ public:
     std::vector<CFileFilter> filters;  ///< may be empty: every file
     int filterIndex = 1;               ///< filter at the start, 1-based; the first when out of range
     QString folder;                    ///< where to start; the home folder when it does not exist
-    QString suggestedName;     ///< of the file to save, without a folder; may be empty
-    QString defaultExtension;  ///< put behind a saved name that has none; none when empty
+    QString suggestedName;             ///< of the file to save, without a folder; may be empty
+    QString defaultExtension;          ///< put behind a saved name that has none; none when empty
     bool fileMustExist = false;        ///< without effect when saving
     bool hideReadOnly = true;
     bool askBeforeOverwriting = false;

@@ -17,17 +17,13 @@
 #include "app/resources.h"
 #include "app/settings.h"
 #include "app/status_line.h"
+#include "app/toolbar_row.h"
 #include "chart/qcustomplot_chart.h"
 #include "compare/plots/page_ids.h"
 
 namespace {
 
 constexpr QSize kFirstSize{1100, 720};  // pixels; until the user has chosen another
-constexpr QSize kIconSize{20, 20};      // pixels
-constexpr int kPaneGap = 4;             // pixels between the toolbar's buttons and the pane
-
-/// The button of a toolbar that is too short for all its buttons; the toolkit leaves it without a name.
-constexpr const char* kMoreButton = "qt_toolbar_ext_button";
 
 /// Stands for a separator in the lists below.
 constexpr auto kSeparator = static_cast<CommandId>(0);
@@ -177,23 +173,15 @@ void CMainFrame::MakeMenus() {
 }
 
 void CMainFrame::MakeToolbar() {
-    m_toolbar = addToolBar(tr("Toolbar"));
-    m_toolbar->setObjectName(QStringLiteral("toolbar"));
-    m_toolbar->setAccessibleName(tr("Toolbar"));
-    if (auto* const more = m_toolbar->findChild<QWidget*>(QLatin1String(kMoreButton))) {
-        more->setAccessibleName(tr("More buttons"));
-    }
-    // Fixed: the page selector stands over its right end.
-    m_toolbar->setMovable(false);
-    m_toolbar->setIconSize(kIconSize);
-    m_toolbar->setContentsMargins(0, 0, CDialogPane::kWidth + kPaneGap, 0);
+    auto* const row = new CToolbarRow(m_pane, this);
+    addToolBar(row);
+    m_toolbar = &row->Buttons();
+    connect(m_toolbar, &QToolBar::customContextMenuRequested, this, [this](const QPoint& position) {
+        QMenu* const menu = createPopupMenu();
+        menu->setAttribute(Qt::WA_DeleteOnClose);
+        menu->popup(m_toolbar->mapToGlobal(position));
+    });
     FillToolbar();
-
-    addToolBarBreak();
-    m_paneRow = addToolBar(tr("Plot Type"));
-    m_paneRow->setObjectName(QStringLiteral("paneRow"));
-    m_paneRow->setMovable(false);
-    m_paneRow->setFixedHeight(CDialogPane::kHeight + kPaneGap);
 }
 
 void CMainFrame::FillToolbar() {
@@ -233,7 +221,10 @@ void CMainFrame::ConnectHost() {
         m_pane->ShowPage(page::kSummary);
         UpdateCommands();
     });
-    connect(&m_host, &CWindowHost::BusyChanged, this, &CMainFrame::UpdateCommands);
+    connect(&m_host, &CWindowHost::BusyChanged, this, [this](bool isBusy) {
+        if (!isBusy) m_view->EndRun();
+        UpdateCommands();
+    });
     connect(&m_host, &CWindowHost::ProgressChanged, this, [this](int done, int total, const QString& path) {
         if (path.isEmpty()) {
             m_status->EndProgress();
@@ -247,18 +238,10 @@ void CMainFrame::RestoreLayout() {
     resize(kFirstSize);
     restoreGeometry(m_services.settings.WindowGeometry());
     restoreState(m_services.settings.WindowState());
-    m_paneRow->setVisible(m_toolbar->isHidden());
+    m_toolbar->setVisible(m_services.settings.IsToolbarShown());
     statusBar()->setVisible(m_services.settings.IsStatusBarShown());
     Action(CommandId::Toolbar)->setChecked(!m_toolbar->isHidden());
     Action(CommandId::StatusBar)->setChecked(!statusBar()->isHidden());
-}
-
-void CMainFrame::PlacePane() {
-    const QToolBar& row = m_toolbar->isHidden() ? *m_paneRow : *m_toolbar;
-    const QRect area = row.geometry();
-    const int top = area.top() + (area.height() - CDialogPane::kHeight) / 2;
-    m_pane->move(area.right() + 1 - CDialogPane::kWidth, top);
-    m_pane->raise();
 }
 
 QMenu* CMainFrame::createPopupMenu() {
@@ -268,23 +251,13 @@ QMenu* CMainFrame::createPopupMenu() {
 }
 
 bool CMainFrame::eventFilter(QObject* watched, QEvent* event) {
-    const QEvent::Type type = event->type();
-    if (watched == m_toolbar || watched == m_paneRow) {
-        if (type == QEvent::Resize || type == QEvent::Move || type == QEvent::Show || type == QEvent::Hide) PlacePane();
-    }
-    if (IsLockKey(*event) || type == QEvent::ApplicationActivate) m_status->ShowIndicators();
+    if (IsLockKey(*event) || event->type() == QEvent::ApplicationActivate) m_status->ShowIndicators();
     return QMainWindow::eventFilter(watched, event);
 }
 
 void CMainFrame::showEvent(QShowEvent* event) {
     QMainWindow::showEvent(event);
-    PlacePane();
     m_status->ShowIndicators();
-}
-
-void CMainFrame::resizeEvent(QResizeEvent* event) {
-    QMainWindow::resizeEvent(event);
-    PlacePane();
 }
 
 void CMainFrame::closeEvent(QCloseEvent* event) {
@@ -293,6 +266,7 @@ void CMainFrame::closeEvent(QCloseEvent* event) {
         return;
     }
     m_services.settings.SetWindowLayout(saveGeometry(), saveState());
+    m_services.settings.SetToolbarShown(!m_toolbar->isHidden());
     m_services.settings.SetStatusBarShown(!statusBar()->isHidden());
     event->accept();
 }

@@ -45,7 +45,6 @@ protected:
     QMenu* createPopupMenu() override;
     bool eventFilter(QObject* watched, QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
@@ -59,7 +58,6 @@ private:
     void MakeToolbar();
     void FillToolbar();
     void ConnectHost();
-    void PlacePane();
     void RestoreLayout();
 
     /// Runs a command; what it throws ends in a message, and the program lives on.
@@ -70,6 +68,7 @@ private:
 
     void RunComparison();
     void ReportRun();
+    void SaveCurves(void (CQuorvelDoc::*save)());
     void ChoosePage(int pageId);
     void ShowContextMenu(const QPoint& position, const QString& path);
     void CustomizeToolbar();
@@ -90,7 +89,6 @@ private:
     CQuorvelView* m_view = nullptr;
     std::unique_ptr<CStatusLine> m_status;
     QToolBar* m_toolbar = nullptr;
-    QToolBar* m_paneRow = nullptr;  ///< keeps the pane's place while the toolbar is hidden
     CDialogPane* m_pane = nullptr;
     QMenu* m_recentMenu = nullptr;
     QMenu* m_loadedMenu = nullptr;  ///< the loaded signals, to look into their files

@@ -39,9 +39,16 @@ private:
     bool& m_flag;
 };
 
-/// Menu text of a numbered path; the first nine numbers are mnemonics.
+constexpr qsizetype kLongestEntry = 100;  // characters of a path in a menu
+
+/// Menu text of a numbered path, which is cut in its middle; the first nine numbers are mnemonics.
 QString EntryText(int number, const QString& path) {
     QString shown = path;
+    if (shown.size() > kLongestEntry) {
+        const qsizetype half = kLongestEntry / 2;
+        shown = path.left(half) + QChar(0x2026) + path.right(half);
+    }
+    shown.replace(QLatin1Char('\t'), QLatin1Char(' '));  // a tab would begin the column of the shortcuts
     shown.replace(QLatin1Char('&'), QLatin1String("&&"));
     return (number < 10 ? QStringLiteral("&%1 ") : QStringLiteral("%1 ")).arg(number) + shown;
 }
@@ -58,6 +65,7 @@ void CMainFrame::Attempt(const std::function<void()>& command) {
     if (m_isCommandAtWork) return;
     {
         const CWhile atWork(m_isCommandAtWork);
+        m_status->ShowMessage(tr("Ready"));  // what the last command said is no longer true of this one
         try {
             command();
         } catch (const std::exception& error) {
@@ -100,9 +108,9 @@ void CMainFrame::Do(CommandId id) {
         case CommandId::SaveHtml:
             return m_view->OnSaveHtml();
         case CommandId::SaveUds:
-            return m_document.OnSaveUds();
+            return SaveCurves(&CQuorvelDoc::OnSaveUds);
         case CommandId::SaveAscii:
-            return m_document.OnSaveAscii();
+            return SaveCurves(&CQuorvelDoc::OnSaveAscii);
         case CommandId::Print:
             return m_view->OnPrint();
         case CommandId::Copy:
@@ -116,9 +124,7 @@ void CMainFrame::Do(CommandId id) {
         case CommandId::UdsSpecification:
             return PickSpecification();
         case CommandId::Toolbar:
-            m_toolbar->setVisible(Action(id)->isChecked());
-            m_paneRow->setVisible(!Action(id)->isChecked());
-            return PlacePane();
+            return m_toolbar->setVisible(Action(id)->isChecked());
         case CommandId::StatusBar:
             return statusBar()->setVisible(Action(id)->isChecked());
         case CommandId::Customize:
@@ -131,6 +137,20 @@ void CMainFrame::Do(CommandId id) {
             return;
         default:
             return;
+    }
+}
+
+void CMainFrame::SaveCurves(void (CQuorvelDoc::*save)()) {
+    m_host.BeginSaving();
+    (m_document.*save)();
+    const QStringList& paths = m_host.SavePaths();
+    if (m_host.HasShownErrors()) return;
+    if (!m_view->IsChartShown()) {
+        m_status->ShowMessage(tr("This page has no curves to save."));
+    } else if (paths.size() == 1) {
+        m_status->ShowMessage(tr("Saved as %1.").arg(paths.front()));
+    } else if (paths.size() > 1) {
+        m_status->ShowMessage(tr("%1 curves were saved, the last as %2.").arg(paths.size()).arg(paths.back()));
     }
 }
 
@@ -187,7 +207,7 @@ void CMainFrame::FillRecentMenu() {
         QAction* const action = m_recentMenu->addAction(EntryText(number, path));
         action->setObjectName(QStringLiteral("RecentFile%1").arg(number));
         action->setProperty("commandId", static_cast<int>(CommandId::RecentFile) + number - 1);
-        action->setStatusTip(Action(CommandId::RecentFile)->statusTip());
+        action->setStatusTip(path);
         connect(
             action, &QAction::triggered, this, [this, path] { OpenRecentFile(path); }, Qt::QueuedConnection);
         ++number;
@@ -229,6 +249,7 @@ void CMainFrame::FillLoadedMenu() {
     const QStringList files = LoadedFiles();
     for (const QString& path : files) {
         QAction* const action = m_loadedMenu->addAction(EntryText(number, path));
+        action->setStatusTip(path);
         connect(
             action, &QAction::triggered, this, [this, path] { ShowSpecification(path); }, Qt::QueuedConnection);
         ++number;
@@ -271,7 +292,11 @@ void CMainFrame::TakeDropped(const QStringList& paths) {
         if (!dropped.unreadableHitLists.isEmpty()) {
             m_services.messages.ShowError(this, tr("Unable to read Hit list file"));
         }
-        if (dropped.files.empty()) return;
+        if (dropped.files.empty()) {
+            m_status->ShowMessage(tr("Nothing to compare was dropped. Folders add their files of the type %1.")
+                                      .arg(CurrentDataTypeText(m_services.settings)));
+            return;
+        }
         m_host.OfferFiles(dropped.files);
         RunComparison();
     });

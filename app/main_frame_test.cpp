@@ -181,7 +181,6 @@ private slots:
     void ThePaneIsLabelledAndNamed() {
         QCOMPARE(Pane().property("controlId").toInt(), 128);
         QVERIFY(Pane().isVisible());
-        QVERIFY(!PaneRow().isVisible());  // no second row beside the toolbar's
         const auto* const label = Pane().findChild<QLabel*>();
         QCOMPARE(PlainActionText(label->text()), QString("Plot Type:"));
         QCOMPARE(label->buddy(), static_cast<QWidget*>(&m_window->Pages()));
@@ -197,6 +196,29 @@ private slots:
         QCOMPARE(QApplication::focusWidget(), static_cast<QWidget*>(&m_window->Pages()));
     }
 
+    void AChartKeepsTheKeyboardWhenItIsMadeAnew() {
+        m_window->CompareSled();
+        m_window->ChoosePage("Corridor");
+        const auto chart = [this] { return Frame().findChild<QWidget*>("chart"); };
+        QVERIFY(chart() != nullptr);
+        chart()->setFocus();
+        m_window->dialogs.Expect(
+            [](QWidget& dialog) { dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->click(); });
+        Trigger(CommandId::CorridorSize);
+        QCOMPARE(Frame().focusWidget(), chart());
+        m_window->CompareSled();
+        QCOMPARE(Frame().focusWidget(), static_cast<QWidget*>(m_window->List()));
+    }
+
+    void ThePageSelectorKeepsTheKeyboardWhilePagesAreChosen() {
+        m_window->CompareSled();
+        m_window->Pages().setFocus();
+        for (const QString& page : {QString("Velocity"), QString("Corridor"), QString("Summary")}) {
+            m_window->ChoosePage(page);
+            QCOMPARE(Frame().focusWidget(), static_cast<QWidget*>(&m_window->Pages()));
+        }
+    }
+
     void ThePaneStandsAtTheRightEndOfTheToolbarRow_data() {
         QTest::addColumn<QSize>("size");
         QTest::newRow("usual") << QSize(1000, 600);
@@ -208,15 +230,24 @@ private slots:
     void ThePaneStandsAtTheRightEndOfTheToolbarRow() {
         QFETCH(QSize, size);
         Frame().resize(size);
-        CheckPane(Toolbar());
+        CheckPane(Row());
         // Every button can be reached: it is not under the pane, or it is in the list behind the last one.
         const auto* const more = Toolbar().findChild<QToolButton*>("qt_toolbar_ext_button");
-        QVERIFY(!more->isVisible() || !InFrame(*more).intersects(Pane().geometry()));
+        QVERIFY(!more->isVisible() || !InFrame(*more).intersects(InFrame(Pane())));
         for (QAction* const action : Toolbar().actions()) {
             const QWidget& button = *Toolbar().widgetForAction(action);
             QVERIFY2(button.isVisible() || more->isVisible(), qPrintable(action->text()));
-            QVERIFY(!button.isVisible() || !InFrame(button).intersects(Pane().geometry()));
+            QVERIFY(!button.isVisible() || !InFrame(button).intersects(InFrame(Pane())));
         }
+    }
+
+    void ButtonsWithoutRoomAreOfferedInAMenuThatLeavesThePaneFree() {
+        Frame().resize(560, 400);
+        auto& more = *Toolbar().findChild<QToolButton*>("qt_toolbar_ext_button");
+        QTRY_VERIFY(more.isVisible());
+        QVERIFY(more.menu() != nullptr);
+        QVERIFY(more.menu()->actions().contains(Frame().Action(CommandId::CriticalValues)));
+        CheckPane(Row());
     }
 
     void ThePaneKeepsItsRowWhileTheToolbarIsHidden() {
@@ -224,14 +255,13 @@ private slots:
         QVERIFY(!Toolbar().isVisible());
         for (const QSize& size : {QSize(1000, 600), QSize(1400, 500), QSize(640, 480)}) {
             Frame().resize(size);
-            CheckPane(PaneRow());
-            QVERIFY(!Pane().geometry().intersects(InFrame(Frame().View())));
-            QVERIFY(!Pane().geometry().intersects(Frame().menuBar()->geometry()));
+            CheckPane(Row());
+            QVERIFY(!InFrame(Pane()).intersects(InFrame(Frame().View())));
+            QVERIFY(!InFrame(Pane()).intersects(Frame().menuBar()->geometry()));
         }
         Trigger(CommandId::Toolbar);
         QVERIFY(Toolbar().isVisible());
-        QVERIFY(!PaneRow().isVisible());
-        CheckPane(Toolbar());
+        CheckPane(Row());
     }
 
     void TheViewFollowsTheWindow() {
@@ -271,7 +301,7 @@ private slots:
         QCOMPARE(Names(Toolbar().actions()), expected);
         m_window->Reopen();
         QCOMPARE(Names(Toolbar().actions()), expected);
-        CheckPane(Toolbar());
+        CheckPane(Row());
     }
 
     void ACancelledCustomizeChangesNothing() {
@@ -306,13 +336,13 @@ private slots:
         QVERIFY(!Frame().Action(CommandId::Toolbar)->isChecked());
         QVERIFY(!Frame().statusBar()->isVisible());
         QVERIFY(!Frame().Action(CommandId::StatusBar)->isChecked());
-        CheckPane(PaneRow());
+        CheckPane(Row());
         Trigger(CommandId::Toolbar);
         Trigger(CommandId::StatusBar);
         m_window->Reopen();
         QVERIFY(Toolbar().isVisible());
         QVERIFY(Frame().statusBar()->isVisible());
-        CheckPane(Toolbar());
+        CheckPane(Row());
     }
 
     void ALayoutThatIsNoneIsIgnored() {
@@ -358,7 +388,7 @@ private slots:
 private:
     CMainFrame& Frame() { return *m_window->frame; }
     QToolBar& Toolbar() { return *Frame().findChild<QToolBar*>("toolbar"); }
-    QToolBar& PaneRow() { return *Frame().findChild<QToolBar*>("paneRow"); }
+    QToolBar& Row() { return *Frame().findChild<QToolBar*>("toolbarRow"); }
     CDialogPane& Pane() { return *Frame().findChild<CDialogPane*>(); }
     void Trigger(CommandId id) { Frame().Action(id)->trigger(); }
     QRect InFrame(const QWidget& widget) { return {widget.mapTo(&Frame(), QPoint(0, 0)), widget.size()}; }
@@ -367,12 +397,12 @@ private:
     void CheckPane(const QToolBar& row) {
         QVERIFY(row.isVisible());
         QCOMPARE(Pane().size(), QSize(270, 24));
-        QCOMPARE(Pane().geometry().right(), InFrame(row).right());
+        QCOMPARE(InFrame(Pane()).right(), InFrame(row).right());
         QCOMPARE(InFrame(row).right(), Frame().width() - 1);
-        QVERIFY(Pane().y() >= InFrame(row).top());
-        QVERIFY(Pane().geometry().bottom() <= InFrame(row).bottom());
-        QVERIFY(Frame().childAt(Pane().geometry().center()) == &Pane() ||
-                Pane().isAncestorOf(Frame().childAt(Pane().geometry().center())));
+        QVERIFY(InFrame(Pane()).y() >= InFrame(row).top());
+        QVERIFY(InFrame(Pane()).bottom() <= InFrame(row).bottom());
+        QVERIFY(Frame().childAt(InFrame(Pane()).center()) == &Pane() ||
+                Pane().isAncestorOf(Frame().childAt(InFrame(Pane()).center())));
     }
 
     std::unique_ptr<CWindowFixture> m_window;

@@ -38,6 +38,8 @@ CDialogPane::CDialogPane(QWidget* parent) : QFrame(parent), m_pages(new QComboBo
     layout->addWidget(label);
     layout->addWidget(m_pages);
 
+    // Large letters may cut a name off in the pane's fixed width.
+    connect(m_pages, &QComboBox::currentTextChanged, m_pages, &QComboBox::setToolTip);
     // activated, not currentIndexChanged: what the program selects is no choice of the user's. Keys and the wheel
     // activate, too.
     connect(m_pages, &QComboBox::activated, this,
@@ -48,9 +50,11 @@ void CDialogPane::SetPages(std::span<const std::int32_t> pageIds) {
     const QSignalBlocker blocker(m_pages);
     m_pages->clear();
     for (const std::int32_t pageId : pageIds) m_pages->addItem(NameOfPage(pageId), pageId);
+    m_pages->setToolTip(m_pages->currentText());
 }
 
 void CDialogPane::ShowPage(std::int32_t pageId) {
     const QSignalBlocker blocker(m_pages);
     m_pages->setCurrentIndex(m_pages->findData(pageId));
+    m_pages->setToolTip(m_pages->currentText());
 }

@@ -1,8 +1,11 @@
 #include "app/quorvel_app.h"
 
 #include <QTimer>
+#include <QWindow>
 #include <clocale>
 #include <exception>
+#include <functional>
+#include <utility>
 
 #include "app/command_info.h"
 #include "app/commands.h"
@@ -18,6 +21,30 @@
 #endif
 
 namespace {
+
+/// Does something once, when a window is on the screen and the window manager has given it its place.
+class CWhenExposed : public QObject {
+public:
+    CWhenExposed(QWindow& window, std::function<void()> act) : QObject(&window), m_act(std::move(act)) {
+        window.installEventFilter(this);
+        if (window.isExposed()) Act();
+    }
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        const auto* const window = qobject_cast<QWindow*>(watched);
+        if (event->type() == QEvent::Expose && window != nullptr && window->isExposed()) Act();
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    void Act() {
+        parent()->removeEventFilter(this);
+        QTimer::singleShot(0, parent(), std::move(m_act));
+        deleteLater();
+    }
+
+    std::function<void()> m_act;
+};
 
 CMessages& MessageBoxes() {
     static CMessageBoxes boxes;
@@ -70,7 +97,7 @@ void InitInstance(CMainFrame& frame, const std::vector<std::string>& arguments) 
     CMyCommandInfo commandLine;
     commandLine.Parse(arguments);
     if (commandLine.files.empty()) {
-        QTimer::singleShot(0, &frame, [&frame] { frame.RunCommand(CommandId::SelectFiles); });
+        new CWhenExposed(*frame.windowHandle(), [&frame] { frame.RunCommand(CommandId::SelectFiles); });
         return;
     }
     frame.Document().CompareFileList(commandLine.files, commandLine.channelClass, 0.0, 0.0);

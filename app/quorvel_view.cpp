@@ -58,7 +58,6 @@ CQuorvelView::CQuorvelView(CQuorvelDoc& document, CChartControl& chart, const CW
     m_hint->setForegroundRole(QPalette::PlaceholderText);
     m_hint->setMargin(kHintMargin);
     m_banner->setObjectName(QStringLiteral("banner"));
-    m_banner->setText(tr("The last run stopped. These are the results of the previous run."));
     m_banner->setMargin(kBannerPadding);
     m_banner->setWordWrap(true);
     m_banner->setAutoFillBackground(true);
@@ -80,6 +79,7 @@ void CQuorvelView::OnDocumentUpdate(int hint) {
     if (hint == kRunCompleted) m_run = RunState::Completed;
     // What the document holds after a run that stopped is no result: the table of the run before stays.
     if (m_run == RunState::Stopped) return;
+    const bool hadFocus = HasFocusInside();
     if (m_chart.Exists()) {
         m_chart.Destroy();
         update();
@@ -105,21 +105,46 @@ void CQuorvelView::OnDocumentUpdate(int hint) {
     } else {
         ShowChartPage();
     }
-    // The first run shows what the keyboard is wanted for; later the user decides.
-    if (hint == kRunCompleted && window()->focusWidget() == nullptr) m_list->setFocus();
+    TakeFocus(hadFocus);
+}
+
+bool CQuorvelView::HasFocusInside() const {
+    const QWidget* const focused = window()->focusWidget();
+    return focused != nullptr && isAncestorOf(focused);
+}
+
+void CQuorvelView::TakeFocus(bool hadFocus) {
+    const bool isWanted = hadFocus || m_hadFocusBeforeRun || window()->focusWidget() == nullptr;
+    m_hadFocusBeforeRun = false;
+    if (!isWanted) return;
+    // A chart is made anew at every update: without this the keyboard would go to the page selector.
+    QWidget* const shown = IsTableShown() ? m_list : findChild<QWidget*>(QStringLiteral("chart"));
+    if (shown != nullptr) shown->setFocus();
 }
 
 void CQuorvelView::BeginRun() {
     m_run = RunState::Stopped;
+    m_hadFocusBeforeRun = HasFocusInside();
     m_chart.Destroy();
     if (m_list == nullptr) {
-        ShowHint(tr("Nothing was compared yet. Choose File > Select Files... to compare signals."));
+        ShowHint(tr("Comparing ..."));
         return;
     }
     HideAll();
     m_list->MarkPreviousRun(true);
+    m_banner->setText(tr("Comparing ... These are the results of the previous run."));
     m_banner->show();
     m_list->show();
+    LayOut();
+}
+
+void CQuorvelView::EndRun() {
+    if (m_run != RunState::Stopped) return;
+    if (m_list == nullptr) {
+        ShowHint(tr("Nothing was compared yet. Choose File > Select Files... to compare signals."));
+        return;
+    }
+    m_banner->setText(tr("The last run stopped. These are the results of the previous run."));
     LayOut();
 }
 

@@ -33,6 +33,8 @@ public:
 
     /// A run begins: until it completes, table and document do not belong together.
     void BeginRun();
+    /// The run is over. One that did not complete leaves the mark and says that it stopped.
+    void EndRun();
     [[nodiscard]] RunState Run() const { return m_run; }
     [[nodiscard]] bool IsTableShown() const;
     [[nodiscard]] bool IsChartShown() const;
@@ -71,6 +73,8 @@ private:
     void ShowChartPage();
     void ShowHint(const QString& text);
     void HideAll();
+    [[nodiscard]] bool HasFocusInside() const;
+    void TakeFocus(bool hadFocus);
     void LayOut();
     [[nodiscard]] CSummaryList& List();
     [[nodiscard]] QString RowPath(int row) const;
@@ -85,5 +89,6 @@ private:
     CSummaryList* m_list = nullptr;  ///< made on first use
     QString m_pictureFolder;         ///< of the last picture saved
     RunState m_run = RunState::None;
+    bool m_hadFocusBeforeRun = false;
     bool m_isReady = false;  ///< no resizing of the chart before
 };

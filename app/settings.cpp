@@ -7,6 +7,7 @@ namespace {
 
 constexpr const char* kGeometryKey = "Main Window/Geometry";
 constexpr const char* kStateKey = "Main Window/State";
+constexpr const char* kToolbarKey = "Main Window/Toolbar";
 constexpr const char* kStatusBarKey = "Main Window/StatusBar";
 constexpr const char* kHiddenActionsKey = "Main Window/HiddenToolbarActions";
 
@@ -114,6 +115,14 @@ QStringList CSettings::HiddenToolbarActions() const {
 
 void CSettings::SetHiddenToolbarActions(const QStringList& ids) {
     m_store.setValue(QLatin1String(kHiddenActionsKey), ids);
+}
+
+bool CSettings::IsToolbarShown() const {
+    return m_store.value(QLatin1String(kToolbarKey), true).toBool();
+}
+
+void CSettings::SetToolbarShown(bool isShown) {
+    m_store.setValue(QLatin1String(kToolbarKey), isShown);
 }
 
 bool CSettings::IsStatusBarShown() const {

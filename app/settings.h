@@ -62,6 +62,8 @@ public:
     QByteArray WindowGeometry() const;
     QByteArray WindowState() const;
     void SetWindowLayout(const QByteArray& geometry, const QByteArray& state);
+    bool IsToolbarShown() const;  ///< true at first
+    void SetToolbarShown(bool isShown);
     bool IsStatusBarShown() const;  ///< true at first
     void SetStatusBarShown(bool isShown);
     /// Ids of the toolbar's actions that the user switched off; empty at first.

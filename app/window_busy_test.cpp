@@ -95,6 +95,36 @@ private slots:
         QCOMPARE(m_window->PageNames().size(), qsizetype{8});
     }
 
+    void ARunAtWorkIsNotCalledStopped() {
+        QVERIFY(QTest::qWaitForWindowExposed(&Frame()));
+        CPaintedTexts hints(*Frame().findChild<QLabel*>("hint"));
+        m_window->CompareSled();
+        QCOMPARE(hints.texts, QStringList({"Comparing ..."}));
+        CPaintedTexts banners(*Frame().findChild<QLabel*>("banner"));
+        m_window->CompareForce();
+        QCOMPARE(banners.texts, QStringList({"Comparing ... These are the results of the previous run."}));
+        QVERIFY(!m_window->IsBannerShown());
+    }
+
+    void AMessageThatComesUpDuringARunCanBeConfirmed() {
+        const auto& progress = *Frame().findChild<QProgressBar*>("progress");
+        int confirmed = 0;
+        const auto connection = connect(&progress, &QProgressBar::valueChanged, this, [&] {
+            if (confirmed > 0 || progress.value() < 1) return;
+            QDialog message(&Frame());
+            auto* const button = new QPushButton("OK", &message);
+            connect(button, &QPushButton::clicked, &message, [&] {
+                ++confirmed;
+                message.accept();
+            });
+            m_window->dialogs.Expect([button](QWidget&) { QTest::mouseClick(button, Qt::LeftButton); });
+            message.exec();
+        });
+        m_window->CompareForce();
+        disconnect(connection);
+        QCOMPARE(confirmed, 1);
+    }
+
     void TheProgressBarCountsTheSteps() {
         const auto& progress = *Frame().findChild<QProgressBar*>("progress");
         QList<int> values;

@@ -238,11 +238,13 @@ private slots:
         QVERIFY(QFile::exists(m_window->Path("first.uds")));
         QVERIFY(QFile::exists(m_window->Path("last/third.uds")));
         QCOMPARE(m_window->store.value(kUdsFolder).toString(), Folder("last/"));
+        QCOMPARE(m_window->StatusText(), "2 curves were saved, the last as " + m_window->Path("last/third.uds") + ".");
     }
 
     void TheSummaryHasNoSeriesToSave() {
         Trigger(CommandId::SaveUds);
         QVERIFY(m_window->picker.requests.empty());
+        QCOMPARE(m_window->StatusText(), QString("This page has no curves to save."));
     }
 
     // ASCII table.
@@ -268,6 +270,7 @@ private slots:
         QCOMPARE(bytes.contains("0.0 0.0 "), isPadded);
         QCOMPARE(m_window->store.value(kAsciiFolder).toString(), Folder());
         QVERIFY(!m_window->store.contains(kUdsFolder));
+        QCOMPARE(m_window->StatusText(), "Saved as " + path + ".");
     }
 
     void TheTableOfTheSummaryIsEmpty() {
@@ -278,7 +281,9 @@ private slots:
 
     void ATableThatCannotBeWrittenIsReportedAndItsFolderNotStored() {
         m_window->ChoosePage("Velocity");
+        Save(CommandId::SaveBmp, "plot.bmp");
         const QString path = Save(CommandId::SaveAscii, "no such folder/table.txt");
+        QCOMPARE(m_window->StatusText(), QString("Ready"));  // no success of an earlier command stands there
         QCOMPARE(m_window->errorLists.texts, QStringList({"The ASCII data could not be written to " + path + ".\r\n"}));
         QVERIFY(!m_window->store.contains(kAsciiFolder));
     }

@@ -59,9 +59,20 @@ private slots:
         const QAction& first = *RecentMenu().actions().first();
         QCOMPARE(first.property("commandId").toInt(), 57616);
         QCOMPARE(RecentMenu().actions().last()->property("commandId").toInt(), 57617);
-        QCOMPARE(first.statusTip(), QString("Select the files of this hit list"));
+        QCOMPARE(first.statusTip(), m_window->Path("saved.hit"));
         m_window->Reopen();
         QCOMPARE(RecentMenu().actions().size(), qsizetype{2});
+    }
+
+    void ALongPathIsCutInItsMiddleAndShownWholeInTheStatusBar() {
+        const QString path = m_window->Path(QString(150, 'a') + "\tend.hit");
+        m_window->settings.AddRecentFile(path);
+        m_window->Reopen();
+        const QAction& entry = *RecentMenu().actions().first();
+        QCOMPARE(entry.text().size(), qsizetype{3 + 101});  // "&1 ", the path's ends and the dots between them
+        QVERIFY(entry.text().startsWith("&1 " + m_window->folder.path().left(20)));
+        QVERIFY2(entry.text().endsWith("aa end.hit"), qPrintable(entry.text()));
+        QCOMPARE(entry.statusTip(), path);
     }
 
     void FourRecentFilesAreKept() {
@@ -183,6 +194,8 @@ private slots:
         DropOnly({m_window->folder.path()});
         QVERIFY(m_window->dialogs.opened.isEmpty());
         QVERIFY(m_window->messages.said.isEmpty());
+        QCOMPARE(m_window->StatusText(), QString("Nothing to compare was dropped. Folders add their files of the type "
+                                                 "UDS Force Data (*fa0.*)."));
     }
 
     void ADroppedHitListThatCannotBeReadSaysSo() {

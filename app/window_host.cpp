@@ -27,7 +27,13 @@ std::optional<CFileSelection> CWindowHost::SelectFiles(const CFileSelection& off
     return dialog.Selection();
 }
 
+void CWindowHost::BeginSaving() {
+    m_savePaths.clear();
+    m_hasShownErrors = false;
+}
+
 void CWindowHost::ShowErrorList(const std::vector<std::string>& messages) {
+    m_hasShownErrors = true;
     SetBusy(false);  // the list is read and closed by the user
     ksres::CErrorDialog::ShowMessages(messages, &m_window);
 }
@@ -54,6 +60,7 @@ std::optional<std::string> CWindowHost::AskSavePath(const CSaveRequest& request)
     picker.askBeforeOverwriting = request.askBeforeOverwriting;
     const std::optional<CPickedFiles> picked = m_services.picker.Pick(&m_window, picker);
     if (!picked) return std::nullopt;
+    m_savePaths.append(picked->paths.front());
     return picked->paths.front().toStdString();
 }
 

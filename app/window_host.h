@@ -2,6 +2,7 @@
 
 #include <QObject>
 #include <QString>
+#include <QStringList>
 #include <memory>
 #include <optional>
 #include <string>
@@ -27,6 +28,12 @@ public:
 
     /// The next selection starts with these files instead of those that the document offers.
     void OfferFiles(std::vector<std::string> files) { m_offeredFiles = std::move(files); }
+    /// Forgets the paths and errors of earlier commands.
+    void BeginSaving();
+    /// Paths that the user has named since BeginSaving.
+    [[nodiscard]] const QStringList& SavePaths() const { return m_savePaths; }
+    /// Whether errors were shown since BeginSaving.
+    [[nodiscard]] bool HasShownErrors() const { return m_hasShownErrors; }
     [[nodiscard]] bool IsBusy() const { return m_blocker != nullptr; }
 
     std::optional<CFileSelection> SelectFiles(const CFileSelection& offered) override;
@@ -51,5 +58,7 @@ private:
     QWidget& m_window;
     CWindowServices m_services;
     std::optional<std::vector<std::string>> m_offeredFiles;
+    QStringList m_savePaths;
+    bool m_hasShownErrors = false;
     std::unique_ptr<CInputBlocker> m_blocker;  ///< while busy
 };

@@ -1,0 +1,37 @@
+#include "app/toolbar_row.h"
+
+#include <QHBoxLayout>
+
+namespace {
+
+constexpr QSize kIconSize{20, 20};  // pixels
+constexpr int kPaneGap = 4;         // pixels between the buttons and the pane
+/// Name that Qt gives to the button which offers what has no room.
+constexpr const char* kMoreButton = "qt_toolbar_ext_button";
+
+}  // namespace
+
+CToolbarRow::CToolbarRow(QWidget* pane, QWidget* parent) : QToolBar(tr("Toolbar"), parent) {
+    setObjectName(QStringLiteral("toolbarRow"));
+    setMovable(false);
+    setFloatable(false);
+    layout()->setContentsMargins(0, 0, 0, 0);
+
+    auto* const row = new QWidget(this);
+    row->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+    // Not a toolbar of the window itself: one of those unfolds over its neighbours when it is short of room.
+    m_buttons = new QToolBar(tr("Toolbar"), row);
+    m_buttons->setObjectName(QStringLiteral("toolbar"));
+    m_buttons->setAccessibleName(tr("Toolbar"));
+    m_buttons->setIconSize(kIconSize);
+    m_buttons->setContextMenuPolicy(Qt::CustomContextMenu);
+    if (auto* const more = m_buttons->findChild<QWidget*>(QLatin1String(kMoreButton))) {
+        more->setAccessibleName(tr("More buttons"));
+    }
+    auto* const layout = new QHBoxLayout(row);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(kPaneGap);
+    layout->addWidget(m_buttons, 1);
+    layout->addWidget(pane, 0, Qt::AlignRight | Qt::AlignVCenter);
+    addWidget(row);
+}
