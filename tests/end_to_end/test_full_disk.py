@@ -10,18 +10,22 @@ from support import CLI, EndToEndTest, uds
 HAS_REPORT = os.environ["QUORVEL_HAS_REPORT"] == "1"
 
 # A disk of four pages, in a mount namespace of its own that ends with the shell. The old file takes one of them, a part
-# of another stays free for the start of a new one.
+# of another stays free for the start of a new one. Only where this cannot be made is there no "made".
 DISK = """
-mount -t tmpfs -o size=16k tmpfs disk || exit 77
+mount -t tmpfs -o size=16k tmpfs disk || exit
+set -e
+touch made
 cp old disk/old
-"$@" 2>complaints
-echo $? >status
+"$@" 2>complaints && status=0 || status=$?
+echo $status >status
 ls -A disk >listing
-cp disk/old kept
+if [ -e disk/old ]; then cp disk/old kept; fi
 """
 
 
 class FullDisk(EndToEndTest):
+    tool = CLI
+
     def setUp(self):
         super().setUp()
         os.mkdir(self.folder / "disk")
@@ -29,12 +33,16 @@ class FullDisk(EndToEndTest):
         self.write("old", b"old " * 256)
 
     def run_on_disk(self, *arguments):
+        for name in ["made", "complaints", "status", "listing", "kept"]:
+            (self.folder / name).unlink(missing_ok=True)
         if not shutil.which("unshare"):
             self.skipTest("unshare is not installed")
-        shell = subprocess.run(["unshare", "--mount", "--map-root-user", "sh", "-c", DISK, "sh", CLI, *arguments],
+        shell = subprocess.run(["unshare", "--mount", "--map-root-user", "sh", "-c", DISK, "sh", self.tool, *arguments],
                                cwd=self.folder, capture_output=True, check=False)
-        if shell.returncode != 0:
-            self.skipTest("nothing can be mounted here: " + shell.stderr.decode("utf-8", "replace").strip())
+        complaints = shell.stderr.decode("utf-8", "replace").strip()
+        if "made" not in self.names():
+            self.skipTest("no disk can be made here: " + complaints)
+        self.assertEqual((shell.returncode, complaints), (0, ""))
 
     def assertNothingLost(self, what, *arguments):
         for target in ["disk/old", "disk/new"]:
@@ -44,6 +52,22 @@ class FullDisk(EndToEndTest):
             self.assertEqual(self.read("status"), b"4\n")
             self.assertEqual(self.read("listing"), b"old\n", "neither a part of the new file nor a temporary one")
             self.assertEqual(self.read("kept"), self.read("old"))
+
+    def use_script(self, *lines):
+        """In place of the tool: what it is to do, before it complains about its last argument as the tool would."""
+        script = ["#!/bin/sh", 'for target; do :; done', *lines,
+                  'echo "quorvel-cli: The thing could not be written in full: $target" >&2', "exit 4", ""]
+        self.write("script", "\n".join(script).encode())
+        (self.folder / "script").chmod(0o755)
+        self.tool = "./script"
+
+    def test_what_a_careless_tool_loses_is_seen(self):
+        self.use_script()
+        self.assertNothingLost("The thing", "export")
+        for careless in ["rm disk/old", "echo new >disk/old", "touch disk/part", "exit 1", "echo more >&2"]:
+            self.use_script(careless)
+            with self.assertRaises(AssertionError, msg=careless):
+                self.assertNothingLost("The thing", "export")
 
     def test_what_fits_is_written(self):
         # Else the other tests would prove nothing about the disk's being full.
