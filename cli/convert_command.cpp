@@ -2,6 +2,7 @@
 
 #include <array>
 #include <bit>
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -27,8 +28,9 @@ void TellOfUserReals(const ks::CUDSFile& file, CConsole& console) {
     for (std::size_t i = 0; i < kNames.size(); ++i) {
         const float old = file.Repairs().userReals[i];
         if (SameBits(old, first)) continue;
-        console.Note(Join({kNames[i], " was ", ks::ShortestSingleText(old), " and is now ",
-                           ks::ShortestSingleText(first), ", the value of RD1."}));
+        const std::string was = std::isnan(old) ? "not a number" : ks::ShortestSingleText(old);
+        console.Note(
+            Join({kNames[i], " was ", was, " and is now ", ks::ShortestSingleText(first), ", the value of RD1."}));
     }
 }
 
@@ -42,6 +44,14 @@ void TellOfYear(const ks::CUDSFile& file, CConsole& console) {
 void TellOfCounts(const ks::CUDSRepairs& repairs, CConsole& console) {
     if (repairs.notNumbers > 0) {
         console.Note("Values that were not a number and are now 0: " + std::to_string(repairs.notNumbers));
+    }
+    if (repairs.movedTexts > 0) {
+        console.Note("Texts that stood behind blanks and now begin without them: " +
+                     std::to_string(repairs.movedTexts));
+    }
+    if (repairs.clearedRecords > 0) {
+        console.Note("Records whose bytes behind the last field or point are now 0: " +
+                     std::to_string(repairs.clearedRecords));
     }
     if (repairs.unusedRecords > 0) {
         console.Note("Data records beyond the last point, left out: " + std::to_string(repairs.unusedRecords));

@@ -71,7 +71,9 @@ CHelpPage ConvertHelp() {
               {{"",
                 "Header fields and points keep their values. What cannot stay as it stands in FILE is told on standard "
                 "error: RD2 to RD5 become RD1, a two-digit year of component 1 gets its century, reals that are not a "
-                "number become 0, and data records beyond the last point are left out."}}},
+                "number become 0, texts lose the blanks before them, bytes without a meaning behind the last field or "
+                "point of a record become 0, and data records beyond the last point are left out. Of a curve of pairs "
+                "all Y DATA records come first."}}},
              {"Examples", {{"quorvel-cli convert old.uds --to ieee --out new.uds", "Bring an old file up to date."}}}}};
 }
 

@@ -12,9 +12,11 @@ namespace ks {
 /// What reading did not take over as it stands in the file.
 class CUDSRepairs {
 public:
-    std::array<float, 4> userReals{};  ///< RD2 to RD5 as they stand there; all became RD1
+    std::array<float, 4> userReals{};  ///< RD2 to RD5 as they stand there, maybe not a number; all became RD1
     std::int32_t year = 0;             ///< year of component 1 as it stands there; two digits became four
-    std::uint64_t notNumbers = 0;      ///< reals of header and points that were not a number; they became 0
+    std::uint64_t notNumbers = 0;      ///< other reals of header and points that were not a number; they became 0
+    std::uint64_t movedTexts = 0;      ///< texts and tags behind blanks, which are not kept
+    std::uint64_t clearedRecords = 0;  ///< records with more than zero bytes behind their last field or point
     std::uint64_t unusedRecords = 0;   ///< data records beyond those that the points need
 };
 

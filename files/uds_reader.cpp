@@ -1,6 +1,7 @@
 #include "files/uds_reader.h"
 
 #include <algorithm>
+#include <array>
 #include <bit>
 #include <cmath>
 #include <string_view>
@@ -27,6 +28,15 @@ std::string_view Trimmed(std::span<const std::byte> bytes) {
     const std::size_t first = text.find_first_not_of(' ');
     if (first == std::string_view::npos) return {};
     return text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+/// Whether blanks stand before the text, so that it does not stay where it is.
+bool BeginsWithBlanks(std::span<const std::byte> text) {
+    return text.front() == std::byte{' '} && !Trimmed(text).empty();
+}
+
+bool IsEmpty(std::span<const std::byte> bytes) {
+    return std::ranges::all_of(bytes, [](std::byte byte) { return byte == std::byte{0}; });
 }
 
 CFourBytes FourBytes(std::span<const std::byte> bytes) {
@@ -82,6 +92,9 @@ private:
     std::string_view Tag() const { return Trimmed(std::span(m_buffer).first(m_geometry.tagWidth)); }
     void StoreField(const CUDSField& field);
     void StoreFields(CUDSRecord record);
+    void NoteLosses(CUDSRecord record);
+    void NoteUserReals();
+    std::span<const std::byte> BytesOf(const CUDSField& field) const;
     std::uint64_t Count() const { return static_cast<std::uint64_t>(CountByIndices(m_content.fields)); }
 
     template <class ListOf>
@@ -112,15 +125,44 @@ void CReading::NextHeaderRecord() {
 }
 
 void CReading::StoreField(const CUDSField& field) {
-    const auto bytes =
-        std::span(m_buffer).subspan(static_cast<std::size_t>(field.offset), static_cast<std::size_t>(field.width));
-    std::visit(CFieldReader{bytes, m_content.formats, m_machine, m_content.fields, m_content.repairs.notNumbers},
-               field.access);
+    std::visit(
+        CFieldReader{BytesOf(field), m_content.formats, m_machine, m_content.fields, m_content.repairs.notNumbers},
+        field.access);
+}
+
+std::span<const std::byte> CReading::BytesOf(const CUDSField& field) const {
+    return std::span(m_buffer).subspan(static_cast<std::size_t>(field.offset), static_cast<std::size_t>(field.width));
 }
 
 void CReading::StoreFields(CUDSRecord record) {
     for (const CUDSField& field : UdsFieldTable()) {
         if (field.record == record) StoreField(field);
+    }
+    NoteLosses(record);
+}
+
+void CReading::NoteLosses(CUDSRecord record) {
+    CUDSRepairs& repairs = m_content.repairs;
+    for (const CUDSField& field : UdsFieldTable()) {
+        const bool isText = std::holds_alternative<CUDSTextAccess>(field.access);
+        if (field.record == record && isText && BeginsWithBlanks(BytesOf(field))) ++repairs.movedTexts;
+    }
+    // In the file header the tag is a field.
+    const auto tag = std::span(m_buffer).first(m_geometry.tagWidth);
+    if (record != CUDSRecord::File && BeginsWithBlanks(tag)) ++repairs.movedTexts;
+    const auto end = static_cast<std::size_t>(UdsRecordEnd(record));
+    if (!IsEmpty(std::span(m_buffer).subspan(end))) ++repairs.clearedRecords;
+}
+
+/// Of the reals that take the value of RD1, which is no value of their own that became 0.
+void CReading::NoteUserReals() {
+    constexpr std::array<std::string_view, 4> kNames = {"RD2", "RD3", "RD4", "RD5"};
+    CUDSRepairs& repairs = m_content.repairs;
+    for (std::size_t i = 0; i < kNames.size(); ++i) {
+        const CFourBytes bytes = FourBytes(BytesOf(*FindUdsField(kNames[i])));
+        const CFourBytes value = ConvertReal(bytes, m_content.formats.numberFormat, m_machine.numberFormat);
+        repairs.userReals[i] = std::bit_cast<float>(value);
+        if (std::isnan(repairs.userReals[i])) --repairs.notNumbers;
     }
 }
 
@@ -145,8 +187,7 @@ void CReading::ReadSecondComponent() {
 void CReading::ReadCurveHeader() {
     if (Tag() != kCurveTag) throw CError(udsread::kInvalidCurveHeader);
     StoreFields(CUDSRecord::Curve);
-    const CUDSFields& read = m_content.fields;
-    m_content.repairs.userReals = {read.GetRD2(), read.GetRD3(), read.GetRD4(), read.GetRD5()};
+    NoteUserReals();
     // Kept: every file read so far got the first user real in all five.
     CUDSFields& fields = m_content.fields;
     for (const auto set : {&CUDSFields::SetRD2, &CUDSFields::SetRD3, &CUDSFields::SetRD4, &CUDSFields::SetRD5}) {
@@ -182,6 +223,8 @@ void CReading::ReadBlocks(ListOf listOf) {
             const auto record = std::span(m_buffer).subspan(start, m_geometry.recordSize);
             std::vector<double>* const list = listOf(Trimmed(record.first(m_geometry.tagWidth)));
             if (list == nullptr) throw CError(udsread::kUnknownBlock);
+            if (list->size() < Count() && BeginsWithBlanks(record.first(m_geometry.tagWidth)))
+                ++m_content.repairs.movedTexts;
             AppendValues(record.subspan(m_geometry.tagWidth), *list);
         }
     }
@@ -190,6 +233,7 @@ void CReading::ReadBlocks(ListOf listOf) {
 void CReading::AppendValues(std::span<std::byte> values, std::vector<double>& list) {
     const std::uint64_t wanted = std::min<std::uint64_t>(Count() - list.size(), m_geometry.valuesPerRecord);
     const auto block = values.first(static_cast<std::size_t>(wanted) * m_geometry.realWidth);
+    if (wanted > 0 && !IsEmpty(values.subspan(block.size()))) ++m_content.repairs.clearedRecords;
     ConvertReals(block, m_content.formats.numberFormat, m_machine.numberFormat);
     for (std::size_t i = 0; i < block.size(); i += m_geometry.realWidth) {
         const auto value = std::bit_cast<float>(FourBytes(block.subspan(i)));

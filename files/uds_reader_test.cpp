@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <cmath>
 #include <functional>
 #include <limits>
 #include <ostream>
@@ -171,7 +172,48 @@ TEST(UdsReader, TellsWhatItDidNotTakeOver) {
     EXPECT_THAT(file.Repairs().userReals, ElementsAre(0.0F, 0.0F, 0.0F, 0.0F));
     EXPECT_EQ(file.Repairs().year, 0);
     EXPECT_EQ(file.Repairs().notNumbers, 0U);
+    EXPECT_EQ(file.Repairs().movedTexts, 0U);
+    EXPECT_EQ(file.Repairs().clearedRecords, 0U);
     EXPECT_EQ(file.Repairs().unusedRecords, 0U);
+}
+
+TEST(UdsReader, TellsOfUserRealsThatAreNotANumber) {
+    CUDSBytes bytes = UdsFile({});
+    bytes.PutReal(512 + 334, 2.5).PutBytes(512 + 338, "\x01\x02\xC0\x7F").PutReal(512 + 342, 3.5);
+    const CUDS1992 file = Read(bytes);
+    EXPECT_TRUE(std::isnan(file.Repairs().userReals[0]));
+    EXPECT_EQ(file.Repairs().userReals[1], 3.5F);
+    EXPECT_EQ(file.Repairs().notNumbers, 0U) << "it became RD1, not 0";
+    EXPECT_EQ(file.Fields().GetRD2(), 2.5F);
+}
+
+TEST(UdsReader, CountsTextsBehindBlanks) {
+    CUDSRecipe recipe = RecipeOf(126);
+    recipe.secondComponent = true;
+    CUDSBytes bytes = UdsFile(recipe);
+    bytes.PutText(65, 70, " TITLE").PutText(34, 15, "").PutText(49 + 4, 12, "A B ");  // only the first moves
+    bytes.PutText(512, 12, "  CMP-2 HDR").PutText(512 + 48, 15, "  MAKE").PutText(1024 + 374, 70, "   CD2");
+    bytes.PutText(1536 + 512, 12, " Y DATA");
+    const CUDS1992 file = Read(bytes);
+    EXPECT_EQ(file.Repairs().movedTexts, 5U);
+    EXPECT_EQ(file.Repairs().clearedRecords, 0U);
+    EXPECT_EQ(file.Fields().GetTITLE(), "TITLE");
+}
+
+TEST(UdsReader, CountsRecordsWithBytesBehindTheirLastFieldOrPoint) {
+    CUDSRecipe recipe = RecipeOf(126);
+    recipe.secondComponent = true;
+    CUDSBytes bytes = UdsFile(recipe);  // three headers, two records of ordinates, two of abscissas
+    EXPECT_EQ(Read(bytes).Repairs().clearedRecords, 0U);
+    bytes.PutBytes(380, "f").PutBytes(512 + 186, "s").PutBytes(1024 + 511, " ");
+    EXPECT_EQ(Read(bytes).Repairs().clearedRecords, 3U);
+    bytes.PutBytes(4 * 512 + 12 + 4, "y").PutBytes(7 * 512 - 1, "x");
+    EXPECT_EQ(Read(bytes).Repairs().clearedRecords, 5U);
+    EXPECT_EQ(Read(bytes).Repairs().notNumbers, 0U);
+    bytes.AddBlock("Y DATA", {1.0}).AddBlock(" X DATA", {1.0});  // left out as a whole
+    EXPECT_EQ(Read(bytes).Repairs().clearedRecords, 5U);
+    EXPECT_EQ(Read(bytes).Repairs().movedTexts, 0U);
+    EXPECT_EQ(Read(bytes).Repairs().unusedRecords, 2U);
 }
 
 TEST(UdsReader, KeepsInfinities) {

@@ -91,6 +91,28 @@ class Changes(EndToEndTest):
                         "RD2 was 2.25 and is now 0.5, the value of RD1.",
                         "RD4 was 0.1 and is now 0.5, the value of RD1.", "RD5 was -0 and is now 0.5, the value of RD1.")
 
+    def test_user_reals_that_are_not_a_number(self):
+        nan = float("nan")
+        same = {**header_values(), "RD1": 0.5, "RD2": 0.5, "RD3": 0.5, "RD4": 0.5, "RD5": 0.5}
+        self.assertTold(header_file({**same, "RD2": nan}), header_file(same),
+                        "RD2 was not a number and is now 0.5, the value of RD1.")
+        zeros = {**same, "RD1": 0.0, "RD2": 0.0, "RD3": 0.0, "RD4": 0.0, "RD5": 0.0}
+        self.assertTold(header_file({**zeros, "RD1": nan, "RD3": nan}), header_file(zeros),
+                        "RD3 was not a number and is now 0, the value of RD1.",
+                        "Values that were not a number and are now 0: 1")
+
+    def test_texts_behind_blanks(self):
+        values = {**header_values(), "TITLE": "  A  B  ", "MAKE2": " C", "CD2": "", "DESC": "D "}
+        self.assertTold(header_file(values), header_file({**values, "TITLE": "A  B", "MAKE2": "C"}),
+                        "Texts that stood behind blanks and now begin without them: 2")
+
+    def test_bytes_behind_the_last_field_or_point(self):
+        expected = header_file(header_values())
+        image = bytearray(expected)
+        for place in [380, 2 * 512 - 1, 2 * 512 + 444, 3 * 512 + 12 + 4 * len(ORDINATES)]:
+            image[place:place + 1] = b"!"
+        self.assertTold(bytes(image), expected, "Records whose bytes behind the last field or point are now 0: 4")
+
     def test_a_year_of_two_digits(self):
         values = header_values()
         for old, new in [(50, 1950), (49, 2049), (1, 2001), (99, 1999)]:
