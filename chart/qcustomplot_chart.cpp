@@ -7,7 +7,6 @@
 #include <QGuiApplication>
 #include <QHelpEvent>
 #include <QPicture>
-#include <QStyleOptionFocusRect>
 #include <QToolTip>
 #include <algorithm>
 #include <cmath>
@@ -417,11 +416,10 @@ protected:
     void paintEvent(QPaintEvent* event) override {
         QCustomPlot::paintEvent(event);
         if (!hasFocus()) return;
+        // Not the style's focus frame: some styles fill what is inside with a tint.
         QPainter painter(this);
-        QStyleOptionFocusRect option;
-        option.initFrom(this);
-        option.backgroundColor = m_style.background;
-        style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter, this);
+        for (const QRect& edge : QRegion(rect()) - QRegion(rect().adjusted(1, 1, -1, -1)))
+            painter.fillRect(edge, palette().highlight());
     }
 
 private:

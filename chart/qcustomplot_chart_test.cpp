@@ -586,6 +586,28 @@ private slots:
         QVERIFY(ReadWmf(FileBytes(path).toStdString()).HasText("v01001aa0.001"));
     }
 
+    /// The frame of some styles fills the whole chart with a tint.
+    void theFocusIsAThinFrameInTheHighlightColour() {
+        ShowThick(FlatPage(2));
+        QPalette palette = m_window->palette();
+        palette.setColor(QPalette::Highlight, QColor(200, 0, 100));
+        m_window->setPalette(palette);
+        QWidget& chart = *m_chart->Widget();
+        const QImage without = Picture();
+        QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+        chart.setFocus();
+        QVERIFY(chart.hasFocus());
+        const QImage with = Picture();
+        for (int y = 0; y < with.height(); ++y) {
+            for (int x = 0; x < with.width(); ++x) {
+                const bool isEdge = !with.rect().adjusted(1, 1, -1, -1).contains(x, y);
+                const QRgb expected = isEdge ? QColor(200, 0, 100).rgb() : without.pixel(x, y);
+                if (with.pixel(x, y) != expected) QFAIL(qPrintable(QString("%1, %2").arg(x).arg(y)));
+            }
+        }
+        QCOMPARE(QColor(with.pixel(with.rect().center())), QColor(Qt::white));
+    }
+
 private:
     void CheckLegendEnd(const QPoint& firstEntry) {
         for (int page = 0; page < 20; ++page) QTest::keyClick(m_chart->Widget(), Qt::Key_PageDown);
