@@ -3,8 +3,6 @@
 #include <fast_float/fast_float.h>
 
 #include <algorithm>
-#include <cmath>
-#include <system_error>
 
 #include "files/hit_list.h"
 
@@ -71,16 +69,19 @@ bool IsKnownSwitch(std::string_view text) {
     return upper == "L" || upper == "O" || upper.starts_with(kCriticalValue) || FindWord(upper) != nullptr;
 }
 
-/// The number at the start of `text`, behind white space; 0 when there is none.
+/// The number at the start of `text`, behind white space; 0 when there is none. One too large becomes infinite, one too
+/// small 0.
 double LeadingNumber(std::string_view text) {
     text.remove_prefix(std::min(text.find_first_not_of(" \t\n\v\f\r"), text.size()));
     if (text.starts_with('+')) {
         text.remove_prefix(1);
         if (text.starts_with('-')) return 0.0;
     }
+    // Words such as "inf" are no numbers here.
+    if (text.substr(text.starts_with('-') ? 1 : 0).find_first_of("0123456789.") != 0) return 0.0;
     double number = 0.0;
-    const auto result = fast_float::from_chars(text.data(), text.data() + text.size(), number);
-    return result.ec == std::errc() && std::isfinite(number) ? number : 0.0;
+    fast_float::from_chars(text.data(), text.data() + text.size(), number);  // leaves 0 where it finds no number
+    return number;
 }
 
 }  // namespace

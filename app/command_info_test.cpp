@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include <filesystem>
+#include <limits>
 
 #include "tests/support/temp_folder.h"
 
@@ -132,6 +133,8 @@ TEST(CommandInfo, SetsTheOutputFlagForEveryWordThatBeginsWithO) {
     EXPECT_FALSE(Parsed({"-NOSAE"}).outputRequested);
 }
 
+constexpr double kInfinity = std::numeric_limits<double>::infinity();
+
 struct NumberRow {
     std::string name, argument;
     double expected;
@@ -154,7 +157,14 @@ INSTANTIATE_TEST_SUITE_P(
         NumberRow{"CommaEndsTheNumber", "-CRITICAL_VALUE1,5", 1.0}, NumberRow{"EqualsSign", "-CRITICAL_VALUE=5", 0.0},
         NumberRow{"Nothing", "-CRITICAL_VALUE", 0.0}, NumberRow{"NoNumber", "-CRITICAL_VALUES", 0.0},
         NumberRow{"NotANumber", "-CRITICAL_VALUEnan", 0.0}, NumberRow{"Infinity", "-CRITICAL_VALUEinf", 0.0},
-        NumberRow{"Slash", "/CRITICAL_VALUE2", 2.0}, NumberRow{"OtherWord", "-CRITICAL_VALU3", 7.0}),
+        NumberRow{"TooLarge", "-CRITICAL_VALUE1e400", kInfinity},
+        NumberRow{"TooLargeNegative", "-CRITICAL_VALUE-1e400", -kInfinity},
+        NumberRow{"TooLargeInDigits", "-CRITICAL_VALUE" + std::string(400, '9') + "x", kInfinity},
+        NumberRow{"LargestNumber", "-CRITICAL_VALUE1.7976931348623157e308", std::numeric_limits<double>::max()},
+        NumberRow{"TooSmall", "-CRITICAL_VALUE1e-400", 0.0},
+        NumberRow{"SmallestNumber", "-CRITICAL_VALUE5e-324", std::numeric_limits<double>::denorm_min()},
+        NumberRow{"MinusInfinity", "-CRITICAL_VALUE-infinity", 0.0}, NumberRow{"Slash", "/CRITICAL_VALUE2", 2.0},
+        NumberRow{"OtherWord", "-CRITICAL_VALU3", 7.0}),
     [](const auto& row) { return row.param.name; });
 
 TEST(ListFile, FillsTheFileListFromTheNextArgument) {
