@@ -8,7 +8,7 @@ namespace {
 const CFileFilter& CurrentDataType(const CSettings& settings) {
     const int stored = settings.Get(setting::kDataType);
     const bool isListed = stored >= 1 && stored <= static_cast<int>(DataTypeFilters().size());
-    const int type = isListed ? stored : setting::kDataType.fallback;
+    const int type = isListed ? stored : 1;  // as the pickers do
     return DataTypeFilters()[static_cast<std::size_t>(type - 1)];
 }
 

@@ -10,7 +10,8 @@ class CSettings;
 /// The filters of the signal-file pickers; the setting "DataType" is a 1-based index into them.
 const std::vector<CFileFilter>& DataTypeFilters();
 
-/// The wildcard of the data type that the settings hold; that of the default type when they hold none of the six.
+/// The wildcard of the data type that the settings hold; that of the first one when they hold none of the six: the
+/// pickers start with it, too.
 QString CurrentDataTypeWildcard(const CSettings& settings);
 
 /// The text of that data type, as the pickers show it.

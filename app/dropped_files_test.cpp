@@ -1,13 +1,16 @@
 #include "app/dropped_files.h"
 
 #include <QDir>
+#include <QFileDialog>
 #include <QMimeData>
 #include <QSettings>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QUrl>
+#include <algorithm>
 
 #include "app/data_type_filters.h"
+#include "app/file_picker.h"
 #include "app/settings.h"
 
 class CDroppedFilesTest : public QObject {
@@ -86,8 +89,8 @@ private slots:
         QTest::newRow("1") << 1 << "*aa0.*";
         QTest::newRow("5") << 5 << "*.uds";
         QTest::newRow("6: also files without a dot") << 6 << "*";
-        QTest::newRow("below the range: the default") << 0 << "*fa0.*";
-        QTest::newRow("above the range: the default") << 7 << "*fa0.*";
+        QTest::newRow("below the range: the first, as in the pickers") << 0 << "*aa0.*";
+        QTest::newRow("above the range: the first, as in the pickers") << 7 << "*aa0.*";
     }
     void TheStoredDataTypeDecidesWhatAFolderGives() {
         QFETCH(int, dataType);
@@ -96,6 +99,22 @@ private slots:
         CSettings settings(store);
         settings.Set(setting::kDataType, dataType);
         QCOMPARE(CurrentDataTypeWildcard(settings), wildcard);
+
+        CFileRequest request;
+        request.filters = DataTypeFilters();
+        request.filterIndex = settings.Get(setting::kDataType);
+        const auto picker = CFileDialogs::MakeDialog(nullptr, request, CFileDialogs::Style::Drawn);
+        const auto& filters = DataTypeFilters();
+        const auto chosen = std::find_if(filters.begin(), filters.end(), [&](const CFileFilter& filter) {
+            return QString::fromStdString(filter.text) == picker->selectedNameFilter();
+        });
+        QVERIFY(chosen != filters.end());
+        QCOMPARE(Wildcard(chosen->pattern), wildcard);
+    }
+
+    void WithoutAStoredDataTypeAFolderGivesForces() {
+        QSettings store(m_folder->filePath("empty.ini"), QSettings::IniFormat);
+        QCOMPARE(CurrentDataTypeWildcard(CSettings(store)), QString("*fa0.*"));
     }
 
 private:
@@ -118,5 +137,5 @@ private:
     std::unique_ptr<QTemporaryDir> m_folder;
 };
 
-QTEST_GUILESS_MAIN(CDroppedFilesTest)
+QTEST_MAIN(CDroppedFilesTest)
 #include "dropped_files_test.moc"
