@@ -15,6 +15,7 @@
 
 #include "app/dropped_files.h"
 #include "files/native_path.h"
+#include "viewer/take_copy.h"
 
 namespace {
 
@@ -74,6 +75,7 @@ void CFileList::InsertFiles(int row, const std::vector<std::string>& files) {
 }
 
 void CFileList::RemoveSelected() {
+    if (selectedIndexes().isEmpty()) return;
     QList<int> rows;
     for (const QModelIndex& index : selectedIndexes()) rows.append(index.row());
     std::sort(rows.begin(), rows.end(), std::greater<>());
@@ -132,17 +134,29 @@ Qt::DropActions CFileList::supportedDropActions() const {
     return Qt::CopyAction | Qt::MoveAction;
 }
 
+bool CFileList::BringsFiles(const QDropEvent& event) const {
+    return event.source() != this && !LocalPaths(*event.mimeData()).isEmpty();
+}
+
+void CFileList::dragEnterEvent(QDragEnterEvent* event) {
+    QListWidget::dragEnterEvent(event);
+    if (BringsFiles(*event)) TakeAsCopy(*event);
+}
+
+void CFileList::dragMoveEvent(QDragMoveEvent* event) {
+    QListWidget::dragMoveEvent(event);  // scrolls near the edges
+    if (BringsFiles(*event)) TakeAsCopy(*event);
+}
+
 void CFileList::dropEvent(QDropEvent* event) {
-    const QStringList paths = LocalPaths(*event->mimeData());
-    if (event->source() == this || paths.isEmpty()) {
+    if (!BringsFiles(*event)) {
         QListWidget::dropEvent(event);
         return;
     }
-    // Always a copy: told that its files were moved, a file manager would delete them.
-    event->setDropAction(Qt::CopyAction);
-    event->accept();
+    stopAutoScroll();
     setState(NoState);
-    emit PathsDropped(paths, DropRow(event->position().toPoint()));
+    viewport()->update();  // without the mark of the place
+    if (TakeAsCopy(*event)) emit PathsDropped(LocalPaths(*event->mimeData()), DropRow(event->position().toPoint()));
 }
 
 int CFileList::DropRow(const QPoint& position) const {

@@ -19,6 +19,7 @@ public:
     void AppendFiles(const std::vector<std::string>& files);
     /// Before the entry `row`; behind the last one when there is none.
     void InsertFiles(int row, const std::vector<std::string>& files);
+    /// Selects a neighbour of the last one removed; without a selection it does nothing.
     void RemoveSelected();
     /// Moves the selected entries by one place; those already at the end of the list stay there, in their order.
     void MoveSelectedUp();
@@ -34,11 +35,14 @@ signals:
 protected:
     QStringList mimeTypes() const override;
     Qt::DropActions supportedDropActions() const override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
     void dropEvent(QDropEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    bool BringsFiles(const QDropEvent& event) const;
     int DropRow(const QPoint& position) const;
     void MoveRow(int from, int to);
     void Mark(QListWidgetItem& item) const;

@@ -53,6 +53,25 @@ private slots:
         QCOMPARE(m_list->count(), 0);
     }
 
+    /// It selected the current entry, which the next press then removed.
+    void RemovingTwiceLeavesACurrentEntryThatIsNotSelected() {
+        m_list->AppendFiles({"0", "1", "2"});
+        m_list->setCurrentRow(1, QItemSelectionModel::NoUpdate);
+        for (int press = 0; press < 2; ++press) {
+            QTest::keyClick(m_list.get(), Qt::Key_Delete);
+            QCOMPARE(Names(), QString("0 1 2"));
+            QCOMPARE(SelectedNames(), QString());
+            QCOMPARE(m_list->currentRow(), 1);
+        }
+    }
+
+    void RemovingSelectsANeighbour() {
+        m_list->AppendFiles({"0", "1", "2"});
+        Select({1});
+        m_list->RemoveSelected();
+        QCOMPARE(SelectedNames(), QString("0"));
+    }
+
     void DeleteRemovesTheSelectedEntries() {
         m_list->AppendFiles({"0", "1", "2"});
         Select({1});
@@ -180,6 +199,46 @@ private slots:
         QDragMoveEvent move({10, 10}, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
         QApplication::sendEvent(m_list->viewport(), &move);
         QVERIFY(move.isAccepted());
+    }
+
+    /// Told that its files are moved, a file manager deletes them.
+    void FilesThatAreOfferedToBeMovedAreCopied() {
+        m_list->AppendFiles({"0", "1"});
+        m_list->show();
+        QMimeData data;
+        data.setUrls({QUrl::fromLocalFile("/tmp/a.uds")});
+        const auto checkCopied = [this](QDropEvent& event) {
+            QCOMPARE(event.proposedAction(), Qt::MoveAction);
+            QApplication::sendEvent(m_list->viewport(), &event);
+            QVERIFY(event.isAccepted());
+            QCOMPARE(event.dropAction(), Qt::CopyAction);
+        };
+        constexpr auto kOffered = Qt::CopyAction | Qt::MoveAction;  // the shift key proposes to move
+        QDragEnterEvent enter({10, 10}, kOffered, &data, Qt::LeftButton, Qt::ShiftModifier);
+        checkCopied(enter);
+        for (const int y : {2, 280}) {  // over an entry, below the last
+            QDragMoveEvent move({10, y}, kOffered, &data, Qt::LeftButton, Qt::ShiftModifier);
+            checkCopied(move);
+        }
+        QDropEvent drop({10, 10}, kOffered, &data, Qt::LeftButton, Qt::ShiftModifier);
+        checkCopied(drop);
+    }
+
+    void FilesThatCanOnlyBeMovedAreRefused() {
+        const QSignalSpy dropped(m_list.get(), &CFileList::PathsDropped);
+        QMimeData data;
+        data.setUrls({QUrl::fromLocalFile("/tmp/a.uds")});
+        const auto checkRefused = [this](QDropEvent& event) {
+            QApplication::sendEvent(m_list->viewport(), &event);
+            QVERIFY(!event.isAccepted());
+        };
+        QDragEnterEvent enter({10, 10}, Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+        checkRefused(enter);
+        QDragMoveEvent move({10, 10}, Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+        checkRefused(move);
+        QDropEvent drop({10, 10}, Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+        checkRefused(drop);
+        QCOMPARE(dropped.size(), qsizetype{0});
     }
 
     void ADropOfTextAloneIsNotTaken() {

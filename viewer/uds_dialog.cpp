@@ -4,7 +4,6 @@
 #include <QLayout>
 #include <QMimeData>
 #include <QPrinter>
-#include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QUrl>
@@ -22,6 +21,8 @@
 #include "viewer/messages.h"
 #include "viewer/print_preview.h"
 #include "viewer/printer.h"
+#include "viewer/screen_room.h"
+#include "viewer/take_copy.h"
 #include "viewer/ui_uds_dialog.h"
 #include "viewer/viewer_host.h"
 
@@ -139,10 +140,8 @@ QString CUDSDialog::FileName() const {
 
 /// Makes room for every page, as far as the screen has it. Never smaller: the user may have made room.
 void CUDSDialog::FitSize() {
-    constexpr QSize kAroundWindow(40, 60);  // frame and title bar
     ForgetSizeHints(*this);
-    const QSize largest = screen()->availableSize() - kAroundWindow;
-    resize(sizeHint().boundedTo(largest).expandedTo(size()));
+    resize(WithinScreen(sizeHint(), *this).expandedTo(size()));
 }
 
 void CUDSDialog::PrintReport() {
@@ -201,14 +200,17 @@ bool CUDSDialog::IsShownFile(const QString& path) const {
 }
 
 void CUDSDialog::dragEnterEvent(QDragEnterEvent* event) {
-    if (!DraggedFile(*event->mimeData()).isEmpty()) event->acceptProposedAction();
+    if (!DraggedFile(*event->mimeData()).isEmpty()) TakeAsCopy(*event);
+}
+
+void CUDSDialog::dragMoveEvent(QDragMoveEvent* event) {
+    if (!DraggedFile(*event->mimeData()).isEmpty()) TakeAsCopy(*event);
 }
 
 /// The file is opened after the drop: a message would keep the program that the file comes from waiting.
 void CUDSDialog::dropEvent(QDropEvent* event) {
     const QString path = DraggedFile(*event->mimeData());
-    if (path.isEmpty()) return;
-    event->acceptProposedAction();
+    if (path.isEmpty() || !TakeAsCopy(*event)) return;
     QMetaObject::invokeMethod(
         this, [this, path] { Open(path); }, Qt::QueuedConnection);
 }

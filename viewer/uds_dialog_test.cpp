@@ -278,6 +278,32 @@ private slots:
         QCOMPARE(Groups(*Page<ksres::CUdsVeh1Dialog>()).front().lines.front(), QString("Make: MAKE A"));
     }
 
+    /// Told that its file is moved, a file manager deletes it.
+    void AFileThatIsOfferedToBeMovedIsCopied() {
+        const auto data = Files({m_path});
+        const auto checkCopied = [this](QDropEvent& event) {
+            QCOMPARE(event.proposedAction(), Qt::MoveAction);
+            QApplication::sendEvent(m_sheet.get(), &event);
+            QVERIFY(event.isAccepted());
+            QCOMPARE(event.dropAction(), Qt::CopyAction);
+        };
+        const QPoint middle = m_sheet->rect().center();
+        constexpr auto kOffered = Qt::CopyAction | Qt::MoveAction;  // the shift key proposes to move
+        QDragEnterEvent enter(middle, kOffered, data.get(), Qt::LeftButton, Qt::ShiftModifier);
+        checkCopied(enter);
+        QDragMoveEvent move(middle, kOffered, data.get(), Qt::LeftButton, Qt::ShiftModifier);
+        checkCopied(move);
+        QDropEvent drop(middle, kOffered, data.get(), Qt::LeftButton, Qt::ShiftModifier);
+        checkCopied(drop);
+    }
+
+    void AFileThatCanOnlyBeMovedIsRefused() {
+        const auto data = Files({m_path});
+        QDragEnterEvent enter({10, 10}, Qt::MoveAction, data.get(), Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(m_sheet.get(), &enter);
+        QVERIFY(!enter.isAccepted());
+    }
+
     void OnlyOneLocalFileIsTaken() {
         QVERIFY(!Drop(*m_sheet, *Files({m_path, m_path})));
         QVERIFY(!Drop(*m_sheet, *Files({})));
