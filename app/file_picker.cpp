@@ -5,6 +5,7 @@
 #include <QFileInfo>
 
 #include "files/path_text.h"
+#include "viewer/screen_room.h"
 
 namespace {
 
@@ -63,7 +64,9 @@ std::unique_ptr<QFileDialog> CFileDialogs::MakeDialog(QWidget* parent, const CFi
     SetFilters(*dialog, request);
     dialog->setDefaultSuffix(request.defaultExtension);
     if (!request.suggestedName.isEmpty()) dialog->selectFile(request.suggestedName);
-    dialog->resize(dialog->sizeHint().expandedTo(QSize(820, 500)));  // Qt's own dialogs start too narrow for details
+    const QSize wanted =
+        dialog->sizeHint().expandedTo(QSize(820, 500));  // Qt's own dialogs start too narrow for details
+    dialog->resize(WithinScreen(wanted, *dialog));
     return dialog;
 }
 

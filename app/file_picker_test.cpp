@@ -6,6 +6,7 @@
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScreen>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -63,6 +64,13 @@ private slots:
             QCOMPARE(dialog->findChild<QComboBox*>("fileTypeCombo")->currentIndex(), 0);
             QCOMPARE(dialog->fileMode(), QFileDialog::ExistingFile);
         }
+    }
+
+    void ThePickerStartsWithinTheScreen() {
+        const auto dialog = CFileDialogs::MakeDialog(nullptr, Request(PickerKind::OpenOne), CFileDialogs::Style::Drawn);
+        const QSize screen = dialog->screen()->availableSize();
+        QVERIFY(dialog->width() < screen.width() && dialog->height() < screen.height());
+        QVERIFY(dialog->width() == 820 || dialog->width() > screen.width() - 60);  // no smaller than it must be
     }
 
     void SeveralFilesComeBackWithTheFilterTheUserEndedOn() {

@@ -6,6 +6,7 @@
 #include <QPushButton>
 #include <algorithm>
 #include <array>
+#include <utility>
 
 #include "app/data_type_filters.h"
 #include "app/dropped_files.h"
@@ -15,6 +16,8 @@
 #include "app/settings.h"
 #include "app/ui_select_files.h"
 #include "files/hit_list.h"
+#include "viewer/screen_room.h"
+#include "viewer/take_copy.h"
 
 namespace {
 
@@ -47,15 +50,29 @@ CSelectFiles::CSelectFiles(const CFileSelection& offered, CSettings& settings, C
       m_picker(picker),
       m_messages(messages) {
     m_ui->setupUi(this);
+    SetShortcuts();
     FitNumberField(*m_ui->minTimeEdit);
     FitNumberField(*m_ui->maxTimeEdit);
     ShowSelection();
     ConnectControls();
     EnableControls();
     EnableListButtons();
+    resize(WithinScreen(size(), *this));
 }
 
 CSelectFiles::~CSelectFiles() = default;
+
+void CSelectFiles::SetShortcuts() {
+    // Not in the form: a button forgets its shortcut when it gets its text, which the form does last. Not by "&" in the
+    // texts, which are settled. Free of O and C, which many desktops give to OK and Cancel.
+    const std::pair<QAbstractButton*, Qt::Key> shortcuts[] = {
+        {m_ui->addButton, Qt::Key_A},      {m_ui->removeButton, Qt::Key_R},      {m_ui->moveUpButton, Qt::Key_U},
+        {m_ui->moveDownButton, Qt::Key_D}, {m_ui->readHitListButton, Qt::Key_H}, {m_ui->saveHitListButton, Qt::Key_S},
+        {m_ui->signalRadio, Qt::Key_L},    {m_ui->browseButton, Qt::Key_B},      {m_ui->averageRadio, Qt::Key_V},
+        {m_ui->filterCheck, Qt::Key_F},    {m_ui->truncateCheck, Qt::Key_T},
+    };
+    for (const auto& [button, key] : shortcuts) button->setShortcut(QKeySequence(Qt::ALT | key));
+}
 
 void CSelectFiles::ShowSelection() {
     m_ui->fileList->AppendFiles(m_selection.files);
@@ -255,8 +272,7 @@ bool CSelectFiles::eventFilter(QObject* watched, QEvent* event) {
     auto* const drop = static_cast<QDropEvent*>(event);
     const QStringList paths = LocalPaths(*drop->mimeData());
     if (paths.isEmpty()) return QDialog::eventFilter(watched, event);
-    if (!isDrag) m_ui->referenceEdit->setText(QDir::toNativeSeparators(paths.first()));
-    drop->setDropAction(Qt::CopyAction);
-    drop->accept();
+    const bool isTaken = TakeAsCopy(*drop);
+    if (isTaken && !isDrag) m_ui->referenceEdit->setText(QDir::toNativeSeparators(paths.first()));
     return true;
 }

@@ -40,6 +40,7 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    void SetShortcuts();
     void ShowSelection();
     void ConnectControls();
     void EnableControls();

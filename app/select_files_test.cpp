@@ -9,6 +9,8 @@
 #include <QMimeData>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScreen>
+#include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QUrl>
@@ -629,6 +631,75 @@ private slots:
         }
     }
 
+    void EveryShortcutDoesTheWorkOfItsControl_data() {
+        QTest::addColumn<QString>("button");
+        QTest::addColumn<Qt::Key>("key");
+        QTest::newRow("add") << "addButton" << Qt::Key_A;
+        QTest::newRow("remove") << "removeButton" << Qt::Key_R;
+        QTest::newRow("up") << "moveUpButton" << Qt::Key_U;
+        QTest::newRow("down") << "moveDownButton" << Qt::Key_D;
+        QTest::newRow("read") << "readHitListButton" << Qt::Key_H;
+        QTest::newRow("save") << "saveHitListButton" << Qt::Key_S;
+        QTest::newRow("one file") << "signalRadio" << Qt::Key_L;
+        QTest::newRow("browse") << "browseButton" << Qt::Key_B;
+        QTest::newRow("average") << "averageRadio" << Qt::Key_V;
+        QTest::newRow("filter") << "filterCheck" << Qt::Key_F;
+        QTest::newRow("truncate") << "truncateCheck" << Qt::Key_T;
+    }
+    void EveryShortcutDoesTheWorkOfItsControl() {
+        QFETCH(QString, button);
+        QFETCH(Qt::Key, key);
+        Open(WithFiles({"a", "b", "c"}));
+        QVERIFY(QTest::qWaitForWindowActive(m_dialog.get()));
+        Select({1});
+        const auto* const target = m_dialog->findChild<QAbstractButton*>(button);
+        const QSignalSpy clicked(target, &QAbstractButton::clicked);
+        QTest::keyClick(m_dialog.get(), key, Qt::AltModifier);
+        QTRY_COMPARE(clicked.size(), qsizetype{1});
+        QVERIFY(!target->text().contains('&'));
+    }
+
+    void TheShortcutsReachTheListAndThePickers() {
+        Open(WithFiles({"a", "b", "c"}));
+        QVERIFY(QTest::qWaitForWindowActive(m_dialog.get()));
+        Select({1});
+        QTest::keyClick(m_dialog.get(), Qt::Key_U, Qt::AltModifier);
+        QTRY_COMPARE(Files(), QString("b a c"));
+        QTest::keyClick(m_dialog.get(), Qt::Key_D, Qt::AltModifier);
+        QTRY_COMPARE(Files(), QString("a b c"));
+        QTest::keyClick(m_dialog.get(), Qt::Key_R, Qt::AltModifier);
+        QTRY_COMPARE(Files(), QString("a c"));
+        QStringList titles;
+        for (const Qt::Key key : {Qt::Key_A, Qt::Key_B, Qt::Key_H, Qt::Key_S}) {
+            const std::size_t before = m_picker.requests.size();
+            QTest::keyClick(m_dialog.get(), key, Qt::AltModifier);
+            QTRY_COMPARE(m_picker.requests.size(), before + 1);
+            titles.append(m_picker.requests.back().title);
+        }
+        QCOMPARE(titles, QStringList({"Select Uds File(s) to Evaluate", "Select Reference Uds File", "Select Hit List",
+                                      "Save Hit List as"}));
+        QTest::keyClick(m_dialog.get(), Qt::Key_V, Qt::AltModifier);
+        QTRY_VERIFY(Radio(1009).isChecked());
+        QTest::keyClick(m_dialog.get(), Qt::Key_L, Qt::AltModifier);
+        QTRY_VERIFY(Radio(1006).isChecked());
+        QTest::keyClick(m_dialog.get(), Qt::Key_F, Qt::AltModifier);
+        QTRY_VERIFY(!Check(1010).isChecked());
+        QTest::keyClick(m_dialog.get(), Qt::Key_T, Qt::AltModifier);
+        QTRY_VERIFY(Check(1011).isChecked());
+    }
+
+    /// 1280 x 800 pixels at twice the size, less the frame and title bar.
+    void TheDialogFitsASmallScreen() {
+        Open({});
+        const QSize smallest = m_dialog->minimumSizeHint();
+        QVERIFY2(smallest.width() <= 600 && smallest.height() <= 340, qPrintable(SizeText(smallest)));
+    }
+
+    void TheDialogStartsWithinTheScreen() {
+        Open({});
+        QVERIFY(m_dialog->screen()->availableGeometry().contains(m_dialog->geometry()));
+    }
+
     void NothingIsCutOffAtTheSmallestSize() {
         Open({});
         m_dialog->resize(m_dialog->minimumSizeHint());
@@ -638,6 +709,8 @@ private slots:
     }
 
 private:
+    static QString SizeText(const QSize& size) { return QString("%1 x %2").arg(size.width()).arg(size.height()); }
+
     void Open(const CFileSelection& offered) {
         m_dialog = std::make_unique<CSelectFiles>(offered, *m_settings, m_picker, m_messages);
         m_dialog->show();
