@@ -277,7 +277,7 @@ public:
         setAttribute(Qt::WA_NoMousePropagation, false);  // the context menu is the parent's
         setPlottingHints(QCP::phFastPolylines);
         setInteractions(QCP::iRangeDrag | QCP::iRangeZoom);
-        QLocale numbers = locale();
+        QLocale numbers = QLocale::c();  // as in tables, dialogs and reports, and the same on every machine
         numbers.setNumberOptions(QLocale::OmitGroupSeparator);
         setLocale(numbers);
         axisRect()->setupFullAxesBox(true);

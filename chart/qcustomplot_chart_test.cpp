@@ -10,6 +10,7 @@
 #include <QPdfWriter>
 #include <QPicture>
 #include <QRegularExpression>
+#include <QScopeGuard>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
@@ -103,16 +104,18 @@ class QCustomPlotChartTest : public QObject {
         QCoreApplication::sendEvent(m_chart->Widget(), &move);
     }
 
-    /// The data coordinates under a place of the window.
-    QPointF DataAt(const QPointF& place) {
+    QString ReadoutAt(const QPointF& place) {
         QSignalSpy spy(m_chart.get(), &CQCustomPlotChart::ReadoutChanged);
         Move(place);
-        if (spy.isEmpty()) return {std::nan(""), std::nan("")};
+        return spy.isEmpty() ? QString() : spy.last().at(0).toString();
+    }
+
+    /// The data coordinates under a place of the window.
+    QPointF DataAt(const QPointF& place) {
         static const QRegularExpression form("^X: (\\S+)   Y: (\\S+)$");
-        const QRegularExpressionMatch match = form.match(spy.last().at(0).toString());
+        const QRegularExpressionMatch match = form.match(ReadoutAt(place));
         if (!match.hasMatch()) return {std::nan(""), std::nan("")};
-        return {m_chart->Widget()->locale().toDouble(match.captured(1)),
-                m_chart->Widget()->locale().toDouble(match.captured(2))};
+        return {match.captured(1).toDouble(), match.captured(2).toDouble()};
     }
 
     /// Data per pixel in both directions.
@@ -346,6 +349,31 @@ private slots:
         QCOMPARE(spy[1][0].toString(), QString());
     }
 
+    /// They followed the user's locale, unlike the table beside the chart.
+    void numbersAreTheSameInEveryLocale_data() {
+        QTest::addColumn<QString>("locale");
+        for (const char* locale : {"C", "de_DE", "ar_EG", "en_US", "fr_CH"}) QTest::newRow(locale) << locale;
+    }
+    void numbersAreTheSameInEveryLocale() {
+        QFETCH(QString, locale);
+        const auto restore = qScopeGuard([before = QLocale()] { QLocale::setDefault(before); });
+        const CSamplePage page =
+            SamplePage(1, 101, 12345.0, 12346.0, [](int, double x) { return 3e38 * (x - 12345.5); });
+        QLocale::setDefault(QLocale::c());
+        Show(page);
+        const QImage image = Picture();
+
+        QLocale::setDefault(QLocale(locale));
+        Show(page);
+        QVERIFY(Picture() == image);
+        const QStringList labels = Texts(ExportedMetafile());
+        QVERIFY2(labels.contains("12345.5") && labels.contains(QString("1") + QChar(0xD7) + "10"),
+                 qPrintable(labels.join('|')));
+        static const QRegularExpression form("^X: 12345\\.\\d+   Y: -?\\d(\\.\\d+)?e\\+3[78]$");
+        const QString readout = ReadoutAt({300, 200});
+        QVERIFY2(form.match(readout).hasMatch(), qPrintable(readout));
+    }
+
     void theReadoutEndsWithTheChart() {
         Show(FlatPage(1));
         QSignalSpy spy(m_chart.get(), &CQCustomPlotChart::ReadoutChanged);
@@ -475,7 +503,7 @@ private slots:
         QCOMPARE(picture.height, 5000);
         for (const char* text : {"Time (seconds)", "Residual", "Reference", "v01001aa0.001", "v01002aa0.001"})
             QVERIFY2(picture.HasText(text), text);
-        QVERIFY(picture.HasText(QLocale().toString(5.5).toStdString()));
+        QVERIFY(picture.HasText("5.5"));
         for (const CReadText& text : picture.texts) QCOMPARE(text.tenthsOfDegree, text.bytes == "Residual" ? 900 : 0);
         for (std::size_t series = 1; series < 3; ++series)
             QVERIFY(picture.PointsOfColour(LookOfLine(0, series, ChartBackground::Light).rgb) > 100);
@@ -609,6 +637,12 @@ private slots:
     }
 
 private:
+    static QStringList Texts(const CWmfPicture& picture) {
+        QStringList texts;
+        for (const CReadText& text : picture.texts) texts.append(QString::fromLatin1(text.bytes.c_str()));
+        return texts;
+    }
+
     void CheckLegendEnd(const QPoint& firstEntry) {
         for (int page = 0; page < 20; ++page) QTest::keyClick(m_chart->Widget(), Qt::Key_PageDown);
         const QString last = ToolTipAt(firstEntry);
