@@ -1,7 +1,6 @@
 #include "viewer/curve_plot.h"
 
 #include <QFontMetricsF>
-#include <QPainter>
 #include <algorithm>
 #include <cstdint>
 #include <limits>
@@ -14,32 +13,26 @@
 
 namespace {
 
-constexpr double kPixelsPerInch = 96.0;
+constexpr double kPixelsPerInch = 96.0;  // in which the chart measures its letters
 
 // Of the plot; what is left is for the other axis and the legend.
 constexpr double kLongestXTitle = 0.7;
 constexpr double kLongestYTitle = 0.85;
 
 QString AxisTitle(const std::string& quantity, const std::string& units) {
-    if (units.empty()) return QString::fromStdString(quantity);
-    return QString::fromStdString(quantity.empty() ? units : quantity + " (" + units + ")");
-}
-
-/// Size in the pixels in which the chart measures its letters.
-QSizeF ChartPixels(const QPainter& painter, const QRectF& area) {
-    const QSizeF onDevice = painter.combinedTransform().mapRect(area).size();
-    return {onDevice.width() / painter.device()->logicalDpiX() * kPixelsPerInch,
-            onDevice.height() / painter.device()->logicalDpiY() * kPixelsPerInch};
+    if (units.empty()) return Printable(QString::fromStdString(quantity));
+    return Printable(QString::fromStdString(quantity.empty() ? units : quantity + " (" + units + ")"));
 }
 
 /// The chart draws its titles whole, past its edges if need be.
-std::string Shortened(const QString& title, double pixels) {
-    return QFontMetricsF(PaperStyle(1.0).font).elidedText(title, Qt::ElideRight, pixels).toStdString();
+std::string Shortened(const QString& title, double inches) {
+    const QFontMetricsF letters(PaperStyle(1.0).font);
+    return letters.elidedText(title, Qt::ElideRight, inches * kPixelsPerInch).toStdString();
 }
 
 }  // namespace
 
-CPage::Picture CurvePlot(const ks::CData& record, const QString& name) {
+CPage::Picture CurvePlot(const ks::CData& record, const QString& name, QSizeF size) {
     constexpr std::size_t kMostPoints = std::numeric_limits<std::int32_t>::max();
     const std::size_t points = std::min({record.GetX().size(), record.GetY().size(), kMostPoints});
     const auto chart = std::make_shared<CQCustomPlotChart>();
@@ -48,14 +41,11 @@ CPage::Picture CurvePlot(const ks::CData& record, const QString& name) {
     chart->SetInteger(ChartProperty::PointCount, static_cast<std::int32_t>(points));
     chart->SetArray(ChartProperty::XData, std::span(record.GetX()).first(points));
     chart->SetArray(ChartProperty::YData, std::span(record.GetY()).first(points));
-    chart->SetArray(ChartProperty::Legend, name.toStdString() + '\t', 1);
+    chart->SetArray(ChartProperty::Legend, Printable(name).toStdString() + '\t', 1);
     const QString xTitle = AxisTitle(record.GetXTYPE(), record.GetXUNITS());
     const QString yTitle = AxisTitle(record.GetYTYPE(), record.GetYUNITS());
-    return [chart, xTitle, yTitle](QPainter& painter, const QRectF& area) {
-        const QSizeF pixels = ChartPixels(painter, area);
-        chart->SetText(ChartProperty::XTitle, Shortened(xTitle, pixels.width() * kLongestXTitle));
-        chart->SetText(ChartProperty::YTitle, Shortened(yTitle, pixels.height() * kLongestYTitle));
-        chart->Apply();
-        chart->PaintOnto(painter, area);
-    };
+    chart->SetText(ChartProperty::XTitle, Shortened(xTitle, size.width() * kLongestXTitle));
+    chart->SetText(ChartProperty::YTitle, Shortened(yTitle, size.height() * kLongestYTitle));
+    chart->Apply();
+    return [chart](QPainter& painter, const QRectF& area) { chart->PaintOnto(painter, area); };
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QSizeF>
 #include <QString>
 
 #include "signal/data.h"
@@ -8,4 +9,5 @@
 /// A plot of the record's curve: Y over X with quantities and units at the axes, on white, as vectors. Needs a
 /// QApplication. The picture holds the points it needs.
 /// @param name  of the curve, in the plot's legend
-CPage::Picture CurvePlot(const ks::CData& record, const QString& name);
+/// @param size  of the plot on paper, inches: axis titles too long for it are shortened
+CPage::Picture CurvePlot(const ks::CData& record, const QString& name, QSizeF size);

@@ -31,13 +31,13 @@ QPointF Units(QPointF inches) {
     return inches * kUnitsPerInch;
 }
 
+}  // namespace
+
 QString Printable(QString text) {
     for (QChar& character : text)
         if (character.category() == QChar::Other_Control) character = QLatin1Char(' ');
     return text;
 }
-
-}  // namespace
 
 QFont CPrintLetters::Font() const {
     QFont font(QStringLiteral("Times New Roman"));

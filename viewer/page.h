@@ -11,6 +11,9 @@
 
 class QPainter;
 
+/// The text with a blank in place of each control character.
+QString Printable(QString text);
+
 /// Letters of a printed text. Sizes on paper do not depend on the device: fonts are made in pixels of the layout, so
 /// that screen, printer and file break lines at the same places.
 struct CPrintLetters {
@@ -45,6 +48,8 @@ public:
     static constexpr double kFooterRow = 10.3;
 
     [[nodiscard]] QSizeF Size() const { return m_size; }
+    /// How much smaller the page is drawn: 1 on usual paper.
+    [[nodiscard]] double Scale() const { return m_scale; }
     [[nodiscard]] double RowTop(double row) const;
     /// What lies between header and footer, for the groups.
     [[nodiscard]] QRectF Body() const;

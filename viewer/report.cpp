@@ -89,9 +89,10 @@ public:
         const double room = Bottom() - m_top;
         if (room < kLeastPlotHeight && m_top > Body().top()) NewPage();
         const QString title = QCoreApplication::translate("CReport", "Plot of the Curve");
-        const CPage::Picture picture = CurvePlot(m_subject.record, m_subject.fileName);
-        const double headHeight = CPrintRegion(title, picture, 0.0).Height(Body().width());
-        const CPrintRegion plot(title, picture, std::min(kPlotHeight, Bottom() - m_top - headHeight));
+        const double headHeight = CPrintRegion(title, {}, 0.0).Height(Body().width());
+        const QSizeF size(Body().width(), std::min(kPlotHeight, Bottom() - m_top - headHeight));
+        const CPage::Picture picture = CurvePlot(m_subject.record, m_subject.fileName, size * m_pages.back().Scale());
+        const CPrintRegion plot(title, picture, size.height());
         plot.PlaceOn(m_pages.back(), {Body().left(), m_top}, Body().width());
     }
 

@@ -2,6 +2,7 @@
 #include <QPainter>
 #include <QPrinter>
 #include <QRegularExpression>
+#include <QScopeGuard>
 #include <QTest>
 #include <algorithm>
 #include <array>
@@ -299,6 +300,60 @@ private slots:
             const double expected = frame.top() + fromTop * frame.height();
             QVERIFY(Near(rows.front(), expected, 5.0) && Near(rows.back(), expected, 5.0));
         }
+    }
+
+    /// They ended the name, which a tab does in a list of names.
+    void ControlCharactersInANameAreBlanks() {
+        const std::string path = m_folder.Path("named.pdf");
+        const ks::WriteResult result =
+            WriteReportPdf(path, m_record, "folder/one\ttwo\nthree.uds", ReportMode::Full, {ReportPaper::A4, kDay});
+        QVERIFY(result == ks::WriteResult::Written);
+        const auto pages = ReadPdf(QString::fromStdString(path));
+        QCOMPARE(MissingCells(pages, {"one two three.uds"}).join(", "), QString());
+    }
+
+    void PaintingIsTheSameOnEveryDeviceAndEveryTime() {
+        const QSizeF letter(8.5, 11.0);
+        const CReport report({m_wideRecord, "a.uds", ReportMode::Full, QDate(2024, 2, 9)}, letter);
+        const int last = report.PageCount() - 1;
+        const QImage first = Picture(report, last, letter);
+        QImage other(100, 130, QImage::Format_Grayscale8);  // of another resolution, in which less room seems to be
+        QPainter painter(&other);
+        report.Paint(painter, last);
+        painter.end();
+        QVERIFY(Picture(report, last, letter) == first);
+    }
+
+    void NumbersOfThePlotAreTheSameInEveryLocale_data() {
+        QTest::addColumn<QString>("locale");
+        for (const char* locale : {"de_DE", "ar_EG", "en_US"}) QTest::newRow(locale) << locale;
+    }
+    void NumbersOfThePlotAreTheSameInEveryLocale() {
+        QFETCH(QString, locale);
+        const auto restore = qScopeGuard([before = QLocale()] { QLocale::setDefault(before); });
+        QLocale::setDefault(QLocale(locale));
+        ks::CNSignal record = m_record;
+        record.SetData({0.0, 0.5}, {0.0, 12345.5});
+        const auto pages = Pages(record, ReportMode::Full, ReportPaper::A4);
+        for (const char* label : {"0.1", "0.4", "0", "10000"})
+            QVERIFY2(FindWord(pages.back(), label) != nullptr, label);
+    }
+
+    void TitlesOfAPlotOnSmallPaperAreShortenedToItsSize() {
+        QPrinter printer;
+        printer.setOutputFileName(QString::fromStdString(m_folder.Path("small.pdf")));
+        printer.setPageSize(QPageSize(QPageSize::A6));
+        const CPrinter report({m_wideRecord, "a.uds", ReportMode::Full, QDate(2024, 2, 9)});
+        QVERIFY(report.Print(printer) == ks::WriteResult::Written);
+        const auto pages = ReadPdf(printer.outputFileName());
+        const QRectF paper(QPointF(), pages.back().size);
+        const QString ellipsis(QChar(0x2026));
+        qsizetype shortened = 0;
+        for (const CPdfWord& word : pages.back().words) {
+            if (word.text.endsWith(ellipsis)) ++shortened;
+            QVERIFY2(paper.contains(word.box), qPrintable(word.text));
+        }
+        QCOMPARE(shortened, qsizetype{2});
     }
 
     void ThePlotIsNoPictureOfPixels() {
