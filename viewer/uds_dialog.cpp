@@ -1,5 +1,6 @@
 #include "viewer/uds_dialog.h"
 
+#include <QApplication>
 #include <QDropEvent>
 #include <QLayout>
 #include <QMimeData>
@@ -67,6 +68,15 @@ public:
     }
 };
 
+/// The wait cursor is up while it lives.
+class CWaitCursor {
+public:
+    CWaitCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
+    ~CWaitCursor() { QApplication::restoreOverrideCursor(); }
+    CWaitCursor(const CWaitCursor&) = delete;
+    CWaitCursor& operator=(const CWaitCursor&) = delete;
+};
+
 /// The one local file that a drag brings; empty when it brings something else.
 QString DraggedFile(const QMimeData& data) {
     const QList<QUrl> urls = data.urls();
@@ -88,21 +98,27 @@ CUDSDialog::CUDSDialog(CViewerHost& host, QWidget* parent)
 CUDSDialog::~CUDSDialog() = default;
 
 bool CUDSDialog::Open(const QString& path) {
-    ks::CNSignal record;
-    try {
-        record.LoadUDS(path.toStdString());
-    } catch (const std::exception& error) {
-        m_host.ShowError(isVisible() ? this : parentWidget(), QString::fromUtf8(error.what()));
-        return false;
+    std::string complaint;
+    {
+        const CWaitCursor wait;
+        try {
+            ks::CNSignal record;
+            record.LoadUDS(path.toStdString());
+            ShowRecord(std::move(record), path);
+            return true;
+        } catch (const std::exception& error) {
+            complaint = error.what();
+        }
     }
-    ShowRecord(std::move(record), path);
-    return true;
+    m_host.ShowError(isVisible() ? this : parentWidget(), QString::fromStdString(complaint));
+    return false;
 }
 
 void CUDSDialog::ShowRecord(ks::CNSignal record, const QString& path) {
     m_record = std::move(record);
     m_path = path;
-    setWindowTitle(tr("UDS File Specification - %1").arg(FileName()));
+    // "[*]" is where a caption marks a changed document, unless it is doubled.
+    setWindowTitle(tr("UDS File Specification - %1").arg(FileName().replace("[*]", "[*][*]")));
     for (CHeaderPage* const page : m_pages) page->ShowRecord(m_record);
     m_previewer->Refresh();
     FitSize();

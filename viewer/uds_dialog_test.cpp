@@ -15,6 +15,7 @@
 #include <QTest>
 #include <QToolButton>
 #include <QUrl>
+#include <QWindow>
 #include <functional>
 #include <limits>
 
@@ -99,6 +100,13 @@ private slots:
     // Pages and fields.
 
     void TheCaptionNamesTheFile() { QCOMPARE(m_sheet->windowTitle(), QString("UDS File Specification - two.uds")); }
+
+    void ACaptionTakesEveryName() {
+        for (const QString name : {"a[*].uds", "[*][*]", "a&b.uds", "<b>.uds"}) {
+            m_sheet->ShowRecord({}, "folder/" + name);
+            QCOMPARE(m_sheet->windowHandle()->title(), "UDS File Specification - " + name);
+        }
+    }
 
     void ThePagesAreTheKnownOnes() {
         const QStringList pages = {"ksres::CUDSTestDialog",       "ksres::CUDSVehDialog",
@@ -229,6 +237,21 @@ private slots:
         const QString path = Text(m_folder.Write("short.uds", "too short"));
         QVERIFY(ksres::CUDSDialog::ShowFile(path, *m_host, nullptr) == nullptr);
         QCOMPARE(m_host->errors, QStringList({"File size not a multiple of 512 bytes."}));
+    }
+
+    void TheWaitCursorIsUpWhileAFileIsRead() {
+        bool isWaiting = false;
+        connect(m_sheet.get(), &QWidget::windowTitleChanged, this, [&] {
+            const QCursor* const cursor = QApplication::overrideCursor();
+            isWaiting = cursor != nullptr && cursor->shape() == Qt::WaitCursor;
+        });
+        QVERIFY(m_sheet->Open(Text(m_folder.Write("other.uds", UdsFile({}).Text()))));
+        QVERIFY(isWaiting);
+        QVERIFY(QApplication::overrideCursor() == nullptr);
+        QVERIFY(!m_sheet->Open(Text(m_folder.Write("short.uds", "too short"))));
+        QCOMPARE(m_host->errors.size(), qsizetype{1});
+        QVERIFY(!m_host->wasWaiting);  // the user reads the sentence
+        QVERIFY(QApplication::overrideCursor() == nullptr);
     }
 
     void AMissingFileIsReportedInTheReadersWords() {

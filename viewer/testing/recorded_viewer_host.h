@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QGuiApplication>
 #include <QPrinter>
 #include <QStringList>
 #include <functional>
@@ -12,11 +13,15 @@
 class CRecordedViewerHost : public CViewerHost {
 public:
     QStringList errors;
+    bool wasWaiting = false;  ///< the wait cursor was up before an error
     std::vector<CViewerSaveRequest> saveRequests;
     std::optional<QString> savePath;
     std::function<bool(QPrinter&)> choosePrinter;
 
-    void ShowError(QWidget*, const QString& text) override { errors.append(text); }
+    void ShowError(QWidget*, const QString& text) override {
+        errors.append(text);
+        wasWaiting = wasWaiting || QGuiApplication::overrideCursor() != nullptr;
+    }
     std::optional<QString> AskSavePath(QWidget*, const CViewerSaveRequest& request) override {
         saveRequests.push_back(request);
         return savePath;
