@@ -8,8 +8,8 @@ from gi.repository import Atspi, Gio, GLib  # noqa: E402
 from waiting import PATIENCE_S, wait_until  # noqa: E402
 
 # What a user has to tell apart by name.
-_CONTROLS = {"push button", "radio button", "check box", "combo box", "text", "spin button", "list", "table", "tool bar",
-             "menu item", "page tab", "progress bar"}
+_CONTROLS = {"push button", "radio button", "check box", "combo box", "text", "spin button", "list", "table",
+             "tool bar", "menu item", "page tab", "progress bar"}
 
 # Their children are cells, some of them out of sight; they are asked for one by one.
 _TABLES = {"table", "tree", "list"}

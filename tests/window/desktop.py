@@ -10,6 +10,7 @@ import subprocess
 import tempfile
 from pathlib import Path
 
+import waiting
 from waiting import wait_until
 
 SCREEN = "1600x1000x24"
@@ -64,6 +65,7 @@ class Desktop:
         return self
 
     def __exit__(self, *_):
+        waiting.unwatch_all()  # a test that was interrupted leaves its program behind
         for part in reversed(self._parts):
             end(part)
         try:

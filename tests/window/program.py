@@ -103,8 +103,10 @@ class Program:
 
     def pick(self, title, *paths, button="Open"):
         """Types paths into the file dialog of this title and closes it."""
-        self.dialog(title).get("text", "File name:").set_text(" ".join(f'"{path}"' for path in paths)
-                                                              if len(paths) > 1 else str(paths[0]))
+        name = self.dialog(title).get("text", "File name:")
+        # Until it has the focus, the toolkit cuts the folder off a path to an existing file.
+        name.take_focus()
+        name.set_text(" ".join(f'"{path}"' for path in paths) if len(paths) > 1 else str(paths[0]))
         self.close(title, button)
 
     def save(self, title, path):

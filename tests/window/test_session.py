@@ -75,8 +75,7 @@ class Session(WindowTest):
         listed = select.get("list", "Signals to be Evaluated")
         self.assertEqual(names(listed), self.files[:2])
 
-        select.get("push button", "Read Hitlist").act()
-        self.program.pick("Select Hit List", self.folder / "examples/sled/sled.hit")
+        self.read_hit_list(self.program, "examples/sled/sled.hit")
         self.assertEqual(names(listed), self.files[:2] + SLED)
 
         # The first two of the hit list are there already.
@@ -391,6 +390,30 @@ class Session(WindowTest):
     def wait_written(self, path):
         """A file appears under its name when it is complete."""
         wait_until(path.exists, f"{path} was written")
+
+
+class Average(WindowTest):
+    def test_force_signals_with_their_average(self):
+        """Signals that are no accelerations have a page of their own in place of three others."""
+        program = self.start()
+        select = self.read_hit_list(program, "examples/force/force.hit")
+        reference = select.get("text", "Reference file")
+        self.assertTrue(reference.has("enabled"))
+        select.get("radio button", "Compare to Average").set_checked(True)
+        wait_until(lambda: not reference.has("enabled"), "the reference could not be chosen")
+        program.close("Select Uds Files", "OK")
+        program.wait_status("3 signals were compared.")
+
+        files = (self.folder / "examples/force/force.hit").read_text().split()
+        results = Results(self.folder, files, "--cfc", "60")
+        self.assertEqual(program.cells(), results.accessible_cells())
+        self.assertEqual(program.pages(), ["Summary", "Input Data", *ALL_PAGES[3:]])
+        for page in results.pages[1:]:
+            program.choose_page(page["name"])
+            self.assertEqual(program.chart().description, chart_description(page))
+
+        program.keys(program.window, "ctrl+q")
+        self.assertEqual(program.end_status(), 0)
 
 
 class HtmlTable(HTMLParser):

@@ -39,10 +39,8 @@ class Start(WindowTest):
         program = self.start(environment=self.german())
         files = [f"examples/sled/s0100{number}aa0.001" for number in (2, 3)]
         (self.folder / "two.hit").write_text("".join(f"{file}\n" for file in files))
-        select = program.dialog("Select Uds Files")
+        select = self.read_hit_list(program, "two.hit")
         self.assertEqual(select.get("text", "Max Time").text, "0.30000001192092896")
-        select.get("push button", "Read Hitlist").act()
-        program.pick("Select Hit List", self.folder / "two.hit")
         select.get("text", "Reference file").set_text("examples/sled/s01001aa0.001")
         select.get("check box", "Trancate all signals -->").set_checked(True)
         select.get("text", "Max Time").set_text("0.15")

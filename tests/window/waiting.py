@@ -20,6 +20,10 @@ def unwatch(process):
     _watched.discard(process)
 
 
+def unwatch_all():
+    _watched.clear()
+
+
 def wait_until(condition, what, patience_s=PATIENCE_S):
     """Asks `condition` until its answer is true, and returns the answer.
 
@@ -37,7 +41,8 @@ def wait_until(condition, what, patience_s=PATIENCE_S):
         if answer:
             return answer
         time.sleep(PAUSE_S)
-    raise AssertionError(f"Waited {patience_s} s in vain until {what}." + (f" Last: {last_error}" if last_error else ""))
+    reason = f" Last: {last_error}" if last_error else ""
+    raise AssertionError(f"Waited {patience_s} s in vain until {what}.{reason}")
 
 
 def take_events():

@@ -95,11 +95,18 @@ class WindowTest(unittest.TestCase):
         self.addCleanup(program.end)
         return program
 
+    def read_hit_list(self, program, name):
+        """In the dialog that chooses the files; returns the dialog."""
+        select = program.dialog("Select Uds Files")
+        select.get("push button", "Read Hitlist").act()
+        program.pick("Select Hit List", self.folder / name)
+        return select
+
 
 def main():
     """Runs the tests of the calling script on a desktop of their own."""
-    # As an exception, so that the desktop is taken down.
-    signal.signal(signal.SIGTERM, lambda *_: sys.exit("The test was told to end."))
+    # As an exception, and one that the tests let pass, so that the desktop is taken down.
+    signal.signal(signal.SIGTERM, signal.default_int_handler)
     with desktop.Desktop():
         accessible.attach()
         result = unittest.main(exit=False).result
