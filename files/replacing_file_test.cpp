@@ -10,6 +10,7 @@
 #include <string>
 #include <system_error>
 
+#include "tests/support/failing_disk.h"
 #include "tests/support/temp_folder.h"
 
 namespace ks {
@@ -17,42 +18,6 @@ namespace {
 
 namespace fs = std::filesystem;
 using namespace std::string_literals;
-
-/// While it lives, no file of this process can grow beyond `bytes`: writing more fails as on a full disk.
-class FileSizeLimit {
-public:
-    explicit FileSizeLimit(rlim_t bytes) : m_oldHandler(std::signal(SIGXFSZ, SIG_IGN)) {
-        getrlimit(RLIMIT_FSIZE, &m_old);
-        const rlimit limited{bytes, m_old.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &limited);
-    }
-    FileSizeLimit(const FileSizeLimit&) = delete;
-    FileSizeLimit& operator=(const FileSizeLimit&) = delete;
-    ~FileSizeLimit() {
-        setrlimit(RLIMIT_FSIZE, &m_old);
-        std::signal(SIGXFSZ, m_oldHandler);
-    }
-
-private:
-    rlimit m_old{};
-    void (*m_oldHandler)(int);
-};
-
-/// While it lives, a superuser has the rights of an ordinary user, for whom permissions count.
-class OrdinaryUser {
-public:
-    OrdinaryUser() {
-        if (geteuid() == 0) m_changed = seteuid(65534) == 0;
-    }
-    OrdinaryUser(const OrdinaryUser&) = delete;
-    OrdinaryUser& operator=(const OrdinaryUser&) = delete;
-    ~OrdinaryUser() {
-        if (m_changed && seteuid(0) != 0) ADD_FAILURE() << "the superuser's rights did not come back";
-    }
-
-private:
-    bool m_changed = false;
-};
 
 TEST(WriteFile, MakesANewFile) {
     const CTempFolder folder;
@@ -144,7 +109,7 @@ TEST(WriteFile, ThatFailsOnTheWayLeavesTheOldFile) {
     const CTempFolder folder;
     const std::string path = folder.Write("old", "the old text");
     {
-        const FileSizeLimit fullDisk(1000);
+        const CFileSizeLimit fullDisk(1000);
         EXPECT_EQ(WriteFile(path, std::string(100000, 'x')), WriteResult::NotCompleted);
     }
     EXPECT_EQ(ReadAll(path), "the old text");
@@ -154,7 +119,7 @@ TEST(WriteFile, ThatFailsOnTheWayLeavesTheOldFile) {
 TEST(WriteFile, ThatFailsOnTheWayLeavesNoNewFile) {
     const CTempFolder folder;
     {
-        const FileSizeLimit fullDisk(1000);
+        const CFileSizeLimit fullDisk(1000);
         EXPECT_EQ(WriteFile(folder.Path("new"), std::string(100000, 'x')), WriteResult::NotCompleted);
     }
     EXPECT_EQ(folder.Listing(), "");
@@ -231,7 +196,7 @@ TEST_F(Unwritable, IsAReadOnlyFile) {
     fs::permissions(path, fs::perms(0444));
     fs::permissions(m_folder.Path("."), fs::perms(0777));
     {
-        const OrdinaryUser user;
+        const COrdinaryUser user;
         ExpectNotOpened(path);
     }
     EXPECT_EQ(ReadAll(path), "text");
@@ -242,7 +207,7 @@ TEST_F(Unwritable, IsAFileInAReadOnlyFolder) {
     fs::permissions(path, fs::perms(0666));
     fs::permissions(m_folder.Path("."), fs::perms(0555));
     {
-        const OrdinaryUser user;
+        const COrdinaryUser user;
         ExpectNotOpened(path);
         ExpectNotOpened(m_folder.Path("new"));
     }

@@ -1,17 +1,14 @@
 #include "viewer/printer.h"
 
-#include <QBuffer>
 #include <QLocale>
 #include <QMarginsF>
 #include <QPainter>
-#include <QPdfWriter>
 #include <QPrinter>
-#include <string_view>
 #include <vector>
 
-namespace {
+#include "chart/pdf_file.h"
 
-constexpr int kPdfResolution = 1200;  // dots per inch; positions are rounded to them
+namespace {
 
 std::vector<int> PagesToPaint(int count, const QPageRanges& wanted) {
     std::vector<int> pages;
@@ -42,25 +39,13 @@ bool CPrinter::PaintOn(QPagedPaintDevice& device, const QPageRanges& pages) cons
 
 ks::WriteResult CPrinter::Print(QPrinter& printer) const {
     const QPageRanges pages = printer.printRange() == QPrinter::PageRange ? printer.pageRanges() : QPageRanges();
-    if (!printer.outputFileName().isEmpty())
-        return WritePdf(printer.outputFileName().toStdString(), printer.pageLayout(), pages);
+    if (MakesPdfFile(printer)) return WritePdf(printer.outputFileName().toStdString(), printer.pageLayout(), pages);
     printer.setFullPage(true);
     return PaintOn(printer, pages) ? ks::WriteResult::Written : ks::WriteResult::NotOpened;
 }
 
 ks::WriteResult CPrinter::WritePdf(const std::string& path, const QPageLayout& layout, const QPageRanges& pages) const {
-    if (!ks::CanWrite(path)) return ks::WriteResult::NotOpened;
-    QBuffer file;
-    file.open(QIODevice::WriteOnly);
-    {
-        QPdfWriter writer(&file);
-        writer.setResolution(kPdfResolution);
-        writer.setTitle(m_subject.fileName);
-        writer.setCreator(QStringLiteral("Quorvel"));
-        writer.setPageSize(layout.pageSize());
-        writer.setPageOrientation(layout.orientation());
-        writer.setPageMargins(QMarginsF());
-        if (!PaintOn(writer, pages)) return ks::WriteResult::NotCompleted;
-    }
-    return ks::WriteFile(path, std::string_view(file.data().constData(), static_cast<std::size_t>(file.size())));
+    const QPageLayout wholePaper(layout.pageSize(), layout.orientation(), QMarginsF());
+    return WritePdfFile(path, {wholePaper, m_subject.fileName},
+                        [&](QPagedPaintDevice& device) { return PaintOn(device, pages); });
 }

@@ -28,7 +28,7 @@ public:
     /// follows the page range chosen in a print dialog.
     [[nodiscard]] ks::WriteResult Print(QPrinter& printer) const;
 
-    /// Writes a PDF file; `layout` is paper and orientation.
+    /// Writes a PDF file; `layout` is paper and orientation, the report has margins of its own.
     [[nodiscard]] ks::WriteResult WritePdf(const std::string& path, const QPageLayout& layout,
                                            const QPageRanges& pages = {}) const;
 
