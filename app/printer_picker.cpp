@@ -2,7 +2,16 @@
 
 #include <QPrintDialog>
 
-bool CPrinterDialogs::Pick(QWidget* parent, QPrinter& printer) {
-    QPrintDialog dialog(&printer, parent);
-    return dialog.exec() == QDialog::Accepted;
+std::unique_ptr<QPrintDialog> CPrinterDialogs::MakeDialog(QWidget* parent, QPrinter& printer, PrintedPages pages) {
+    auto dialog = std::make_unique<QPrintDialog>(&printer, parent);
+    if (pages == PrintedPages::Several) return dialog;
+    dialog->setOption(QAbstractPrintDialog::PrintPageRange, false);
+    dialog->setOption(QAbstractPrintDialog::PrintCollateCopies, false);
+    // The toolkit's own dialog, which is that of X11, offers the range all the same and undoes a hiding.
+    if (auto* const range = dialog->findChild<QWidget*>(QStringLiteral("gbPrintRange"))) range->setEnabled(false);
+    return dialog;
+}
+
+bool CPrinterDialogs::Pick(QWidget* parent, QPrinter& printer, PrintedPages pages) {
+    return MakeDialog(parent, printer, pages)->exec() == QDialog::Accepted;
 }

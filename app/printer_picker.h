@@ -1,18 +1,27 @@
 #pragma once
 
+#include <memory>
+
+class QPrintDialog;
 class QPrinter;
 class QWidget;
+
+/// What is to be printed: of several pages the user may choose some.
+enum class PrintedPages { One, Several };
 
 /// Lets the user choose a printer and its options. Tests put a scripted one in its place.
 class CPrinterPicker {
 public:
     virtual ~CPrinterPicker() = default;
     /// False: cancelled.
-    virtual bool Pick(QWidget* parent, QPrinter& printer) = 0;
+    virtual bool Pick(QWidget* parent, QPrinter& printer, PrintedPages pages) = 0;
 };
 
 /// The printer dialog of the platform.
 class CPrinterDialogs : public CPrinterPicker {
 public:
-    bool Pick(QWidget* parent, QPrinter& printer) override;
+    bool Pick(QWidget* parent, QPrinter& printer, PrintedPages pages) override;
+
+    /// The dialog that Pick shows.
+    static std::unique_ptr<QPrintDialog> MakeDialog(QWidget* parent, QPrinter& printer, PrintedPages pages);
 };

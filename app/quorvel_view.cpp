@@ -13,6 +13,7 @@
 #include "app/printer_picker.h"
 #include "app/settings.h"
 #include "app/summary_list.h"
+#include "chart/pdf_file.h"
 #include "compare/document.h"
 #include "compare/export.h"
 #include "compare/plots/page_ids.h"
@@ -289,15 +290,22 @@ void CQuorvelView::OnPrint() {
     const std::string_view pageName = PageName(m_document.CurrentPageId());
     printer.setDocName(QStringLiteral("Quorvel - ") +
                        QString::fromLatin1(pageName.data(), static_cast<qsizetype>(pageName.size())));
-    if (!m_services.printers.Pick(this, printer)) return;
+    if (!m_services.printers.Pick(this, printer, PrintedPages::One)) return;
 
-    QPainter painter;
-    if (!painter.begin(&printer)) {
-        m_services.messages.ShowError(this, tr("The plot could not be printed. Check the printer or the output file."));
-        return;
-    }
-    m_chart.PaintOnto(painter, QRectF(QPointF(0, 0), printer.pageRect(QPrinter::DevicePixel).size()));
-    if (!painter.end() || printer.printerState() == QPrinter::Error) {
+    const PaintPages paint = [this](QPagedPaintDevice& device) {
+        QPainter painter;
+        if (!painter.begin(&device)) return false;
+        m_chart.PaintOnto(painter, QRectF(0.0, 0.0, device.width(), device.height()));  // inside the margins
+        return painter.end();
+    };
+    if (MakesPdfFile(printer)) {
+        const QString path = printer.outputFileName();
+        const CPdfForm form{printer.pageLayout(), printer.docName()};
+        if (WritePdfFile(path.toStdString(), form, paint) != ks::WriteResult::Written) {
+            m_services.messages.ShowError(this, tr("The plot could not be printed to %1.").arg(path));
+            return;
+        }
+    } else if (!paint(printer) || printer.printerState() == QPrinter::Error) {
         m_services.messages.ShowError(this, tr("The plot could not be printed. Check the printer or the output file."));
         return;
     }

@@ -26,5 +26,5 @@ std::optional<QString> CSpecificationHost::AskSavePath(QWidget* parent, const CV
 }
 
 bool CSpecificationHost::AskPrinter(QWidget* parent, QPrinter& printer) {
-    return m_services.printers.Pick(parent, printer);
+    return m_services.printers.Pick(parent, printer, PrintedPages::Several);
 }

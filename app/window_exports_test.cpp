@@ -11,9 +11,11 @@
 #include <cmath>
 #include <map>
 
+#include "app/specification_host.h"
 #include "app/testing/window_fixture.h"
 #include "chart/testing/wmf_reader.h"
 #include "compare/export.h"
+#include "tests/support/failing_disk.h"
 #include "tests/support/temp_folder.h"
 #include "viewer/testing/pdf_text.h"
 
@@ -352,12 +354,56 @@ private slots:
         QVERIFY(m_window->messages.said.isEmpty());
     }
 
-    void APlotThatCannotBePrintedIsReported() {
+    void ThePlotStaysInsideTheMarginsThatTheUserChose() {
         m_window->ChoosePage("Velocity");
-        m_window->printers.path = m_window->Path("no such folder/plot.pdf");
+        m_window->printers.path = m_window->Path("plot.pdf");
+        m_window->printers.layout = QPageLayout(QPageSize(QPageSize::A4), QPageLayout::Portrait,
+                                                QMarginsF(100.0, 200.0, 50.0, 300.0), QPageLayout::Point);
         Trigger(CommandId::Print);
-        QCOMPARE(m_window->messages.said,
-                 QStringList({"error|Error|The plot could not be printed. Check the printer or the output file."}));
+        QCOMPARE(m_window->messages.said, QStringList());
+        QCOMPARE(m_window->printers.questions, std::vector<PrintedPages>{PrintedPages::One});
+        const std::vector<CPdfPage> pages = ReadPdf(m_window->printers.path);
+        QCOMPARE(pages.size(), std::size_t{1});
+        QVERIFY(pages[0].size.width() < pages[0].size.height());
+        const QRectF inside = QRectF(QPointF(0, 0), pages[0].size).adjusted(100.0, 200.0, -50.0, -300.0);
+        QRectF used;
+        for (const CPdfWord& word : pages[0].words) {
+            QVERIFY2(inside.contains(word.box), qPrintable(word.text));
+            used |= word.box;
+        }
+        // And it fills them: titles and numbers stand near every edge.
+        QVERIFY(used.width() > 0.85 * inside.width() && used.height() > 0.85 * inside.height());
+    }
+
+    void APlotThatCannotBePrintedIsReported() {
+        CheckNotPrinted(m_window->Path("no such folder/plot.pdf"));
+        CheckNotPrinted(m_window->folder.path());
+        CheckNotPrinted("/dev/full");
+    }
+
+    /// The toolkit empties the old file first and tells no fault of writing.
+    void APrintThatFailsLeavesTheOldFileAsItIs() {
+        const CTempFolder folder;
+        const std::string old = folder.Write("plot.pdf", "an old plot");
+        const QString path = QString::fromStdString(old);
+        {
+            const CFileSizeLimit limit(1000);
+            CheckNotPrinted(path);
+        }
+        QCOMPARE(ReadAll(old), std::string("an old plot"));
+        {
+            const COrdinaryUser user;  // who may not write there
+            CheckNotPrinted(path);
+        }
+        QCOMPARE(ReadAll(old), std::string("an old plot"));
+        QCOMPARE(folder.Listing(), std::string("plot.pdf\n"));
+    }
+
+    void TheReportOfAFileOffersAChoiceOfItsPages() {
+        CSpecificationHost host({m_window->settings, m_window->picker, m_window->messages, m_window->printers});
+        QPrinter printer;
+        QVERIFY(!host.AskPrinter(nullptr, printer));
+        QCOMPARE(m_window->printers.questions, std::vector<PrintedPages>{PrintedPages::Several});
     }
 
     void PrintPreviewIsOffEverywhere() {
@@ -371,6 +417,16 @@ private slots:
     }
 
 private:
+    void CheckNotPrinted(const QString& path) {
+        m_window->ChoosePage("Velocity");
+        const QString status = m_window->StatusText();
+        m_window->messages.said.clear();
+        m_window->printers.path = path;
+        Trigger(CommandId::Print);
+        QCOMPARE(m_window->messages.said, QStringList("error|Error|The plot could not be printed to " + path + "."));
+        QCOMPARE(m_window->StatusText(), status);
+    }
+
     static int CommandNumber(CommandId id) { return static_cast<int>(id); }
     void Trigger(CommandId id) { m_window->frame->Action(id)->trigger(); }
     QString Folder(const QString& below = {}) const { return m_window->folder.path() + "/" + below; }

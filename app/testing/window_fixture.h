@@ -14,6 +14,7 @@
 #include <memory>
 #include <optional>
 #include <utility>
+#include <vector>
 
 #include "app/file_list.h"
 #include "app/main_frame.h"
@@ -32,10 +33,14 @@
 class CPdfPicker : public CPrinterPicker {
 public:
     QString path;
-    bool Pick(QWidget*, QPrinter& printer) override {
+    std::optional<QPageLayout> layout;    ///< none: as offered
+    std::vector<PrintedPages> questions;  ///< so far
+    bool Pick(QWidget*, QPrinter& printer, PrintedPages pages) override {
+        questions.push_back(pages);
         if (path.isEmpty()) return false;
         printer.setOutputFormat(QPrinter::PdfFormat);
         printer.setOutputFileName(path);
+        if (layout) printer.setPageLayout(*layout);
         return true;
     }
 };
