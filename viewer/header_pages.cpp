@@ -1,11 +1,9 @@
 #include "viewer/header_pages.h"
 
-#include <QTabWidget>
 #include <QVBoxLayout>
 #include <span>
 
 #include "viewer/field_form.h"
-#include "viewer/make_child.h"
 
 namespace ksres {
 
@@ -20,11 +18,15 @@ CHeaderPage::CHeaderPage(std::initializer_list<ks::CHeaderGroupId> groups, int c
     rows->addWidget(m_form);
 }
 
-void CHeaderPage::AddSubPage(CHeaderPage* page, const QString& title) {
+QTabWidget& CHeaderPage::Tabs() {
     if (m_tabs == nullptr) {
         m_tabs = MakeChild<QTabWidget>(this);
         layout()->addWidget(m_tabs);
     }
+    return *m_tabs;
+}
+
+void CHeaderPage::AddSubPage(CHeaderPage* page, const QString& title) {
     m_tabs->addTab(page, title);
     m_subPages.push_back(page);
 }
@@ -37,8 +39,8 @@ void CHeaderPage::ShowRecord(const ks::CData& record) {
 CUDSTestDialog::CUDSTestDialog(QWidget* parent) : CHeaderPage({File, Test}, 2, parent) {}
 
 CUDSVehDialog::CUDSVehDialog(QWidget* parent) : CHeaderPage({}, 1, parent) {
-    AddSubPage(MakeChild<CUdsVeh1Dialog>(this), tr("Vehicle One"));
-    AddSubPage(MakeChild<CUdsVeh2Dialog>(this), tr("Vehicle Two"));
+    AddSubPage<CUdsVeh1Dialog>(tr("Vehicle One"));
+    AddSubPage<CUdsVeh2Dialog>(tr("Vehicle Two"));
 }
 
 CUdsVeh1Dialog::CUdsVeh1Dialog(QWidget* parent) : CHeaderPage({VehicleOne}, 2, parent) {}
@@ -46,9 +48,9 @@ CUdsVeh1Dialog::CUdsVeh1Dialog(QWidget* parent) : CHeaderPage({VehicleOne}, 2, p
 CUdsVeh2Dialog::CUdsVeh2Dialog(QWidget* parent) : CHeaderPage({VehicleTwo}, 2, parent) {}
 
 CUDSOCCDialog::CUDSOCCDialog(QWidget* parent) : CHeaderPage({}, 1, parent) {
-    AddSubPage(MakeChild<CUdsOcc1Dialog>(this), tr("Occupant One"));
-    AddSubPage(MakeChild<CUdsOcc2Dialog>(this), tr("Occupant Two"));
-    AddSubPage(MakeChild<CUdsOccupantInjuryDialog>(this), tr("Occupant InJury"));
+    AddSubPage<CUdsOcc1Dialog>(tr("Occupant One"));
+    AddSubPage<CUdsOcc2Dialog>(tr("Occupant Two"));
+    AddSubPage<CUdsOccupantInjuryDialog>(tr("Occupant InJury"));
 }
 
 CUdsOcc1Dialog::CUdsOcc1Dialog(QWidget* parent) : CHeaderPage({OccupantOne}, 2, parent) {}
@@ -58,9 +60,9 @@ CUdsOcc2Dialog::CUdsOcc2Dialog(QWidget* parent) : CHeaderPage({OccupantTwo}, 2, 
 CUdsOccupantInjuryDialog::CUdsOccupantInjuryDialog(QWidget* parent) : CHeaderPage({OccupantInjury}, 2, parent) {}
 
 CUDSCurveDialog::CUDSCurveDialog(QWidget* parent) : CHeaderPage({Curve}, 2, parent) {
-    AddSubPage(MakeChild<CUdsCurveDataDialog>(this), tr("Curve Data"));
-    AddSubPage(MakeChild<CUdsSensorInfoDialog>(this), tr("Sensor Info"));
-    AddSubPage(MakeChild<CUdsCurveUserDialog>(this), tr("Curve User Data"));
+    AddSubPage<CUdsCurveDataDialog>(tr("Curve Data"));
+    AddSubPage<CUdsSensorInfoDialog>(tr("Sensor Info"));
+    AddSubPage<CUdsCurveUserDialog>(tr("Curve User Data"));
 }
 
 CUdsCurveDataDialog::CUdsCurveDataDialog(QWidget* parent) : CHeaderPage({CurveData}, 2, parent) {}

@@ -1,13 +1,14 @@
 #pragma once
 
+#include <QTabWidget>
 #include <QWidget>
 #include <initializer_list>
 #include <vector>
 
 #include "signal/header_groups.h"
+#include "viewer/make_child.h"
 
 class CFieldForm;
-class QTabWidget;
 
 namespace ksres {
 
@@ -22,10 +23,16 @@ protected:
     /// @param columns  pairs of label and value side by side
     CHeaderPage(std::initializer_list<ks::CHeaderGroupId> groups, int columns, QWidget* parent);
 
-    /// Adds a sub-page on a tab of its own; it becomes a child of the tabs.
-    void AddSubPage(CHeaderPage* page, const QString& title);
+    /// Adds a sub-page on a tab of its own. The keyboard reaches what is made first first: the tabs, then the page.
+    template <class SubPage>
+    void AddSubPage(const QString& title) {
+        AddSubPage(MakeChild<SubPage>(&Tabs()), title);
+    }
 
 private:
+    QTabWidget& Tabs();
+    void AddSubPage(CHeaderPage* page, const QString& title);
+
     CFieldForm* m_form = nullptr;
     QTabWidget* m_tabs = nullptr;
     std::vector<CHeaderPage*> m_subPages;

@@ -27,31 +27,40 @@ public:
     CKsPreviewView(QPrinter& printer, const PaintReport& paint, QWidget* parent = nullptr);
 };
 
-/// The pages with what belongs around them: paper, zoom, going from page to page.
+/// The pages with what belongs around them: paper, zoom, going from page to page. At first without pages, but as large
+/// as with them.
 class CViewPrintPreview : public QWidget {
     Q_OBJECT
 
 public:
-    /// `printer` must outlive the view.
-    CViewPrintPreview(QPrinter& printer, const PaintReport& paint, QWidget* parent = nullptr);
+    explicit CViewPrintPreview(QWidget* parent = nullptr);
 
-    /// Paints the report anew, for the printer's paper.
+    /// Shows the report's pages from now on. `printer` must outlive the view.
+    void ShowPages(QPrinter& printer, const PaintReport& paint);
+    [[nodiscard]] bool HasPages() const { return m_view != nullptr; }
+    /// The last that the keyboard reaches, but for the pages, which follow it.
+    [[nodiscard]] QWidget* LastControl() const { return m_lastControl; }
+
+    /// Paints the pages anew, for the printer's paper.
     void Refresh();
 
 private:
-    QLayout* MakeControls();
+    QLayout* MakePlaceControls();
+    QLayout* MakeZoomControls();
     QToolButton* MakeButton(const char* id, const QString& text, const QString& toolTip);
     void ShowPaper();
     void ShowPlace();
     void TakePaper(int index);
     void GoBy(int pages);
 
-    QPrinter& m_printer;
-    CKsPreviewView* m_view;
+    QPrinter* m_printer = nullptr;
+    CKsPreviewView* m_view = nullptr;
+    QWidget* m_frame;  ///< holds the view, with a size of its own
     QComboBox* m_paperBox;
     QToolButton* m_previous = nullptr;
     QToolButton* m_next = nullptr;
     QLabel* m_placeLabel;
+    QWidget* m_lastControl = nullptr;  ///< behind which the keyboard reaches the pages
 };
 
 /// The page of the property sheet with the report's preview. Painting waits until the page is on show.
@@ -68,7 +77,10 @@ public:
     /// The printer whose paper the preview shows, found when first asked for: that can take a moment.
     QPrinter& Printer();
 
-    /// Enough for the controls and a legible page, also before there are any.
+    /// The last that the keyboard reaches, but for the pages, which follow it.
+    [[nodiscard]] QWidget* LastControl() const { return m_view->LastControl(); }
+
+    /// Enough for the controls and a legible page.
     [[nodiscard]] QSize sizeHint() const override;
 
 protected:
@@ -77,7 +89,7 @@ protected:
 private:
     PaintReport m_paint;
     std::unique_ptr<QPrinter> m_printer;
-    CViewPrintPreview* m_view = nullptr;
+    CViewPrintPreview* m_view;
     bool m_stale = true;
 };
 

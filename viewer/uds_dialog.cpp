@@ -60,6 +60,7 @@ public:
         setWidget(page);
         setWidgetResizable(true);
         setFrameShape(QFrame::NoFrame);
+        setFocusPolicy(Qt::NoFocus);  // it follows the focus of what it holds
     }
 
     /// With room for the upright bar, so that it does not bring the other one.
@@ -143,7 +144,18 @@ void CUDSDialog::AddPages() {
     addHeaderPage(MakeChild<CUDSCurveDialog>(this), tr("Curve"));
     m_previewer = MakeChild<CPrintPreviewer>(
         [this](QPrinter& printer) { static_cast<void>(CPrinter(Report()).PaintOn(printer)); }, this);
-    m_ui->pages->addTab(m_previewer, tr("Print Preview"));
+    m_ui->pages->addTab(MakeChild<CPageArea>(m_previewer, this), tr("Print Preview"));
+    SetTabOrder();
+}
+
+/// The pages were made last; the keyboard reaches them behind their tabs and before what stands below.
+void CUDSDialog::SetTabOrder() {
+    QWidget* before = m_previewer->LastControl();
+    for (QWidget* const next : std::initializer_list<QWidget*>{m_ui->modeBox, m_ui->printButton, m_ui->xButton,
+                                                               m_ui->xyButton, m_ui->exportButton, m_ui->closeButton}) {
+        setTabOrder(before, next);
+        before = next;
+    }
 }
 
 CReportSubject CUDSDialog::Report() const {

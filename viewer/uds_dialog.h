@@ -49,6 +49,7 @@ protected:
 
 private:
     void AddPages();
+    void SetTabOrder();
     [[nodiscard]] CReportSubject Report() const;
     [[nodiscard]] QString FileName() const;
     void FitSize();

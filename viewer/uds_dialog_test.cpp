@@ -195,6 +195,100 @@ private slots:
         }
     }
 
+    void TabGoesFromThePagesTabsThroughEverything_data() {
+        QTest::addColumn<int>("page");
+        QTest::addColumn<QStringList>("expected");
+        const auto row = [](const char* name, int page, const QStringList& expected) {
+            const QStringList below = {"modeBox", "printButton", "xButton", "exportButton", "closeButton"};
+            QTest::newRow(name) << page << QStringList("qt_tabwidget_tabbar") + expected + below;
+        };
+        const QString tabs("qt_tabwidget_tabbar");  // of the sub-pages
+        row("test", 0,
+            {"File, Version", "File, Form", "File, Number Format", "File, Unit System", "Test, Source",
+             "Test, Test Number", "Test, Ref Number", "Test, Configuration", "Test, Closing Speed", "Test, Performer",
+             "Test, Title"});
+        row("vehicles", 1,
+            {tabs, "Vehicle One, Make", "Vehicle One, Year", "Vehicle One, Model", "Vehicle One, Engine Type",
+             "Vehicle One, Body", "Vehicle One, Weight", "Vehicle One, Speed"});
+        row("occupants", 2,
+            {tabs, "Occupant One, Type", "Occupant One, Sex", "Occupant One, Weight", "Occupant One, Age",
+             "Occupant One, Dummy Size", "Occupant One, Primary Restraint", "Occupant One, Secondary Restraint"});
+        const QString data("Curve data and sensor, ");
+        row("curve", 3,
+            {"Curve, Curve",
+             "Curve, Status",
+             "Curve, Data Type",
+             "Curve, Time Step",
+             "Curve, Time Range",
+             "Curve, Units",
+             "Curve, SenAtt",
+             "Curve, Type",
+             "Curve, InitVel",
+             "Curve, Filter Cutoff",
+             "Curve, Number of Points",
+             tabs,
+             data + "Curve Description",
+             data + "CD1",
+             data + "CD2",
+             data + "First Point",
+             data + "Last Point",
+             data + "Data Max",
+             data + "Data min",
+             data + "Scale Factor"});
+        row("preview", 4,
+            {"paperBox", "Next page", "Show the pages larger", "Show the pages smaller", "Show one whole page",
+             "Show the pages as wide as the window", "Pages of the report"});
+    }
+    void TabGoesFromThePagesTabsThroughEverything() {
+        QFETCH(int, page);
+        QFETCH(QStringList, expected);
+        m_sheet->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(m_sheet.get()));
+        Child<QComboBox>("modeBox")->setCurrentIndex(1);  // two pages: one can go to the next
+        auto* const pages = Child<QTabWidget>("pages");
+        pages->setCurrentIndex(page);
+        QCoreApplication::processEvents();
+        pages->tabBar()->setFocus();
+        QStringList reached, backwards;
+        do {
+            reached.append(NameOf(*QApplication::focusWidget()));
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        } while (QApplication::focusWidget() != pages->tabBar() && reached.size() < 100);
+        QCOMPARE(reached.join(" > "), expected.join(" > "));
+        do {
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab, Qt::ShiftModifier);
+            backwards.prepend(NameOf(*QApplication::focusWidget()));
+        } while (QApplication::focusWidget() != pages->tabBar() && backwards.size() < 100);
+        QCOMPARE(backwards.join(" > "), expected.join(" > "));
+    }
+
+    void ThePreviewFitsASmallSheet_data() {
+        QTest::addColumn<QSize>("size");
+        QTest::newRow("twice as large as usual on 1280 x 900") << QSize(600, 390);
+        QTest::newRow("smallest") << QSize(1, 1);
+    }
+    void ThePreviewFitsASmallSheet() {
+        QFETCH(QSize, size);
+        m_sheet->resize(size);
+        const QSize before = m_sheet->size();
+        const QSize hint = m_sheet->sizeHint();
+        QVERIFY(before.width() <= 600 && before.height() <= 390);
+        const QWidget* const page = ShowPreview();
+        QCoreApplication::processEvents();
+        QCOMPARE(m_sheet->size(), before);
+        QCOMPARE(m_sheet->sizeHint(), hint);
+        const QWidget& area = *page->parentWidget();
+        for (const char* name : {"paperBox", "previousPageButton", "nextPageButton", "placeLabel", "zoomInButton",
+                                 "zoomOutButton", "fitPageButton", "fitWidthButton"}) {
+            const QWidget& control = *Child<QWidget>(name);
+            const QRect place(control.mapTo(&area, QPoint()), control.size());
+            QVERIFY2(place.left() >= 0 && place.right() < area.width(), name);
+            QVERIFY2(control.width() >= control.minimumSizeHint().width(), name);
+        }
+        if (size.height() < 390) return;  // lower ones scroll
+        QVERIFY(page->height() <= area.height());
+    }
+
     void TheSheetHasRoomForEveryPage() {
         if (m_sheet->size() != m_sheet->sizeHint()) QSKIP("The screen is too small.");
         ForEachTab([](QWidget& tab) {
@@ -508,6 +602,13 @@ private:
         Click("exportButton");
     }
 
+    /// What a screen reader calls a widget, or its name in the program.
+    static QString NameOf(const QWidget& widget) {
+        const bool hasOwnName = widget.objectName().endsWith("Box") || widget.objectName().endsWith("tabbar") ||
+                                widget.accessibleName().isEmpty();
+        return hasOwnName ? widget.objectName() : widget.accessibleName();
+    }
+
     /// Notes below the fields of a page that are on show when the page is.
     static QStringList Notes(const QWidget& page) {
         QStringList notes;
@@ -519,7 +620,8 @@ private:
 
     QWidget* ShowPreview() {
         auto* const page = m_sheet->findChild<ksres::CPrintPreviewer*>();
-        m_sheet->findChild<QTabWidget*>("pages")->setCurrentWidget(page);
+        auto* const pages = m_sheet->findChild<QTabWidget*>("pages");
+        pages->setCurrentIndex(pages->count() - 1);
         return page;
     }
 
