@@ -16,6 +16,7 @@ constexpr std::array kCommands = {
              "save-ascii"},
     CCommand{CommandId::Print, "Print", "&Print...", "Ctrl+P", "Print the current plot", "print"},
     CCommand{CommandId::PrintPreview, "PrintPreview", "Print Preview", "", "Not available", ""},
+    // Kept: users, guides and scripts know the entry by this spelling.
     CCommand{CommandId::UdsSpecification, "UdsSpecification", "UDS Speification", "", "View UDS file specification",
              "uds-specification"},
     CCommand{CommandId::RecentFile, "RecentFile", "", "", "Select the files of this hit list", ""},

@@ -25,7 +25,7 @@ public:
     QString suggestedName;             ///< of the file to save, without a folder; may be empty
     QString defaultExtension;          ///< put behind a saved name that has none; none when empty
     bool fileMustExist = false;        ///< without effect when saving
-    bool hideReadOnly = true;
+    bool hideReadOnly = true;          ///< for dialogs with a read-only box; those of the toolkit have none
     bool askBeforeOverwriting = false;
 };
 

@@ -160,7 +160,7 @@ void CMainFrame::MakeMenus() {
     AddActions(*file->addMenu(tr("&Save")), kSaveMenu);
     file->addSeparator();
     AddActions(*file, kPrintCommands);
-    m_loadedMenu = file->addMenu(tr("UDS Speification &of"));
+    m_loadedMenu = file->addMenu(tr("UDS Specification &of"));
     m_loadedMenu->menuAction()->setStatusTip(tr("View the UDS file specification of a loaded signal"));
     connect(m_loadedMenu, &QMenu::aboutToShow, this, &CMainFrame::FillLoadedMenu);
     file->addSeparator();

@@ -1,6 +1,5 @@
 // The commands of the main window.
 
-#include <QDir>
 #include <QDragEnterEvent>
 #include <QFileInfo>
 #include <QMenu>
@@ -19,10 +18,12 @@
 #include "app/messages.h"
 #include "app/page_pane.h"
 #include "app/quorvel_view.h"
+#include "app/sentences.h"
 #include "app/settings.h"
 #include "app/status_line.h"
 #include "compare/plots/page_ids.h"
 #include "files/hit_list.h"
+#include "viewer/take_copy.h"
 #include "viewer/uds_dialog.h"
 
 namespace {
@@ -224,7 +225,7 @@ void CMainFrame::OpenRecentFile(const QString& path) {
         }
         const auto files = ks::ReadHitList(path.toStdString());
         if (!files) {
-            m_services.messages.ShowError(this, tr("Unable to read Hit list file"));
+            m_services.messages.ShowError(this, HitListUnreadable());
             return;
         }
         m_services.settings.AddRecentFile(path);
@@ -272,17 +273,13 @@ void CMainFrame::ShowSpecification(const QString& path) {
 }
 
 void CMainFrame::dragEnterEvent(QDragEnterEvent* event) {
-    if (m_isCommandAtWork || LocalPaths(*event->mimeData()).isEmpty()) return;
-    event->setDropAction(Qt::CopyAction);
-    event->accept();
+    if (!m_isCommandAtWork && !LocalPaths(*event->mimeData()).isEmpty()) TakeAsCopy(*event);
 }
 
 void CMainFrame::dropEvent(QDropEvent* event) {
-    const QStringList paths = LocalPaths(*event->mimeData());
-    event->setDropAction(Qt::CopyAction);
-    event->accept();
+    if (!TakeAsCopy(*event)) return;
     // Later: the program that the files come from waits until the drop has ended.
-    QTimer::singleShot(0, this, [this, paths] { TakeDropped(paths); });
+    QTimer::singleShot(0, this, [this, paths = LocalPaths(*event->mimeData())] { TakeDropped(paths); });
 }
 
 void CMainFrame::TakeDropped(const QStringList& paths) {
@@ -290,7 +287,7 @@ void CMainFrame::TakeDropped(const QStringList& paths) {
         const CDroppedFiles dropped = ExpandDropped(paths, CurrentDataTypeWildcard(m_services.settings));
         for (const QString& hitList : dropped.hitLists) m_services.settings.AddRecentFile(hitList);
         if (!dropped.unreadableHitLists.isEmpty()) {
-            m_services.messages.ShowError(this, tr("Unable to read Hit list file"));
+            m_services.messages.ShowError(this, HitListUnreadable());
         }
         if (dropped.files.empty()) {
             m_status->ShowMessage(tr("Nothing to compare was dropped. Folders add their files of the type %1.")

@@ -53,6 +53,7 @@ CMessages& MessageBoxes() {
 
 void NameApplicationToShell() {
 #ifdef _WIN32
+    // Frozen: pins and jump lists on users' machines refer to it.
     SetCurrentProcessExplicitAppUserModelID(L"Quorvel.AppID.v4.0.0.0");
 #endif
 }

@@ -34,6 +34,7 @@ private:
     CMessages* m_messages;
 };
 
-/// Starts in `frame` what the arguments ask for: without files the dialog that selects some opens once the event loop
-/// runs; with files the document's start-up run, which loads nothing and leaves the window empty.
+/// Starts in `frame`, which was shown before, what the arguments ask for: without files the dialog that selects some
+/// opens once the event loop runs; with files the document's start-up run, which loads nothing and leaves the window
+/// empty.
 void InitInstance(CMainFrame& frame, const std::vector<std::string>& arguments);

@@ -7,6 +7,8 @@
 #include <QPainter>
 #include <QPrinter>
 #include <algorithm>
+#include <string_view>
+#include <utility>
 
 #include "app/file_picker.h"
 #include "app/messages.h"
@@ -217,7 +219,7 @@ QString CQuorvelView::RowPath(int row) const {
     return row < 0 ? QString() : QString::fromStdString(m_list->Snapshot().paths.at(static_cast<std::size_t>(row)));
 }
 
-void CQuorvelView::ChoosePage(int pageId) {
+void CQuorvelView::ChoosePage(std::int32_t pageId) {
     m_document.SelectPage(pageId);
 }
 
@@ -263,6 +265,7 @@ void CQuorvelView::SavePicture(PictureKind kind) {
 
 void CQuorvelView::OnSaveHtml() {
     if (!IsTableShown() || m_run != RunState::Completed) return;
+    // Not the fallback of the setting: a first report starts in the home folder.
     const QString folder = m_services.settings.Text(QString::fromLatin1(setting::kUdsOutputDir.name), QString());
     const auto picked = m_services.picker.Pick(
         this, SaveRequest(tr("Save Results to HTML File"), folder,

@@ -3,7 +3,7 @@
 #include <QList>
 #include <QString>
 #include <QWidget>
-#include <memory>
+#include <cstdint>
 
 #include "app/commands.h"
 #include "app/window_services.h"
@@ -48,8 +48,8 @@ public:
     void OnSaveHtml();  ///< a file that cannot be opened ends the command silently
     void OnPrint();     ///< the chart, through the printer dialog
 
-public slots:
-    void ChoosePage(int pageId);
+    /// Builds and shows a page; what the document reports about it comes up here.
+    void ChoosePage(std::int32_t pageId);
 
 signals:
     /// A run completed: these pages may be chosen, the first is on show.

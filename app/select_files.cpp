@@ -13,6 +13,7 @@
 #include "app/file_picker.h"
 #include "app/messages.h"
 #include "app/number_field.h"
+#include "app/sentences.h"
 #include "app/settings.h"
 #include "app/ui_select_files.h"
 #include "files/hit_list.h"
@@ -171,7 +172,7 @@ void CSelectFiles::ReadHitList() {
     const QString path = picked->paths.first();
     const auto files = ks::ReadHitList(path.toStdString());
     if (!files) {
-        m_messages.ShowError(this, tr("Unable to read Hit list file"));
+        m_messages.ShowError(this, HitListUnreadable());
         return;
     }
     m_ui->fileList->AppendFiles(*files);
@@ -190,7 +191,7 @@ void CSelectFiles::SaveHitList() {
             RememberHitList(path);
             break;
         case ks::WriteResult::NotOpened:
-            m_messages.ShowError(this, tr("Unable to read Hit list file"));
+            m_messages.ShowError(this, HitListUnreadable());
             break;
         case ks::WriteResult::NotCompleted:
             m_messages.ShowError(this, tr("The hit list could not be written to the end; an older file is as it was."));
@@ -207,7 +208,7 @@ void CSelectFiles::TakeDropped(const QStringList& paths, int row) {
     const CDroppedFiles dropped = ExpandDropped(paths, CurrentDataTypeWildcard(m_settings));
     m_ui->fileList->InsertFiles(row, dropped.files);
     for (const QString& hitList : dropped.hitLists) m_settings.AddRecentFile(hitList);
-    if (!dropped.unreadableHitLists.isEmpty()) m_messages.ShowError(this, tr("Unable to read Hit list file"));
+    if (!dropped.unreadableHitLists.isEmpty()) m_messages.ShowError(this, HitListUnreadable());
 }
 
 void CSelectFiles::accept() {

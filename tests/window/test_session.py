@@ -307,7 +307,7 @@ class Session(WindowTest):
     def look_into_a_loaded_file(self):
         """By the keys of the menu: the third of the loaded files, behind the reference and the first signal."""
         file_menu = self.program.entry("File")
-        loaded = self.program.entry("File", "UDS Speification of")
+        loaded = self.program.entry("File", "UDS Specification of")
         self.program.keys(self.program.window, "alt+f")
         wait_until(lambda: file_menu.children[0].has("showing"), "the File menu was open")
         press_keys("o")
