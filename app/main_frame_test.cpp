@@ -86,7 +86,7 @@ private slots:
         const QList<QAction*> file = menus[0]->menu()->actions();
         QCOMPARE(Texts(file),
                  QStringList({"Select &Files...", "&Save", "-", "&Print...", "Print Preview", "-", "UDS Speification",
-                              "UDS Speification &of", "-", "&Recent File", "-", "Exit"}));
+                              "UDS Specification &of", "-", "&Recent File", "-", "Exit"}));
         QCOMPARE(Texts(file[1]->menu()->actions()), QStringList({"&Bmp", "&Wmf", "&HTML", "UDS", "ASCII"}));
         QCOMPARE(Texts(menus[1]->menu()->actions()),
                  QStringList({"&Copy", "Copy &Data", "-", "Corridor &Size", "Critical &Values"}));

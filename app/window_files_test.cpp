@@ -341,7 +341,7 @@ private:
         qFatal("no such menu");
     }
     QMenu& RecentMenu() { return SubMenu("&Recent File"); }
-    QMenu& LoadedMenu() { return SubMenu("UDS Speification &of"); }
+    QMenu& LoadedMenu() { return SubMenu("UDS Specification &of"); }
 
     /// A text file with these lines.
     QString WriteHitList(const QString& name, const std::vector<std::string>& lines) {
