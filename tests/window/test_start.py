@@ -56,7 +56,7 @@ class Start(WindowTest):
         program.close("Edit Critical Values", "OK")
 
         program.choose_page("Acceleration")
-        self.assertRegex(program.point_at_chart(), r"^X: 0,\d+   Y: -?\d+(,\d+)?$")  # for the user: in the user's way
+        self.assertRegex(program.point_at_chart(), r"^X: 0\.\d+   Y: -?\d+(\.\d+)?$")
         program.choose("File", "Save", "ASCII")
         program.save("Save ASCII data As", self.folder / "saved.txt")
         results.write_pages(self.folder / "expected")
