@@ -108,6 +108,19 @@ TEST(HeaderGroups, NameTheFieldsWithoutALabel) {
     }
 }
 
+/// No two values of the two components are the same, so that none can stand for another.
+void PutComponent(CUDSBytes& bytes, std::size_t start, const std::string& letter, std::int32_t number) {
+    const double real = number;
+    bytes.PutInteger(start, 10 + number).PutText(start + 4, 2, "C" + letter).PutText(start + 6, 30, "DESC " + letter);
+    bytes.PutText(start + 36, 15, "MAKE " + letter).PutText(start + 51, 25, "MODEL " + letter);
+    bytes.PutInteger(start + 76, 1985 + number).PutText(start + 80, 25, "BODY " + letter);
+    bytes.PutText(start + 105, 4, "ENG" + letter).PutReal(start + 109, 1200.5 + real).PutReal(start + 113, 0.5 - real);
+    bytes.PutText(start + 117, 6, "TYPE " + letter).PutInteger(start + 123, 50 + number);
+    bytes.PutText(start + 127, 1, number == 1 ? "M" : "F").PutReal(start + 128, 77.125 + real);
+    bytes.PutText(start + 132, 2, "3" + letter).PutText(start + 134, 20, "BELT " + letter);
+    bytes.PutText(start + 154, 20, "AIRBAG " + letter);
+}
+
 /// A file of two components with every text and number of the header set by hand, at its byte.
 std::string TwoComponentFile() {
     CUDSRecipe recipe;
@@ -119,18 +132,8 @@ std::string TwoComponentFile() {
     bytes.PutText(34, 15, "LABORATORY").PutInteger(49, 4711).PutText(53, 12, "NAME").PutText(65, 70, "A Title");
     bytes.PutText(135, 25, "PERFORMER").PutText(160, 10, "REF 9").PutText(170, 3, "VTB").PutInteger(173, 30);
     bytes.PutReal(177, 56.25);
-    for (const std::size_t start : {std::size_t{181}, std::size_t{512 + 12}}) {
-        const bool second = start != 181;
-        bytes.PutInteger(start, second ? 2 : 1).PutText(start + 4, 2, "VE").PutText(start + 6, 30, "DESCRIBED");
-        bytes.PutText(start + 36, 15, second ? "MAKE B" : "MAKE A").PutText(start + 51, 25, "MODEL");
-        bytes.PutInteger(start + 76, second ? 1988 : 86)
-            .PutText(start + 80, 25, "SEDAN")
-            .PutText(start + 105, 4, "4CYL");
-        bytes.PutReal(start + 109, second ? 1200.5 : 1500.0).PutReal(start + 113, -0.5);
-        bytes.PutText(start + 117, 6, "HYBRID").PutInteger(start + 123, 50).PutText(start + 127, 1, "M");
-        bytes.PutReal(start + 128, 78.125).PutText(start + 132, 2, "35").PutText(start + 134, 20, "BELT");
-        bytes.PutText(start + 154, 20, "AIRBAG");
-    }
+    PutComponent(bytes, 181, "A", 1);
+    PutComponent(bytes, 512 + 12, "B", 2);
     for (int i = 0; i < 6; ++i) bytes.PutReal(static_cast<std::size_t>(355 + 4 * i), 100.0 * (i + 1));
     bytes.PutText(379, 1, "3");
     const std::size_t curve = CurveHeaderOffset(recipe);
@@ -161,16 +164,17 @@ TEST(HeaderValues, AreThoseOfTheFile) {
                 ElementsAre("Source: LABORATORY", "Test Number: 4711", "Ref Number: REF 9", "Configuration: VTB",
                             "Closing Speed: 56.250000 (kph)", "Performer: PERFORMER", "Title: A Title"));
     EXPECT_THAT(LinesOf(VehicleOne, record),
-                ElementsAre("Make: MAKE A", "Year: 1986", "Model: MODEL", "Engine Type: 4CYL", "Body: SEDAN",
-                            "Weight: 1500.000000 (kgs)", "Speed: -0.500000 (kph)"));
+                ElementsAre("Make: MAKE A", "Year: 1986", "Model: MODEL A", "Engine Type: ENGA", "Body: BODY A",
+                            "Weight: 1201.500000 (kgs)", "Speed: -0.500000 (kph)"));
     EXPECT_THAT(LinesOf(VehicleTwo, record),
-                ElementsAre("Make: MAKE B", "Year: 1988", "Model: MODEL", "Engine Type: 4CYL", "Body: SEDAN",
-                            "Weight: 1200.500000 (kgs)", "Speed: -0.500000 (kph)"));
-    for (const CHeaderGroupId occupant : {OccupantOne, OccupantTwo}) {
-        EXPECT_THAT(LinesOf(occupant, record),
-                    ElementsAre("Type: HYBRID", "Sex: M", "Weight: 78.125000 (kgs)", "Age: 35", "Dummy Size: 50",
-                                "Primary Restraint: BELT", "Secondary Restraint: AIRBAG"));
-    }
+                ElementsAre("Make: MAKE B", "Year: 1987", "Model: MODEL B", "Engine Type: ENGB", "Body: BODY B",
+                            "Weight: 1202.500000 (kgs)", "Speed: -1.500000 (kph)"));
+    EXPECT_THAT(LinesOf(OccupantOne, record),
+                ElementsAre("Type: TYPE A", "Sex: M", "Weight: 78.125000 (kgs)", "Age: 3A", "Dummy Size: 51",
+                            "Primary Restraint: BELT A", "Secondary Restraint: AIRBAG A"));
+    EXPECT_THAT(LinesOf(OccupantTwo, record),
+                ElementsAre("Type: TYPE B", "Sex: F", "Weight: 79.125000 (kgs)", "Age: 3B", "Dummy Size: 52",
+                            "Primary Restraint: BELT B", "Secondary Restraint: AIRBAG B"));
     EXPECT_THAT(LinesOf(OccupantInjury, record),
                 ElementsAre("HIC: 100.000000", "T1: 200.000000 (msec)", "T2: 300.000000 (msec)", "AIS: 3"));
 }
@@ -198,8 +202,8 @@ TEST(HeaderValues, WithoutALabelAreThoseOfTheFile) {
     const CData record = Loaded(TwoComponentFile());
     EXPECT_THAT(LinesOf(OtherFile, record), ElementsAre("FILEID: UDS-1992"));
     EXPECT_THAT(LinesOf(OtherTest, record), ElementsAre("TSTNAM: NAME", "IMPANG: 30"));
-    EXPECT_THAT(LinesOf(OtherVehicleOne, record), ElementsAre("CMPNO1: 1", "CMPTYP1: VE", "CMPDSC1: DESCRIBED"));
-    EXPECT_THAT(LinesOf(OtherVehicleTwo, record), ElementsAre("CMPNO2: 2", "CMPTYP2: VE", "CMPDSC2: DESCRIBED"));
+    EXPECT_THAT(LinesOf(OtherVehicleOne, record), ElementsAre("CMPNO1: 11", "CMPTYP1: CA", "CMPDSC1: DESC A"));
+    EXPECT_THAT(LinesOf(OtherVehicleTwo, record), ElementsAre("CMPNO2: 12", "CMPTYP2: CB", "CMPDSC2: DESC B"));
     EXPECT_THAT(LinesOf(OtherInjury, record), ElementsAre("INJ4: 400.000000", "INJ5: 500.000000", "INJ6: 600.000000"));
     EXPECT_THAT(LinesOf(OtherCurve, record),
                 ElementsAre("ICHAN: 17", "CHANFORM: Y", "XTYPE: TIME", "XUNITS: SECONDS", "PREFIL: 1650.000000",
