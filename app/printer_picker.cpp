@@ -2,9 +2,12 @@
 
 #include <QPrintDialog>
 
-std::unique_ptr<QPrintDialog> CPrinterDialogs::MakeDialog(QWidget* parent, QPrinter& printer, PrintedPages pages) {
+std::unique_ptr<QPrintDialog> CPrinterDialogs::MakeDialog(QWidget* parent, QPrinter& printer, int pageCount) {
     auto dialog = std::make_unique<QPrintDialog>(&printer, parent);
-    if (pages == PrintedPages::Several) return dialog;
+    if (pageCount > 1) {
+        dialog->setMinMax(1, pageCount);
+        return dialog;
+    }
     dialog->setOption(QAbstractPrintDialog::PrintPageRange, false);
     dialog->setOption(QAbstractPrintDialog::PrintCollateCopies, false);
     // The toolkit's own dialog, which is that of X11, offers the range all the same and undoes a hiding.
@@ -12,6 +15,6 @@ std::unique_ptr<QPrintDialog> CPrinterDialogs::MakeDialog(QWidget* parent, QPrin
     return dialog;
 }
 
-bool CPrinterDialogs::Pick(QWidget* parent, QPrinter& printer, PrintedPages pages) {
-    return MakeDialog(parent, printer, pages)->exec() == QDialog::Accepted;
+bool CPrinterDialogs::Pick(QWidget* parent, QPrinter& printer, int pageCount) {
+    return MakeDialog(parent, printer, pageCount)->exec() == QDialog::Accepted;
 }

@@ -6,22 +6,20 @@ class QPrintDialog;
 class QPrinter;
 class QWidget;
 
-/// What is to be printed: of several pages the user may choose some.
-enum class PrintedPages { One, Several };
-
 /// Lets the user choose a printer and its options. Tests put a scripted one in its place.
 class CPrinterPicker {
 public:
     virtual ~CPrinterPicker() = default;
-    /// False: cancelled.
-    virtual bool Pick(QWidget* parent, QPrinter& printer, PrintedPages pages) = 0;
+    /// @param pageCount  of what is to be printed; of several pages the user may choose some
+    /// @return           false: cancelled
+    virtual bool Pick(QWidget* parent, QPrinter& printer, int pageCount) = 0;
 };
 
 /// The printer dialog of the platform.
 class CPrinterDialogs : public CPrinterPicker {
 public:
-    bool Pick(QWidget* parent, QPrinter& printer, PrintedPages pages) override;
+    bool Pick(QWidget* parent, QPrinter& printer, int pageCount) override;
 
     /// The dialog that Pick shows.
-    static std::unique_ptr<QPrintDialog> MakeDialog(QWidget* parent, QPrinter& printer, PrintedPages pages);
+    static std::unique_ptr<QPrintDialog> MakeDialog(QWidget* parent, QPrinter& printer, int pageCount);
 };

@@ -7,6 +7,7 @@
 #include <QPrinter>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QSpinBox>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -24,14 +25,29 @@ private slots:
     void OnlySeveralPagesHaveARangeToChoose() {
         QFETCH(bool, several);
         QPrinter printer(QPrinter::HighResolution);
-        const auto dialog =
-            CPrinterDialogs::MakeDialog(nullptr, printer, several ? PrintedPages::Several : PrintedPages::One);
+        const auto dialog = CPrinterDialogs::MakeDialog(nullptr, printer, several ? 2 : 1);
         QCOMPARE(dialog->testOption(QAbstractPrintDialog::PrintPageRange), several);
         QCOMPARE(dialog->testOption(QAbstractPrintDialog::PrintCollateCopies), several);
         dialog->show();
         const auto* const range = dialog->findChild<QRadioButton*>("printRange");
         QVERIFY(range);
         QCOMPARE(range->isEnabled(), several);
+    }
+
+    void TheRangeEndsWithTheLastPage() {
+        QPrinter printer(QPrinter::HighResolution);
+        const auto dialog = CPrinterDialogs::MakeDialog(nullptr, printer, 3);
+        QCOMPARE(dialog->minPage(), 1);
+        QCOMPARE(dialog->maxPage(), 3);
+        dialog->show();
+        for (const char* name : {"from", "to"}) {
+            auto* const page = dialog->findChild<QSpinBox*>(name);
+            QVERIFY(page);
+            page->setValue(9);
+            QCOMPARE(page->value(), 3);
+            page->setValue(0);
+            QCOMPARE(page->value(), 1);
+        }
     }
 
     void MarginsAndOrientationOfTheDialogReachThePrinter() {
@@ -50,7 +66,7 @@ private slots:
             dialog.findChild<QLineEdit*>("filename")->setText(folder.filePath("plot.pdf"));
             dialog.findChild<QDialogButtonBox*>()->buttons().front()->click();
         });
-        QVERIFY(CPrinterDialogs().Pick(nullptr, printer, PrintedPages::One));
+        QVERIFY(CPrinterDialogs().Pick(nullptr, printer, 1));
         QCOMPARE(printer.outputFileName(), folder.filePath("plot.pdf"));
         QCOMPARE(printer.pageLayout().orientation(), QPageLayout::Portrait);
         const QMarginsF margins = printer.pageLayout().margins(QPageLayout::Millimeter);
@@ -61,7 +77,7 @@ private slots:
     void ACancelledDialogIsTold() {
         QPrinter printer(QPrinter::HighResolution);
         WhenModal([](QWidget& dialog) { dialog.close(); });
-        QVERIFY(!CPrinterDialogs().Pick(nullptr, printer, PrintedPages::Several));
+        QVERIFY(!CPrinterDialogs().Pick(nullptr, printer, 3));
     }
 };
 

@@ -293,7 +293,7 @@ void CQuorvelView::OnPrint() {
     const std::string_view pageName = PageName(m_document.CurrentPageId());
     printer.setDocName(QStringLiteral("Quorvel - ") +
                        QString::fromLatin1(pageName.data(), static_cast<qsizetype>(pageName.size())));
-    if (!m_services.printers.Pick(this, printer, PrintedPages::One)) return;
+    if (!m_services.printers.Pick(this, printer, 1)) return;
 
     const PaintPages paint = [this](QPagedPaintDevice& device) {
         QPainter painter;

@@ -25,6 +25,6 @@ std::optional<QString> CSpecificationHost::AskSavePath(QWidget* parent, const CV
     return picked->paths.front();
 }
 
-bool CSpecificationHost::AskPrinter(QWidget* parent, QPrinter& printer) {
-    return m_services.printers.Pick(parent, printer, PrintedPages::Several);
+bool CSpecificationHost::AskPrinter(QWidget* parent, QPrinter& printer, int pageCount) {
+    return m_services.printers.Pick(parent, printer, pageCount);
 }

@@ -11,7 +11,7 @@ public:
 
     void ShowError(QWidget* parent, const QString& text) override;
     std::optional<QString> AskSavePath(QWidget* parent, const CViewerSaveRequest& request) override;
-    bool AskPrinter(QWidget* parent, QPrinter& printer) override;
+    bool AskPrinter(QWidget* parent, QPrinter& printer, int pageCount) override;
 
 private:
     CWindowServices m_services;

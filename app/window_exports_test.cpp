@@ -361,7 +361,7 @@ private slots:
                                                 QMarginsF(100.0, 200.0, 50.0, 300.0), QPageLayout::Point);
         Trigger(CommandId::Print);
         QCOMPARE(m_window->messages.said, QStringList());
-        QCOMPARE(m_window->printers.questions, std::vector<PrintedPages>{PrintedPages::One});
+        QCOMPARE(m_window->printers.pageCounts, QList<int>{1});
         const std::vector<CPdfPage> pages = ReadPdf(m_window->printers.path);
         QCOMPARE(pages.size(), std::size_t{1});
         QVERIFY(pages[0].size.width() < pages[0].size.height());
@@ -402,8 +402,8 @@ private slots:
     void TheReportOfAFileOffersAChoiceOfItsPages() {
         CSpecificationHost host({m_window->settings, m_window->picker, m_window->messages, m_window->printers});
         QPrinter printer;
-        QVERIFY(!host.AskPrinter(nullptr, printer));
-        QCOMPARE(m_window->printers.questions, std::vector<PrintedPages>{PrintedPages::Several});
+        QVERIFY(!host.AskPrinter(nullptr, printer, 7));
+        QCOMPARE(m_window->printers.pageCounts, QList<int>{7});
     }
 
     void PrintPreviewIsOffEverywhere() {

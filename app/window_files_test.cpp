@@ -2,10 +2,12 @@
 // file.
 
 #include <QContextMenuEvent>
+#include <QMap>
 #include <QMenu>
 #include <QMimeData>
 #include <QUrl>
 
+#include "app/specification_host.h"
 #include "app/testing/window_fixture.h"
 #include "files/hit_list.h"
 #include "viewer/uds_dialog.h"
@@ -288,26 +290,80 @@ private slots:
     // The file viewer.
 
     void TheSpecificationOfAnyFileCanBeLookedAtAndChangesNoSetting() {
+        CSettings& settings = m_window->settings;
+        settings.Set(setting::kInputDir, m_window->folder.path());
+        settings.Set(setting::kReferenceDir, "/elsewhere");
+        settings.Set(setting::kDataType, 6);
+        settings.Set(setting::kAsciiOutputDir, "/ascii");
         m_window->picker.answers = {CPickedFiles{{QString::fromStdString(CWindowFixture::Force(2))}, 5}};
-        m_window->store.sync();
-        const QStringList keys = m_window->store.allKeys();
+        const auto before = StoredValues();
+        QVERIFY(before.size() >= 4);
         Trigger(CommandId::UdsSpecification);
         QCOMPARE(m_window->picker.requests.size(), std::size_t{1});
         const CFileRequest& request = m_window->picker.requests[0];
         QVERIFY(request.kind == PickerKind::OpenOne && request.fileMustExist);
         QCOMPARE(request.title, QString("Select Uds File to View"));
         QCOMPARE(request.filters.size(), std::size_t{6});
-        QCOMPARE(request.filterIndex, 3);
-        QCOMPARE(request.folder, QString("Q:\\uds\\vehdb"));
+        QCOMPARE(request.filterIndex, 6);
+        QCOMPARE(request.folder, m_window->folder.path());
         QCOMPARE(SheetTitles(), QStringList({"UDS File Specification - f01002fa0.001"}));
-        QCOMPARE(m_window->store.allKeys(), keys);
+        QCOMPARE(StoredValues(), before);
+    }
+
+    void ThePickerOfTheSpecificationStartsFromTheFallbacks() {
+        Trigger(CommandId::UdsSpecification);
+        QCOMPARE(m_window->picker.requests.size(), std::size_t{1});
+        QCOMPARE(m_window->picker.requests[0].filterIndex, 3);
+        QCOMPARE(m_window->picker.requests[0].folder, QString("Q:\\uds\\vehdb"));
+        QCOMPARE(SheetTitles(), QStringList());
+    }
+
+    void TheSheetSavesPointsWhereAsciiOutputGoes() {
+        CSpecificationHost host({m_window->settings, m_window->picker, m_window->messages, m_window->printers});
+        m_window->settings.Set(setting::kAsciiOutputDir, m_window->folder.path());
+        m_window->settings.Set(setting::kUdsOutputDir, "/elsewhere");
+        const auto before = StoredValues();
+        CViewerSaveRequest asked;
+        asked.title = "Export Points";
+        asked.filters = {{"ASCI Files (*.txt)", "*.txt"}, {"All Files (*.*)", "*.*"}};
+        asked.suggestedName = "a.uds.txt";
+        asked.defaultExtension = "txt";
+        QVERIFY(!host.AskSavePath(nullptr, asked));  // cancelled
+        m_window->picker.answers = {CPickedFiles{{m_window->Path("points.txt")}, 2}};
+        QCOMPARE(host.AskSavePath(nullptr, asked), std::optional<QString>(m_window->Path("points.txt")));
+        QCOMPARE(m_window->picker.requests.size(), std::size_t{2});
+        for (const CFileRequest& request : m_window->picker.requests) {
+            QVERIFY(request.kind == PickerKind::Save && request.askBeforeOverwriting);
+            QCOMPARE(request.title, QString("Export Points"));
+            QCOMPARE(request.folder, m_window->folder.path());
+            QCOMPARE(request.suggestedName, QString("a.uds.txt"));
+            QCOMPARE(request.defaultExtension, QString("txt"));
+            QCOMPARE(request.filterIndex, 1);
+            QCOMPARE(request.filters.size(), std::size_t{2});
+            QCOMPARE(request.filters[0].text, std::string("ASCI Files (*.txt)"));
+            QCOMPARE(request.filters[0].pattern, std::string("*.txt"));
+            QCOMPARE(request.filters[1].text, std::string("All Files (*.*)"));
+            QCOMPARE(request.filters[1].pattern, std::string("*.*"));
+        }
+        QCOMPARE(StoredValues(), before);
+    }
+
+    void PointsThatWereNeverSavedStartInTheFallback() {
+        CSpecificationHost host({m_window->settings, m_window->picker, m_window->messages, m_window->printers});
+        QVERIFY(!host.AskSavePath(nullptr, {}));
+        QCOMPARE(m_window->picker.requests.at(0).folder, QString("C:\\"));
+    }
+
+    void TheSheetSpeaksThroughTheWindowsMessages() {
+        CSpecificationHost host({m_window->settings, m_window->picker, m_window->messages, m_window->printers});
+        host.ShowError(nullptr, "Check Radio Button X or XY");
+        QCOMPARE(m_window->messages.said, QStringList({"error|Error|Check Radio Button X or XY"}));
     }
 
     void AFileThatIsNoUdsFileIsReported() {
         m_window->picker.answers = {CPickedFiles{{WriteHitList("words.001", {"words"})}, 1}};
         Trigger(CommandId::UdsSpecification);
-        QCOMPARE(m_window->messages.said.size(), qsizetype{1});
-        QVERIFY(m_window->messages.said[0].startsWith("error|Error|"));
+        QCOMPARE(m_window->messages.said, QStringList({"error|Error|File size not a multiple of 512 bytes."}));
         QCOMPARE(SheetTitles(), QStringList());
     }
 
@@ -330,6 +386,15 @@ private slots:
     }
 
 private:
+    /// Every stored key with its value.
+    QMap<QString, QVariant> StoredValues() {
+        m_window->store.sync();
+        QMap<QString, QVariant> values;
+        const QStringList keys = m_window->store.allKeys();
+        for (const QString& key : keys) values[key] = m_window->store.value(key);
+        return values;
+    }
+
     void Trigger(CommandId id) { m_window->frame->Action(id)->trigger(); }
 
     /// The submenu of "File" whose text is `text`.

@@ -26,6 +26,13 @@ inline QString OverwritesItself(const QString& path) {
     return QCoreApplication::translate("CUDSDialog", "%1 is the file on show. Please choose another name.").arg(path);
 }
 
+inline QString NoSuchPages(int pageCount) {
+    //: %1 is the number of pages
+    return QCoreApplication::translate("CUDSDialog",
+                                       "None of the chosen pages is in the report; its last page is number %1.")
+        .arg(pageCount);
+}
+
 inline QString NotPrinted(const QString& printer) {
     //: %1 is a printer
     return QCoreApplication::translate("CUDSDialog", "The printer %1 does not accept the report.").arg(printer);

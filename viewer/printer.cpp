@@ -17,6 +17,22 @@ std::vector<int> PagesToPaint(int count, const QPageRanges& wanted) {
     return pages;
 }
 
+CReport LaidOut(const CReportSubject& subject, const QPageLayout& layout) {
+    return {subject, layout.fullRect(QPageLayout::Inch).size()};
+}
+
+PrintResult AsPrintResult(ks::WriteResult result) {
+    switch (result) {
+        case ks::WriteResult::Written:
+            return PrintResult::Printed;
+        case ks::WriteResult::NotOpened:
+            return PrintResult::NotOpened;
+        case ks::WriteResult::NotCompleted:
+            break;
+    }
+    return PrintResult::NotCompleted;
+}
+
 }  // namespace
 
 QPageSize UsualPaper() {
@@ -24,24 +40,29 @@ QPageSize UsualPaper() {
     return QPageSize(letter ? QPageSize::Letter : QPageSize::A4);
 }
 
+int CPrinter::PageCount(const QPageLayout& layout) const {
+    return LaidOut(m_subject, layout).PageCount();
+}
+
 bool CPrinter::PaintOn(QPagedPaintDevice& device, const QPageRanges& pages) const {
-    const CReport report(m_subject, device.pageLayout().fullRect(QPageLayout::Inch).size());
+    const CReport report = LaidOut(m_subject, device.pageLayout());
+    const std::vector<int> wanted = PagesToPaint(report.PageCount(), pages);
     QPainter painter;
-    if (!painter.begin(&device)) return false;
-    bool first = true;
-    for (const int page : PagesToPaint(report.PageCount(), pages)) {
-        if (!first && !device.newPage()) return false;
-        first = false;
+    if (wanted.empty() || !painter.begin(&device)) return false;
+    for (const int page : wanted) {
+        if (page != wanted.front() && !device.newPage()) return false;
         report.Paint(painter, page);
     }
     return painter.end();
 }
 
-ks::WriteResult CPrinter::Print(QPrinter& printer) const {
+PrintResult CPrinter::Print(QPrinter& printer) const {
     const QPageRanges pages = printer.printRange() == QPrinter::PageRange ? printer.pageRanges() : QPageRanges();
-    if (MakesPdfFile(printer)) return WritePdf(printer.outputFileName().toStdString(), printer.pageLayout(), pages);
+    const QPageLayout layout = printer.pageLayout();
+    if (PagesToPaint(PageCount(layout), pages).empty()) return PrintResult::NoPages;
+    if (MakesPdfFile(printer)) return AsPrintResult(WritePdf(printer.outputFileName().toStdString(), layout, pages));
     printer.setFullPage(true);
-    return PaintOn(printer, pages) ? ks::WriteResult::Written : ks::WriteResult::NotOpened;
+    return PaintOn(printer, pages) ? PrintResult::Printed : PrintResult::NotOpened;
 }
 
 ks::WriteResult CPrinter::WritePdf(const std::string& path, const QPageLayout& layout, const QPageRanges& pages) const {

@@ -13,20 +13,31 @@ class QPrinter;
 /// Letter or A4: what is usual in the user's country.
 QPageSize UsualPaper();
 
+/// How printing ended.
+enum class PrintResult {
+    Printed,
+    NoPages,      ///< none of the chosen pages is in the report; nothing was opened
+    NotOpened,    ///< the printer, or its file, does not take the report
+    NotCompleted  ///< its file could not be written whole; an old one is as it was
+};
+
 /// Puts a report on paper. Printers, previews and PDF files all go this way.
 class CPrinter {
 public:
     /// The subject's record must outlive the printer.
     explicit CPrinter(const CReportSubject& subject) : m_subject(subject) {}
 
+    /// How many pages the report has on this paper.
+    [[nodiscard]] int PageCount(const QPageLayout& layout) const;
+
     /// Paints the report, laid out for the device's paper. The device's origin must be the paper's corner.
     /// @param pages  those to paint, from 1; empty: all. Pages that the report does not have are left out.
-    /// @return       false when the device does not take them
+    /// @return       false when the device does not take them, or when there are none
     [[nodiscard]] bool PaintOn(QPagedPaintDevice& device, const QPageRanges& pages = {}) const;
 
     /// Prints on the printer, or into its file, whose old contents are replaced only when the new one is complete;
     /// follows the page range chosen in a print dialog.
-    [[nodiscard]] ks::WriteResult Print(QPrinter& printer) const;
+    [[nodiscard]] PrintResult Print(QPrinter& printer) const;
 
     /// Writes a PDF file; `layout` is paper and orientation, the report has margins of its own.
     [[nodiscard]] ks::WriteResult WritePdf(const std::string& path, const QPageLayout& layout,

@@ -1,5 +1,7 @@
+#include <QBuffer>
 #include <QImage>
 #include <QPainter>
+#include <QPdfWriter>
 #include <QPrinter>
 #include <QRegularExpression>
 #include <QScopeGuard>
@@ -7,6 +9,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <filesystem>
 
 #include "signal/nsignal.h"
 #include "tests/support/temp_folder.h"
@@ -344,7 +347,7 @@ private slots:
         printer.setOutputFileName(QString::fromStdString(m_folder.Path("small.pdf")));
         printer.setPageSize(QPageSize(QPageSize::A6));
         const CPrinter report({m_wideRecord, "a.uds", ReportMode::Full, QDate(2024, 2, 9)});
-        QVERIFY(report.Print(printer) == ks::WriteResult::Written);
+        QVERIFY(report.Print(printer) == PrintResult::Printed);
         const auto pages = ReadPdf(printer.outputFileName());
         const QRectF paper(QPointF(), pages.back().size);
         const QString ellipsis(QChar(0x2026));
@@ -370,10 +373,43 @@ private slots:
         printer.setPrintRange(QPrinter::PageRange);
         printer.setFromTo(2, 7);
         const CPrinter report({m_record, "a.uds", ReportMode::Full, QDate(2024, 2, 9)});
-        QVERIFY(report.Print(printer) == ks::WriteResult::Written);
+        QVERIFY(report.Print(printer) == PrintResult::Printed);
         const auto pages = ReadPdf(printer.outputFileName());
         QCOMPARE(pages.size(), std::size_t{1});
         QVERIFY(HasCell(pages, "Page: 2"));
+    }
+
+    /// A blank page was printed, and an old file lost.
+    void ARangeOutsideTheReportIsToldAndOpensNothing() {
+        const std::string old = m_folder.Write("old.pdf", "old");
+        const CPrinter report({m_record, "a.uds", ReportMode::Full, QDate(2024, 2, 9)});
+        for (const std::string& path : {old, m_folder.Path("none.pdf")}) {
+            QPrinter printer;
+            printer.setOutputFileName(QString::fromStdString(path));
+            printer.setPrintRange(QPrinter::PageRange);
+            printer.setFromTo(3, 7);
+            QVERIFY(report.Print(printer) == PrintResult::NoPages);
+            QVERIFY(printer.printerState() == QPrinter::Idle);
+        }
+        QCOMPARE(ReadAll(old), std::string("old"));
+        QVERIFY(!std::filesystem::exists(m_folder.Path("none.pdf")));
+        QPageRanges outside;
+        outside.addPage(3);
+        QBuffer file;
+        file.open(QIODevice::WriteOnly);
+        QPdfWriter writer(&file);
+        QVERIFY(!report.PaintOn(writer, outside));
+        QVERIFY(file.data().isEmpty());
+    }
+
+    void ThePagesCanBeCountedForEveryPaper() {
+        const CPrinter report({m_record, "a.uds", ReportMode::Full, QDate(2024, 2, 9)});
+        for (const QPageSize::PageSizeId paper : {QPageSize::Letter, QPageSize::A4})
+            QCOMPARE(report.PageCount(QPageLayout(QPageSize(paper), QPageLayout::Portrait, QMarginsF(20, 20, 20, 20))),
+                     2);
+        QCOMPARE(CPrinter({m_record, "a.uds", ReportMode::Specification, QDate(2024, 2, 9)})
+                     .PageCount(QPageLayout(QPageSize(QPageSize::A4), QPageLayout::Portrait, {})),
+                 1);
     }
 
     void PaperSidewaysTakesMorePages() {
@@ -382,7 +418,7 @@ private slots:
         printer.setPageSize(QPageSize(QPageSize::Letter));
         printer.setPageOrientation(QPageLayout::Landscape);
         const CPrinter report({m_wideRecord, "a.uds", ReportMode::Full, QDate(2024, 2, 9)});
-        QVERIFY(report.Print(printer) == ks::WriteResult::Written);
+        QVERIFY(report.Print(printer) == PrintResult::Printed);
         const auto pages = ReadPdf(printer.outputFileName());
         QVERIFY(pages.size() > 2);
         QVERIFY(Near(pages[0].size.width(), 792.0, 1.0) && Near(pages[0].size.height(), 612.0, 1.0));
@@ -394,7 +430,7 @@ private slots:
         QPrinter printer;  // no printer and no file
         printer.setPrinterName("no such printer");
         const CPrinter report({m_record, "a.uds", ReportMode::Full, QDate(2024, 2, 9)});
-        QVERIFY(report.Print(printer) == ks::WriteResult::NotOpened);
+        QVERIFY(report.Print(printer) == PrintResult::NotOpened);
     }
 
     // The file.

@@ -78,6 +78,15 @@ public:
     CWaitCursor& operator=(const CWaitCursor&) = delete;
 };
 
+/// Paper and printer are kept for the next report, but not what was chosen for the pages of the last one.
+void ForgetLastPrint(QPrinter& printer) {
+    printer.setPrintRange(QPrinter::AllPages);
+    printer.setFromTo(0, 0);
+    printer.setCopyCount(1);
+    printer.setCollateCopies(true);
+    printer.setPageOrder(QPrinter::FirstPageFirst);
+}
+
 /// The one local file that a drag brings; empty when it brings something else.
 QString DraggedFile(const QMimeData& data) {
     const QList<QUrl> urls = data.urls();
@@ -174,19 +183,24 @@ void CUDSDialog::FitSize() {
 
 void CUDSDialog::PrintReport() {
     QPrinter& printer = m_previewer->Printer();
-    if (!m_host.AskPrinter(this, printer)) return;
+    ForgetLastPrint(printer);
+    if (!m_host.AskPrinter(this, printer, CPrinter(Report()).PageCount(printer.pageLayout()))) return;
     const QString file = printer.outputFileName();
     if (IsShownFile(file)) {
         m_host.ShowError(this, OverwritesItself(file));
         return;
     }
-    switch (CPrinter(Report()).Print(printer)) {
-        case ks::WriteResult::Written:
+    const CPrinter report(Report());
+    switch (report.Print(printer)) {
+        case PrintResult::Printed:
             break;
-        case ks::WriteResult::NotOpened:
+        case PrintResult::NoPages:
+            m_host.ShowError(this, NoSuchPages(report.PageCount(printer.pageLayout())));
+            break;
+        case PrintResult::NotOpened:
             m_host.ShowError(this, file.isEmpty() ? NotPrinted(printer.printerName()) : FileNotOpened(file));
             break;
-        case ks::WriteResult::NotCompleted:
+        case PrintResult::NotCompleted:
             m_host.ShowError(this, FileNotCompleted(file));
             break;
     }

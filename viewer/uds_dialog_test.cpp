@@ -563,6 +563,64 @@ private slots:
         QVERIFY(ReadAll(m_path.toStdString()) == TwoComponentFile());
     }
 
+    void TheNumberOfPagesIsToldBeforePrinting() {
+        Click("printButton");
+        Child<QComboBox>("modeBox")->setCurrentIndex(1);
+        Click("printButton");
+        QCOMPARE(m_host->pageCounts, QList<int>({1, 2}));
+    }
+
+    void ARangeOutsideTheReportIsToldWithoutAFile() {
+        const std::string before = m_folder.Listing();
+        m_host->choosePrinter = [&](QPrinter& printer) {
+            printer.setOutputFileName(Text(m_folder.Path("outside.pdf")));
+            printer.setPrintRange(QPrinter::PageRange);
+            printer.setFromTo(2, 2);
+            return true;
+        };
+        Click("printButton");
+        QCOMPARE(m_host->errors,
+                 QStringList({"None of the chosen pages is in the report; its last page is number 1."}));
+        QCOMPARE(m_folder.Listing(), before);
+        Child<QComboBox>("modeBox")->setCurrentIndex(1);
+        Click("printButton");
+        QCOMPARE(m_host->errors.size(), qsizetype{1});
+        QVERIFY(ReadAll(m_folder.Path("outside.pdf")).starts_with("%PDF-"));
+    }
+
+    /// What was chosen for one print held, unseen, for all that followed.
+    void EachPrintStartsWithAllPages() {
+        const QString path = Text(m_folder.Write("dropped.uds", UdsFile({}).Text()));
+        QStringList offered;
+        bool accepts = true;
+        m_host->choosePrinter = [&](QPrinter& printer) {
+            offered.append(QString("%1 %2 %3-%4 %5 %6 %7")
+                               .arg(printer.printRange() == QPrinter::AllPages ? "all" : "some")
+                               .arg(printer.pageRanges().isEmpty())
+                               .arg(printer.fromPage())
+                               .arg(printer.toPage())
+                               .arg(printer.copyCount())
+                               .arg(printer.collateCopies())
+                               .arg(printer.pageOrder() == QPrinter::FirstPageFirst ? "forwards" : "backwards"));
+            printer.setOutputFileName(Text(m_folder.Path("printed.pdf")));
+            printer.setPrintRange(QPrinter::PageRange);
+            printer.setFromTo(1, 1);
+            printer.setCopyCount(3);
+            printer.setCollateCopies(false);
+            printer.setPageOrder(QPrinter::LastPageFirst);
+            return accepts;
+        };
+        Click("printButton");
+        Click("printButton");
+        accepts = false;
+        Click("printButton");
+        QVERIFY(Drop(*m_sheet, *Files({path})));
+        QTRY_COMPARE(m_sheet->windowTitle(), QString("UDS File Specification - dropped.uds"));
+        Click("printButton");
+        QCOMPARE(offered, QStringList(4, "all 1 0-0 1 1 forwards"));
+        QCOMPARE(m_host->errors, QStringList());
+    }
+
     void PrintingCanBeCancelled() {
         const std::string before = m_folder.Listing();
         m_host->choosePrinter = [&](QPrinter& printer) {

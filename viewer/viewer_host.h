@@ -32,6 +32,6 @@ public:
     /// Lets the user name a file to write, in the folder for ASCII output at first, and asks before one is replaced.
     /// No value: cancelled.
     virtual std::optional<QString> AskSavePath(QWidget* parent, const CViewerSaveRequest& request) = 0;
-    /// Lets the user choose printer, paper and pages; false: cancelled. The platform's own dialog unless overridden.
-    virtual bool AskPrinter(QWidget* parent, QPrinter& printer);
+    /// Lets the user choose printer, paper and some of the `pageCount` pages; false: cancelled.
+    virtual bool AskPrinter(QWidget* parent, QPrinter& printer, int pageCount) = 0;
 };

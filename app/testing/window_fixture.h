@@ -33,10 +33,10 @@
 class CPdfPicker : public CPrinterPicker {
 public:
     QString path;
-    std::optional<QPageLayout> layout;    ///< none: as offered
-    std::vector<PrintedPages> questions;  ///< so far
-    bool Pick(QWidget*, QPrinter& printer, PrintedPages pages) override {
-        questions.push_back(pages);
+    std::optional<QPageLayout> layout;  ///< none: as offered
+    QList<int> pageCounts;              ///< of what was to be printed so far
+    bool Pick(QWidget*, QPrinter& printer, int pageCount) override {
+        pageCounts.append(pageCount);
         if (path.isEmpty()) return false;
         printer.setOutputFormat(QPrinter::PdfFormat);
         printer.setOutputFileName(path);

@@ -17,6 +17,7 @@ public:
     std::vector<CViewerSaveRequest> saveRequests;
     std::optional<QString> savePath;
     std::function<bool(QPrinter&)> choosePrinter;
+    QList<int> pageCounts;  ///< of the reports that were to be printed
 
     void ShowError(QWidget*, const QString& text) override {
         errors.append(text);
@@ -26,5 +27,8 @@ public:
         saveRequests.push_back(request);
         return savePath;
     }
-    bool AskPrinter(QWidget*, QPrinter& printer) override { return choosePrinter && choosePrinter(printer); }
+    bool AskPrinter(QWidget*, QPrinter& printer, int pageCount) override {
+        pageCounts.append(pageCount);
+        return choosePrinter && choosePrinter(printer);
+    }
 };
