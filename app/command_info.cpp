@@ -1,10 +1,9 @@
 #include "app/command_info.h"
 
-#include <fast_float/fast_float.h>
-
 #include <algorithm>
 
 #include "files/hit_list.h"
+#include "files/number_text.h"
 
 namespace {
 
@@ -73,15 +72,7 @@ bool IsKnownSwitch(std::string_view text) {
 /// small 0.
 double LeadingNumber(std::string_view text) {
     text.remove_prefix(std::min(text.find_first_not_of(" \t\n\v\f\r"), text.size()));
-    if (text.starts_with('+')) {
-        text.remove_prefix(1);
-        if (text.starts_with('-')) return 0.0;
-    }
-    // Words such as "inf" are no numbers here.
-    if (text.substr(text.starts_with('-') ? 1 : 0).find_first_of("0123456789.") != 0) return 0.0;
-    double number = 0.0;
-    fast_float::from_chars(text.data(), text.data() + text.size(), number);  // leaves 0 where it finds no number
-    return number;
+    return ks::ReadLeadingNumber(text).value;
 }
 
 }  // namespace

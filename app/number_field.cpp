@@ -1,25 +1,15 @@
 #include "app/number_field.h"
 
-#include <fast_float/fast_float.h>
-
 #include <QCoreApplication>
 #include <QFontMetrics>
 #include <QLineEdit>
-#include <cmath>
-#include <system_error>
 
 #include "app/messages.h"
 #include "files/number_text.h"
 
 std::optional<double> NumberFromText(QStringView text) {
     const QByteArray bytes = text.trimmed().toUtf8();
-    const char* const end = bytes.constData() + bytes.size();
-    const char* begin = bytes.constData();
-    if (bytes.startsWith('+') && !bytes.startsWith("+-")) ++begin;
-    double value = 0.0;
-    const auto result = fast_float::from_chars(begin, end, value);
-    if (result.ec != std::errc() || result.ptr != end || !std::isfinite(value)) return std::nullopt;
-    return value;
+    return ks::ReadWholeNumber({bytes.constData(), static_cast<std::size_t>(bytes.size())});
 }
 
 QString NumberText(double value) {

@@ -6,9 +6,9 @@
 #include <utility>
 
 #include "cli/arguments.h"
-#include "cli/number_option.h"
 #include "cli/outputs.h"
 #include "cli/usage_error.h"
+#include "files/number_text.h"
 
 namespace {
 
@@ -48,7 +48,7 @@ std::optional<std::int32_t> ReadClass(const CArguments& arguments) {
 }
 
 double ReadNumber(std::string_view option, const std::string& text) {
-    const std::optional<double> value = ParseNumber(text);
+    const std::optional<double> value = ks::ReadWholeNumber(text);
     if (!value) {
         throw CUsageError("Option " + std::string(option) + " takes finite decimal numbers, not: " + text);
     }

@@ -1,5 +1,7 @@
 #include "files/number_text.h"
 
+#include <fast_float/fast_float.h>
+
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -16,6 +18,27 @@ constexpr std::size_t kShortBuffer = 32;
 constexpr const char* kNotANumber = "nan";
 
 }  // namespace
+
+CLeadingNumber ReadLeadingNumber(std::string_view text) {
+    const char* const first = text.data();
+    const char* const last = first + text.size();
+    const char* digits = first;
+    if (digits != last && (*digits == '+' || *digits == '-')) ++digits;
+    // fast_float also knows "nan" and "inf", which are no numbers here, and does not know a leading plus.
+    const bool isNumber = digits != last && (*digits == '.' || (*digits >= '0' && *digits <= '9'));
+    if (!isNumber) return {};
+    CLeadingNumber number;
+    const auto result = fast_float::from_chars(*first == '+' ? digits : first, last, number.value);
+    if (result.ec == std::errc::invalid_argument) return {};
+    number.length = static_cast<std::size_t>(result.ptr - first);
+    return number;
+}
+
+std::optional<double> ReadWholeNumber(std::string_view text) {
+    const CLeadingNumber number = ReadLeadingNumber(text);
+    if (number.length == 0 || number.length != text.size() || !std::isfinite(number.value)) return std::nullopt;
+    return number.value;
+}
 
 std::string FixedText(double value, int digits) {
     if (std::isnan(value)) return kNotANumber;

@@ -9,8 +9,10 @@
 #include <cstdio>
 #include <cstdlib>
 #include <limits>
+#include <optional>
 #include <random>
 #include <string>
+#include <string_view>
 
 namespace ks {
 namespace {
@@ -34,6 +36,118 @@ void ForManyValues(Check check) {
         check(std::ldexp(static_cast<double>(random() % 2000001) - 1e6, -static_cast<int>(random() % 24)));
     }
 }
+
+struct LeadingRow {
+    std::string name;
+    std::string text;
+    double value;
+    std::size_t length;
+};
+class LeadingNumber : public testing::TestWithParam<LeadingRow> {};
+
+TEST_P(LeadingNumber, EndsWhereTheTextIsNoNumberAnyMore) {
+    const CLeadingNumber number = ReadLeadingNumber(GetParam().text);
+    EXPECT_EQ(number.length, GetParam().length);
+    EXPECT_EQ(number.value, GetParam().value);
+}
+
+const LeadingRow kLeadingRows[] = {
+    {"Whole", "42", 42.0, 2},
+    {"TextBehind", "1.5mm", 1.5, 3},
+    {"CommaBehind", "1,5", 1.0, 1},
+    {"SecondPoint", "1.2.3", 1.2, 3},
+    {"BarePoint", ".5x", 0.5, 2},
+    {"TrailingPoint", "5. ", 5.0, 2},
+    {"PlusSign", "+2.5,", 2.5, 4},
+    {"MinusSign", "-2.5,", -2.5, 4},
+    {"Exponent", "1e-3 ", 0.001, 4},
+    {"UpperExponentWithPlus", "2E+3;", 2000.0, 4},
+    {"OpenExponent", "4e", 4.0, 1},
+    {"OpenSignedExponent", "4e-x", 4.0, 1},
+    {"TooLarge", "1e400 ", kInfinity, 5},
+    {"TooLargeNegative", "-1e400", -kInfinity, 6},
+    {"TooLargeInDigits", std::string(400, '9') + "x", kInfinity, 400},
+    {"Largest", "1.7976931348623157e308", std::numeric_limits<double>::max(), 22},
+    {"TooSmall", "1e-400", 0.0, 6},
+    {"Smallest", "5e-324", std::numeric_limits<double>::denorm_min(), 6},
+    {"HalfwayBetweenTwoDoubles", "9007199254740993", 9007199254740992.0, 16},
+    {"Hexadecimal", "0x10", 0.0, 1},
+    {"Empty", "", 0.0, 0},
+    {"Blank", " 1", 0.0, 0},
+    {"PlusAlone", "+", 0.0, 0},
+    {"MinusAlone", "-", 0.0, 0},
+    {"PointAlone", ".", 0.0, 0},
+    {"SignedPointAlone", "-.", 0.0, 0},
+    {"PlusMinus", "+-1", 0.0, 0},
+    {"TwoPluses", "++1", 0.0, 0},
+    {"ExponentAlone", "e5", 0.0, 0},
+    {"Infinity", "inf", 0.0, 0},
+    {"MinusInfinity", "-infinity", 0.0, 0},
+    {"NotANumber", "nan", 0.0, 0},
+    {"SignedNotANumber", "+nan", 0.0, 0},
+};
+INSTANTIATE_TEST_SUITE_P(Texts, LeadingNumber, testing::ValuesIn(kLeadingRows),
+                         [](const auto& row) { return row.param.name; });
+
+TEST(ReadLeadingNumber, KeepsTheSignOfZero) {
+    EXPECT_TRUE(std::signbit(ReadLeadingNumber("-0").value));
+    EXPECT_TRUE(std::signbit(ReadLeadingNumber("-1e-400").value));
+    EXPECT_FALSE(std::signbit(ReadLeadingNumber("+0").value));
+}
+
+TEST(ReadLeadingNumber, DoesNotReadBehindTheText) {
+    EXPECT_EQ(ReadLeadingNumber(std::string_view("1234", 2)).value, 12.0);
+    EXPECT_EQ(ReadLeadingNumber(std::string_view("1e5", 2)).length, 1U);
+    EXPECT_EQ(ReadLeadingNumber(std::string_view("-5", 1)).length, 0U);
+    EXPECT_EQ(ReadLeadingNumber(std::string_view()).length, 0U);
+}
+
+TEST(ReadLeadingNumber, GivesBackWhatPrintfWrote) {
+    ForManyValues([](double value) {
+        const std::string text = Printed("%.*e", 16, value) + "/";
+        const CLeadingNumber number = ReadLeadingNumber(text);
+        ASSERT_EQ(std::bit_cast<std::uint64_t>(number.value), std::bit_cast<std::uint64_t>(value)) << text;
+        ASSERT_EQ(number.length, text.size() - 1) << text;
+    });
+}
+
+struct WholeRow {
+    std::string name;
+    std::string text;
+    std::optional<double> value;
+};
+class WholeNumber : public testing::TestWithParam<WholeRow> {};
+
+TEST_P(WholeNumber, IsAFiniteNumberOrNothing) {
+    EXPECT_EQ(ReadWholeNumber(GetParam().text), GetParam().value);
+}
+
+const WholeRow kWholeRows[] = {
+    {"Integer", "4", 4.0},
+    {"Fraction", "0.15", 0.15},
+    {"Negative", "-0.01", -0.01},
+    {"PlusSign", "+2.5", 2.5},
+    {"BarePoint", ".5", 0.5},
+    {"TrailingPoint", "5.", 5.0},
+    {"Exponent", "1e-3", 0.001},
+    {"SmallestOfAll", "5e-324", 5e-324},
+    {"UnderflowIsZero", "1e-400", 0.0},
+    {"OverflowIsNothing", "1e400", std::nullopt},
+    {"Infinity", "inf", std::nullopt},
+    {"NotANumber", "nan", std::nullopt},
+    {"Empty", "", std::nullopt},
+    {"PlusAlone", "+", std::nullopt},
+    {"TwoSigns", "+-1", std::nullopt},
+    {"TwoPluses", "++1", std::nullopt},
+    {"DecimalComma", "0,15", std::nullopt},
+    {"TrailingText", "1s", std::nullopt},
+    {"LeadingBlank", " 1", std::nullopt},
+    {"TrailingBlank", "1 ", std::nullopt},
+    {"Hexadecimal", "0x10", std::nullopt},
+    {"ExponentWithoutDigits", "1e", std::nullopt},
+};
+INSTANTIATE_TEST_SUITE_P(Texts, WholeNumber, testing::ValuesIn(kWholeRows),
+                         [](const auto& row) { return row.param.name; });
 
 TEST(FixedText, RoundsToTheDigits) {
     EXPECT_EQ(FixedText(3.14159, 2), "3.14");

@@ -1,8 +1,7 @@
 #pragma once
 
+#include "files/number_text.h"
 #include "files/points.h"
-
-#include <fast_float/fast_float.h>
 
 // Under sanitizers g++ 12 takes the character that a failed match does not have for one that is used.
 #if defined(__GNUC__) && !defined(__clang__)
@@ -18,7 +17,6 @@
 
 #include <cstddef>
 #include <string_view>
-#include <system_error>
 
 /// The grammar of ASCII point files; docs/formats/ascii-points.md has it in words.
 ///
@@ -39,32 +37,18 @@ inline void Append(CPointColumns& points, double x, double y, double z) {
     points.z.push_back(z);
 }
 
-/// Reads a real at the start of [first, last): optional sign, then digits with an optional point and optional further
-/// digits, or a point and digits, then an optional exponent. Correctly rounded; too large a value is an infinity.
-/// @return the end of the number, or `first` when there is none
-inline const char* ReadReal(const char* first, const char* last, double& value) {
-    const char* digits = first;
-    if (digits != last && (*digits == '+' || *digits == '-')) ++digits;
-    // fast_float also knows "nan" and "inf", which are no numbers here, and does not know a leading plus.
-    const bool number = digits != last && (*digits == '.' || (*digits >= '0' && *digits <= '9'));
-    if (!number) return first;
-    const char* const start = *first == '+' ? digits : first;
-    const auto result = fast_float::from_chars(start, last, value);
-    return result.ec == std::errc::invalid_argument ? first : result.ptr;
-}
-
-/// ReadReal as a functor of Spirit's functor_parser.
+/// ReadLeadingNumber as a functor of Spirit's functor_parser.
 class CRealFunctor {
 public:
     using result_t = double;
 
     template <class Scanner>
     std::ptrdiff_t operator()(const Scanner& scan, double& value) const {
-        const char* const first = scan.first;
-        const char* const end = ReadReal(first, scan.last, value);
-        if (end == first) return -1;
-        scan.first = end;
-        return end - first;
+        const CLeadingNumber number = ReadLeadingNumber({scan.first, static_cast<std::size_t>(scan.last - scan.first)});
+        if (number.length == 0) return -1;
+        value = number.value;
+        scan.first += number.length;
+        return static_cast<std::ptrdiff_t>(number.length);
     }
 };
 inline const classic::functor_parser<CRealFunctor> kReal{};
