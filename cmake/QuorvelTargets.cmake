@@ -102,6 +102,12 @@ function(quorvel_fuzz_target name source)
     endif()
 endfunction()
 
+# quorvel_gui_test_properties(TEST PLATFORM): a test of Qt's on that platform plugin, with settings of its own.
+function(quorvel_gui_test_properties test platform)
+    set_tests_properties(${test} PROPERTIES LABELS gui ENVIRONMENT
+        "QT_QPA_PLATFORM=${platform};XDG_CONFIG_HOME=${CMAKE_CURRENT_BINARY_DIR}/${test}-config;LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/support/leaks.supp")
+endfunction()
+
 # quorvel_gui_test(NAME SOURCES ... LINK ...): the QTest executable quorvel_NAME_test, run without a screen and with
 # settings of its own.
 function(quorvel_gui_test name)
@@ -115,6 +121,5 @@ function(quorvel_gui_test name)
     target_link_libraries(${target} PRIVATE ${ARG_LINK} Qt6::Test)
     quorvel_target(${target})
     add_test(NAME gui.${name} COMMAND ${target})
-    set_tests_properties(gui.${name} PROPERTIES LABELS gui ENVIRONMENT
-        "QT_QPA_PLATFORM=offscreen;XDG_CONFIG_HOME=${CMAKE_CURRENT_BINARY_DIR}/${name}-config;LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/support/leaks.supp")
+    quorvel_gui_test_properties(gui.${name} offscreen)
 endfunction()

@@ -151,6 +151,7 @@ class CReportTest : public QObject {
 
 private slots:
     void initTestCase() {
+        QVERIFY2(PdfReaderFault().isEmpty(), qPrintable(PdfReaderFault()));
         m_record = Loaded(m_folder, TwoComponentFile());
         m_wideRecord = Loaded(m_folder, WideTextFile());
     }
@@ -361,7 +362,9 @@ private slots:
 
     void ThePlotIsNoPictureOfPixels() {
         const std::string bytes = ReadAll(Write(m_record, ReportMode::Full, ReportPaper::A4));
+        QVERIFY(bytes.starts_with("%PDF-"));
         QVERIFY(bytes.find("/Subtype /Image") == std::string::npos);
+        QVERIFY(bytes.find("/Subtype/Image") == std::string::npos);
     }
 
     // Printers.

@@ -1,11 +1,10 @@
 #include "tests/support/temp_folder.h"
 
-#include <gtest/gtest.h>
-
 #include <fstream>
 #include <iterator>
 #include <random>
 #include <set>
+#include <stdexcept>
 #include <system_error>
 
 CTempFolder::CTempFolder() {
@@ -26,7 +25,10 @@ std::string CTempFolder::Path(std::string_view name) const {
 
 std::string CTempFolder::Write(std::string_view name, std::string_view bytes) const {
     const std::string path = Path(name);
-    std::ofstream(path, std::ios::binary).write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    std::ofstream file(path, std::ios::binary);
+    file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+    file.close();
+    if (!file) throw std::runtime_error("cannot write " + path);
     return path;
 }
 
@@ -41,6 +43,6 @@ std::string CTempFolder::Listing() const {
 
 std::string ReadAll(const std::string& path) {
     std::ifstream file(path, std::ios::binary);
-    EXPECT_TRUE(file.is_open()) << path;
+    if (!file.is_open()) throw std::runtime_error("cannot read " + path);
     return {std::istreambuf_iterator<char>(file), {}};
 }

@@ -14,7 +14,7 @@ public:
 
     /// UTF-8 path of `name` in the folder.
     std::string Path(std::string_view name) const;
-    /// Writes a file and gives its path.
+    /// Writes a file and gives its path; throws where it cannot, which fails the test in any framework.
     std::string Write(std::string_view name, std::string_view bytes) const;
     /// The names in the folder, sorted, one per line.
     std::string Listing() const;
@@ -23,5 +23,5 @@ private:
     std::filesystem::path m_folder;
 };
 
-/// The whole file as bytes; a missing file fails the test and gives an empty text.
+/// The whole file as bytes. Throws where there is none, which fails the test in any framework.
 std::string ReadAll(const std::string& path);

@@ -1,6 +1,7 @@
 #include "viewer/testing/pdf_text.h"
 
 #include <QProcess>
+#include <QStandardPaths>
 #include <QXmlStreamReader>
 
 namespace {
@@ -18,6 +19,11 @@ double Number(const QXmlStreamReader& xml, const char* name) {
 }
 
 }  // namespace
+
+QString PdfReaderFault() {
+    if (!QStandardPaths::findExecutable(QStringLiteral("pdftotext")).isEmpty()) return {};
+    return QStringLiteral("pdftotext is missing, which the Debian package poppler-utils has.");
+}
 
 std::vector<CPdfPage> ReadPdf(const QString& path) {
     std::vector<CPdfPage> pages;

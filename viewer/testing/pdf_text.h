@@ -18,5 +18,8 @@ struct CPdfPage {
     QStringList lines;  ///< of the text, laid out as on the page; runs of blanks stand for gaps
 };
 
+/// What this machine lacks to read PDF files, as a sentence; empty when it lacks nothing.
+QString PdfReaderFault();
+
 /// Reads a PDF file with pdftotext (poppler); empty when that fails.
 std::vector<CPdfPage> ReadPdf(const QString& path);
