@@ -8,6 +8,7 @@
 #include <QStatusBar>
 #include <QToolBar>
 #include <QToolButton>
+#include <utility>
 
 #include "app/customize_dialog.h"
 #include "app/page_pane.h"
@@ -275,10 +276,14 @@ private slots:
     }
 
     void ACheckedEntryShowsWhatIsOnTheScreen() {
-        for (const CommandId id : {CommandId::Toolbar, CommandId::StatusBar}) {
-            QVERIFY(Frame().Action(id)->isChecked());
-            Trigger(id);
-            QVERIFY(!Frame().Action(id)->isChecked());
+        const std::pair<CommandId, QWidget*> bars[] = {{CommandId::Toolbar, &Toolbar()},
+                                                       {CommandId::StatusBar, Frame().statusBar()}};
+        for (const auto& [id, bar] : bars) {
+            for (const bool isShown : {true, false, true}) {
+                QCOMPARE(bar->isVisible(), isShown);
+                QCOMPARE(Frame().Action(id)->isChecked(), isShown);
+                Trigger(id);
+            }
         }
     }
 

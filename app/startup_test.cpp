@@ -17,6 +17,27 @@ namespace {
 constexpr const char* kCommaLocale = "de_DE.UTF-8";
 bool hasCommaLocale = false;  ///< whether the C library knows it
 
+/// The program's own arguments in this test.
+const std::vector<std::string> kArguments = {"-cfc180", "two words.001", "m\xC3\xBCnchen.001", ""};
+
+/// A command line as `main` has it: the program's name, what concerns the toolkit, and kArguments.
+class CCommandLine {
+public:
+    explicit CCommandLine(const char* program) : m_texts{program, "-style", "fusion"} {
+        m_texts.insert(m_texts.end(), kArguments.begin(), kArguments.end());
+        for (std::string& text : m_texts) m_pointers.push_back(text.data());
+        count = static_cast<int>(m_pointers.size());
+        m_pointers.push_back(nullptr);
+    }
+    char** Arguments() { return m_pointers.data(); }
+
+    int count = 0;
+
+private:
+    std::vector<std::string> m_texts;
+    std::vector<char*> m_pointers;
+};
+
 /// Makes the locale in `folder` when the machine has the sources of it, and tells whether there is one.
 bool MakeCommaLocale(const QString& folder) {
     qputenv("LOCPATH", folder.toUtf8());
@@ -113,8 +134,7 @@ private slots:
     }
 
     void ArgumentsComeWithoutTheProgramsName() {
-        // Those of this test's own command line; what they are does not matter here.
-        QCOMPARE(CQuorvelApp::ArgumentTexts().size(), static_cast<std::size_t>(QApplication::arguments().size() - 1));
+        QCOMPARE(CQuorvelApp::ArgumentTexts(), kArguments);  // nor those that are the toolkit's
     }
 
     // Files on the command line.
@@ -228,7 +248,8 @@ int main(int argc, char** argv) {
     qputenv("XDG_CONFIG_HOME", home.path().toUtf8());
     hasCommaLocale = MakeCommaLocale(home.path());
     qputenv("LC_ALL", kCommaLocale);
-    CQuorvelApp application(argc, argv);
+    CCommandLine commandLine(argv[0]);
+    CQuorvelApp application(commandLine.count, commandLine.Arguments());
     CStartupTest test;
     return QTest::qExec(&test, argc, argv);
 }

@@ -113,7 +113,8 @@ private slots:
                                 QString::fromStdString(CWindowFixture::Sled(1)),
                                 QString::fromStdString(CWindowFixture::Sled(2)), QString::fromStdString(missing)});
         QVERIFY(cli.waitForFinished());
-        QVERIFY(cli.exitCode() != 0);
+        QCOMPARE(cli.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(cli.exitCode(), 3);
         const QJsonObject results = QJsonDocument::fromJson(cli.readAllStandardOutput()).object();
         QVERIFY(results["signals"].toArray().isEmpty());
         // The same sentences in the error list.
@@ -189,7 +190,8 @@ private:
         QCOMPARE(values.size(), static_cast<std::size_t>(expected.size()));
         for (std::size_t i = 0; i < values.size(); ++i) {
             const double number = expected[static_cast<qsizetype>(i)].toDouble();
-            if (values[i] != number) QCOMPARE(values[i], number);
+            QVERIFY2(values[i] == number,
+                     qPrintable(QString("%1 != %2").arg(values[i], 0, 'g', 17).arg(number, 0, 'g', 17)));
         }
     }
 

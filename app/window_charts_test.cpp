@@ -265,10 +265,14 @@ private slots:
     }
 
     void TheWindowTakesItsChartAlong() {
+        CRecordingChartControl kept;  // is told what the window's is told, and outlives it
+        m_window = std::make_unique<CWindowFixture>(std::make_unique<CRecordingChartControl>(&kept));
         CompareRamp();
         m_window->ChoosePage("Velocity");
-        QVERIFY(m_chart->Exists());
-        m_window.reset();  // runs clean: nothing refers to the chart any more
+        QVERIFY(kept.Exists());
+        kept.calls.clear();
+        m_window.reset();
+        QCOMPARE(Text(kept.calls), QString("destroy"));
         init();
     }
 

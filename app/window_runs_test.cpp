@@ -198,8 +198,7 @@ private slots:
 
     void AFirstRunThatStopsLeavesTheWindowEmpty() {
         m_window->Compare({Sled(2), Unreadable("junk.001")}, Sled(1));
-        QCOMPARE(m_window->errorLists.texts.size(), qsizetype{1});
-        QVERIFY(m_window->errorLists.texts[0].endsWith("\r\n"));
+        QCOMPARE(m_window->errorLists.texts, QStringList({UnreadableText("junk.001")}));
         QCOMPARE(m_window->messages.said, QStringList({"beep"}));
         QVERIFY(m_window->List() == nullptr);
         QVERIFY(m_window->IsHintShown());
@@ -217,7 +216,7 @@ private slots:
         CSummaryList* const list = m_window->List();
         m_window->ChoosePage("Velocity");
         m_window->Compare({Unreadable("junk.001")}, Sled(1));
-        QCOMPARE(m_window->errorLists.texts.size(), qsizetype{1});
+        QCOMPARE(m_window->errorLists.texts, QStringList({UnreadableText("junk.001")}));
         CheckPreviousRun(table);
         QCOMPARE(m_window->List(), list);
         QCOMPARE(m_window->Pages().currentText(), QString("Summary"));
@@ -293,8 +292,7 @@ private slots:
         MakeTimeSignal(std::vector<double>(100, 1.0), 0.001, 0).SaveUDS(early);
         MakeTimeSignal(std::vector<double>(100, 1.0), 0.001, 5000).SaveUDS(late);
         m_window->Compare({early, late}, "");
-        QCOMPARE(m_window->errorLists.texts.size(), qsizetype{1});
-        QVERIFY(m_window->errorLists.texts[0].startsWith("Error Computing the time range for evaluation\r\n"));
+        QCOMPARE(m_window->errorLists.texts, QStringList({"Error Computing the time range for evaluation\r\n"}));
     }
 
 private:
@@ -319,6 +317,12 @@ private:
         if (!file.open(QIODevice::WriteOnly)) return {};
         file.write("neither a signal nor points");
         return file.fileName().toStdString();
+    }
+
+    /// What the error list says of it: why it is no UDS file, and why it is no list of points.
+    QString UnreadableText(const QString& name) {
+        return "File size not a multiple of 512 bytes.\r\nFailure to parse the file: " + m_window->Path(name) +
+               " for reading.\nFailure to parse the data.\r\n";
     }
 
     static void Press(QWidget& dialog, QDialogButtonBox::StandardButton button) {
