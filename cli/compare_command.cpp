@@ -3,6 +3,7 @@
 #include "cli/cli_host.h"
 #include "cli/compare_options.h"
 #include "cli/csv_table.h"
+#include "cli/file_input.h"
 #include "cli/json_results.h"
 #include "cli/outputs.h"
 #include "cli/page_outputs.h"
@@ -55,11 +56,11 @@ std::vector<std::string> AllInputs(const CCompareOptions& options, std::vector<s
     return files;
 }
 
-void RefuseOverwriting(const CCompareOptions& options, const std::vector<std::string>& inputs) {
+void RefuseOverwritingInputs(const CCompareOptions& options, const std::vector<std::string>& inputs) {
     for (const std::optional<std::string>& output : {options.html, options.json, options.csv}) {
         for (const std::string& input : inputs) {
-            if (output && *output != kStandardOutput && SameFile(*output, input)) {
-                throw CUsageError("An output would overwrite an input: " + *output);
+            if (output) {
+                RefuseOverwriting(*output, input);
             }
         }
     }
@@ -148,7 +149,7 @@ CExitStatus RunCompare(const std::vector<std::string>& arguments, CConsole& cons
     const CCompareOptions options = ParseCompareOptions(arguments);
     const CInput input = CollectFiles(options);
     const std::vector<std::string> inputs = AllInputs(options, input.files);
-    RefuseOverwriting(options, inputs);
+    RefuseOverwritingInputs(options, inputs);
 
     CCliHost host(options, input.files, console);
     CQuorvelDoc document(host);
