@@ -5,13 +5,14 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QScreen>
 #include <QTemporaryDir>
 #include <QTest>
 
 #include "app/data_type_filters.h"
-#include "app/testing/widget_probe.h"
+#include "app/testing/dialog_driver.h"
 
 class CFilePickerTest : public QObject {
     Q_OBJECT
@@ -20,8 +21,10 @@ private slots:
     void init() {
         m_folder = std::make_unique<QTemporaryDir>();
         QVERIFY(m_folder->isValid());
-        for (const char* const name : {"a.uds", "b.uds", "plain"}) Write(name, "x");
+        for (const char* const name : {"a.uds", "b.uds"}) Write(name, "x");
     }
+
+    void cleanup() { QCOMPARE(m_dialogs.TakeFaults().join(", "), QString()); }
 
     void AFolderThatDoesNotExistFallsBackToTheHomeFolder() {
         QCOMPARE(ExistingFolder("Q:\\uds\\vehdb\\nowhere"), QDir::homePath());
@@ -74,7 +77,7 @@ private slots:
     }
 
     void SeveralFilesComeBackWithTheFilterTheUserEndedOn() {
-        WhenModal([](QWidget& window) {
+        m_dialogs.Expect([](QWidget& window) {
             auto* const combo = window.findChild<QComboBox*>("fileTypeCombo");
             combo->setCurrentIndex(4);
             emit combo->activated(4);
@@ -91,8 +94,12 @@ private slots:
         for (int index = 1; index <= 6; ++index) {
             CFileRequest request = Request(PickerKind::OpenOne);
             request.filterIndex = index;
-            WhenModal([](QWidget& window) {
-                window.findChild<QLineEdit*>("fileNameEdit")->setText("plain");
+            // A file that the filter shows; for any file, one without a dot.
+            const std::string& pattern = request.filters[static_cast<std::size_t>(index - 1)].pattern;
+            const QString name = pattern == "*.*" ? "plain" : QString::fromStdString(pattern).replace('*', 'x');
+            Write(name, "x");
+            m_dialogs.Expect([&](QWidget& window) {
+                window.findChild<QLineEdit*>("fileNameEdit")->setText(name);
                 OpenButton(window).click();
             });
             const auto picked = CFileDialogs(CFileDialogs::Style::Drawn).Pick(nullptr, request);
@@ -102,10 +109,15 @@ private slots:
     }
 
     void AMissingFileIsNotAccepted() {
-        WhenModal([](QWidget& window) {
-            window.findChild<QLineEdit*>("fileNameEdit")->setText("missing.uds");
-            WhenModal([](QWidget& box) { box.close(); });
-            OpenButton(window).click();
+        m_dialogs.Expect([this](QWidget& window) {
+            auto* const edit = window.findChild<QLineEdit*>("fileNameEdit");
+            edit->setText("missing.uds");
+            QVERIFY(!OpenButton(window).isEnabled());
+            m_dialogs.Expect([](QWidget& box) {
+                QVERIFY(qobject_cast<QMessageBox*>(&box) != nullptr);
+                box.close();
+            });
+            QTest::keyClick(edit, Qt::Key_Return);
             QVERIFY(window.isVisible());
             window.close();
         });
@@ -113,13 +125,13 @@ private slots:
     }
 
     void CancelGivesNothing() {
-        WhenModal([](QWidget& window) { window.close(); });
+        m_dialogs.Expect([](QWidget& window) { window.close(); });
         QVERIFY(!CFileDialogs(CFileDialogs::Style::Drawn).Pick(nullptr, Request(PickerKind::OpenOne)));
     }
 
     void SavingTakesANewNameEvenWhereAFileMustExist() {
         CFileRequest request = Request(PickerKind::Save);
-        WhenModal([](QWidget& window) {
+        m_dialogs.Expect([](QWidget& window) {
             window.findChild<QLineEdit*>("fileNameEdit")->setText("new.hit");
             OpenButton(window).click();
         });
@@ -137,7 +149,7 @@ private slots:
         QVERIFY(!asking->testOption(QFileDialog::DontConfirmOverwrite));
 
         request.askBeforeOverwriting = false;
-        WhenModal([](QWidget& window) {
+        m_dialogs.Expect([](QWidget& window) {
             window.findChild<QLineEdit*>("fileNameEdit")->setText("a.uds");
             OpenButton(window).click();
             QVERIFY(!window.isVisible());
@@ -176,6 +188,7 @@ private:
         return paths;
     }
 
+    CDialogDriver m_dialogs;
     std::unique_ptr<QTemporaryDir> m_folder;
 };
 

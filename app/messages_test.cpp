@@ -3,8 +3,8 @@
 #include <QMessageBox>
 #include <QTest>
 
+#include "app/testing/dialog_driver.h"
 #include "app/testing/recorded_messages.h"
-#include "app/testing/widget_probe.h"
 
 class CMessagesTest : public QObject {
     Q_OBJECT
@@ -21,7 +21,8 @@ private slots:
         QFETCH(MessageIcon, icon);
         QFETCH(QMessageBox::Icon, shown);
         bool hasOpened = false;
-        WhenModal([&](QWidget& window) {
+        CDialogDriver dialogs;
+        dialogs.Expect([&](QWidget& window) {
             const auto* const box = qobject_cast<QMessageBox*>(&window);
             QVERIFY(box);
             QCOMPARE(box->icon(), shown);
@@ -33,6 +34,7 @@ private slots:
         });
         CMessageBoxes().Show(nullptr, icon, "Caption", "No <b>markup</b> & such");
         QVERIFY(hasOpened);
+        QCOMPARE(dialogs.TakeFaults(), QStringList());
     }
 
     void AnErrorHasTheCaptionOfAllErrors() {

@@ -9,6 +9,7 @@
 #include "app/corridor_dialog.h"
 #include "app/critical_values_dialog.h"
 #include "app/error_dialog.h"
+#include "app/testing/error_list_watcher.h"
 #include "app/testing/recorded_messages.h"
 #include "app/testing/widget_probe.h"
 
@@ -174,20 +175,22 @@ private slots:
     // Error list.
 
     void TheErrorListShowsEveryMessageOnALineOfItsOwn() {
-        QString shown;
-        QString title;
-        bool isReadOnly = false;
-        WhenModal([&](QWidget& window) {
-            const auto& edit = *Control<QPlainTextEdit>(window, 1132);
-            shown = edit.toPlainText();
-            isReadOnly = edit.isReadOnly();
-            title = window.windowTitle();
-            window.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->click();
-        });
-        ksres::CErrorDialog::ShowMessages({"first <b>message</b>", "second\nmessage"}, nullptr);
-        QCOMPARE(title, QString("Error and Warning Messages"));
-        QCOMPARE(shown, QString("first <b>message</b>\nsecond\nmessage\n"));
-        QVERIFY(isReadOnly);
+        ksres::CErrorDialog dialog;
+        dialog.AddMessage("first <b>message</b>");
+        dialog.AddMessage("second\nmessage");
+        dialog.show();
+        QCOMPARE(dialog.windowTitle(), QString("Error and Warning Messages"));
+        const auto& edit = *Control<QPlainTextEdit>(dialog, 1132);
+        QCOMPARE(edit.toPlainText(), QString("first <b>message</b>\nsecond\nmessage\n"));
+        QVERIFY(edit.isReadOnly());
+        dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->click();
+        QVERIFY(!dialog.isVisible());
+    }
+
+    void MessagesOpenOneErrorListWithAllOfThem() {
+        const CErrorListWatcher lists;
+        ksres::CErrorDialog::ShowMessages({"first", "second"}, nullptr);
+        QCOMPARE(lists.texts, QStringList({"first\r\nsecond\r\n"}));
     }
 
     void EveryMessageEndsWithALineEnd() {
@@ -198,14 +201,9 @@ private slots:
     }
 
     void WithoutMessagesNoErrorListOpens() {
-        bool hasOpened = false;
-        WhenModal([&](QWidget& window) {
-            hasOpened = true;
-            window.close();
-        });
+        const CErrorListWatcher lists;
         ksres::CErrorDialog::ShowMessages({}, nullptr);
-        QCoreApplication::processEvents();
-        QVERIFY(!hasOpened);
+        QCOMPARE(lists.texts, QStringList());
     }
 
     void AnErrorListWithoutTextSaysSo() {

@@ -6,9 +6,7 @@
 #include <QLabel>
 #include <QMimeData>
 #include <QStringList>
-#include <QTimer>
 #include <QWidget>
-#include <functional>
 
 /// The control of `parent` with the number `controlId`; null, which fails the test that uses it, without one.
 template <class Widget>
@@ -18,13 +16,6 @@ Widget* Control(const QWidget& parent, int controlId) {
         if (widget->property("controlId") == controlId) return widget;
     }
     return nullptr;
-}
-
-/// Runs `act` on the modal window once one is up; call before what opens it.
-inline void WhenModal(const std::function<void(QWidget&)>& act) {
-    QTimer::singleShot(0, [act] {
-        if (QWidget* const window = QApplication::activeModalWidget()) act(*window);
-    });
 }
 
 /// Drags `data` over `target`, a widget or a window, and drops it at `position`; gives the action that it took.
