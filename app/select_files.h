@@ -2,7 +2,6 @@
 
 #include <QDialog>
 #include <memory>
-#include <string>
 
 #include "compare/document_host.h"
 

@@ -12,7 +12,6 @@
 #include "cli/file_options.h"
 #include "cli/join.h"
 #include "cli/outputs.h"
-#include "files/error.h"
 #include "files/number_text.h"
 #include "files/uds_file.h"
 

@@ -1,6 +1,5 @@
 #include "cli/json_results.h"
 
-#include <array>
 #include <nlohmann/json.hpp>
 
 #include "compare/plots/page_ids.h"

@@ -9,10 +9,10 @@
 
 inline constexpr std::string_view kNoCommonTimeRange = "Error Computing the time range for evaluation";
 
-/// Reference name of a signal compared with a reference made from `count` computed signals.
 inline constexpr std::string_view kNoMemoryForPage =
     "There is not enough memory for the curves of this page. Fewer or shorter signals would need less.";
 
+/// Reference name of a signal compared with a reference made from `count` computed signals.
 inline std::string AverageName(std::size_t count) {
     return "Average of " + boost::lexical_cast<std::string>(count) + " files";
 }

@@ -1,6 +1,7 @@
 #include "viewer/header_pages.h"
 
 #include <QVBoxLayout>
+#include <initializer_list>
 #include <span>
 
 #include "viewer/field_form.h"

@@ -9,6 +9,7 @@
 #include <QSignalBlocker>
 #include <QToolButton>
 #include <QVBoxLayout>
+#include <initializer_list>
 
 #include "viewer/make_child.h"
 #include "viewer/printer.h"

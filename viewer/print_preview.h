@@ -5,8 +5,6 @@
 #include <functional>
 #include <memory>
 
-#include "viewer/report_pdf.h"
-
 class QComboBox;
 class QLabel;
 class QLayout;

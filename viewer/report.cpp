@@ -2,7 +2,6 @@
 
 #include <QCoreApplication>
 #include <algorithm>
-#include <span>
 #include <utility>
 
 #include "signal/header_groups.h"
