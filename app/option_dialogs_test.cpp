@@ -9,6 +9,7 @@
 #include "app/corridor_dialog.h"
 #include "app/critical_values_dialog.h"
 #include "app/error_dialog.h"
+#include "app/testing/control_ids.h"
 #include "app/testing/error_list_watcher.h"
 #include "app/testing/recorded_messages.h"
 #include "app/testing/widget_probe.h"
@@ -39,7 +40,7 @@ private slots:
     void TheCorridorDialogShowsTheSizeGiven() {
         const CCorridorDlg dialog(4.0, m_messages);
         QCOMPARE(dialog.windowTitle(), QString("Enter Corridor Size"));
-        QCOMPARE(Edit(dialog, 1000).text(), QString("4"));
+        QCOMPARE(Edit(dialog, kCorridorSizeId).text(), QString("4"));
         QVERIFY(dialog.Size() == 4.0);
     }
 
@@ -60,13 +61,13 @@ private slots:
         QFETCH(QString, written);
         CCorridorDlg dialog(4.0, m_messages);
         dialog.show();
-        Edit(dialog, 1000).setText(typed);
+        Edit(dialog, kCorridorSizeId).setText(typed);
         QTest::keyClick(&dialog, Qt::Key_Return);
         QCOMPARE(m_messages.said, QStringList({kNotPositive}));
         QVERIFY(dialog.isVisible());
-        QCOMPARE(Edit(dialog, 1000).text(), written);
+        QCOMPARE(Edit(dialog, kCorridorSizeId).text(), written);
 
-        Edit(dialog, 1000).setText("2.5");
+        Edit(dialog, kCorridorSizeId).setText("2.5");
         QTest::keyClick(&dialog, Qt::Key_Return);
         QVERIFY(!dialog.isVisible());
         QCOMPARE(dialog.result(), int{QDialog::Accepted});
@@ -77,20 +78,20 @@ private slots:
     void ASizeThatIsNoNumberKeepsTheCorridorDialogOpen() {
         CCorridorDlg dialog(4.0, m_messages);
         dialog.show();
-        Edit(dialog, 1000).setText("wide");
+        Edit(dialog, kCorridorSizeId).setText("wide");
         QTest::keyClick(&dialog, Qt::Key_Return);
         QCOMPARE(m_messages.said,
                  QStringList({"error|Error|\"Corridor size\" needs a number, with a point before its decimals, for "
                               "example 0.25."}));
         QVERIFY(dialog.isVisible());
-        QCOMPARE(Edit(dialog, 1000).text(), QString("wide"));
+        QCOMPARE(Edit(dialog, kCorridorSizeId).text(), QString("wide"));
         QVERIFY(dialog.Size() == 4.0);
     }
 
     void CancelLeavesTheCorridorDialogWithoutACheck() {
         CCorridorDlg dialog(4.0, m_messages);
         dialog.show();
-        Edit(dialog, 1000).setText("0");
+        Edit(dialog, kCorridorSizeId).setText("0");
         QTest::keyClick(&dialog, Qt::Key_Escape);
         QVERIFY(!dialog.isVisible());
         QCOMPARE(dialog.result(), int{QDialog::Rejected});
@@ -112,19 +113,19 @@ private slots:
                                       "% of PeakReference",    "Less than",          "% outside 4 G corridor",
                                       "Correlation Factor < ", "T Statistic <",      "Moment Differences <"};
         QCOMPARE(LabelTexts(dialog), expected);
-        QCOMPARE(BuddyId(dialog, "Average Residual < "), 1488);
-        QCOMPARE(BuddyId(dialog, "Standard Deviation < "), 1490);
-        QCOMPARE(BuddyId(dialog, "Less than"), 1497);
-        QCOMPARE(BuddyId(dialog, "Correlation Factor < "), 1494);
-        QCOMPARE(BuddyId(dialog, "T Statistic <"), 1499);
-        QCOMPARE(BuddyId(dialog, "Moment Differences <"), 1501);
+        QCOMPARE(BuddyId(dialog, "Average Residual < "), kAverageResidualId);
+        QCOMPARE(BuddyId(dialog, "Standard Deviation < "), kStandardDeviationId);
+        QCOMPARE(BuddyId(dialog, "Less than"), kCorridorShareId);
+        QCOMPARE(BuddyId(dialog, "Correlation Factor < "), kCorrelationId);
+        QCOMPARE(BuddyId(dialog, "T Statistic <"), kTStatisticId);
+        QCOMPARE(BuddyId(dialog, "Moment Differences <"), kMomentId);
     }
 
     void OkReturnsAllSixLimits() {
         ksres::CCriticalValuesDlg dialog({}, m_messages);
         dialog.show();
         const QStringList typed = {"1.5", "0", "-3", "1e-3", "+5", "6.25"};
-        for (int i = 0; i < 6; ++i) Edit(dialog, kLimitIds[i]).setText(typed[i]);
+        for (int i = 0; i < 6; ++i) Edit(dialog, kCriticalValueIds[i]).setText(typed[i]);
         QTest::keyClick(&dialog, Qt::Key_Return);
         QCOMPARE(dialog.result(), int{QDialog::Accepted});
         QVERIFY(dialog.Values().averageResidual == 1.5);
@@ -139,7 +140,7 @@ private slots:
     void CancelKeepsTheLimits() {
         ksres::CCriticalValuesDlg dialog({}, m_messages);
         dialog.show();
-        Edit(dialog, 1488).setText("99");
+        Edit(dialog, kAverageResidualId).setText("99");
         QTest::keyClick(&dialog, Qt::Key_Escape);
         QCOMPARE(dialog.result(), int{QDialog::Rejected});
         QVERIFY(dialog.Values().averageResidual == 5.0);
@@ -149,19 +150,19 @@ private slots:
     void ALimitThatIsNoNumberKeepsTheDialogOpen_data() {
         QTest::addColumn<int>("id");
         QTest::addColumn<QString>("name");
-        QTest::newRow("1") << 1488 << "Average Residual";
-        QTest::newRow("2") << 1490 << "Standard Deviation";
-        QTest::newRow("3") << 1497 << "Share outside the corridor";
-        QTest::newRow("4") << 1494 << "Correlation Factor";
-        QTest::newRow("5") << 1499 << "T Statistic";
-        QTest::newRow("6") << 1501 << "Moment Differences";
+        QTest::newRow("1") << kAverageResidualId << "Average Residual";
+        QTest::newRow("2") << kStandardDeviationId << "Standard Deviation";
+        QTest::newRow("3") << kCorridorShareId << "Share outside the corridor";
+        QTest::newRow("4") << kCorrelationId << "Correlation Factor";
+        QTest::newRow("5") << kTStatisticId << "T Statistic";
+        QTest::newRow("6") << kMomentId << "Moment Differences";
     }
     void ALimitThatIsNoNumberKeepsTheDialogOpen() {
         QFETCH(int, id);
         QFETCH(QString, name);
         ksres::CCriticalValuesDlg dialog({}, m_messages);
         dialog.show();
-        Edit(dialog, 1501).setText("7");
+        Edit(dialog, kMomentId).setText("7");
         Edit(dialog, id).setText("inf");
         QTest::keyClick(&dialog, Qt::Key_Return);
         const QString message =
@@ -180,7 +181,7 @@ private slots:
         dialog.AddMessage("second\nmessage");
         dialog.show();
         QCOMPARE(dialog.windowTitle(), QString("Error and Warning Messages"));
-        const auto& edit = *Control<QPlainTextEdit>(dialog, 1132);
+        const auto& edit = *Control<QPlainTextEdit>(dialog, kErrorTextId);
         QCOMPARE(edit.toPlainText(), QString("first <b>message</b>\nsecond\nmessage\n"));
         QVERIFY(edit.isReadOnly());
         dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->click();
@@ -209,7 +210,7 @@ private slots:
     void AnErrorListWithoutTextSaysSo() {
         ksres::CErrorDialog dialog;
         dialog.show();
-        QCOMPARE(Control<QPlainTextEdit>(dialog, 1132)->toPlainText(), QString("No Error Messages:"));
+        QCOMPARE(Control<QPlainTextEdit>(dialog, kErrorTextId)->toPlainText(), QString("No Error Messages:"));
         QCOMPARE(dialog.Text(), QString());
     }
 
@@ -274,20 +275,18 @@ private slots:
             QCoreApplication::processEvents();
             QVERIFY2(CutOffTexts(*dialog).isEmpty(), qPrintable(CutOffTexts(*dialog).join(";")));
         }
-        for (const int id : {1488, 1490}) {
+        for (const int id : {kAverageResidualId, kStandardDeviationId}) {
             const QLineEdit& edit = Edit(limits, id);
             QVERIFY(edit.width() > edit.fontMetrics().horizontalAdvance(edit.text()));
         }
     }
 
 private:
-    static constexpr int kLimitIds[] = {1488, 1490, 1497, 1494, 1499, 1501};
-
     static QLineEdit& Edit(const QWidget& dialog, int id) { return *Control<QLineEdit>(dialog, id); }
 
     static QStringList Texts(const QWidget& dialog) {
         QStringList texts;
-        for (const int id : kLimitIds) texts.append(Edit(dialog, id).text());
+        for (const int id : kCriticalValueIds) texts.append(Edit(dialog, id).text());
         return texts;
     }
 

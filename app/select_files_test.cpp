@@ -18,6 +18,7 @@
 #include "app/data_type_filters.h"
 #include "app/file_list.h"
 #include "app/settings.h"
+#include "app/testing/control_ids.h"
 #include "app/testing/recorded_messages.h"
 #include "app/testing/scripted_picker.h"
 #include "app/testing/widget_probe.h"
@@ -50,15 +51,15 @@ private slots:
     void TheControlsAreLabelled_data() {
         QTest::addColumn<int>("id");
         QTest::addColumn<QString>("text");
-        QTest::newRow("add") << 1002 << "Add Files ...";
-        QTest::newRow("remove") << 1003 << "Remove";
-        QTest::newRow("read") << 1004 << "Read Hitlist";
-        QTest::newRow("save") << 1005 << "Save Hitlist";
-        QTest::newRow("one file") << 1006 << "Slect Signal:";
-        QTest::newRow("browse") << 1008 << "...";
-        QTest::newRow("average") << 1009 << "Compare to Average";
-        QTest::newRow("filter") << 1010 << "Filter all signals prior to analysis -->";
-        QTest::newRow("truncate") << 1011 << "Trancate all signals -->";
+        QTest::newRow("add") << kAddFilesId << "Add Files ...";
+        QTest::newRow("remove") << kRemoveFilesId << "Remove";
+        QTest::newRow("read") << kReadHitListId << "Read Hitlist";
+        QTest::newRow("save") << kSaveHitListId << "Save Hitlist";
+        QTest::newRow("one file") << kSingleReferenceId << "Slect Signal:";
+        QTest::newRow("browse") << kBrowseReferenceId << "...";
+        QTest::newRow("average") << kAverageReferenceId << "Compare to Average";
+        QTest::newRow("filter") << kFilterId << "Filter all signals prior to analysis -->";
+        QTest::newRow("truncate") << kTruncateId << "Trancate all signals -->";
     }
     void TheControlsAreLabelled() {
         QFETCH(int, id);
@@ -70,9 +71,9 @@ private slots:
 
     void TheFieldsHaveLabelsOfTheirOwn() {
         Open({});
-        QCOMPARE(LabelOf(1001), QString("Signals to be Evaluated:"));
-        QCOMPARE(LabelOf(1013), QString("Min Time:"));
-        QCOMPARE(LabelOf(1014), QString("Max Time:"));
+        QCOMPARE(LabelOf(kFileListId), QString("Signals to be Evaluated:"));
+        QCOMPARE(LabelOf(kMinTimeId), QString("Min Time:"));
+        QCOMPARE(LabelOf(kMaxTimeId), QString("Max Time:"));
         QStringList items;
         for (int i = 0; i < ClassCombo().count(); ++i) items.append(ClassCombo().itemText(i));
         QCOMPARE(items, QStringList({"CFC60", "CFC180", "CFC600", "CFC1000"}));
@@ -81,14 +82,14 @@ private slots:
     void TheFirstTimeTheDefaultsAreShown() {
         Open({});
         QCOMPARE(List().count(), 0);
-        QCOMPARE(Edit(1007).text(), QString());
-        QVERIFY(Radio(1006).isChecked());
-        QVERIFY(!Radio(1009).isChecked());
-        QVERIFY(Check(1010).isChecked());
-        QVERIFY(!Check(1011).isChecked());
+        QCOMPARE(Edit(kReferencePathId).text(), QString());
+        QVERIFY(Radio(kSingleReferenceId).isChecked());
+        QVERIFY(!Radio(kAverageReferenceId).isChecked());
+        QVERIFY(Check(kFilterId).isChecked());
+        QVERIFY(!Check(kTruncateId).isChecked());
         QCOMPARE(ClassCombo().currentText(), QString("CFC60"));
-        QCOMPARE(Edit(1013).text(), QString("0"));
-        QCOMPARE(Edit(1014).text(), QString("0.30000001192092896"));
+        QCOMPARE(Edit(kMinTimeId).text(), QString("0"));
+        QCOMPARE(Edit(kMaxTimeId).text(), QString("0.30000001192092896"));
     }
 
     void TheOfferedChoiceIsShownAndReturnedUnchanged() {
@@ -103,8 +104,8 @@ private slots:
         offered.windowStart = -0.01;
         offered.windowEnd = 0.1;
         Open(offered);
-        QVERIFY(Radio(1009).isChecked());
-        QCOMPARE(Edit(1007).text(), QString("ref.001"));
+        QVERIFY(Radio(kAverageReferenceId).isChecked());
+        QCOMPARE(Edit(kReferencePathId).text(), QString("ref.001"));
         QCOMPARE(Files(), QString("b.001 a.001 b.001"));
         PressOk();
         QVERIFY(m_messages.said.isEmpty());
@@ -146,11 +147,11 @@ private slots:
         offered.truncate = truncate;
         Open(offered);
         CheckEnabled(average, filter, truncate);
-        Button(average ? 1006 : 1009).click();
+        Button(average ? kSingleReferenceId : kAverageReferenceId).click();
         CheckEnabled(!average, filter, truncate);
-        Button(1010).click();
+        Button(kFilterId).click();
         CheckEnabled(!average, !filter, truncate);
-        Button(1011).click();
+        Button(kTruncateId).click();
         CheckEnabled(!average, !filter, !truncate);
     }
 
@@ -209,7 +210,7 @@ private slots:
 
     void AddFilesAsksForSeveralSignalFiles() {
         Open({});
-        Button(1002).click();
+        Button(kAddFilesId).click();
         QCOMPARE(m_picker.requests.size(), std::size_t{1});
         const CFileRequest& request = m_picker.requests[0];
         QCOMPARE(request.kind, PickerKind::OpenSeveral);
@@ -224,11 +225,11 @@ private slots:
         Open(WithFiles({"first"}));
         m_picker.answers = {CPickedFiles{{"/one/z.001", "/one/a.001", "/two/first"}, 5},
                             CPickedFiles{{"/one/z.001"}, 2}};
-        Button(1002).click();
+        Button(kAddFilesId).click();
         QCOMPARE(Files(), QString("first /one/z.001 /one/a.001 /two/first"));
         QCOMPARE(m_settings->Get(setting::kDataType), 5);
         QCOMPARE(m_settings->Get(setting::kInputDir), QString("/two/"));
-        Button(1002).click();
+        Button(kAddFilesId).click();
         QCOMPARE(Files(), QString("first /one/z.001 /one/a.001 /two/first /one/z.001"));
         QCOMPARE(m_picker.requests[1].filterIndex, 5);
         QCOMPARE(m_picker.requests[1].folder, QString("/two/"));
@@ -238,10 +239,10 @@ private slots:
     void ACancelledPickerChangesNothing() {
         CFileSelection offered = Complete();
         Open(offered);
-        for (const int id : {1002, 1004, 1005, 1008}) Button(id).click();
+        for (const int id : {kAddFilesId, kReadHitListId, kSaveHitListId, kBrowseReferenceId}) Button(id).click();
         QCOMPARE(m_picker.requests.size(), std::size_t{4});
         QCOMPARE(Files(), QString("a.001"));
-        QCOMPARE(Edit(1007).text(), QString("ref.001"));
+        QCOMPARE(Edit(kReferencePathId).text(), QString("ref.001"));
         QVERIFY(m_store->allKeys().isEmpty());
         QVERIFY(m_messages.said.isEmpty());
     }
@@ -249,7 +250,7 @@ private slots:
     void AFolderThatDoesNotExistStaysInTheSettings() {
         m_settings->Set(setting::kInputDir, "/gone/with/the/wind/");
         Open({});
-        Button(1002).click();
+        Button(kAddFilesId).click();
         QCOMPARE(ExistingFolder(m_picker.requests[0].folder), QDir::homePath());
         QCOMPARE(m_settings->Get(setting::kInputDir), QString("/gone/with/the/wind/"));
     }
@@ -259,14 +260,14 @@ private slots:
     void RemoveLeavesTheOtherEntriesInOrder() {
         Open(WithFiles({"0", "1", "2", "3", "4", "5", "6", "7"}));
         Select({0, 2, 5});
-        Button(1003).click();
+        Button(kRemoveFilesId).click();
         QCOMPARE(Files(), QString("1 3 4 6 7"));
     }
 
     void RemoveWithoutASelectionDoesNothing() {
         Open(WithFiles({"0", "1"}));
         List().clearSelection();
-        Button(1003).click();
+        Button(kRemoveFilesId).click();
         QCOMPARE(Files(), QString("0 1"));
         QVERIFY(m_messages.said.isEmpty());
     }
@@ -276,7 +277,7 @@ private slots:
     void BrowseAsksForOneSignalFile() {
         m_settings->Set(setting::kDataType, 4);
         Open({});
-        Button(1008).click();
+        Button(kBrowseReferenceId).click();
         QCOMPARE(m_picker.requests.size(), std::size_t{1});
         const CFileRequest& request = m_picker.requests[0];
         QCOMPARE(request.kind, PickerKind::OpenOne);
@@ -290,8 +291,8 @@ private slots:
     void TheChosenReferenceIsShownAndItsFolderRemembered() {
         Open({});
         m_picker.answers = {CPickedFiles{{"/ref/r.001"}, 6}};
-        Button(1008).click();
-        QCOMPARE(Edit(1007).text(), QString("/ref/r.001"));
+        Button(kBrowseReferenceId).click();
+        QCOMPARE(Edit(kReferencePathId).text(), QString("/ref/r.001"));
         QCOMPARE(m_settings->Get(setting::kReferenceDir), QString("/ref/"));
         QCOMPARE(m_settings->Get(setting::kDataType), 6);
         QCOMPARE(m_store->allKeys(), QStringList({"Settings/DataType", "Settings/ReferenceDir"}));
@@ -301,15 +302,15 @@ private slots:
         Open({});
         QMimeData data;
         data.setUrls({QUrl::fromLocalFile("/ref/dropped file.001")});
-        QCOMPARE(SendDrop(Edit(1007), data, QPoint(5, 5)), Qt::CopyAction);
-        QCOMPARE(Edit(1007).text(), QString("/ref/dropped file.001"));
+        QCOMPARE(SendDrop(Edit(kReferencePathId), data, QPoint(5, 5)), Qt::CopyAction);
+        QCOMPARE(Edit(kReferencePathId).text(), QString("/ref/dropped file.001"));
     }
 
     // Hit lists.
 
     void ReadHitListAsksForAHitList() {
         Open({});
-        Button(1004).click();
+        Button(kReadHitListId).click();
         CheckHitListRequest("Select Hit List", PickerKind::OpenOne);
     }
 
@@ -317,7 +318,7 @@ private slots:
         const QString path = Write("list.hit", "one.001\r\n\r\n\r\n two.001 \r\n \r\none.001");
         Open(WithFiles({"first"}));
         m_picker.answers = {CPickedFiles{{path}, 1}};
-        Button(1004).click();
+        Button(kReadHitListId).click();
         const std::vector<std::string> expected = {"first", "one.001", " two.001 ", " ", "one.001"};
         QCOMPARE(List().Files(), expected);
         QCOMPARE(m_settings->Get(setting::kHitlistDir), DriveAndFolder(path));
@@ -328,7 +329,7 @@ private slots:
     void AHitListThatCannotBeOpenedLeavesTheListAsItWas() {
         Open(WithFiles({"first"}));
         m_picker.answers = {CPickedFiles{{m_folder->filePath("missing.hit")}, 1}};
-        Button(1004).click();
+        Button(kReadHitListId).click();
         QCOMPARE(m_messages.said, QStringList({kUnreadable}));
         QCOMPARE(Files(), QString("first"));
         QVERIFY(m_store->allKeys().isEmpty());
@@ -336,7 +337,7 @@ private slots:
 
     void SaveHitListAsksForAHitList() {
         Open({});
-        Button(1005).click();
+        Button(kSaveHitListId).click();
         CheckHitListRequest("Save Hit List as", PickerKind::Save);
         QVERIFY(!m_picker.requests[0].askBeforeOverwriting);
     }
@@ -348,7 +349,7 @@ private slots:
                         "e",
                         "b.001"}));
         m_picker.answers = {CPickedFiles{{path}, 1}};
-        Button(1005).click();
+        Button(kSaveHitListId).click();
         QCOMPARE(ReadBytes(path), QByteArray("b.001\r\n a.001\r\ngr\xc3\xb6\xc3\x9f"
                                              "e\r\nb.001\r\n"));
         QVERIFY(m_messages.said.isEmpty());
@@ -360,7 +361,7 @@ private slots:
         const QString path = m_folder->filePath("new.hit");
         Open({});
         m_picker.answers = {CPickedFiles{{path}, 1}};
-        Button(1005).click();
+        Button(kSaveHitListId).click();
         QVERIFY(QFile::exists(path));
         QCOMPARE(ReadBytes(path), QByteArray());
     }
@@ -370,17 +371,17 @@ private slots:
         const std::vector<std::string> files = {"z", "a", "m", "a", "  ", "/x/y z.001"};
         Open(WithFiles(files));
         m_picker.answers = {CPickedFiles{{path}, 1}};
-        Button(1005).click();
+        Button(kSaveHitListId).click();
         Open({});
         m_picker.answers = {CPickedFiles{{path}, 1}};
-        Button(1004).click();
+        Button(kReadHitListId).click();
         QCOMPARE(List().Files(), files);
     }
 
     void AHitListThatCannotBeCreatedSaysTheSameAsForReading() {
         Open(WithFiles({"first"}));
         m_picker.answers = {CPickedFiles{{m_folder->filePath("nowhere/list.hit")}, 1}};
-        Button(1005).click();
+        Button(kSaveHitListId).click();
         QCOMPARE(m_messages.said, QStringList({kUnreadable}));
         QCOMPARE(Files(), QString("first"));
         QVERIFY(m_store->allKeys().isEmpty());
@@ -422,7 +423,7 @@ private slots:
         PressOk();
         QCOMPARE(m_messages.said, QStringList({"beep"}));
         QVERIFY(m_dialog->isVisible());
-        QVERIFY(m_dialog->focusWidget() == &Edit(1007));
+        QVERIFY(m_dialog->focusWidget() == &Edit(kReferencePathId));
         QVERIFY(m_store->allKeys().isEmpty());
     }
 
@@ -430,12 +431,12 @@ private slots:
         CFileSelection offered = Complete();
         offered.files.clear();
         Open(offered);
-        Edit(1013).setText("0.10");
+        Edit(kMinTimeId).setText("0.10");
         PressOk();
         QCOMPARE(m_messages.said, QStringList({kNoSignal}));
         QVERIFY(m_dialog->isVisible());
         QVERIFY(m_dialog->focusWidget() == &List());
-        QCOMPARE(Edit(1013).text(), QString("0.1"));  // the controls are written back
+        QCOMPARE(Edit(kMinTimeId).text(), QString("0.1"));  // the controls are written back
         QVERIFY(m_store->allKeys().isEmpty());
     }
 
@@ -449,33 +450,33 @@ private slots:
         CFileSelection offered;
         offered.truncate = true;
         Open(offered);
-        Edit(1014).setText("soon");
+        Edit(kMaxTimeId).setText("soon");
         PressOk();
         QCOMPARE(m_messages.said,
                  QStringList({"error|Error|\"Max Time\" needs a number, with a point before its decimals, for "
                               "example 0.25."}));
         QVERIFY(m_dialog->isVisible());
-        QVERIFY(m_dialog->focusWidget() == &Edit(1014));
+        QVERIFY(m_dialog->focusWidget() == &Edit(kMaxTimeId));
     }
 
     void TheMinimumTimeIsReadFirst() {
         CFileSelection offered = Complete();
         offered.truncate = true;
         Open(offered);
-        Edit(1013).setText("nan");
-        Edit(1014).setText("inf");
+        Edit(kMinTimeId).setText("nan");
+        Edit(kMaxTimeId).setText("inf");
         PressOk();
         QCOMPARE(m_messages.said,
                  QStringList({"error|Error|\"Min Time\" needs a number, with a point before its decimals, for "
                               "example 0.25."}));
-        QVERIFY(m_dialog->focusWidget() == &Edit(1013));
+        QVERIFY(m_dialog->focusWidget() == &Edit(kMinTimeId));
     }
 
     void TheAverageNeedsNoReference() {
         CFileSelection offered = Complete();
         offered.referencePath.clear();
         Open(offered);
-        Button(1009).click();
+        Button(kAverageReferenceId).click();
         PressOk();
         QVERIFY(m_messages.said.isEmpty());
         QCOMPARE(m_dialog->result(), int{QDialog::Accepted});
@@ -484,7 +485,7 @@ private slots:
 
     void TheAverageStillNeedsFiles() {
         Open({});
-        Button(1009).click();
+        Button(kAverageReferenceId).click();
         PressOk();
         QCOMPARE(m_messages.said, QStringList({kNoSignal}));
         QVERIFY(m_dialog->isVisible());
@@ -496,7 +497,7 @@ private slots:
         QCOMPARE(m_store->value("Settings/ReferenceType").toInt(), 0);
         QCOMPARE(m_store->allKeys(), QStringList({"Settings/ReferenceType"}));
         Open(Complete());
-        Button(1009).click();
+        Button(kAverageReferenceId).click();
         PressOk();
         QCOMPARE(m_store->value("Settings/ReferenceType").toInt(), 1);
     }
@@ -507,7 +508,7 @@ private slots:
             offered.filter = !filter;
             offered.filterReference = !filter;
             Open(offered);
-            Button(1010).click();
+            Button(kFilterId).click();
             PressOk();
             QCOMPARE(m_dialog->Selection().filter, filter);
             QCOMPARE(m_dialog->Selection().filterReference, filter);
@@ -538,12 +539,12 @@ private slots:
         CFileSelection offered = Complete();
         offered.truncate = true;
         Open(offered);
-        Edit(1013).setText(start);
-        Edit(1014).setText(end);
-        if (!truncate) Button(1011).click();
+        Edit(kMinTimeId).setText(start);
+        Edit(kMaxTimeId).setText(end);
+        if (!truncate) Button(kTruncateId).click();
         PressOk();
         QCOMPARE(m_messages.said, isReported ? QStringList({kTimes}) : QStringList());
-        if (isReported && truncate) QVERIFY(m_dialog->focusWidget() == &Edit(1014));
+        if (isReported && truncate) QVERIFY(m_dialog->focusWidget() == &Edit(kMaxTimeId));
         QCOMPARE(m_dialog->result(), int{QDialog::Accepted});
         QVERIFY(!m_dialog->isVisible());
         QVERIFY(m_dialog->Selection().windowStart == start.toDouble());
@@ -555,11 +556,11 @@ private slots:
         CFileSelection offered = Complete();
         offered.truncate = true;
         Open(offered);
-        Edit(1013).setText("");
-        Edit(1014).setText("0.1");
-        Button(1011).click();
-        QCOMPARE(Edit(1013).text(), QString("0"));
-        QCOMPARE(Edit(1014).text(), QString("0.1"));
+        Edit(kMinTimeId).setText("");
+        Edit(kMaxTimeId).setText("0.1");
+        Button(kTruncateId).click();
+        QCOMPARE(Edit(kMinTimeId).text(), QString("0"));
+        QCOMPARE(Edit(kMaxTimeId).text(), QString("0.1"));
         PressOk();
         QCOMPARE(m_dialog->result(), int{QDialog::Accepted});
     }
@@ -577,9 +578,9 @@ private slots:
 
     void CancelKeepsTheOfferedChoice() {
         Open(Complete());
-        Button(1009).click();
+        Button(kAverageReferenceId).click();
         Select({0});
-        Button(1003).click();
+        Button(kRemoveFilesId).click();
         QTest::keyClick(m_dialog.get(), Qt::Key_Escape);
         QCOMPARE(m_dialog->Selection().files, Complete().files);
         QVERIFY(!m_dialog->Selection().averageReference);
@@ -590,8 +591,8 @@ private slots:
 
     void ReturnIsOk() {
         Open(Complete());
-        Edit(1007).setFocus();
-        QTest::keyClick(&Edit(1007), Qt::Key_Return);
+        Edit(kReferencePathId).setFocus();
+        QTest::keyClick(&Edit(kReferencePathId), Qt::Key_Return);
         QCOMPARE(m_dialog->result(), int{QDialog::Accepted});
     }
 
@@ -605,7 +606,7 @@ private slots:
 
     void TheTabKeyVisitsTheControlsFromTopToBottom() {
         Open(WithFiles({"a"}));
-        Button(1011).click();
+        Button(kTruncateId).click();
         Select({0});
         List().setFocus();
         QStringList visited;
@@ -622,7 +623,7 @@ private slots:
 
     void EveryControlWithoutATextHasANameOfItsOwn() {
         Open({});
-        for (const int id : {1007, 1008, 1012, 1013, 1014}) {
+        for (const int id : {kReferencePathId, kBrowseReferenceId, kChannelClassId, kMinTimeId, kMaxTimeId}) {
             QVERIFY2(!Control<QWidget>(*m_dialog, id)->accessibleName().isEmpty(), qPrintable(QString::number(id)));
         }
         const auto buttons = m_dialog->findChildren<QAbstractButton*>();
@@ -679,13 +680,13 @@ private slots:
         QCOMPARE(titles, QStringList({"Select Uds File(s) to Evaluate", "Select Reference Uds File", "Select Hit List",
                                       "Save Hit List as"}));
         QTest::keyClick(m_dialog.get(), Qt::Key_V, Qt::AltModifier);
-        QTRY_VERIFY(Radio(1009).isChecked());
+        QTRY_VERIFY(Radio(kAverageReferenceId).isChecked());
         QTest::keyClick(m_dialog.get(), Qt::Key_L, Qt::AltModifier);
-        QTRY_VERIFY(Radio(1006).isChecked());
+        QTRY_VERIFY(Radio(kSingleReferenceId).isChecked());
         QTest::keyClick(m_dialog.get(), Qt::Key_F, Qt::AltModifier);
-        QTRY_VERIFY(!Check(1010).isChecked());
+        QTRY_VERIFY(!Check(kFilterId).isChecked());
         QTest::keyClick(m_dialog.get(), Qt::Key_T, Qt::AltModifier);
-        QTRY_VERIFY(Check(1011).isChecked());
+        QTRY_VERIFY(Check(kTruncateId).isChecked());
     }
 
     /// 1280 x 800 pixels at twice the size, less the frame and title bar.
@@ -705,7 +706,7 @@ private slots:
         m_dialog->resize(m_dialog->minimumSizeHint());
         QCoreApplication::processEvents();
         QCOMPARE(CutOffTexts(*m_dialog), QStringList());
-        QVERIFY(Edit(1014).width() > Edit(1014).fontMetrics().horizontalAdvance(Edit(1014).text()));
+        QVERIFY(Edit(kMaxTimeId).width() > Edit(kMaxTimeId).fontMetrics().horizontalAdvance(Edit(kMaxTimeId).text()));
     }
 
 private:
@@ -730,12 +731,15 @@ private:
     }
 
     void CheckEnabled(bool average, bool filter, bool truncate) {
-        QCOMPARE(Edit(1007).isEnabled(), !average);
-        QCOMPARE(Button(1008).isEnabled(), !average);
+        QCOMPARE(Edit(kReferencePathId).isEnabled(), !average);
+        QCOMPARE(Button(kBrowseReferenceId).isEnabled(), !average);
         QCOMPARE(ClassCombo().isEnabled(), filter);
-        QCOMPARE(Edit(1013).isEnabled(), truncate);
-        QCOMPARE(Edit(1014).isEnabled(), truncate);
-        for (const int id : {1002, 1003, 1004, 1005, 1006, 1009, 1010, 1011}) QVERIFY(Button(id).isEnabled());
+        QCOMPARE(Edit(kMinTimeId).isEnabled(), truncate);
+        QCOMPARE(Edit(kMaxTimeId).isEnabled(), truncate);
+        for (const int id : {kAddFilesId, kRemoveFilesId, kReadHitListId, kSaveHitListId, kSingleReferenceId,
+                             kAverageReferenceId, kFilterId, kTruncateId}) {
+            QVERIFY(Button(id).isEnabled());
+        }
         QVERIFY(List().isEnabled());
     }
 
@@ -763,8 +767,8 @@ private:
     QRadioButton& Radio(int id) { return *Control<QRadioButton>(*m_dialog, id); }
     QCheckBox& Check(int id) { return *Control<QCheckBox>(*m_dialog, id); }
     QLineEdit& Edit(int id) { return *Control<QLineEdit>(*m_dialog, id); }
-    QComboBox& ClassCombo() { return *Control<QComboBox>(*m_dialog, 1012); }
-    CFileList& List() { return *Control<CFileList>(*m_dialog, 1001); }
+    QComboBox& ClassCombo() { return *Control<QComboBox>(*m_dialog, kChannelClassId); }
+    CFileList& List() { return *Control<CFileList>(*m_dialog, kFileListId); }
 
     void Select(const QList<int>& rows) {
         List().clearSelection();

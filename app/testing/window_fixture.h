@@ -23,6 +23,7 @@
 #include "app/select_files.h"
 #include "app/settings.h"
 #include "app/summary_list.h"
+#include "app/testing/control_ids.h"
 #include "app/testing/dialog_driver.h"
 #include "app/testing/error_list_watcher.h"
 #include "app/testing/recorded_messages.h"
@@ -84,12 +85,12 @@ public:
     /// Chooses the files in "Select Uds Files" and presses OK; an empty reference means "Compare to Average".
     void Compare(const std::vector<std::string>& files, const std::string& reference, const CRunChoice& choice = {}) {
         dialogs.Expect([this, files, reference, choice](QWidget& dialog) {
-            Control<QCheckBox>(dialog, 1010)->setChecked(choice.filter);
-            Control<QComboBox>(dialog, 1012)->setCurrentText(choice.channelClass);
-            Control<QCheckBox>(dialog, 1011)->setChecked(choice.window.has_value());
+            Control<QCheckBox>(dialog, kFilterId)->setChecked(choice.filter);
+            Control<QComboBox>(dialog, kChannelClassId)->setCurrentText(choice.channelClass);
+            Control<QCheckBox>(dialog, kTruncateId)->setChecked(choice.window.has_value());
             if (choice.window) {
-                Control<QLineEdit>(dialog, 1013)->setText(choice.window->first);
-                Control<QLineEdit>(dialog, 1014)->setText(choice.window->second);
+                Control<QLineEdit>(dialog, kMinTimeId)->setText(choice.window->first);
+                Control<QLineEdit>(dialog, kMaxTimeId)->setText(choice.window->second);
             }
             Answer(dialog, files, reference);
         });
@@ -101,8 +102,8 @@ public:
         auto& list = *dialog.findChild<CFileList*>();
         list.clear();
         list.AppendFiles(files);
-        Control<QRadioButton>(dialog, reference.empty() ? 1009 : 1006)->setChecked(true);
-        Control<QLineEdit>(dialog, 1007)->setText(QString::fromStdString(reference));
+        Control<QRadioButton>(dialog, reference.empty() ? kAverageReferenceId : kSingleReferenceId)->setChecked(true);
+        Control<QLineEdit>(dialog, kReferencePathId)->setText(QString::fromStdString(reference));
         dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->click();
     }
 
@@ -112,7 +113,7 @@ public:
     /// Confirms the corridor size in its dialog.
     void SetCorridor(const QString& size) {
         dialogs.Expect([size](QWidget& dialog) {
-            Control<QLineEdit>(dialog, 1000)->setText(size);
+            Control<QLineEdit>(dialog, kCorridorSizeId)->setText(size);
             dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->click();
         });
         frame->RunCommand(CommandId::CorridorSize);
@@ -125,7 +126,7 @@ public:
         emit pages.activated(pages.currentIndex());
     }
 
-    [[nodiscard]] QComboBox& Pages() const { return *Control<QComboBox>(*frame, 1015); }
+    [[nodiscard]] QComboBox& Pages() const { return *Control<QComboBox>(*frame, kPagesId); }
     [[nodiscard]] QStringList PageNames() const {
         QStringList names;
         for (int i = 0; i < Pages().count(); ++i) names.append(Pages().itemText(i));
