@@ -12,7 +12,7 @@
 
 #include "app/customize_dialog.h"
 #include "app/page_pane.h"
-#include "app/testing/window_fixture.h"
+#include "app/testing/window_test.h"
 
 namespace {
 
@@ -53,16 +53,12 @@ const QStringList kToolbar = {"SelectFiles",
 
 }  // namespace
 
-class CMainFrameTest : public QObject {
+class CMainFrameTest : public CWindowTest {
     Q_OBJECT
 
 private slots:
-    void init() { m_window = std::make_unique<CWindowFixture>(); }
-    void cleanup() {
-        const QStringList faults = m_window->dialogs.TakeFaults();
-        m_window.reset();
-        QCOMPARE(faults, QStringList());
-    }
+    void init() { OpenWindow(); }
+    void cleanup() { CloseWindow(); }
 
     void AnEmptyWindowSaysWhatToDoNext() {
         QCOMPARE(Frame().windowTitle(), QString("Quorvel"));
@@ -391,11 +387,9 @@ private slots:
     }
 
 private:
-    CMainFrame& Frame() { return *m_window->frame; }
     QToolBar& Toolbar() { return *Frame().findChild<QToolBar*>("toolbar"); }
     QToolBar& Row() { return *Frame().findChild<QToolBar*>("toolbarRow"); }
     CDialogPane& Pane() { return *Frame().findChild<CDialogPane*>(); }
-    void Trigger(CommandId id) { Frame().Action(id)->trigger(); }
     QRect InFrame(const QWidget& widget) { return {widget.mapTo(&Frame(), QPoint(0, 0)), widget.size()}; }
 
     /// The pane: 270 x 24, its right edge on that of the row, within the row's height.
@@ -409,8 +403,6 @@ private:
         QVERIFY(Frame().childAt(InFrame(Pane()).center()) == &Pane() ||
                 Pane().isAncestorOf(Frame().childAt(InFrame(Pane()).center())));
     }
-
-    std::unique_ptr<CWindowFixture> m_window;
 };
 
 QTEST_MAIN(CMainFrameTest)

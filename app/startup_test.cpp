@@ -9,7 +9,8 @@
 #include <stdexcept>
 
 #include "app/quorvel_app.h"
-#include "app/testing/window_fixture.h"
+#include "app/testing/control_ids.h"
+#include "app/testing/window_test.h"
 #include "files/hit_list.h"
 
 namespace {
@@ -59,16 +60,12 @@ public:
 
 }  // namespace
 
-class CStartupTest : public QObject {
+class CStartupTest : public CWindowTest {
     Q_OBJECT
 
 private slots:
-    void init() { m_window = std::make_unique<CWindowFixture>(); }
-    void cleanup() {
-        const QStringList faults = m_window->dialogs.TakeFaults();
-        m_window.reset();
-        QCOMPARE(faults, QStringList());
-    }
+    void init() { OpenWindow(); }
+    void cleanup() { CloseWindow(); }
 
     void TheProgramNamesItself() {
         QCOMPARE(QApplication::organizationName(), QString("Ostrel Crashworthiness"));
@@ -116,9 +113,9 @@ private slots:
             frame.show();
             m_window->picker.answers = {CPickedFiles{{m_window->Path("list.hit")}, 1}};
             m_window->dialogs.Expect([](QWidget& dialog) {
-                dialog.findChild<CFileList*>()->AppendFiles({CWindowFixture::Sled(2)});
-                Control<QPushButton>(dialog, 1005)->click();  // "Save Hitlist"
-                Control<QRadioButton>(dialog, 1009)->setChecked(true);
+                dialog.findChild<CFileList*>()->AppendFiles({Sled(2)});
+                Control<QPushButton>(dialog, kSaveHitListId)->click();  // "Save Hitlist"
+                Control<QRadioButton>(dialog, kAverageReferenceId)->setChecked(true);
                 dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->click();
             });
             frame.RunCommand(CommandId::SelectFiles);
@@ -162,8 +159,8 @@ private slots:
 
     void WithFilesTheWindowStaysEmptyAndWaits_data() {
         QTest::addColumn<QStringList>("arguments");
-        const QString first = QString::fromStdString(CWindowFixture::Sled(2));
-        const QString second = QString::fromStdString(CWindowFixture::Sled(3));
+        const QString first = QString::fromStdString(Sled(2));
+        const QString second = QString::fromStdString(Sled(3));
         QTest::newRow("two files") << QStringList({first, second});
         QTest::newRow("a class and two files") << QStringList({"-cfc180", first, second});
         QTest::newRow("a list file") << QStringList({"-L", "list.hit"});
@@ -172,7 +169,7 @@ private slots:
     void WithFilesTheWindowStaysEmptyAndWaits() {
         QFETCH(QStringList, arguments);
         const QString list = m_window->Path("list.hit");
-        QVERIFY(ks::WriteHitList(list.toStdString(), {CWindowFixture::Sled(2)}) == ks::WriteResult::Written);
+        QVERIFY(ks::WriteHitList(list.toStdString(), {Sled(2)}) == ks::WriteResult::Written);
         Start(arguments.replaceInStrings("list.hit", list));
         QCoreApplication::processEvents();
         QVERIFY(m_window->dialogs.opened.isEmpty());
@@ -238,8 +235,6 @@ private:
         for (const QString& argument : arguments) texts.push_back(argument.toStdString());
         InitInstance(*m_window->frame, texts);
     }
-
-    std::unique_ptr<CWindowFixture> m_window;
 };
 
 int main(int argc, char** argv) {

@@ -5,7 +5,7 @@
 #include <QJsonObject>
 #include <QProcess>
 
-#include "app/testing/window_fixture.h"
+#include "app/testing/window_test.h"
 
 namespace {
 
@@ -17,16 +17,12 @@ std::vector<std::string> Files(std::string (*file)(int), int first, int last) {
 
 }  // namespace
 
-class CTableEqualsCliTest : public QObject {
+class CTableEqualsCliTest : public CWindowTest {
     Q_OBJECT
 
 private slots:
-    void init() { m_window = std::make_unique<CWindowFixture>(); }
-    void cleanup() {
-        const QStringList faults = m_window->dialogs.TakeFaults();
-        m_window.reset();
-        QCOMPARE(faults, QStringList());
-    }
+    void init() { OpenWindow(); }
+    void cleanup() { CloseWindow(); }
 
     void EveryCellIsThatOfTheCommandLine_data() {
         QTest::addColumn<bool>("isForce");
@@ -106,12 +102,11 @@ private slots:
 
     void AStoppedRunHasNoTableInEither() {
         const std::string missing = m_window->Path("gone.001").toStdString();
-        m_window->Compare({CWindowFixture::Sled(2), missing}, CWindowFixture::Sled(1));
+        m_window->Compare({Sled(2), missing}, Sled(1));
         QVERIFY(m_window->List() == nullptr);
         QProcess cli;
-        cli.start(QUORVEL_CLI, {"compare", "--json", "-", "--cfc", "60", "--reference",
-                                QString::fromStdString(CWindowFixture::Sled(1)),
-                                QString::fromStdString(CWindowFixture::Sled(2)), QString::fromStdString(missing)});
+        cli.start(QUORVEL_CLI, {"compare", "--json", "-", "--cfc", "60", "--reference", QString::fromStdString(Sled(1)),
+                                QString::fromStdString(Sled(2)), QString::fromStdString(missing)});
         QVERIFY(cli.waitForFinished());
         QCOMPARE(cli.exitStatus(), QProcess::NormalExit);
         QCOMPARE(cli.exitCode(), 3);
@@ -127,9 +122,8 @@ private slots:
     void ThePagesAreThoseOfTheCommandLine() {
         m_window->CompareSled();
         const QJsonObject results =
-            RunCli({"compare", "--json", "-", "--pages", "--cfc", "60", "--reference",
-                    QString::fromStdString(CWindowFixture::Sled(1)), QString::fromStdString(CWindowFixture::Sled(2)),
-                    QString::fromStdString(CWindowFixture::Sled(3)), QString::fromStdString(CWindowFixture::Sled(4))});
+            RunCli({"compare", "--json", "-", "--pages", "--cfc", "60", "--reference", QString::fromStdString(Sled(1)),
+                    QString::fromStdString(Sled(2)), QString::fromStdString(Sled(3)), QString::fromStdString(Sled(4))});
         const QJsonArray pages = results["pages"].toArray();
         QCOMPARE(pages.size(), m_window->PageNames().size());
         const CQuorvelDoc& document = m_window->frame->Document();
@@ -194,8 +188,6 @@ private:
                      qPrintable(QString("%1 != %2").arg(values[i], 0, 'g', 17).arg(number, 0, 'g', 17)));
         }
     }
-
-    std::unique_ptr<CWindowFixture> m_window;
 };
 
 QTEST_MAIN(CTableEqualsCliTest)

@@ -9,7 +9,7 @@
 #include <algorithm>
 #include <stdexcept>
 
-#include "app/testing/window_fixture.h"
+#include "app/testing/window_test.h"
 #include "chart/testing/recording_chart_control.h"
 
 namespace {
@@ -44,17 +44,12 @@ public:
 
 }  // namespace
 
-class CWindowBusyTest : public QObject {
+class CWindowBusyTest : public CWindowTest {
     Q_OBJECT
 
 private slots:
-    void init() { m_window = std::make_unique<CWindowFixture>(); }
-    void cleanup() {
-        const QStringList faults = m_window->dialogs.TakeFaults();
-        m_window.reset();
-        QCOMPARE(faults, QStringList());
-        QVERIFY(QApplication::overrideCursor() == nullptr);
-    }
+    void init() { OpenWindow(); }
+    void cleanup() { CloseWindow(); }
 
     // Long runs.
 
@@ -152,7 +147,7 @@ private slots:
     // Exceptions.
 
     void AnExceptionOutOfACommandIsShownAndTheProgramLivesOn() {
-        m_window = std::make_unique<CWindowFixture>(std::make_unique<CFailingChart>());
+        OpenWindow(std::make_unique<CFailingChart>());
         m_window->CompareSled();
         m_window->ChoosePage("Velocity");
         Trigger(CommandId::Copy);
@@ -167,7 +162,7 @@ private slots:
     void AnExceptionOutOfAPageEndsTheWaitCursorToo() {
         auto chart = std::make_unique<CFailingChart>();
         CFailingChart& failing = *chart;
-        m_window = std::make_unique<CWindowFixture>(std::move(chart));
+        OpenWindow(std::move(chart));
         m_window->CompareSled();
         failing.failsToOpen = true;
         m_window->ChoosePage("Velocity");
@@ -190,12 +185,6 @@ private slots:
     }
 
 private:
-    static std::string Sled(int number) { return CWindowFixture::Sled(number); }
-    static std::string Force(int number) { return CWindowFixture::Force(number); }
-
-    CMainFrame& Frame() { return *m_window->frame; }
-    void Trigger(CommandId id) { Frame().Action(id)->trigger(); }
-
     /// What an impatient user does while a run is at work.
     void TryEverything() {
         QCOMPARE(m_window->EnabledCommands(), QStringList());
@@ -222,8 +211,6 @@ private:
         QVERIFY(!Frame().close());
         QVERIFY(Frame().isVisible());
     }
-
-    std::unique_ptr<CWindowFixture> m_window;
 };
 
 QTEST_MAIN(CWindowBusyTest)

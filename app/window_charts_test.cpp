@@ -4,7 +4,7 @@
 #include <QSignalSpy>
 
 #include "app/page_pane.h"
-#include "app/testing/window_fixture.h"
+#include "app/testing/window_test.h"
 #include "chart/testing/recording_chart_control.h"
 #include "tests/support/test_signals.h"
 
@@ -52,22 +52,16 @@ const std::vector<double> kRamp = {0.0, 1.0, 2.0, 3.0};
 
 }  // namespace
 
-class CWindowChartsTest : public QObject {
+class CWindowChartsTest : public CWindowTest {
     Q_OBJECT
 
 private slots:
     void init() {
         auto chart = std::make_unique<CRecordingChartControl>();
         m_chart = chart.get();
-        m_window = std::make_unique<CWindowFixture>(std::move(chart));
+        OpenWindow(std::move(chart));
     }
-    void cleanup() {
-        QVERIFY(!m_window->errorLists.wasWaiting);
-        const QStringList faults = m_window->dialogs.TakeFaults();
-        m_window.reset();
-        QCOMPARE(faults, QStringList());
-        QVERIFY(QApplication::overrideCursor() == nullptr);
-    }
+    void cleanup() { CloseWindow(); }
 
     void TheSummaryNeedsNoChart() {
         CompareRamp();
@@ -265,19 +259,17 @@ private slots:
     }
 
     void TheWindowTakesItsChartAlong() {
-        CRecordingChartControl kept;  // is told what the window's is told, and outlives it
-        m_window = std::make_unique<CWindowFixture>(std::make_unique<CRecordingChartControl>(&kept));
+        OpenWindow(std::make_unique<CRecordingChartControl>(&m_kept));
         CompareRamp();
         m_window->ChoosePage("Velocity");
-        QVERIFY(kept.Exists());
-        kept.calls.clear();
-        m_window.reset();
-        QCOMPARE(Text(kept.calls), QString("destroy"));
-        init();
+        QVERIFY(m_kept.Exists());
+        m_kept.calls.clear();
+        CloseWindow();
+        QCOMPARE(Text(m_kept.calls), QString("destroy"));
     }
 
     void TheRealChartCoversTheViewAndFollowsIt() {
-        m_window = std::make_unique<CWindowFixture>();
+        OpenWindow();
         m_window->CompareSled();
         m_window->ChoosePage("Velocity");
         auto* const chart = Frame().View().findChild<QWidget*>("chart");
@@ -291,8 +283,6 @@ private slots:
     }
 
 private:
-    CMainFrame& Frame() { return *m_window->frame; }
-
     /// A signal in G'S with a step of half a second.
     std::string Write(const QString& name, const std::vector<double>& y) {
         const std::string path = m_window->Path(name).toStdString();
@@ -334,7 +324,7 @@ private:
     }
 
     CRecordingChartControl* m_chart = nullptr;  ///< the window's
-    std::unique_ptr<CWindowFixture> m_window;
+    CRecordingChartControl m_kept;              ///< outlives the window whose chart passes its calls on to it
 };
 
 QTEST_MAIN(CWindowChartsTest)

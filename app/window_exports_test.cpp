@@ -11,7 +11,7 @@
 #include <map>
 
 #include "app/specification_host.h"
-#include "app/testing/window_fixture.h"
+#include "app/testing/window_test.h"
 #include "chart/testing/wmf_reader.h"
 #include "compare/export.h"
 #include "tests/support/failing_disk.h"
@@ -59,19 +59,15 @@ int Differences(const std::vector<double>& actual, const std::vector<double>& ex
 
 }  // namespace
 
-class CWindowExportsTest : public QObject {
+class CWindowExportsTest : public CWindowTest {
     Q_OBJECT
 
 private slots:
     void init() {
-        m_window = std::make_unique<CWindowFixture>();
+        OpenWindow();
         m_window->CompareSled();
     }
-    void cleanup() {
-        const QStringList faults = m_window->dialogs.TakeFaults();
-        m_window.reset();
-        QCOMPARE(faults, QStringList());
-    }
+    void cleanup() { CloseWindow(); }
 
     // Clipboard.
 
@@ -427,7 +423,6 @@ private:
     }
 
     static int CommandNumber(CommandId id) { return static_cast<int>(id); }
-    void Trigger(CommandId id) { m_window->frame->Action(id)->trigger(); }
     QString Folder(const QString& below = {}) const { return m_window->folder.path() + "/" + below; }
     QString SeriesFile(std::size_t j) const { return m_window->Path(QString("series%1.uds").arg(j)); }
     std::optional<CPickedFiles> Picked(const QString& name) const {
@@ -515,8 +510,6 @@ private:
             }
         }
     }
-
-    std::unique_ptr<CWindowFixture> m_window;
 };
 
 QTEST_MAIN(CWindowExportsTest)

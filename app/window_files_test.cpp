@@ -8,7 +8,8 @@
 #include <QUrl>
 
 #include "app/specification_host.h"
-#include "app/testing/window_fixture.h"
+#include "app/testing/control_ids.h"
+#include "app/testing/window_test.h"
 #include "files/hit_list.h"
 #include "viewer/uds_dialog.h"
 
@@ -28,16 +29,12 @@ QStringList ListedFiles(const QWidget& dialog) {
 
 }  // namespace
 
-class CWindowFilesTest : public QObject {
+class CWindowFilesTest : public CWindowTest {
     Q_OBJECT
 
 private slots:
-    void init() { m_window = std::make_unique<CWindowFixture>(); }
-    void cleanup() {
-        const QStringList faults = m_window->dialogs.TakeFaults();
-        m_window.reset();
-        QCOMPARE(faults, QStringList());
-    }
+    void init() { OpenWindow(); }
+    void cleanup() { CloseWindow(); }
 
     // Recent files.
 
@@ -50,8 +47,8 @@ private slots:
         const QString read = WriteHitList("read & kept.hit", {"a.001"});
         m_window->picker.answers = {CPickedFiles{{read}, 1}, CPickedFiles{{m_window->Path("saved.hit")}, 1}};
         m_window->dialogs.Expect([](QWidget& dialog) {
-            Control<QPushButton>(dialog, 1004)->click();
-            Control<QPushButton>(dialog, 1005)->click();
+            Control<QPushButton>(dialog, kReadHitListId)->click();
+            Control<QPushButton>(dialog, kSaveHitListId)->click();
             dialog.close();
         });
         Trigger(CommandId::SelectFiles);
@@ -99,12 +96,12 @@ private slots:
         QString reference;
         m_window->dialogs.Expect([&](QWidget& dialog) {
             files = ListedFiles(dialog);
-            reference = Control<QLineEdit>(dialog, 1007)->text();
+            reference = Control<QLineEdit>(dialog, kReferencePathId)->text();
             dialog.close();
         });
         RecentMenu().actions()[1]->trigger();
         QTRY_COMPARE(files, QStringList({"a.001", "b c.001"}));
-        QCOMPARE(reference, QString::fromStdString(CWindowFixture::Sled(1)));  // the rest is offered again
+        QCOMPARE(reference, QString::fromStdString(Sled(1)));  // the rest is offered again
         QCOMPARE(m_window->settings.RecentFiles().first(), path);
         QCOMPARE(m_window->frame->Document().ComputedSignals().size(), std::size_t{3});  // cancelled
     }
@@ -145,8 +142,7 @@ private slots:
     // Drops.
 
     void DroppedFilesOpenTheSelectionOnceTheDropHasEnded() {
-        const QStringList paths = {QString::fromStdString(CWindowFixture::Sled(3)),
-                                   QString::fromStdString(CWindowFixture::Sled(2))};
+        const QStringList paths = {QString::fromStdString(Sled(3)), QString::fromStdString(Sled(2))};
         QMimeData data;
         data.setUrls({QUrl::fromLocalFile(paths[0]), QUrl::fromLocalFile(paths[1])});
         QStringList files;
@@ -218,7 +214,7 @@ private slots:
 
     void NothingIsTakenWhileADialogIsOpen() {
         QMimeData data;
-        data.setUrls({QUrl::fromLocalFile(QString::fromStdString(CWindowFixture::Sled(2)))});
+        data.setUrls({QUrl::fromLocalFile(QString::fromStdString(Sled(2)))});
         Qt::DropAction action = Qt::CopyAction;
         m_window->dialogs.Expect([&](QWidget& dialog) {
             action = SendDrop(*m_window->frame->windowHandle(), data, QPoint(300, 300));
@@ -277,7 +273,7 @@ private slots:
 
     void ARowOfThePreviousRunKnowsItsOwnFile() {
         m_window->CompareSled();
-        m_window->Compare({CWindowFixture::Sled(2), m_window->Path("gone.001").toStdString()}, "");
+        m_window->Compare({Sled(2), m_window->Path("gone.001").toStdString()}, "");
         QVERIFY(m_window->IsBannerShown());
         m_window->dialogs.Expect([&](QWidget& menu) {
             menu.findChild<QAction*>("UdsSpecificationOfRow")->trigger();
@@ -295,7 +291,7 @@ private slots:
         settings.Set(setting::kReferenceDir, "/elsewhere");
         settings.Set(setting::kDataType, 6);
         settings.Set(setting::kAsciiOutputDir, "/ascii");
-        m_window->picker.answers = {CPickedFiles{{QString::fromStdString(CWindowFixture::Force(2))}, 5}};
+        m_window->picker.answers = {CPickedFiles{{QString::fromStdString(Force(2))}, 5}};
         const auto before = StoredValues();
         QVERIFY(before.size() >= 4);
         Trigger(CommandId::UdsSpecification);
@@ -372,15 +368,15 @@ private slots:
         m_window->CompareForce();
         QVERIFY(LoadedMenu().isEnabled());
         emit LoadedMenu().aboutToShow();
-        QCOMPARE(Texts(LoadedMenu()), QStringList({"&1 " + QString::fromStdString(CWindowFixture::Force(1)),
-                                                   "&2 " + QString::fromStdString(CWindowFixture::Force(2)),
-                                                   "&3 " + QString::fromStdString(CWindowFixture::Force(3))}));
+        QCOMPARE(Texts(LoadedMenu()),
+                 QStringList({"&1 " + QString::fromStdString(Force(1)), "&2 " + QString::fromStdString(Force(2)),
+                              "&3 " + QString::fromStdString(Force(3))}));
         LoadedMenu().actions()[2]->trigger();
         QTRY_COMPARE(SheetTitles(), QStringList({"UDS File Specification - f01003fa0.001"}));
     }
 
     void AReferenceMadeFromTheSignalsIsNotListedTwice() {
-        m_window->Compare({CWindowFixture::Force(2), CWindowFixture::Force(3)}, "");
+        m_window->Compare({Force(2), Force(3)}, "");
         emit LoadedMenu().aboutToShow();
         QCOMPARE(LoadedMenu().actions().size(), qsizetype{2});
     }
@@ -394,8 +390,6 @@ private:
         for (const QString& key : keys) values[key] = m_window->store.value(key);
         return values;
     }
-
-    void Trigger(CommandId id) { m_window->frame->Action(id)->trigger(); }
 
     /// The submenu of "File" whose text is `text`.
     QMenu& SubMenu(const QString& text) {
@@ -459,8 +453,6 @@ private:
         }
         return titles;
     }
-
-    std::unique_ptr<CWindowFixture> m_window;
 };
 
 QTEST_MAIN(CWindowFilesTest)

@@ -7,7 +7,8 @@
 #include <QSignalSpy>
 
 #include "app/page_pane.h"
-#include "app/testing/window_fixture.h"
+#include "app/testing/control_ids.h"
+#include "app/testing/window_test.h"
 #include "compare/critical_values.h"
 #include "tests/support/test_signals.h"
 
@@ -32,18 +33,15 @@ const QStringList kAlways = {"SelectFiles",    "UdsSpecification", "RecentFile",
 
 }  // namespace
 
-class CWindowRunsTest : public QObject {
+class CWindowRunsTest : public CWindowTest {
     Q_OBJECT
 
 private slots:
     void init() { Open(std::make_unique<CWindowFixture>()); }
     void cleanup() {
-        QCOMPARE(m_window->dialogs.TakeFaults(), QStringList());
-        QVERIFY(QApplication::overrideCursor() == nullptr);
-        QVERIFY(!m_window->errorLists.wasWaiting);
         m_pages.reset();
         m_choices.reset();
-        m_window.reset();
+        CloseWindow();
         CriticalValues() = CCriticalValues();
     }
 
@@ -109,7 +107,7 @@ private slots:
     void CancelledLimitsChangeNothing() {
         m_window->CompareSled();
         m_window->dialogs.Expect([](QWidget& dialog) {
-            Control<QLineEdit>(dialog, 1488)->setText("0");
+            Control<QLineEdit>(dialog, kAverageResidualId)->setText("0");
             Press(dialog, QDialogButtonBox::Cancel);
         });
         Trigger(CommandId::CriticalValues);
@@ -163,12 +161,12 @@ private slots:
     void TheFirstSelectionStartsWithTheDocumentsFlags() {
         m_window->dialogs.Expect([](QWidget& dialog) {
             QCOMPARE(dialog.findChild<CFileList*>()->count(), 0);
-            QVERIFY(Control<QRadioButton>(dialog, 1006)->isChecked());
-            QVERIFY(Control<QCheckBox>(dialog, 1010)->isChecked());
-            QVERIFY(!Control<QCheckBox>(dialog, 1011)->isChecked());
-            QCOMPARE(Control<QComboBox>(dialog, 1012)->currentText(), QString("CFC60"));
-            QCOMPARE(Control<QLineEdit>(dialog, 1013)->text(), QString("0"));
-            QCOMPARE(Control<QLineEdit>(dialog, 1014)->text(), QString("0.30000001192092896"));
+            QVERIFY(Control<QRadioButton>(dialog, kSingleReferenceId)->isChecked());
+            QVERIFY(Control<QCheckBox>(dialog, kFilterId)->isChecked());
+            QVERIFY(!Control<QCheckBox>(dialog, kTruncateId)->isChecked());
+            QCOMPARE(Control<QComboBox>(dialog, kChannelClassId)->currentText(), QString("CFC60"));
+            QCOMPARE(Control<QLineEdit>(dialog, kMinTimeId)->text(), QString("0"));
+            QCOMPARE(Control<QLineEdit>(dialog, kMaxTimeId)->text(), QString("0.30000001192092896"));
             dialog.close();
         });
         Trigger(CommandId::SelectFiles);
@@ -176,19 +174,19 @@ private slots:
 
     void TheChoiceOfTheLastRunIsOfferedAgain() {
         m_window->dialogs.Expect([this](QWidget& dialog) {
-            Control<QCheckBox>(dialog, 1010)->setChecked(false);
-            Control<QCheckBox>(dialog, 1011)->setChecked(true);
-            Control<QComboBox>(dialog, 1012)->setCurrentText("CFC180");
+            Control<QCheckBox>(dialog, kFilterId)->setChecked(false);
+            Control<QCheckBox>(dialog, kTruncateId)->setChecked(true);
+            Control<QComboBox>(dialog, kChannelClassId)->setCurrentText("CFC180");
             m_window->Answer(dialog, {Sled(2), Sled(3)}, Sled(1));
         });
         Trigger(CommandId::SelectFiles);
         m_window->dialogs.Expect([](QWidget& dialog) {
             QCOMPARE(dialog.findChild<CFileList*>()->Files(), std::vector<std::string>({Sled(2), Sled(3)}));
-            QCOMPARE(Control<QLineEdit>(dialog, 1007)->text(), QString::fromStdString(Sled(1)));
-            QVERIFY(Control<QRadioButton>(dialog, 1006)->isChecked());
-            QVERIFY(!Control<QCheckBox>(dialog, 1010)->isChecked());
-            QVERIFY(Control<QCheckBox>(dialog, 1011)->isChecked());
-            QCOMPARE(Control<QComboBox>(dialog, 1012)->currentText(), QString("CFC180"));
+            QCOMPARE(Control<QLineEdit>(dialog, kReferencePathId)->text(), QString::fromStdString(Sled(1)));
+            QVERIFY(Control<QRadioButton>(dialog, kSingleReferenceId)->isChecked());
+            QVERIFY(!Control<QCheckBox>(dialog, kFilterId)->isChecked());
+            QVERIFY(Control<QCheckBox>(dialog, kTruncateId)->isChecked());
+            QCOMPARE(Control<QComboBox>(dialog, kChannelClassId)->currentText(), QString("CFC180"));
             dialog.close();
         });
         Trigger(CommandId::SelectFiles);
@@ -296,16 +294,12 @@ private slots:
     }
 
 private:
-    static std::string Sled(int number) { return CWindowFixture::Sled(number); }
-
     void Open(std::unique_ptr<CWindowFixture> window) {
         m_window = std::move(window);
         m_pages = std::make_unique<QSignalSpy>(&Frame().View(), &CQuorvelView::PagesAvailable);
         m_choices = std::make_unique<QSignalSpy>(Frame().findChild<CDialogPane*>(), &CDialogPane::PageChosen);
     }
 
-    CMainFrame& Frame() { return *m_window->frame; }
-    void Trigger(CommandId id) { Frame().Action(id)->trigger(); }
     QString Text(int row, int column) { return m_window->List()->model()->index(row, column).data().toString(); }
     CVerdictColor Verdict(int row, int column) {
         return static_cast<CVerdictColor>(m_window->List()->model()->index(row, column).data(kVerdictRole).toInt());
@@ -329,11 +323,11 @@ private:
         dialog.findChild<QDialogButtonBox*>()->button(button)->click();
     }
     static void FillCriticalValues(QWidget& dialog, const QString& value) {
-        for (const int id : {1488, 1490, 1497, 1494, 1499, 1501}) Control<QLineEdit>(dialog, id)->setText(value);
+        for (const int id : kCriticalValueIds) Control<QLineEdit>(dialog, id)->setText(value);
         Press(dialog, QDialogButtonBox::Ok);
     }
     static void FillCorridor(QWidget& dialog, const QString& size) {
-        Control<QLineEdit>(dialog, 1000)->setText(size);
+        Control<QLineEdit>(dialog, kCorridorSizeId)->setText(size);
         Press(dialog, QDialogButtonBox::Ok);
     }
 
@@ -380,8 +374,6 @@ private:
         QVERIFY(!Frame().View().IsChartShown());
         QVERIFY(!m_window->Pages().isEnabled());
     }
-
-    std::unique_ptr<CWindowFixture> m_window;
     std::unique_ptr<QSignalSpy> m_pages;
     std::unique_ptr<QSignalSpy> m_choices;
 };
