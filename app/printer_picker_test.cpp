@@ -11,12 +11,14 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-#include "app/testing/widget_probe.h"
+#include "app/testing/dialog_driver.h"
 
 class CPrinterPickerTest : public QObject {
     Q_OBJECT
 
 private slots:
+    void cleanup() { QCOMPARE(m_dialogs.TakeFaults(), QStringList()); }
+
     void OnlySeveralPagesHaveARangeToChoose_data() {
         QTest::addColumn<bool>("several");
         QTest::newRow("one page") << false;
@@ -55,8 +57,8 @@ private slots:
         QPrinter printer(QPrinter::HighResolution);
         printer.setOutputFormat(QPrinter::PdfFormat);  // also where there are printers
         printer.setPageOrientation(QPageLayout::Landscape);
-        WhenModal([&folder](QWidget& dialog) {
-            WhenModal([](QWidget& properties) {
+        m_dialogs.Expect([&](QWidget& dialog) {
+            m_dialogs.Expect([](QWidget& properties) {
                 properties.findChild<QRadioButton*>("portrait")->click();
                 properties.findChild<QDoubleSpinBox*>("leftMargin")->setValue(100.0);
                 properties.findChild<QDoubleSpinBox*>("topMargin")->setValue(80.0);
@@ -76,9 +78,12 @@ private slots:
 
     void ACancelledDialogIsTold() {
         QPrinter printer(QPrinter::HighResolution);
-        WhenModal([](QWidget& dialog) { dialog.close(); });
+        m_dialogs.Expect([](QWidget& dialog) { dialog.close(); });
         QVERIFY(!CPrinterDialogs().Pick(nullptr, printer, 3));
     }
+
+private:
+    CDialogDriver m_dialogs;
 };
 
 QTEST_MAIN(CPrinterPickerTest)
