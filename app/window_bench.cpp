@@ -12,6 +12,7 @@
 #include "app/quorvel_view.h"
 #include "app/settings.h"
 #include "app/window_services.h"
+#include "compare/chart_block.h"
 #include "compare/plots/page_ids.h"
 #include "tests/support/test_signals.h"
 
@@ -19,7 +20,7 @@ namespace {
 
 constexpr int kSignalCount = 100;
 constexpr std::size_t kPointCount = 20000;
-constexpr double kTimeStepS = 0.00001;
+constexpr double kTimeStepS = 0.0001;  // a smaller one is resampled to this
 
 /// Lives as long as the program, as every window needs it.
 void NeedApplication() {
@@ -45,7 +46,7 @@ ks::CNSignal Pulse(int number) {
     std::vector<double> y(kPointCount);
     for (std::size_t i = 0; i < kPointCount; ++i) {
         const double t = static_cast<double>(i) * kTimeStepS;
-        y[i] = (30.0 + 0.1 * number) * std::exp(-std::pow((t - 0.08) / 0.03, 2.0)) + std::sin(5000.0 * t + number);
+        y[i] = (30.0 + 0.1 * number) * std::exp(-std::pow((t - 0.8) / 0.3, 2.0)) + std::sin(500.0 * t + number);
     }
     return MakeTimeSignal(std::move(y), kTimeStepS);
 }
@@ -86,6 +87,9 @@ void PageChange(benchmark::State& state) {
         window.frame.View().ChoosePage(pageId);
         window.frame.repaint();
     }
+    const CChartBlock& block = window.frame.Document().ChartBlock();
+    state.counters["curves"] = block.seriesCount;
+    state.counters["points"] = block.pointCount;
 }
 
 BENCHMARK(OpenWindow)->Unit(benchmark::kMillisecond);
