@@ -6,7 +6,8 @@
 
 /// Relative luminance of a colour, 0 to 1, as the contrast rules of the web define it (WCAG 2.1).
 inline double Luminance(const QColor& color) {
-    const auto linear = [](double part) {
+    const auto linear = [](float share) {
+        const auto part = static_cast<double>(share);
         return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
     };
     return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
