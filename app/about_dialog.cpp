@@ -15,9 +15,7 @@ constexpr int kIconSize = 64;
 QString QuotedPageNames() {
     QStringList names;
     for (std::int32_t id = page::kSummary; id <= page::kCrossCorrelation; ++id) {
-        const std::string_view name = PageName(id);
-        names.append(QLatin1Char('\'') + QString::fromLatin1(name.data(), static_cast<qsizetype>(name.size())) +
-                     QLatin1Char('\''));
+        names.append(QStringLiteral("'%1'").arg(QString::fromUtf8(PageName(id))));
     }
     return names.join(QStringLiteral(", "));
 }

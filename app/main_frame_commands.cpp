@@ -74,7 +74,7 @@ void CMainFrame::Attempt(const std::function<void()>& command) {
             m_status->ShowMessage(tr("The command failed."));
             m_services.messages.ShowError(this, QString::fromUtf8(error.what()));
         }
-        m_host.SetBusy(false);
+        m_host.SetBusy(false);  // a run whose reference cannot be read leaves the wait cursor up
     }
     m_status->EndProgress();
     FillRecentMenu();
@@ -158,7 +158,6 @@ void CMainFrame::SaveCurves(void (CQuorvelDoc::*save)()) {
 void CMainFrame::RunComparison() {
     m_hasRunBegun = false;
     m_document.OnCompareFiles();
-    m_host.SetBusy(false);  // a run whose reference cannot be read leaves the wait cursor up
     if (m_hasRunBegun) ReportRun();
 }
 

@@ -13,11 +13,6 @@ constexpr int kPaneId = 128;
 constexpr int kPagesId = 1015;
 constexpr int kMargin = 2;
 
-QString NameOfPage(std::int32_t pageId) {
-    const std::string_view name = PageName(pageId);
-    return QString::fromLatin1(name.data(), static_cast<qsizetype>(name.size()));
-}
-
 }  // namespace
 
 CDialogPane::CDialogPane(QWidget* parent) : QFrame(parent), m_pages(new QComboBox(this)) {
@@ -49,7 +44,7 @@ CDialogPane::CDialogPane(QWidget* parent) : QFrame(parent), m_pages(new QComboBo
 void CDialogPane::SetPages(std::span<const std::int32_t> pageIds) {
     const QSignalBlocker blocker(m_pages);
     m_pages->clear();
-    for (const std::int32_t pageId : pageIds) m_pages->addItem(NameOfPage(pageId), pageId);
+    for (const std::int32_t pageId : pageIds) m_pages->addItem(QString::fromUtf8(PageName(pageId)), pageId);
     m_pages->setToolTip(m_pages->currentText());
 }
 

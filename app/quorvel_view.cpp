@@ -7,7 +7,6 @@
 #include <QPainter>
 #include <QPrinter>
 #include <algorithm>
-#include <string_view>
 #include <utility>
 
 #include "app/file_picker.h"
@@ -290,9 +289,7 @@ void CQuorvelView::OnPrint() {
     if (!IsChartShown()) return;
     QPrinter printer(QPrinter::HighResolution);
     printer.setPageOrientation(QPageLayout::Landscape);
-    const std::string_view pageName = PageName(m_document.CurrentPageId());
-    printer.setDocName(QStringLiteral("Quorvel - ") +
-                       QString::fromLatin1(pageName.data(), static_cast<qsizetype>(pageName.size())));
+    printer.setDocName(QStringLiteral("Quorvel - ") + QString::fromUtf8(PageName(m_document.CurrentPageId())));
     if (!m_services.printers.Pick(this, printer, 1)) return;
 
     const PaintPages paint = [this](QPagedPaintDevice& device) {

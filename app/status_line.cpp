@@ -1,6 +1,5 @@
 #include "app/status_line.h"
 
-#include <QCoreApplication>
 #include <QLabel>
 #include <QProgressBar>
 #include <QStatusBar>
@@ -12,12 +11,8 @@ namespace {
 constexpr int kStatusBarId = 59393;
 constexpr int kProgressWidth = 160;  // pixels
 
-QString Translated(const char* text) {
-    return QCoreApplication::translate("CStatusLine", text);
-}
-
-QLabel* AddIndicator(QStatusBar& bar, const char* text, const QString& meaning) {
-    auto* const label = new QLabel(Translated(text), &bar);
+QLabel* AddIndicator(QStatusBar& bar, const QString& text, const QString& meaning) {
+    auto* const label = new QLabel(text, &bar);
     label->setToolTip(meaning);
     label->setAccessibleName(meaning);
     bar.addPermanentWidget(label);
@@ -36,17 +31,17 @@ CStatusLine::CStatusLine(QStatusBar& bar)
     m_message->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     bar.addWidget(m_message, 1);
     m_progress->setObjectName(QStringLiteral("progress"));
-    m_progress->setAccessibleName(Translated("Progress of the comparison"));
+    m_progress->setAccessibleName(tr("Progress of the comparison"));
     m_progress->setFixedWidth(kProgressWidth);
     m_progress->hide();
     bar.addPermanentWidget(m_progress);
     m_readout->setObjectName(QStringLiteral("readout"));
     // A description, not a name: that would be read out in place of the text.
-    m_readout->setAccessibleDescription(Translated("Point under the pointer"));
+    m_readout->setAccessibleDescription(tr("Point under the pointer"));
     bar.addPermanentWidget(m_readout);
-    m_indicators = {AddIndicator(bar, "CAP", Translated("Caps Lock")), AddIndicator(bar, "NUM", Translated("Num Lock")),
-                    AddIndicator(bar, "SCRL", Translated("Scroll Lock"))};
-    ShowMessage(Translated("Ready"));
+    m_indicators = {AddIndicator(bar, tr("CAP"), tr("Caps Lock")), AddIndicator(bar, tr("NUM"), tr("Num Lock")),
+                    AddIndicator(bar, tr("SCRL"), tr("Scroll Lock"))};
+    ShowMessage(tr("Ready"));
     ShowIndicators();
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QString>
 #include <array>
 
@@ -9,6 +10,8 @@ class QStatusBar;
 
 /// What the status bar shows: a message, the progress of a run, the chart's readout and the keyboard's locks.
 class CStatusLine {
+    Q_DECLARE_TR_FUNCTIONS(CStatusLine)
+
 public:
     /// Puts its parts into `bar`, which owns them and must outlive the line.
     explicit CStatusLine(QStatusBar& bar);

@@ -2,7 +2,6 @@
 
 #include <QBrush>
 #include <QColor>
-#include <QCoreApplication>
 #include <QGuiApplication>
 #include <QPalette>
 #include <QStringList>
@@ -12,13 +11,8 @@
 
 namespace {
 
-QString Translated(const char* text) {
-    return QCoreApplication::translate("CSummaryModel", text);
-}
-
 QString HeaderText(int column) {
-    const std::string_view header = kSummaryHeaders[static_cast<std::size_t>(column)];
-    return QString::fromUtf8(header.data(), static_cast<qsizetype>(header.size()));
+    return QString::fromUtf8(kSummaryHeaders[static_cast<std::size_t>(column)]);
 }
 
 /// A limit as it was given.
@@ -43,9 +37,9 @@ Qt::Alignment ColumnAlignment(int column) {
 QString VerdictWord(CVerdictColor verdict) {
     switch (verdict) {
         case CVerdictColor::Green:
-            return Translated("good");
+            return CSummaryModel::tr("good");
         case CVerdictColor::Red:
-            return Translated("bad");
+            return CSummaryModel::tr("bad");
         default:
             return {};
     }
@@ -72,28 +66,29 @@ CSummarySnapshot MakeSummarySnapshot(const std::vector<CSignal>& signalList) {
 
 QString LimitText(int column, const CCriticalValues& limits) {
     if (column >= kFirstMomentColumn && column <= kLastMomentColumn) {
-        return Translated("below %1").arg(Given(limits.moment));
+        return CSummaryModel::tr("below %1").arg(Given(limits.moment));
     }
     switch (column) {
         case kResidualColumn:
-            return Translated("below %1 % of the reference peak").arg(Given(limits.averageResidual));
+            return CSummaryModel::tr("below %1 % of the reference peak").arg(Given(limits.averageResidual));
         case kDeviationColumn:
-            return Translated("below %1 % of the reference peak").arg(Given(limits.standardDeviation));
+            return CSummaryModel::tr("below %1 % of the reference peak").arg(Given(limits.standardDeviation));
         case kCorridorColumn:
-            return Translated("below %1 % of the points outside the corridor").arg(Derived(limits.corridor * 100.0));
+            return CSummaryModel::tr("below %1 % of the points outside the corridor")
+                .arg(Derived(limits.corridor * 100.0));
         case kCorrelationColumn:
             //: %1 is the smallest correlation factor, %2 the critical value that it comes from
-            return Translated("above %1 (1 minus %2)")
+            return CSummaryModel::tr("above %1 (1 minus %2)")
                 .arg(Derived(1.0 - limits.correlation), Given(limits.correlation));
         case kTStatisticColumn:
-            return Translated("below %1").arg(Given(limits.tStatistic));
+            return CSummaryModel::tr("below %1").arg(Given(limits.tStatistic));
         default:
             return {};
     }
 }
 
 QString PreviousRunText() {
-    return Translated("Results of the previous run");
+    return CSummaryModel::tr("Results of the previous run");
 }
 
 void CSummaryModel::SetSnapshot(CSummarySnapshot snapshot) {

@@ -14,12 +14,8 @@ namespace {
 
 constexpr int kWideField = 40;  // bytes in the file: a value of this width takes the whole row
 
-QString Text(std::string_view utf8) {
-    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
-}
-
 QString Title(ks::CHeaderGroupId id) {
-    return Text(ks::HeaderGroup(id).title);
+    return QString::fromUtf8(ks::HeaderGroup(id).title);
 }
 
 bool IsWide(const ks::CHeaderEntry& entry) {
@@ -29,12 +25,12 @@ bool IsWide(const ks::CHeaderEntry& entry) {
 
 /// What a screen reader calls the value: "Vehicle One, Weight".
 QString AccessibleName(const ks::CHeaderGroup& group, const ks::CHeaderEntry& entry) {
-    return Text(group.title) + QStringLiteral(", ") + Text(entry.label).chopped(1);
+    return QString::fromUtf8(group.title) + QStringLiteral(", ") + QString::fromUtf8(entry.label).chopped(1);
 }
 
 QString ShownText(const ks::CHeaderEntry& entry, const ks::CData& record) {
-    const QString value = Text(ks::HeaderText(entry, record));
-    return entry.unit.empty() ? value : value + QLatin1Char(' ') + Text(entry.unit);
+    const QString value = QString::fromUtf8(ks::HeaderText(entry, record));
+    return entry.unit.empty() ? value : value + QLatin1Char(' ') + QString::fromUtf8(entry.unit);
 }
 
 }  // namespace
@@ -97,7 +93,7 @@ void CFieldForm::AddBox(const QString& title, std::span<const ks::CHeaderGroupId
 }
 
 void CFieldForm::AddField(QGridLayout& grid, const CField& field, int row, int column, int columnSpan) {
-    auto* const label = MakeChild<QLabel>(Text(field.entry->label), field.edit->parentWidget());
+    auto* const label = MakeChild<QLabel>(QString::fromUtf8(field.entry->label), field.edit->parentWidget());
     label->setBuddy(field.edit);
     field.edit->setAccessibleName(AccessibleName(*field.group, *field.entry));
     grid.addWidget(label, row, column);

@@ -54,16 +54,12 @@ const std::vector<CBand>& FurtherBands() {
     return bands;
 }
 
-QString Text(std::string_view utf8) {
-    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
-}
-
 /// The lines of a group; of one that the file lacks only the labels.
 QStringList Lines(const ks::CHeaderGroup& group, const ks::CData& record) {
     QStringList lines;
     const bool isThere = ks::HasHeaderGroup(record, group);
     for (const ks::CHeaderValue& value : ks::HeaderValues(group, record))
-        lines.append(isThere ? Text(ks::HeaderLine(value)) : Text(value.label));
+        lines.append(isThere ? QString::fromUtf8(ks::HeaderLine(value)) : QString::fromUtf8(value.label));
     return lines;
 }
 
@@ -72,7 +68,7 @@ CPrintRegion Region(const CReportGroup& group, const ks::CData& record, double w
     for (const ks::CHeaderGroupId id : group.ids) lines += Lines(ks::HeaderGroup(id), record);
     CPrintTable table(group.columns);
     table.Flow(lines, width);
-    return {Text(ks::HeaderGroup(group.ids.front()).title), std::move(table)};
+    return {QString::fromUtf8(ks::HeaderGroup(group.ids.front()).title), std::move(table)};
 }
 
 /// Fills pages from top to bottom.

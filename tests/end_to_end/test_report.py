@@ -12,7 +12,7 @@ from test_show import expected_groups
 
 HAS_REPORT = os.environ["QUORVEL_HAS_REPORT"] == "1"
 
-# Groups that the specification report leaves to the full one.
+# Groups that only the full report prints.
 FULL_ONLY = ["Other File Fields", "Other Test Fields", "Other Vehicle One Fields", "Other Vehicle Two Fields",
              "Other Occupant InJury Fields", "Other Curve Fields", "Other Sensor Fields", "Extrema"]
 
