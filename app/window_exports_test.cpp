@@ -313,6 +313,20 @@ private slots:
         QVERIFY(m_window->messages.said.isEmpty());
     }
 
+    void AFolderThatIsGoneIsOfferedAndStaysRemembered() {
+        const QString gone = m_window->Path("gone/");
+        m_window->settings.Set(setting::kUdsOutputDir, gone);
+        m_window->settings.Set(setting::kAsciiOutputDir, gone);
+        Trigger(CommandId::SaveHtml);
+        m_window->ChoosePage("Velocity");
+        Trigger(CommandId::SaveUds);
+        Trigger(CommandId::SaveAscii);
+        for (const CFileRequest& request : m_window->picker.requests) QCOMPARE(request.folder, gone);
+        QCOMPARE(m_window->picker.requests.size(), std::size_t{6});  // the report, four curves and the table
+        QCOMPARE(m_window->settings.Get(setting::kUdsOutputDir), gone);
+        QCOMPARE(m_window->settings.Get(setting::kAsciiOutputDir), gone);
+    }
+
     // Paper.
 
     void ThePrintedChartIsMadeOfVectorsAndText() {
