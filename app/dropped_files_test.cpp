@@ -9,8 +9,8 @@
 #include <QUrl>
 #include <algorithm>
 
-#include "app/data_type_filters.h"
-#include "app/file_picker.h"
+#include "app/dialogs/data_type_filters.h"
+#include "app/dialogs/file_picker.h"
 #include "app/settings.h"
 
 class CDroppedFilesTest : public QObject {

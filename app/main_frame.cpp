@@ -11,14 +11,14 @@
 #include <array>
 #include <utility>
 
-#include "app/customize_dialog.h"
+#include "app/dialogs/customize_dialog.h"
 #include "app/page_pane.h"
 #include "app/quorvel_view.h"
 #include "app/resources.h"
 #include "app/settings.h"
 #include "app/status_line.h"
 #include "app/toolbar_row.h"
-#include "chart/qcustomplot_chart.h"
+#include "chart/qcustomplot/qcustomplot_chart.h"
 #include "compare/plots/page_ids.h"
 
 namespace {

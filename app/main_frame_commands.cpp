@@ -10,10 +10,10 @@
 #include <exception>
 #include <utility>
 
-#include "app/about_dialog.h"
-#include "app/data_type_filters.h"
+#include "app/dialogs/about_dialog.h"
+#include "app/dialogs/data_type_filters.h"
+#include "app/dialogs/file_picker.h"
 #include "app/dropped_files.h"
-#include "app/file_picker.h"
 #include "app/main_frame.h"
 #include "app/messages.h"
 #include "app/page_pane.h"
@@ -23,8 +23,8 @@
 #include "app/status_line.h"
 #include "compare/plots/page_ids.h"
 #include "files/hit_list.h"
-#include "viewer/take_copy.h"
 #include "viewer/uds_dialog.h"
+#include "widgets/take_copy.h"
 
 namespace {
 

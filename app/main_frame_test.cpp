@@ -10,7 +10,7 @@
 #include <QToolButton>
 #include <utility>
 
-#include "app/customize_dialog.h"
+#include "app/dialogs/customize_dialog.h"
 #include "app/page_pane.h"
 #include "app/testing/window_test.h"
 

@@ -9,15 +9,15 @@
 #include <algorithm>
 #include <utility>
 
-#include "app/file_picker.h"
+#include "app/dialogs/file_picker.h"
+#include "app/dialogs/printer_picker.h"
 #include "app/messages.h"
-#include "app/printer_picker.h"
 #include "app/settings.h"
-#include "app/summary_list.h"
-#include "chart/pdf_file.h"
+#include "app/table/summary_list.h"
 #include "compare/document.h"
 #include "compare/export.h"
 #include "compare/plots/page_ids.h"
+#include "widgets/pdf_file.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
 #include "app/specification_host.h"
 
-#include "app/file_picker.h"
+#include "app/dialogs/file_picker.h"
+#include "app/dialogs/printer_picker.h"
 #include "app/messages.h"
-#include "app/printer_picker.h"
 #include "app/settings.h"
 
 void CSpecificationHost::ShowError(QWidget* parent, const QString& text) {

@@ -5,10 +5,10 @@
 #include <QTemporaryDir>
 #include <cmath>
 
-#include "app/file_picker.h"
+#include "app/dialogs/file_picker.h"
+#include "app/dialogs/printer_picker.h"
 #include "app/main_frame.h"
 #include "app/messages.h"
-#include "app/printer_picker.h"
 #include "app/quorvel_view.h"
 #include "app/settings.h"
 #include "app/window_services.h"

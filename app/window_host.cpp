@@ -3,13 +3,13 @@
 #include <QApplication>
 #include <utility>
 
-#include "app/corridor_dialog.h"
-#include "app/critical_values_dialog.h"
-#include "app/error_dialog.h"
-#include "app/file_picker.h"
+#include "app/dialogs/corridor_dialog.h"
+#include "app/dialogs/critical_values_dialog.h"
+#include "app/dialogs/error_dialog.h"
+#include "app/dialogs/file_picker.h"
+#include "app/dialogs/select_files.h"
 #include "app/input_blocker.h"
 #include "app/messages.h"
-#include "app/select_files.h"
 #include "app/settings.h"
 
 CWindowHost::CWindowHost(QWidget& window, const CWindowServices& services) : m_window(window), m_services(services) {}

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "cli/compare_options.h"
-#include "cli/console.h"
+#include "cli/commands/compare_options.h"
+#include "cli/output/console.h"
 #include "compare/document_host.h"
 
 /// The command line as the document's surroundings: the options are the answers to what it asks, its messages go to

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cctype>
 
-#include "cli/display_text.h"
+#include "cli/output/display_text.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "cli/console.h"
+#include "cli/output/console.h"
 #include "cli/program.h"
 
 #ifdef _WIN32

@@ -5,14 +5,14 @@
 #include <exception>
 #include <new>
 
-#include "cli/compare_command.h"
-#include "cli/compare_help.h"
-#include "cli/convert_command.h"
-#include "cli/export_command.h"
-#include "cli/file_help.h"
+#include "cli/commands/compare_command.h"
+#include "cli/commands/compare_help.h"
+#include "cli/commands/convert_command.h"
+#include "cli/commands/export_command.h"
+#include "cli/commands/file_help.h"
+#include "cli/commands/report_command.h"
+#include "cli/commands/show_command.h"
 #include "cli/join.h"
-#include "cli/report_command.h"
-#include "cli/show_command.h"
 #include "cli/usage_error.h"
 
 namespace {

@@ -3,9 +3,9 @@
 #include <string>
 #include <vector>
 
-#include "cli/console.h"
 #include "cli/exit_status.h"
 #include "cli/help_text.h"
+#include "cli/output/console.h"
 
 /// One command of the program. A new one is a row of the table in program.cpp.
 class CCommand {

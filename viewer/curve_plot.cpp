@@ -9,7 +9,7 @@
 #include <string>
 
 #include "chart/chart_style.h"
-#include "chart/qcustomplot_chart.h"
+#include "chart/qcustomplot/qcustomplot_chart.h"
 
 namespace {
 

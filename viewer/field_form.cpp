@@ -7,8 +7,8 @@
 #include <algorithm>
 
 #include "files/uds_field_table.h"
-#include "viewer/make_child.h"
 #include "viewer/value_edit.h"
+#include "widgets/make_child.h"
 
 namespace {
 

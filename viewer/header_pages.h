@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "signal/header_groups.h"
-#include "viewer/make_child.h"
+#include "widgets/make_child.h"
 
 class CFieldForm;
 

@@ -11,8 +11,8 @@
 #include <QVBoxLayout>
 #include <initializer_list>
 
-#include "viewer/make_child.h"
 #include "viewer/printer.h"
+#include "widgets/make_child.h"
 
 namespace ksres {
 namespace {

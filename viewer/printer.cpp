@@ -6,7 +6,7 @@
 #include <QPrinter>
 #include <vector>
 
-#include "chart/pdf_file.h"
+#include "widgets/pdf_file.h"
 
 namespace {
 

@@ -18,14 +18,14 @@
 #include "files/path_text.h"
 #include "signal/ascii_export.h"
 #include "viewer/header_pages.h"
-#include "viewer/make_child.h"
 #include "viewer/messages.h"
 #include "viewer/print_preview.h"
 #include "viewer/printer.h"
-#include "viewer/screen_room.h"
-#include "viewer/take_copy.h"
 #include "viewer/ui_uds_dialog.h"
 #include "viewer/viewer_host.h"
+#include "widgets/make_child.h"
+#include "widgets/screen_room.h"
+#include "widgets/take_copy.h"
 
 namespace ksres {
 namespace {

@@ -9,7 +9,7 @@
 #include <functional>
 #include <utility>
 
-#include "app/error_dialog.h"
+#include "app/dialogs/error_dialog.h"
 
 /// Plays the user before the modal dialogs and menus that open while it lives, so that none of them can hold a test up:
 /// the expected ones get their answers in order, any other is closed, and what went wrong is noted.

@@ -5,7 +5,7 @@
 #include <QStringList>
 #include <QTimer>
 
-#include "app/error_dialog.h"
+#include "app/dialogs/error_dialog.h"
 
 /// While it lives, every list of errors that opens is read and closed at once.
 class CErrorListWatcher : public QObject {

@@ -5,7 +5,7 @@
 #include <utility>
 #include <vector>
 
-#include "app/file_picker.h"
+#include "app/dialogs/file_picker.h"
 
 /// Gives the prepared answers, one per call, and keeps the requests; cancels when no answer is left.
 class CScriptedPicker : public CFilePicker {

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "app/summary_model.h"
+#include "app/table/summary_model.h"
 #include "tests/support/test_signals.h"
 
 /// Two signals that were compared with "ref.uds": "/a/close.uds" follows it closely, "/a/distant.uds" does not.

@@ -16,13 +16,13 @@
 #include <utility>
 #include <vector>
 
-#include "app/file_list.h"
+#include "app/dialogs/file_list.h"
+#include "app/dialogs/printer_picker.h"
+#include "app/dialogs/select_files.h"
 #include "app/main_frame.h"
-#include "app/printer_picker.h"
 #include "app/quorvel_view.h"
-#include "app/select_files.h"
 #include "app/settings.h"
-#include "app/summary_list.h"
+#include "app/table/summary_list.h"
 #include "app/testing/control_ids.h"
 #include "app/testing/dialog_driver.h"
 #include "app/testing/error_list_watcher.h"

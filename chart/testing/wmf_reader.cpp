@@ -6,7 +6,7 @@
 #include <stdexcept>
 #include <variant>
 
-#include "chart/wmf_format.h"
+#include "chart/metafile/wmf_format.h"
 
 namespace {
 

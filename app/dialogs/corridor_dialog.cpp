@@ -1,0 +1,29 @@
+#include "app/dialogs/corridor_dialog.h"
+
+#include "app/dialogs/number_field.h"
+#include "app/ui_corridor_dialog.h"
+#include "app/messages.h"
+
+CCorridorDlg::CCorridorDlg(double size, CMessages& messages, QWidget* parent)
+    : QDialog(parent), m_ui(std::make_unique<Ui::CCorridorDlg>()), m_size(size), m_messages(messages) {
+    m_ui->setupUi(this);
+    FitNumberField(*m_ui->sizeEdit);
+    m_ui->sizeEdit->setText(NumberText(m_size));
+    m_ui->sizeEdit->selectAll();
+}
+
+CCorridorDlg::~CCorridorDlg() = default;
+
+void CCorridorDlg::accept() {
+    const auto size = ReadNumberField(*m_ui->sizeEdit, m_messages);
+    if (!size) return;
+    m_size = *size;
+    m_ui->sizeEdit->setText(NumberText(m_size));
+    if (m_size > 0.0) {
+        QDialog::accept();
+        return;
+    }
+    m_messages.ShowError(this, tr("You must enter a positive Value for the corridor Size"));
+    m_ui->sizeEdit->setFocus();
+    m_ui->sizeEdit->selectAll();
+}

@@ -1,0 +1,34 @@
+#include "app/dialogs/number_field.h"
+
+#include <QCoreApplication>
+#include <QFontMetrics>
+#include <QLineEdit>
+
+#include "app/messages.h"
+#include "files/number_text.h"
+
+std::optional<double> NumberFromText(QStringView text) {
+    const QByteArray bytes = text.trimmed().toUtf8();
+    return ks::ReadWholeNumber({bytes.constData(), static_cast<std::size_t>(bytes.size())});
+}
+
+QString NumberText(double value) {
+    return QString::fromStdString(ks::ShortestText(value));
+}
+
+std::optional<double> ReadNumberField(QLineEdit& field, CMessages& messages) {
+    if (const auto value = NumberFromText(field.text())) return value;
+    //: %1 is the name of the field, for example Min Time
+    const QString text = QCoreApplication::translate(
+        "CNumberField", "\"%1\" needs a number, with a point before its decimals, for example 0.25.");
+    messages.ShowError(field.window(), text.arg(field.accessibleName()));
+    field.setFocus();
+    field.selectAll();
+    return std::nullopt;
+}
+
+void FitNumberField(QLineEdit& field) {
+    const QFontMetrics metrics = field.fontMetrics();
+    const int frameAndMargins = metrics.height();
+    field.setMinimumWidth(metrics.horizontalAdvance(QStringLiteral("-0.30000001192092896")) + frameAndMargins);
+}

@@ -1,0 +1,20 @@
+#include "app/dialogs/printer_picker.h"
+
+#include <QPrintDialog>
+
+std::unique_ptr<QPrintDialog> CPrinterDialogs::MakeDialog(QWidget* parent, QPrinter& printer, int pageCount) {
+    auto dialog = std::make_unique<QPrintDialog>(&printer, parent);
+    if (pageCount > 1) {
+        dialog->setMinMax(1, pageCount);
+        return dialog;
+    }
+    dialog->setOption(QAbstractPrintDialog::PrintPageRange, false);
+    dialog->setOption(QAbstractPrintDialog::PrintCollateCopies, false);
+    // The toolkit's own dialog, which is that of X11, offers the range all the same and undoes a hiding.
+    if (auto* const range = dialog->findChild<QWidget*>(QStringLiteral("gbPrintRange"))) range->setEnabled(false);
+    return dialog;
+}
+
+bool CPrinterDialogs::Pick(QWidget* parent, QPrinter& printer, int pageCount) {
+    return MakeDialog(parent, printer, pageCount)->exec() == QDialog::Accepted;
+}

@@ -1,0 +1,158 @@
+#include "app/table/summary_list.h"
+
+#include <QContextMenuEvent>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QStringList>
+#include <QStyledItemDelegate>
+#include <memory>
+#include <utility>
+
+namespace {
+
+constexpr int kControlId = 101;
+constexpr int kBarHeight = 2;  // pixels, of the bars that show the selection of a coloured cell
+
+/// Draws a judged cell in its colour even when its row is selected; two bars then show the selection.
+class CVerdictDelegate : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        QStyledItemDelegate::paint(painter, option, index);
+        if (!option.state.testFlag(QStyle::State_Selected) || !IsJudged(index)) return;
+        const QBrush brush = option.palette.brush(QPalette::Highlight);
+        QRect bar = option.rect;
+        bar.setHeight(kBarHeight);
+        painter->fillRect(bar, brush);
+        bar.moveBottom(option.rect.bottom());
+        painter->fillRect(bar, brush);
+    }
+
+protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+        QStyledItemDelegate::initStyleOption(option, index);
+        if (IsJudged(index)) option->state.setFlag(QStyle::State_Selected, false);
+        const bool isPath = index.column() == kFilenameColumn || index.column() == kReferenceColumn;
+        if (isPath) option->textElideMode = Qt::ElideMiddle;  // the file's name stays in sight
+    }
+
+private:
+    static bool IsJudged(const QModelIndex& index) {
+        return index.data(kVerdictRole).toInt() != static_cast<int>(CVerdictColor::White);
+    }
+};
+
+QString OneLine(QString text) {
+    for (QChar& character : text) {
+        if (character == u'\t' || character == u'\r' || character == u'\n') character = u' ';
+    }
+    return text;
+}
+
+}  // namespace
+
+CSummaryList::CSummaryList(QWidget* parent) : QTableView(parent) {
+    setProperty("controlId", kControlId);
+    setAccessibleName(tr("Summary of the comparison"));
+    setItemDelegate(std::make_unique<CVerdictDelegate>(this).release());  // owned by its parent, the list
+    setModel(&m_model);
+    setShowGrid(true);
+    setWordWrap(false);
+    setSelectionBehavior(SelectRows);
+    setEditTriggers(NoEditTriggers);
+    setTabKeyNavigation(false);  // Tab leads on to the next control
+    setHorizontalScrollMode(ScrollPerPixel);
+    verticalHeader()->hide();
+    verticalHeader()->setDefaultSectionSize(verticalHeader()->minimumSectionSize() + 2 * kBarHeight);
+    horizontalHeader()->setSectionsMovable(true);
+    horizontalHeader()->setHighlightSections(false);
+    horizontalHeader()->setResizeContentsPrecision(-1);  // by every row, also those out of sight
+    horizontalHeader()->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(horizontalHeader(), &QHeaderView::customContextMenuRequested, this, [this](const QPoint& position) {
+        emit ContextMenuAsked(horizontalHeader()->viewport()->mapToGlobal(position), -1);
+    });
+    resizeColumnsToContents();
+}
+
+void CSummaryList::SetSnapshot(CSummarySnapshot snapshot) {
+    m_model.SetSnapshot(std::move(snapshot));
+    resizeColumnsToContents();
+    DescribeState();
+}
+
+void CSummaryList::MarkPreviousRun(bool isPreviousRun) {
+    m_model.MarkPreviousRun(isPreviousRun);
+    DescribeState();
+}
+
+void CSummaryList::DescribeState() {
+    setAccessibleDescription(Snapshot().isPreviousRun ? PreviousRunText() : QString());
+}
+
+std::vector<int> CSummaryList::DisplayedOrder() const {
+    std::vector<int> order;
+    order.reserve(kSummaryColumnCount);
+    for (int place = 0; place < kSummaryColumnCount; ++place) order.push_back(horizontalHeader()->logicalIndex(place));
+    return order;
+}
+
+CSummaryTable CSummaryList::DisplayedTable() const {
+    CSummaryTable table = Snapshot().table;
+    table.order = DisplayedOrder();
+    return table;
+}
+
+QString CSummaryList::CopyDataText() const {
+    const std::vector<int> order = DisplayedOrder();
+    QString text;
+    const auto appendLine = [&](const auto& cellText) {
+        QStringList cells;
+        for (const int column : order) cells.append(OneLine(cellText(column)));
+        text += cells.join(QLatin1Char('\t')) + QStringLiteral("\r\n");
+    };
+    appendLine([&](int column) { return m_model.headerData(column, Qt::Horizontal).toString(); });
+    for (int row = 0; row < m_model.rowCount(); ++row) {
+        appendLine([&](int column) { return m_model.index(row, column).data().toString(); });
+    }
+    return text;
+}
+
+int CSummaryList::RowAt(const QPoint& globalPosition) const {
+    const QPoint position = viewport()->mapFromGlobal(globalPosition);
+    // A point above the viewport, on the header, would be that of a row scrolled out of sight.
+    return viewport()->rect().contains(position) ? rowAt(position.y()) : -1;
+}
+
+void CSummaryList::contextMenuEvent(QContextMenuEvent* event) {
+    event->accept();
+    if (event->reason() != QContextMenuEvent::Keyboard) {
+        emit ContextMenuAsked(event->globalPos(), RowAt(event->globalPos()));
+        return;
+    }
+    const QModelIndex current = currentIndex();
+    if (current.isValid()) scrollTo(current);
+    const QPoint position = current.isValid() ? visualRect(current).center() : viewport()->rect().center();
+    emit ContextMenuAsked(viewport()->mapToGlobal(position), current.row());
+}
+
+void CSummaryList::keyPressEvent(QKeyEvent* event) {
+    const bool isAlt = event->modifiers() == Qt::AltModifier;
+    if (isAlt && event->key() == Qt::Key_Left) {
+        MoveCurrentColumn(-1);
+    } else if (isAlt && event->key() == Qt::Key_Right) {
+        MoveCurrentColumn(1);
+    } else {
+        QTableView::keyPressEvent(event);
+    }
+}
+
+void CSummaryList::MoveCurrentColumn(int step) {
+    if (!currentIndex().isValid()) return;
+    const int place = horizontalHeader()->visualIndex(currentIndex().column());
+    const int target = place + step;
+    if (target < 0 || target >= kSummaryColumnCount) return;
+    horizontalHeader()->moveSection(place, target);
+    scrollTo(currentIndex());
+}

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QTableView>
+#include <vector>
+
+#include "app/table/summary_model.h"
+
+/// The summary on show: the sixteen columns of CSummaryModel, which the user may drag into another order. That order
+/// and the columns live as long as the list, whatever is shown in it.
+///
+/// Keys: arrows move, Alt+Left and Alt+Right move the current column, the menu key asks for the context menu.
+class CSummaryList : public QTableView {
+    Q_OBJECT
+
+public:
+    explicit CSummaryList(QWidget* parent = nullptr);
+
+    /// Shows `snapshot` and sizes every column to its contents.
+    void SetSnapshot(CSummarySnapshot snapshot);
+    const CSummarySnapshot& Snapshot() const { return m_model.Snapshot(); }
+    /// Marks the results as those of the previous run, or takes the mark away.
+    void MarkPreviousRun(bool isPreviousRun);
+
+    /// Columns (CSummaryColumn) in the order shown.
+    std::vector<int> DisplayedOrder() const;
+    /// The table on show with its columns' order.
+    CSummaryTable DisplayedTable() const;
+    /// The table on show as text: the headers, then the rows, columns in the order shown, separated by tabs; every
+    /// line ends in CR LF. A tab or line end within a file's name becomes a blank.
+    QString CopyDataText() const;
+
+    /// The row at a point of the screen; -1 where none is.
+    int RowAt(const QPoint& globalPosition) const;
+
+signals:
+    /// The user asks for the context menu at a point of the screen, for a row or, with -1, for none.
+    void ContextMenuAsked(const QPoint& globalPosition, int row);
+
+protected:
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    void MoveCurrentColumn(int step);
+    void DescribeState();
+
+    CSummaryModel m_model;
+};

@@ -1,0 +1,50 @@
+#include "chart/metafile/metafile_device.h"
+
+#include <cmath>
+
+#include "chart/metafile/metafile_engine.h"
+
+CMetafileDevice::CMetafileDevice(CChartSize size)
+    : m_size(size), m_engine(std::make_unique<CMetafileEngine>(size, kUnitsPerInch)) {}
+
+CMetafileDevice::~CMetafileDevice() = default;
+
+QPaintEngine* CMetafileDevice::paintEngine() const {
+    return m_engine.get();
+}
+
+std::string CMetafileDevice::Finish() {
+    return m_engine->Finish();
+}
+
+int CMetafileDevice::metric(PaintDeviceMetric metric) const {
+    constexpr double kMillimetresPerInch = 25.4;
+    const auto millimetres = [](int units) {
+        return static_cast<int>(std::lround(units * kMillimetresPerInch / kUnitsPerInch));
+    };
+    switch (metric) {
+        case PdmWidth:
+            return m_size.width;
+        case PdmHeight:
+            return m_size.height;
+        case PdmWidthMM:
+            return millimetres(m_size.width);
+        case PdmHeightMM:
+            return millimetres(m_size.height);
+        case PdmNumColors:
+            return 1 << 24;
+        case PdmDepth:
+            return 24;
+        case PdmDpiX:
+        case PdmDpiY:
+        case PdmPhysicalDpiX:
+        case PdmPhysicalDpiY:
+            return kUnitsPerInch;
+        case PdmDevicePixelRatio:
+            return 1;
+        case PdmDevicePixelRatioScaled:
+            return static_cast<int>(devicePixelRatioFScale());
+        default:
+            return QPaintDevice::metric(metric);
+    }
+}

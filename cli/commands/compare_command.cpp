@@ -1,0 +1,178 @@
+#include "cli/commands/compare_command.h"
+
+#include "cli/cli_host.h"
+#include "cli/commands/compare_options.h"
+#include "cli/commands/file_input.h"
+#include "cli/output/csv_table.h"
+#include "cli/output/json_results.h"
+#include "cli/output/outputs.h"
+#include "cli/output/page_outputs.h"
+#include "cli/output/table_report.h"
+#include "cli/usage_error.h"
+#include "compare/document.h"
+#include "compare/export.h"
+#include "files/hit_list.h"
+
+namespace {
+
+// Whether the run came to its end; a stopped run tells nobody.
+class CRunObserver : public CDocumentObserver {
+public:
+    void OnDocumentUpdate(int hint) override { m_completed = m_completed || hint == kRunCompleted; }
+    bool Completed() const { return m_completed; }
+
+private:
+    bool m_completed = false;
+};
+
+struct CInput {
+    std::vector<std::string> files;
+    std::vector<std::string> errors;  // hit lists that could not be read
+};
+
+CInput CollectFiles(const CCompareOptions& options) {
+    CInput input;
+    input.files = options.files;
+    for (const std::string& path : options.hitLists) {
+        const auto listed = ks::ReadHitList(path);
+        if (!listed) {
+            input.errors.push_back("Unable to read Hit list file: " + path);
+            continue;
+        }
+        input.files.insert(input.files.end(), listed->begin(), listed->end());
+    }
+    if (input.files.empty() && input.errors.empty()) {
+        throw CUsageError("At least one FILE to compare is needed; the hit list names none.");
+    }
+    return input;
+}
+
+// An output that takes the place of an input would destroy a measurement that may exist only once.
+std::vector<std::string> AllInputs(const CCompareOptions& options, std::vector<std::string> files) {
+    files.insert(files.end(), options.hitLists.begin(), options.hitLists.end());
+    if (options.reference) {
+        files.push_back(*options.reference);
+    }
+    return files;
+}
+
+void RefuseOverwritingInputs(const CCompareOptions& options, const std::vector<std::string>& inputs) {
+    for (const std::optional<std::string>& output : {options.html, options.json, options.csv}) {
+        for (const std::string& input : inputs) {
+            if (output) {
+                RefuseOverwriting(*output, input);
+            }
+        }
+    }
+}
+
+void WriteTables(const CCompareOptions& options, const CSummaryTable& table, COutputs& outputs) {
+    if (options.html) {
+        outputs.Write("The HTML report", *options.html, HtmlReport(table));
+    }
+    if (options.csv) {
+        outputs.Write("The CSV table", *options.csv, CsvTable(table));
+    }
+}
+
+void PrintReports(const CCompareOptions& options, const CQuorvelDoc& document, const CSummaryTable& table,
+                  CConsole& console) {
+    if (options.talk == CTalk::Verbose) {
+        console.Note(VerboseReport(document));
+    }
+    if (options.talk != CTalk::Quiet && !options.UsesStandardOutput()) {
+        console.Print(TableReport(options, document, table, {console.Width(), console.Color()}));
+    }
+}
+
+CExitStatus Status(const COutputs& outputs, bool inputFailed, bool badFound) {
+    if (outputs.Failed()) {
+        return CExitStatus::Output;
+    }
+    if (inputFailed) {
+        return CExitStatus::Input;
+    }
+    return badFound ? CExitStatus::BadVerdict : CExitStatus::Good;
+}
+
+void WriteJson(const CCompareOptions& options, CJsonResults& json, COutputs& outputs) {
+    if (options.json) {
+        outputs.Write("The JSON results", *options.json, json.Finish(options.pages));
+    }
+}
+
+// Some of the readers' sentences name no file, and a run may have many.
+void NameUnreadFiles(const CQuorvelDoc& document, CConsole& console) {
+    for (const CSignal& signal : document.ComputedSignals()) {
+        if (signal.GetPointCount() == 0 && !signal.GetMessages().empty()) {
+            console.Complain("Could not be read: " + signal.GetPath());
+        }
+    }
+    if (!document.ReferenceMessages().empty()) {
+        console.Complain("The reference could not be read: " + document.Reference().GetPath());
+    }
+}
+
+CExitStatus FinishStopped(const CCompareOptions& options, const CResults& results, const CSignal& reference,
+                          CConsole& console) {
+    if (options.talk != CTalk::Quiet) {
+        console.Note("Nothing was compared.");
+    }
+    COutputs outputs(console);
+    CJsonResults json(options, results, reference, {});
+    WriteJson(options, json, outputs);
+    outputs.Finish();
+    return Status(outputs, true, false);
+}
+
+CExitStatus FinishCompleted(const CCompareOptions& options, const CResults& results,
+                            const std::vector<std::string>& inputs, CQuorvelDoc& document, CCliHost& host,
+                            CConsole& console) {
+    COutputs outputs(console);
+    outputs.Protect(inputs);
+    // Pages may cut the signals, so everything about the run itself is taken down before the first of them.
+    const CSummaryTable table = MakeSummaryTable(document.ComputedSignals());
+    CJsonResults json(options, results, document.Reference(), document.ComputedSignals());
+    PrintReports(options, document, table, console);
+    WriteTables(options, table, outputs);
+    if (WantsPages(options)) {
+        WritePages(options, document, host, json, outputs);
+    }
+    WriteJson(options, json, outputs);
+    outputs.Finish();
+    return Status(outputs, !results.errors.empty(), AnyBad(table, options.failOnBad));
+}
+
+}  // namespace
+
+CExitStatus RunCompare(const std::vector<std::string>& arguments, CConsole& console) {
+    const CCompareOptions options = ParseCompareOptions(arguments);
+    const CInput input = CollectFiles(options);
+    const std::vector<std::string> inputs = AllInputs(options, input.files);
+    RefuseOverwritingInputs(options, inputs);
+
+    CCliHost host(options, input.files, console);
+    CQuorvelDoc document(host);
+    // A list that cannot be read leaves the choice of signals open; comparing the rest would look like a full result.
+    if (!input.errors.empty()) {
+        host.ShowErrorList(input.errors);
+        return FinishStopped(options, {input.errors, {}, {}}, document.Reference(), console);
+    }
+    CRunObserver observer;
+    document.AddObserver(observer);
+    document.OnCriticalValues();
+    document.OnCorridorSize();
+    document.OnCompareFiles();
+    document.RemoveObserver(observer);
+    console.EraseProgress();
+
+    // The document collects these and shows them nowhere.
+    console.ComplainAll(document.ReferenceMessages());
+    const CResults results{document.ErrorMessages(), document.ReferenceMessages(), {}};
+    if (!observer.Completed()) {
+        NameUnreadFiles(document, console);
+        return FinishStopped(options, results, document.Reference(), console);
+    }
+    return FinishCompleted(options, {results.errors, results.referenceErrors, document.PageList()}, inputs, document,
+                           host, console);
+}

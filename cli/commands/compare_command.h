@@ -1,0 +1,12 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "cli/exit_status.h"
+#include "cli/output/console.h"
+
+/// Runs `quorvel-cli compare` on the arguments behind its name: the document's interactive run with the options as
+/// answers, then the outputs that were asked for.
+/// @throws CUsageError for wrong usage, before anything is read or written
+CExitStatus RunCompare(const std::vector<std::string>& arguments, CConsole& console);

@@ -1,0 +1,192 @@
+#include "cli/commands/compare_options.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+#include <utility>
+
+#include "cli/arguments.h"
+#include "cli/output/outputs.h"
+#include "cli/usage_error.h"
+#include "files/number_text.h"
+
+namespace {
+
+constexpr std::array<COptionDeclaration, 16> kOptions = {{
+    {"--hit-list", COptionKind::Repeatable, "the PATH of a hit list"},
+    {"--reference", COptionKind::Single, "the PATH of a signal file"},
+    {"--cfc", COptionKind::Single, "a channel class: 60, 180, 600 or 1000"},
+    {"--no-filter-reference", COptionKind::Flag, ""},
+    {"--window", COptionKind::Pair, "two numbers, MIN and MAX"},
+    {"--corridor", COptionKind::Single, "a SIZE greater than 0"},
+    {"--critical", COptionKind::Repeatable, "NAME=VALUE, for example moment=0.3"},
+    {"--html", COptionKind::Single, "a PATH to write to"},
+    {"--json", COptionKind::Single, "a PATH to write to, or - for standard output"},
+    {"--csv", COptionKind::Single, "a PATH to write to, or - for standard output"},
+    {"--pages", COptionKind::Flag, ""},
+    {"--ascii", COptionKind::Single, "a DIR to write to"},
+    {"--uds", COptionKind::Single, "a DIR to write to"},
+    {"--fail-on-bad", COptionKind::Names, "names behind =, or no ="},
+    {"--quiet", COptionKind::Flag, ""},
+    {"--verbose", COptionKind::Flag, ""},
+}};
+
+constexpr std::array<std::pair<std::string_view, std::int32_t>, 4> kClasses = {
+    {{"60", 60}, {"180", 180}, {"600", 600}, {"1000", 1000}}};
+
+std::optional<std::int32_t> ReadClass(const CArguments& arguments) {
+    const std::optional<std::string> text = arguments.Value("--cfc");
+    if (!text) {
+        return std::nullopt;
+    }
+    const auto* const found =
+        std::find_if(kClasses.begin(), kClasses.end(), [&text](const auto& entry) { return entry.first == *text; });
+    if (found == kClasses.end()) {
+        throw CUsageError("Option --cfc takes the channel class 60, 180, 600 or 1000, not: " + *text);
+    }
+    return found->second;
+}
+
+double ReadNumber(std::string_view option, const std::string& text) {
+    const std::optional<double> value = ks::ReadWholeNumber(text);
+    if (!value) {
+        throw CUsageError("Option " + std::string(option) + " takes finite decimal numbers, not: " + text);
+    }
+    return *value;
+}
+
+std::optional<CWindow> ReadWindow(const CArguments& arguments) {
+    const std::vector<std::string>& values = arguments.Values("--window");
+    if (values.empty()) {
+        return std::nullopt;
+    }
+    const CWindow window{ReadNumber("--window", values[0]), ReadNumber("--window", values[1])};
+    if (!(window.min < window.max)) {
+        throw CUsageError("Option --window takes MIN smaller than MAX, not: " + values[0] + " " + values[1]);
+    }
+    return window;
+}
+
+double ReadCorridor(const CArguments& arguments, double fallback) {
+    const std::optional<std::string> text = arguments.Value("--corridor");
+    if (!text) {
+        return fallback;
+    }
+    const double size = ReadNumber("--corridor", *text);
+    if (!(size > 0.0)) {
+        throw CUsageError("Option --corridor takes a size greater than 0, not: " + *text);
+    }
+    return size;
+}
+
+const CCriterion& ReadCriterion(std::string_view option, std::string_view name) {
+    const CCriterion* const criterion = FindCriterion(name);
+    if (criterion == nullptr) {
+        throw CUsageError("Option " + std::string(option) + " knows the names " + CriterionNames() +
+                          ", not: " + std::string(name));
+    }
+    return *criterion;
+}
+
+CCriticalValues ReadCriticalValues(const CArguments& arguments) {
+    CCriticalValues values;
+    for (const std::string& text : arguments.Values("--critical")) {
+        const std::size_t equals = text.find('=');
+        if (equals == std::string::npos) {
+            throw CUsageError("Option --critical takes NAME=VALUE, for example moment=0.3, not: " + text);
+        }
+        const CCriterion& criterion = ReadCriterion("--critical", std::string_view(text).substr(0, equals));
+        values.*criterion.limit = ReadNumber("--critical", text.substr(equals + 1));
+    }
+    return values;
+}
+
+std::vector<const CCriterion*> ReadFailOnBad(const CArguments& arguments) {
+    std::vector<const CCriterion*> criteria;
+    for (std::string_view names : arguments.Values("--fail-on-bad")) {
+        if (names.empty()) {
+            for (const CCriterion& criterion : kCriteria) criteria.push_back(&criterion);
+            continue;
+        }
+        while (true) {
+            const std::size_t comma = std::min(names.find(','), names.size());
+            criteria.push_back(&ReadCriterion("--fail-on-bad", names.substr(0, comma)));
+            if (comma == names.size()) break;
+            names.remove_prefix(comma + 1);
+        }
+    }
+    return criteria;
+}
+
+CTalk ReadTalk(const CArguments& arguments) {
+    const bool quiet = arguments.Has("--quiet");
+    if (quiet && arguments.Has("--verbose")) {
+        throw CUsageError("Options --quiet and --verbose exclude each other.");
+    }
+    if (quiet) {
+        return CTalk::Quiet;
+    }
+    return arguments.Has("--verbose") ? CTalk::Verbose : CTalk::Usual;
+}
+
+bool IsStandardOutput(const std::optional<std::string>& path) {
+    return path == kStandardOutput;
+}
+
+std::ptrdiff_t StandardOutputCount(const CCompareOptions& options) {
+    const std::array<bool, 3> uses = {IsStandardOutput(options.html), IsStandardOutput(options.json),
+                                      IsStandardOutput(options.csv)};
+    return std::count(uses.begin(), uses.end(), true);
+}
+
+void RefuseEmptyPaths(const CArguments& arguments) {
+    for (const char* const option : {"--hit-list", "--reference", "--html", "--json", "--csv", "--ascii", "--uds"}) {
+        for (const std::string& path : arguments.Values(option)) {
+            if (path.empty()) {
+                throw CUsageError("Option " + std::string(option) + " takes a path that is not empty.");
+            }
+        }
+    }
+}
+
+}  // namespace
+
+bool CCompareOptions::UsesStandardOutput() const {
+    return StandardOutputCount(*this) > 0;
+}
+
+CCompareOptions ParseCompareOptions(const std::vector<std::string>& arguments) {
+    const CArguments given(kOptions, arguments);
+    RefuseEmptyPaths(given);
+    CCompareOptions options;
+    options.files = given.Files();
+    options.hitLists = given.Values("--hit-list");
+    options.reference = given.Value("--reference");
+    options.cfc = ReadClass(given);
+    options.filterReference = !given.Has("--no-filter-reference");
+    options.window = ReadWindow(given);
+    options.corridor = ReadCorridor(given, options.corridor);
+    options.critical = ReadCriticalValues(given);
+    options.html = given.Value("--html");
+    options.json = given.Value("--json");
+    options.csv = given.Value("--csv");
+    options.pages = given.Has("--pages");
+    options.asciiFolder = given.Value("--ascii");
+    options.udsFolder = given.Value("--uds");
+    options.failOnBad = ReadFailOnBad(given);
+    options.talk = ReadTalk(given);
+    if (options.files.empty() && options.hitLists.empty()) {
+        throw CUsageError("At least one FILE to compare is needed.");
+    }
+    if (StandardOutputCount(options) > 1) {
+        throw CUsageError("Only one output can go to standard output (-).");
+    }
+    return options;
+}
+
+std::vector<std::string> CompareOptionNames() {
+    std::vector<std::string> names;
+    names.reserve(kOptions.size());
+    for (const COptionDeclaration& declaration : kOptions) names.emplace_back(declaration.name);
+    return names;
+}

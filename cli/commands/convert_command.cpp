@@ -1,0 +1,88 @@
+#include "cli/commands/convert_command.h"
+
+#include <array>
+#include <bit>
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string_view>
+
+#include "cli/commands/file_input.h"
+#include "cli/commands/file_options.h"
+#include "cli/join.h"
+#include "cli/output/outputs.h"
+#include "files/number_text.h"
+#include "files/uds_file.h"
+
+namespace {
+
+bool SameBits(float a, float b) {
+    return std::bit_cast<std::uint32_t>(a) == std::bit_cast<std::uint32_t>(b);
+}
+
+void TellOfUserReals(const ks::CUDSFile& file, CConsole& console) {
+    constexpr std::array<std::string_view, 4> kNames = {"RD2", "RD3", "RD4", "RD5"};
+    const float first = file.Fields().GetRD1();
+    for (std::size_t i = 0; i < kNames.size(); ++i) {
+        const float old = file.Repairs().userReals[i];
+        if (SameBits(old, first)) continue;
+        const std::string was = std::isnan(old) ? "not a number" : ks::ShortestSingleText(old);
+        console.Note(
+            Join({kNames[i], " was ", was, " and is now ", ks::ShortestSingleText(first), ", the value of RD1."}));
+    }
+}
+
+void TellOfYear(const ks::CUDSFile& file, CConsole& console) {
+    const std::int32_t year = file.Fields().GetYEAR1();
+    if (file.Repairs().year == year) return;
+    console.Note(Join({"The year of component 1 was ", std::to_string(file.Repairs().year), " and is now ",
+                       std::to_string(year), "."}));
+}
+
+void TellOfCounts(const ks::CUDSRepairs& repairs, CConsole& console) {
+    if (repairs.notNumbers > 0) {
+        console.Note("Values that were not a number and are now 0: " + std::to_string(repairs.notNumbers));
+    }
+    if (repairs.movedTexts > 0) {
+        console.Note("Texts that stood behind blanks and now begin without them: " +
+                     std::to_string(repairs.movedTexts));
+    }
+    if (repairs.clearedRecords > 0) {
+        console.Note("Records whose bytes behind the last field or point are now 0: " +
+                     std::to_string(repairs.clearedRecords));
+    }
+    if (repairs.unusedRecords > 0) {
+        console.Note("Data records beyond the last point, left out: " + std::to_string(repairs.unusedRecords));
+    }
+}
+
+void TellOfChanges(const ks::CUDSFile& file, CConsole& console) {
+    TellOfUserReals(file, console);
+    TellOfYear(file, console);
+    TellOfCounts(file.Repairs(), console);
+}
+
+std::string_view Characters(std::span<const std::byte> bytes) {
+    return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
+}
+
+}  // namespace
+
+CExitStatus RunConvert(const std::vector<std::string>& arguments, CConsole& console) {
+    const CConvertOptions options = ParseConvertOptions(arguments);
+    RefuseOverwriting(options.out, options.file);
+    ks::CUDS1992 file;
+    if (ComplaintOfReading(options.file, console, [&] { file.Read(options.file); })) {
+        return CExitStatus::Input;
+    }
+    file.SetSunOutput(options.to == CTargetFormat::Sun);
+    COutputs outputs(console);
+    outputs.Write("The UDS-1992 file", options.out, Characters(file.MakeImage()));
+    outputs.Finish();
+    if (outputs.Failed()) {
+        return CExitStatus::Output;
+    }
+    TellOfChanges(file, console);
+    return CExitStatus::Good;
+}

@@ -1,0 +1,28 @@
+#include "cli/commands/export_command.h"
+
+#include "cli/commands/file_input.h"
+#include "cli/commands/file_options.h"
+#include "cli/output/outputs.h"
+#include "files/error.h"
+#include "signal/ascii_export.h"
+
+CExitStatus RunExport(const std::vector<std::string>& arguments, CConsole& console) {
+    const CExportOptions options = ParseExportOptions(arguments);
+    RefuseOverwriting(options.out, options.file);
+    ks::CData record;
+    if (ComplaintOfReading(options.file, console, [&] { record.LoadUDS(options.file); })) {
+        return CExitStatus::Input;
+    }
+    std::string text;
+    try {
+        text = ks::AsciiPoints(record, options.form);
+    } catch (const ks::CError& error) {
+        console.Complain(error.what());
+        console.Complain("Could not be exported: " + options.file);
+        return CExitStatus::Input;
+    }
+    COutputs outputs(console);
+    outputs.Write("The ASCII file", options.out, text);
+    outputs.Finish();
+    return outputs.Failed() ? CExitStatus::Output : CExitStatus::Good;
+}

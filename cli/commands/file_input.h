@@ -1,0 +1,17 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "cli/output/console.h"
+
+/// Calls `read`, which reads the file at `path` and throws CError where it cannot. A failure is the reader's sentence
+/// on standard error and, as not all of those name the file, another one that does.
+/// @return the reader's sentence; nothing when the file was read
+std::optional<std::string> ComplaintOfReading(const std::string& path, CConsole& console,
+                                              const std::function<void()>& read);
+
+/// A measurement may exist only once.
+/// @throws CUsageError when `output` leads to the file at `input`
+void RefuseOverwriting(const std::string& output, const std::string& input);

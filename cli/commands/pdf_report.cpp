@@ -1,0 +1,34 @@
+#include "cli/commands/pdf_report.h"
+
+#include <QApplication>
+#include <array>
+#include <cstdio>
+
+#include "viewer/report_pdf.h"
+
+namespace {
+
+// Qt's advice about the surroundings (a missing runtime folder, an unknown font alias) is none of the user's business.
+void ShowOnlyFailures(QtMsgType type, const QMessageLogContext&, const QString& text) {
+    if (type != QtCriticalMsg && type != QtFatalMsg) return;
+    std::fprintf(stderr, "quorvel-cli: %s\n", text.toUtf8().constData());  // NOLINT(*-vararg)
+}
+
+}  // namespace
+
+bool CanWritePdfReport() {
+    return true;
+}
+
+ks::WriteResult WritePdfReport(const std::string& pdf, const ks::CNSignal& record, const std::string& file, bool full) {
+    qInstallMessageHandler(ShowOnlyFailures);
+    // Whatever the user's desktop asks of Qt programs: a theme plugin may end the program where there is no screen.
+    qunsetenv("QT_QPA_PLATFORMTHEME");
+    std::string name = "quorvel-cli";
+    std::string option = "-platform";
+    std::string platform = "offscreen";
+    std::array<char*, 4> arguments = {name.data(), option.data(), platform.data(), nullptr};
+    int count = 3;
+    const QApplication application(count, arguments.data());
+    return WriteReportPdf(pdf, record, file, full ? ReportMode::Full : ReportMode::Specification);
+}

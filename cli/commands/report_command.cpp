@@ -1,0 +1,22 @@
+#include "cli/commands/report_command.h"
+
+#include "cli/commands/file_input.h"
+#include "cli/commands/file_options.h"
+#include "cli/commands/pdf_report.h"
+#include "cli/output/outputs.h"
+#include "cli/usage_error.h"
+
+CExitStatus RunReport(const std::vector<std::string>& arguments, CConsole& console) {
+    const CReportOptions options = ParseReportOptions(arguments);
+    if (!CanWritePdfReport()) {
+        throw CUsageError("Reports need a build with the desktop program; this quorvel-cli was built without it.");
+    }
+    RefuseOverwriting(options.pdf, options.file);
+    ks::CNSignal record;
+    if (ComplaintOfReading(options.file, console, [&] { record.LoadUDS(options.file); })) {
+        return CExitStatus::Input;
+    }
+    COutputs outputs(console);
+    outputs.Note("The report", options.pdf, WritePdfReport(options.pdf, record, options.file, options.full));
+    return outputs.Failed() ? CExitStatus::Output : CExitStatus::Good;
+}

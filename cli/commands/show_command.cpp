@@ -1,0 +1,48 @@
+#include "cli/commands/show_command.h"
+
+#include <string_view>
+
+#include "cli/commands/file_input.h"
+#include "cli/commands/file_options.h"
+#include "cli/join.h"
+#include "cli/output/header_json.h"
+#include "cli/output/header_text.h"
+#include "cli/output/outputs.h"
+
+namespace {
+
+// One file after the other: the points of a long list need not fit into memory together.
+bool ShowFiles(const CShowOptions& options, CConsole& console) {
+    bool good = true;
+    std::string_view gap;
+    CHeaderJson json;
+    for (const std::string& path : options.files) {
+        ks::CData record;
+        if (const auto complaint = ComplaintOfReading(path, console, [&] { record.LoadUDS(path); })) {
+            good = false;
+            json.AddError(path, *complaint);
+            continue;
+        }
+        if (options.json) {
+            json.AddFile(path, record);
+        } else {
+            console.Print(Join({gap, HeaderReport(path, record)}));
+            gap = "\n";
+        }
+    }
+    if (options.json) console.Print(json.Finish());
+    return good;
+}
+
+}  // namespace
+
+CExitStatus RunShow(const std::vector<std::string>& arguments, CConsole& console) {
+    const CShowOptions options = ParseShowOptions(arguments);
+    const bool good = ShowFiles(options, console);
+    COutputs outputs(console);
+    outputs.Finish();
+    if (outputs.Failed()) {
+        return CExitStatus::Output;
+    }
+    return good ? CExitStatus::Good : CExitStatus::Input;
+}

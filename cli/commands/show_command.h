@@ -1,0 +1,11 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "cli/exit_status.h"
+#include "cli/output/console.h"
+
+/// Runs `quorvel-cli show` on the arguments behind its name.
+/// @throws CUsageError for wrong usage, before anything is read
+CExitStatus RunShow(const std::vector<std::string>& arguments, CConsole& console);

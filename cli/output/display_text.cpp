@@ -1,0 +1,95 @@
+#include "cli/output/display_text.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "files/utf8.h"
+
+namespace {
+
+/// The character at `position`; each byte that is not UTF-8 is one of its own.
+ks::CUtf8Character CharacterAt(std::string_view text, std::size_t position) {
+    ks::CUtf8Character character = ks::FirstUtf8Character(text.substr(position));
+    if (!character.isWellFormed) character.byteCount = 1;
+    return character;
+}
+
+using CRange = std::pair<char32_t, char32_t>;
+
+template <std::size_t Size>
+bool InRanges(const std::array<CRange, Size>& ranges, char32_t c) {
+    return std::any_of(ranges.begin(), ranges.end(),
+                       [c](const CRange& range) { return range.first <= c && c <= range.second; });
+}
+
+// The blocks that file names meet in practice; not the whole of UAX #11.
+constexpr std::array<CRange, 5> kZeroWidth = {
+    {{0x300, 0x36F}, {0x200B, 0x200F}, {0x20D0, 0x20FF}, {0xFE00, 0xFE0F}, {0xFE20, 0xFE2F}}};
+constexpr std::array<CRange, 9> kDoubleWidth = {{{0x1100, 0x115F},
+                                                 {0x2E80, 0xA4CF},
+                                                 {0xAC00, 0xD7A3},
+                                                 {0xF900, 0xFAFF},
+                                                 {0xFE30, 0xFE6F},
+                                                 {0xFF00, 0xFF60},
+                                                 {0xFFE0, 0xFFE6},
+                                                 {0x1F300, 0x1FAFF},
+                                                 {0x20000, 0x3FFFD}}};
+
+std::size_t CharacterWidth(const ks::CUtf8Character& character) {
+    const char32_t c = character.isWellFormed ? character.codePoint : U'?';
+    if (InRanges(kZeroWidth, c)) {
+        return 0;
+    }
+    return InRanges(kDoubleWidth, c) ? 2 : 1;
+}
+
+bool IsControl(char32_t c) {
+    return c < 0x20 || (c >= 0x7F && c <= 0x9F);
+}
+
+}  // namespace
+
+std::string DisplayText(std::string_view text, bool keepLineFeeds) {
+    std::string shown;
+    shown.reserve(text.size());
+    for (std::size_t i = 0; i < text.size();) {
+        const ks::CUtf8Character character = CharacterAt(text, i);
+        const std::string_view bytes = text.substr(i, character.byteCount);
+        i += character.byteCount;
+        if (!character.isWellFormed) {
+            shown += "\xEF\xBF\xBD";
+        } else if (IsControl(character.codePoint) && !(keepLineFeeds && bytes == "\n")) {
+            shown += '?';
+        } else {
+            shown += bytes;
+        }
+    }
+    return shown;
+}
+
+std::size_t DisplayWidth(std::string_view text) {
+    std::size_t width = 0;
+    for (std::size_t i = 0; i < text.size();) {
+        const ks::CUtf8Character character = CharacterAt(text, i);
+        width += CharacterWidth(character);
+        i += character.byteCount;
+    }
+    return width;
+}
+
+std::string ElideFront(std::string_view text, std::size_t width) {
+    std::size_t excess = DisplayWidth(text);
+    if (excess <= width) {
+        return std::string(text);
+    }
+    const std::string_view dots = width < 4 ? "" : "...";
+    excess = excess + dots.size() - width;
+    std::size_t cut = 0;
+    for (std::size_t gone = 0; cut < text.size() && gone < excess;) {
+        const ks::CUtf8Character character = CharacterAt(text, cut);
+        gone += CharacterWidth(character);
+        cut += character.byteCount;
+    }
+    return std::string(dots) + std::string(text.substr(cut));
+}

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "cli/commands/compare_options.h"
+#include "compare/chart_block.h"
+#include "compare/plots/plot.h"
+#include "compare/signal.h"
+
+/// What a comparison left, as the results file shows it. A stopped run has neither pages nor signals.
+class CResults {
+public:
+    std::vector<std::string> errors;           ///< messages of the run
+    std::vector<std::string> referenceErrors;  ///< messages of a reference that could not be read
+    std::vector<std::int32_t> pageList;
+};
+
+/// One chart page as the results file shows it.
+class CPageView {
+public:
+    std::int32_t id = 0;
+    std::optional<std::string> error;  ///< why the page could not be built
+    const CChartBlock& block;
+    const CSeriesList& series;
+    const std::vector<std::string>& names;
+};
+
+/// Writes the results file of `quorvel-cli compare`; docs/formats/results.md describes it.
+///
+/// One line per member, signal and page, so that two files can be compared by eye. Numbers read back bit for bit,
+/// numbers that are not finite are null, and bytes that are not UTF-8 appear as U+FFFD. Members are added in the order
+/// of the functions below; series pass through one at a time, so a long page list needs little memory beside the
+/// text itself.
+class CJsonResults {
+public:
+    CJsonResults(const CCompareOptions& options, const CResults& results, const CSignal& reference,
+                 const std::vector<CSignal>& signalList);
+
+    void AddPage(const CPageView& page);
+    /// Ends the text. `withPages` adds the member "pages", empty when no page was added.
+    std::string Finish(bool withPages);
+
+private:
+    void BeginPages();
+
+    std::string m_text;
+    bool m_inPages = false;
+    bool m_hasPage = false;
+};
+
+/// "none", "good" or "bad".
+std::string_view VerdictName(CVerdictColor color);

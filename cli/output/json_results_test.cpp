@@ -1,0 +1,144 @@
+#include "cli/output/json_results.h"
+
+#include <gmock/gmock.h>
+
+#include <boost/make_shared.hpp>
+#include <cmath>
+#include <cstring>
+#include <limits>
+#include <nlohmann/json.hpp>
+
+namespace {
+
+using nlohmann::json;
+
+json Read(const CCompareOptions& options, const CResults& results, const CSignal& reference,
+          const std::vector<CSignal>& signalList) {
+    return json::parse(CJsonResults(options, results, reference, signalList).Finish(false));
+}
+
+CSignal SignalOf(const std::string& path, std::vector<double> y) {
+    CSignal signal(path);
+    std::vector<double> x(y.size());
+    for (std::size_t i = 0; i < x.size(); ++i) x[i] = 0.001 * static_cast<double>(i);
+    signal.Record().SetNLP(static_cast<std::int32_t>(y.size()) - 1);
+    signal.Record().Setdelt(0.001);
+    signal.Record().SetData(std::move(x), std::move(y));
+    return signal;
+}
+
+TEST(JsonResults, StandInTheirOrderOneMemberPerLine) {
+    EXPECT_EQ(
+        CJsonResults({}, {{"e"}, {"r"}, {1, 7}}, CSignal("ref"), {}).Finish(false),
+        "{\n"
+        "\"format\": \"quorvel-compare\",\n"
+        "\"version\": 1,\n"
+        "\"settings\": {\"cfc\":null,\"filterReference\":false,\"window\":null,\"corridor\":4.0,\"critical\":"
+        "{\"residual\":5.0,\"stddev\":20.0,\"corridor\":0.1,\"correlation\":0.05,\"t\":2.58,\"moment\":0.2}},\n"
+        "\"errors\": [\"e\"],\n"
+        "\"referenceErrors\": [\"r\"],\n"
+        "\"reference\": {\"path\":\"ref\",\"pointCount\":0,\"timeStep\":0.0,\"xUnits\":\"SECONDS\",\"yUnits\":\"\","
+        "\"warnings\":[]},\n"
+        "\"pageList\": [1,7],\n"
+        "\"signals\": []\n"
+        "}\n");
+}
+
+TEST(JsonResults, NameTheSettings) {
+    CCompareOptions options;
+    options.cfc = 1000;
+    options.window = CWindow{-0.5, 0.1};
+    const json settings = Read(options, {}, {}, {}).at("settings");
+    EXPECT_EQ(settings.at("cfc"), 1000);
+    EXPECT_EQ(settings.at("filterReference"), true);
+    EXPECT_EQ(settings.at("window"), json::array({-0.5, 0.1}));
+}
+
+TEST(JsonResults, KeepEveryBitOfANumberAndShowNullForNone) {
+    const double third = 1.0 / 3.0;
+    const double infinity = std::numeric_limits<double>::infinity();
+    const std::vector<double> values = {third, -0.0, 5e-324, 1.7976931348623157e308, 9.999999747378752e-05, infinity};
+    CChartBlock block;
+    block.pointCount = 6;
+    block.seriesCount = 1;
+    const CSeriesList series = {boost::make_shared<ks::CNSignal>(SignalOf("s", values).Record())};
+    const std::vector<std::string> names = {"name"};
+    CJsonResults results({}, {}, {}, {});
+    results.AddPage({7, std::nullopt, block, series, names});
+    const json one = json::parse(results.Finish(true)).at("pages").at(0).at("series").at(0);
+    EXPECT_EQ(one.at("name"), "name");
+    for (std::size_t i = 0; i < 5; ++i) {
+        const double read = one.at("y").at(i).get<double>();
+        EXPECT_EQ(std::memcmp(&read, &values[i], sizeof read), 0) << values[i];
+    }
+    EXPECT_TRUE(one.at("y").at(5).is_null());
+}
+
+TEST(JsonResults, ShowBytesThatAreNotUtf8AsTheReplacementCharacter) {
+    const json read = Read({},
+                           {{"b\xFF"
+                             "c"},
+                            {},
+                            {}},
+                           CSignal("a\xE4"), {});
+    EXPECT_EQ(read.at("reference").at("path"), "a\xEF\xBF\xBD");
+    EXPECT_EQ(read.at("errors").at(0),
+              "b\xEF\xBF\xBD"
+              "c");
+}
+
+TEST(JsonResults, ShowASignalWithTextsAndVerdicts) {
+    const CSignal reference = SignalOf("ref", {0.0, 2.0, 4.0, 2.0, 0.0});
+    CSignal signal = SignalOf("path", {0.0, 2.0, 4.0, 2.0, 0.0});
+    signal.Compare(reference);
+    const json read = Read({}, {}, reference, {signal}).at("signals").at(0);
+    EXPECT_EQ(read.at("path"), "path");
+    EXPECT_EQ(read.at("referenceName"), "ref");
+    EXPECT_EQ(read.at("pointCount"), 5);
+    EXPECT_EQ(read.at("measures").at("residualSum"), 0.0);
+    EXPECT_EQ(read.at("measures").at("computedPeak"), 4.0);
+    EXPECT_EQ(read.at("measures").at("momentDifferences"), json::array({0.0, 0.0, 0.0, 0.0, 0.0, 0.0}));
+    EXPECT_TRUE(read.at("measures").at("tStatistic").is_null());
+    EXPECT_EQ(read.at("columns").at(0), "path");
+    EXPECT_EQ(read.at("columns").at(6), "nan");
+    EXPECT_EQ(read.at("verdicts"), json::array({"none", "none", "good", "good", "good", "good", "bad", "good", "good",
+                                                "good", "good", "good", "good", "none", "none", "none"}));
+}
+
+TEST(JsonResults, ShowTheSummaryPageWithoutCurvesWhateverTheChartBlockHolds) {
+    CChartBlock block;
+    block.pointCount = 9;
+    block.seriesCount = 2;
+    CJsonResults results({}, {}, {}, {});
+    results.AddPage({1, std::nullopt, block, {boost::make_shared<ks::CNSignal>()}, {}});
+    const json page = json::parse(results.Finish(true)).at("pages").at(0);
+    EXPECT_EQ(page.at("name"), "Summary");
+    EXPECT_EQ(page.at("pointCount"), 0);
+    EXPECT_EQ(page.at("seriesCount"), 0);
+    EXPECT_EQ(page.at("series"), json::array());
+    EXPECT_EQ(page.at("built"), true);
+    EXPECT_TRUE(page.at("error").is_null());
+}
+
+TEST(JsonResults, ShowAPageThatCouldNotBeBuilt) {
+    CJsonResults results({}, {}, {}, {});
+    results.AddPage({11, "Why", {}, {}, {}});
+    const json page = json::parse(results.Finish(true)).at("pages").at(0);
+    EXPECT_EQ(page.at("built"), false);
+    EXPECT_EQ(page.at("error"), "Why");
+}
+
+TEST(JsonResults, ShowAChartPageWithoutSeriesAsNotBuilt) {
+    CJsonResults results({}, {}, {}, {});
+    results.AddPage({6, std::nullopt, {}, {}, {}});
+    const json page = json::parse(results.Finish(true)).at("pages").at(0);
+    EXPECT_EQ(page.at("built"), false);
+    EXPECT_TRUE(page.at("error").is_null());
+}
+
+TEST(JsonResults, HavePagesOnlyWhenAsked) {
+    EXPECT_FALSE(json::parse(CJsonResults({}, {}, {}, {}).Finish(false)).contains("pages"));
+    EXPECT_EQ(json::parse(CJsonResults({}, {}, {}, {}).Finish(true)).at("pages"), json::array());
+}
+
+}  // namespace

@@ -1,0 +1,81 @@
+#include "cli/output/table_report.h"
+
+#include "cli/join.h"
+#include "cli/output/display_text.h"
+#include "files/number_text.h"
+
+namespace {
+
+using ks::GeneralText;
+
+std::string RecordText(const ks::CNSignal& record) {
+    std::string text = Join({std::to_string(record.GetPointCount()), " points, step ", GeneralText(record.Getdelt())});
+    if (!record.GetXUNITS().empty()) {
+        text += Join({" ", DisplayText(record.GetXUNITS())});
+    }
+    if (!record.GetYUNITS().empty()) {
+        text += Join({", in ", DisplayText(record.GetYUNITS())});
+    }
+    return text;
+}
+
+std::string PreparationText(const CCompareOptions& options) {
+    std::string text = options.cfc ? Join({"CFC ", std::to_string(*options.cfc)}) : "not filtered";
+    if (options.cfc && options.reference && !options.filterReference) {
+        text += " (reference not filtered)";
+    }
+    if (options.window) {
+        text += Join({", window ", GeneralText(options.window->min), " to ", GeneralText(options.window->max)});
+    }
+    return text;
+}
+
+std::string LimitsText(const CCompareOptions& options) {
+    const CCriticalValues& c = options.critical;
+    return Join({"Good is below: average residual ", GeneralText(c.averageResidual), " %, standard deviation ",
+                 GeneralText(c.standardDeviation), " % of the\nreference peak; share of points outside the corridor ",
+                 GeneralText(c.corridor), "; 1 - correlation ", GeneralText(c.correlation), ";\nT statistic ",
+                 GeneralText(c.tStatistic), "; moment differences ", GeneralText(c.moment),
+                 ".\n\"% in Corridor\" is the share of points outside the corridor of +-",
+                 GeneralText(options.corridor), ".\n"});
+}
+
+std::size_t WarningCount(const CQuorvelDoc& document) {
+    std::size_t count = document.Reference().Record().GetWarnings().size();
+    for (const CSignal& signal : document.ComputedSignals()) count += signal.Record().GetWarnings().size();
+    return count;
+}
+
+std::string WarningsNote(const CQuorvelDoc& document) {
+    const std::size_t count = WarningCount(document);
+    return count == 0 ? std::string() : Join({"Warnings: ", std::to_string(count), "; --verbose shows them.\n"});
+}
+
+void AppendSignal(std::string& text, std::string_view role, const CSignal& signal) {
+    text += Join({role, " ", signal.GetPath(), ": ", RecordText(signal.Record()), "\n"});
+    for (const std::string& warning : signal.Record().GetWarnings()) text += Join({"  warning: ", warning, "\n"});
+}
+
+}  // namespace
+
+std::string TableReport(const CCompareOptions& options, const CQuorvelDoc& document, const CSummaryTable& table,
+                        const CTextTableStyle& style) {
+    const CSignal& reference = document.Reference();
+    std::string text = Join({"Reference    ", DisplayText(reference.GetPath()), "\n"});
+    text += Join({"             ", RecordText(reference.Record()), "\n"});
+    text += Join({"Preparation  ", PreparationText(options), "\n"});
+    std::size_t number = 0;
+    for (const CSignal& signal : document.ComputedSignals()) {
+        const std::string_view label = ++number == 1 ? "Signals      (" : "             (";
+        text += Join({label, std::to_string(number), ") ", DisplayText(signal.GetPath()), "\n"});
+    }
+    return Join({text, "\n", TextTable(table, style), "\n", LimitsText(options), WarningsNote(document)});
+}
+
+std::string VerboseReport(const CQuorvelDoc& document) {
+    std::string text;
+    AppendSignal(text, "Reference", document.Reference());
+    for (const CSignal& signal : document.ComputedSignals()) AppendSignal(text, "Compared", signal);
+    text.pop_back();  // the console ends the last line
+    return text;
+}

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <string>
+
+#include "cli/commands/compare_options.h"
+#include "cli/output/text_table.h"
+#include "compare/document.h"
+
+/// What a completed run prints on standard output: reference and preparation, the numbered paths, the table, and the
+/// limits behind its verdicts.
+std::string TableReport(const CCompareOptions& options, const CQuorvelDoc& document, const CSummaryTable& table,
+                        const CTextTableStyle& style);
+
+/// What --verbose tells on standard error about a completed run: every signal with its points and its warnings.
+std::string VerboseReport(const CQuorvelDoc& document);

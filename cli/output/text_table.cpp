@@ -1,0 +1,188 @@
+#include "cli/output/text_table.h"
+
+#include <algorithm>
+#include <string_view>
+#include <vector>
+
+#include "cli/join.h"
+#include "cli/output/display_text.h"
+
+namespace {
+
+constexpr std::size_t kGap = 2;             // between columns
+constexpr std::size_t kMostTextWidth = 34;  // of a path; numbers are never cut
+constexpr int kFileNameColumn = 0;
+constexpr int kReferenceColumn = 13;
+constexpr std::string_view kGood = "good";
+constexpr std::string_view kBad = "BAD";
+
+constexpr std::string_view kBold = "\x1b[1m";
+constexpr std::string_view kGreen = "\x1b[32m";
+constexpr std::string_view kRed = "\x1b[1;31m";
+constexpr std::string_view kPlain = "\x1b[0m";
+
+struct CCell {
+    std::string value;
+    CVerdictColor verdict = CVerdictColor::White;
+    std::string_view word;  // the verdict behind the value
+};
+
+// One column of the table, ready to print.
+struct CColumn {
+    std::string header;
+    std::vector<CCell> cells;
+    bool leftAligned = false;
+    std::size_t valueWidth = 0;
+    std::size_t wordWidth = 0;  // with the blank in front; 0 in a column without verdicts
+
+    std::size_t Width() const { return valueWidth + wordWidth; }
+};
+
+std::string_view VerdictWord(CVerdictColor verdict) {
+    switch (verdict) {
+        case CVerdictColor::White:
+            return "";
+        case CVerdictColor::Green:
+            return kGood;
+        case CVerdictColor::Red:
+            break;
+    }
+    return kBad;
+}
+
+void Measure(CColumn& column) {
+    for (const CCell& cell : column.cells) {
+        column.valueWidth = std::max(column.valueWidth, DisplayWidth(cell.value));
+        // "good" and "BAD" stand in line over the whole table, whichever of them a column has.
+        column.wordWidth = std::max(column.wordWidth, cell.word.empty() ? 0 : 1 + kGood.size());
+    }
+    const std::size_t headerWidth = DisplayWidth(column.header);
+    if (headerWidth > column.Width()) {
+        column.valueWidth = headerWidth - column.wordWidth;
+    }
+}
+
+CColumn MakeColumn(const CSummaryTable& table, int index) {
+    const auto cell = static_cast<std::size_t>(index);
+    CColumn column;
+    column.header = kSummaryHeaders.at(cell);
+    column.leftAligned = index == kFileNameColumn || index == kReferenceColumn;
+    for (const CSummaryRow& row : table.rows) {
+        const CVerdictColor verdict = row.colors.at(cell);
+        column.cells.push_back(
+            {ElideFront(DisplayText(row.texts.at(cell)), kMostTextWidth), verdict, VerdictWord(verdict)});
+    }
+    Measure(column);
+    return column;
+}
+
+CColumn NumberColumn(std::size_t count) {
+    CColumn column;
+    for (std::size_t i = 1; i <= count; ++i)
+        column.cells.push_back({Join({"(", std::to_string(i), ")"}), CVerdictColor::White, {}});
+    Measure(column);
+    return column;
+}
+
+CColumn BalanceColumn(const CSummaryTable& table) {
+    CColumn column;
+    column.header = "Bad verdicts";
+    for (const CSummaryRow& row : table.rows) {
+        const auto count = [&row](CVerdictColor verdict) {
+            return std::count(row.colors.begin(), row.colors.end(), verdict);
+        };
+        const auto bad = count(CVerdictColor::Red);
+        const auto judged = bad + count(CVerdictColor::Green);
+        const CVerdictColor verdict = bad > 0 ? CVerdictColor::Red : CVerdictColor::Green;
+        column.cells.push_back({Join({std::to_string(bad), " of ", std::to_string(judged)}), verdict, {}});
+    }
+    Measure(column);
+    return column;
+}
+
+std::string Blanks(std::size_t count) {
+    return std::string(count, ' ');
+}
+
+std::string Painted(std::string_view text, std::string_view paint, bool color) {
+    return color ? Join({paint, text, kPlain}) : std::string(text);
+}
+
+// Fills the column's width, so that the next column stands in line.
+std::string CellText(const CColumn& column, const CCell& cell, bool color) {
+    const std::string pad = Blanks(column.valueWidth - DisplayWidth(cell.value));
+    const std::string rest = Blanks(column.wordWidth - (cell.word.empty() ? 0 : 1 + cell.word.size()));
+    std::string shown = cell.word.empty() ? cell.value : Join({cell.value, " ", cell.word});
+    if (cell.verdict != CVerdictColor::White) {
+        shown = Painted(shown, cell.verdict == CVerdictColor::Green ? kGreen : kRed, color);
+    }
+    return column.leftAligned ? Join({shown, pad, rest}) : Join({pad, shown, rest});
+}
+
+std::string HeaderText(const CColumn& column, bool color) {
+    const std::string pad = Blanks(column.Width() - DisplayWidth(column.header));
+    const std::string header = column.header.empty() ? "" : Painted(column.header, kBold, color);
+    return column.leftAligned ? Join({header, pad}) : Join({pad, header});
+}
+
+void AppendLine(std::string& text, std::string line) {
+    line.erase(line.find_last_not_of(' ') + 1);
+    text += line;
+    text += '\n';
+}
+
+using CBand = std::vector<const CColumn*>;
+
+std::vector<CBand> Bands(const CColumn& number, const std::vector<CColumn>& columns, std::size_t width) {
+    std::vector<CBand> bands;
+    std::size_t used = 0;
+    for (const CColumn& column : columns) {
+        const std::size_t needed = kGap + column.Width();
+        if (bands.empty() || used + needed > width) {
+            bands.push_back({&number});
+            used = number.Width();
+        }
+        bands.back().push_back(&column);
+        used += needed;
+    }
+    return bands;
+}
+
+template <class TextOf>
+std::string Line(const CBand& band, TextOf textOf) {
+    std::string line;
+    for (const CColumn* const column : band) {
+        line += column == band.front() ? "" : Blanks(kGap);
+        line += textOf(*column);
+    }
+    return line;
+}
+
+void AppendBand(std::string& text, const CBand& band, bool color) {
+    AppendLine(text, Line(band, [color](const CColumn& column) { return HeaderText(column, color); }));
+    AppendLine(text, Line(band, [](const CColumn& column) {
+                   return std::string(column.Width(), column.header.empty() ? ' ' : '-');
+               }));
+    for (std::size_t i = 0; i < band.front()->cells.size(); ++i) {
+        AppendLine(text,
+                   Line(band, [i, color](const CColumn& column) { return CellText(column, column.cells[i], color); }));
+    }
+}
+
+}  // namespace
+
+std::string TextTable(const CSummaryTable& table, const CTextTableStyle& style) {
+    if (table.rows.empty()) {
+        return {};
+    }
+    const CColumn number = NumberColumn(table.rows.size());
+    std::vector<CColumn> columns;
+    for (const int index : table.order) columns.push_back(MakeColumn(table, index));
+    columns.push_back(BalanceColumn(table));
+    std::string text;
+    for (const CBand& band : Bands(number, columns, style.width)) {
+        text += text.empty() ? "" : "\n";
+        AppendBand(text, band, style.color);
+    }
+    return text;
+}
