@@ -18,7 +18,7 @@
 #include "app/settings.h"
 #include "app/status_line.h"
 #include "app/toolbar_row.h"
-#include "chart/qcustomplot/qcustomplot_chart.h"
+#include "chart/make_chart.h"
 #include "compare/plots/page_ids.h"
 
 namespace {
@@ -98,10 +98,7 @@ CMainFrame::~CMainFrame() {
 }
 
 void CMainFrame::MakeChart() {
-    auto chart = std::make_unique<CQCustomPlotChart>();
-    connect(chart.get(), &CQCustomPlotChart::ReadoutChanged, this,
-            [this](const QString& text) { m_status->ShowReadout(text); });
-    m_chart = std::move(chart);
+    m_chart = MakeChartControl([this](const QString& text) { m_status->ShowReadout(text); });
 }
 
 void CMainFrame::MakeView() {
