@@ -18,7 +18,7 @@ struct CViewerSaveRequest {
     QString title;
     std::vector<CViewerFilter> filters;
     QString suggestedName;     ///< without a folder
-    QString defaultExtension;  ///< "txt": goes behind a name without an extension, before overwriting is asked about
+    QString defaultExtension;  ///< "txt": appended to a name without an extension, before overwriting is asked about
 };
 
 /// What the file viewer asks of the program around it: the desktop program, a test. `parent` is the window above
@@ -30,8 +30,8 @@ public:
     /// Shows a sentence until the user has confirmed it.
     virtual void ShowError(QWidget* parent, const QString& text) = 0;
     /// Lets the user name a file to write, in the folder for ASCII output at first, and asks before one is replaced.
-    /// No value: cancelled.
+    /// No value: canceled.
     virtual std::optional<QString> AskSavePath(QWidget* parent, const CViewerSaveRequest& request) = 0;
-    /// Lets the user choose printer, paper and some of the `pageCount` pages; false: cancelled.
+    /// Lets the user choose printer, paper and some of the `pageCount` pages; false: canceled.
     virtual bool AskPrinter(QWidget* parent, QPrinter& printer, int pageCount) = 0;
 };
