@@ -23,6 +23,7 @@
 #include "app/status_line.h"
 #include "compare/plots/page_ids.h"
 #include "files/hit_list.h"
+#include "files/one_line.h"
 #include "viewer/uds_dialog.h"
 #include "widgets/take_copy.h"
 
@@ -44,12 +45,11 @@ constexpr qsizetype kLongestEntry = 100;  // characters of a path in a menu
 
 /// Menu text of a numbered path, which is cut in its middle; the first nine numbers are mnemonics.
 QString EntryText(int number, const QString& path) {
-    QString shown = path;
+    QString shown = QString::fromStdString(ks::OneLine(path.toStdString()));  // a tab would begin the shortcuts' column
     if (shown.size() > kLongestEntry) {
         const qsizetype half = kLongestEntry / 2;
         shown = path.left(half) + QChar(0x2026) + path.right(half);
     }
-    shown.replace(QLatin1Char('\t'), QLatin1Char(' '));  // a tab would begin the column of the shortcuts
     shown.replace(QLatin1Char('&'), QLatin1String("&&"));
     return (number < 10 ? QStringLiteral("&%1 ") : QStringLiteral("%1 ")).arg(number) + shown;
 }
