@@ -48,7 +48,7 @@ QString EntryText(int number, const QString& path) {
     QString shown = QString::fromStdString(ks::OneLine(path.toStdString()));  // a tab would begin the shortcuts' column
     if (shown.size() > kLongestEntry) {
         const qsizetype half = kLongestEntry / 2;
-        shown = path.left(half) + QChar(0x2026) + path.right(half);
+        shown = shown.left(half) + QChar(0x2026) + shown.right(half);
     }
     shown.replace(QLatin1Char('&'), QLatin1String("&&"));
     return (number < 10 ? QStringLiteral("&%1 ") : QStringLiteral("%1 ")).arg(number) + shown;
@@ -257,11 +257,11 @@ void CMainFrame::FillLoadedMenu() {
 }
 
 void CMainFrame::PickSpecification() {
-    CFileRequest request;
-    request.title = tr("Select Uds File to View");
+    ks::CFileRequest request;
+    request.title = tr("Select Uds File to View").toStdString();
     request.filters = DataTypeFilters();
     request.filterIndex = m_services.settings.Get(setting::kDataType);
-    request.folder = m_services.settings.Get(setting::kInputDir);
+    request.folder = m_services.settings.Get(setting::kInputDir).toStdString();
     request.fileMustExist = true;
     const std::optional<CPickedFiles> picked = m_services.picker.Pick(this, request);
     if (picked) ksres::CUDSDialog::ShowFile(picked->paths.front(), m_specificationHost, this);

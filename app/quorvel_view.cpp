@@ -28,18 +28,8 @@ CChartSize ClientArea(const QWidget& widget) {
     return {widget.width(), widget.height()};
 }
 
-CFileFilter AllFiles() {
+ks::CFileFilter AllFiles() {
     return {"All Files (*.*)", "*.*"};
-}
-
-CFileRequest SaveRequest(const QString& title, const QString& folder, std::vector<CFileFilter> filters) {
-    CFileRequest request;
-    request.kind = PickerKind::Save;
-    request.title = title;
-    request.folder = folder;
-    request.filters = std::move(filters);
-    request.askBeforeOverwriting = true;
-    return request;
 }
 
 }  // namespace
@@ -245,10 +235,11 @@ void CQuorvelView::OnSaveWmf() {
 void CQuorvelView::SavePicture(PictureKind kind) {
     if (!IsChartShown()) return;
     const bool isBitmap = kind == PictureKind::Bitmap;
-    const CFileFilter ownFilter =
-        isBitmap ? CFileFilter{"Windows Bitmap(*.bmp)", "*.bmp"} : CFileFilter{"Windows Metafile(*.wmf)", "*.wmf"};
+    const ks::CFileFilter ownFilter = isBitmap ? ks::CFileFilter{"Windows Bitmap(*.bmp)", "*.bmp"}
+                                               : ks::CFileFilter{"Windows Metafile(*.wmf)", "*.wmf"};
     const QString title = isBitmap ? tr("Save Bitmap as") : tr("Save Metafile as");
-    const auto picked = m_services.picker.Pick(this, SaveRequest(title, m_pictureFolder, {ownFilter, AllFiles()}));
+    const auto picked = m_services.picker.Pick(
+        this, ks::SaveRequest(title.toStdString(), m_pictureFolder.toStdString(), {ownFilter, AllFiles()}));
     if (!picked) return;
 
     const QString& path = picked->paths.front();
@@ -264,11 +255,10 @@ void CQuorvelView::SavePicture(PictureKind kind) {
 
 void CQuorvelView::OnSaveHtml() {
     if (!IsTableShown() || m_run != RunState::Completed) return;
-    // Not the fallback of the setting: a first report starts in the home folder.
-    const QString folder = m_services.settings.Text(QString::fromLatin1(setting::kUdsOutputDir.name), QString());
+    const std::string folder = m_services.settings.Get(setting::kHtmlOutputDir).toStdString();
     const auto picked = m_services.picker.Pick(
-        this, SaveRequest(tr("Save Results to HTML File"), folder,
-                          {{"HTML Files (*.html)", "*.html"}, {"HTML Files (*.htm)", "*.htm"}, AllFiles()}));
+        this, ks::SaveRequest(tr("Save Results to HTML File").toStdString(), folder,
+                              {{"HTML Files (*.html)", "*.html"}, {"HTML Files (*.htm)", "*.htm"}, AllFiles()}));
     if (!picked) return;
 
     const QString& path = picked->paths.front();
@@ -281,7 +271,7 @@ void CQuorvelView::OnSaveHtml() {
         case ks::WriteResult::Written:
             break;
     }
-    m_services.settings.Set(setting::kUdsOutputDir, DriveAndFolder(path));
+    m_services.settings.Set(setting::kHtmlOutputDir, DriveAndFolder(path));
     emit Reported(tr("The report was saved as %1.").arg(path));
 }
 

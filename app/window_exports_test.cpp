@@ -23,9 +23,9 @@ namespace {
 constexpr const char* kUdsFolder = "Settings/UdsOutputDir";
 constexpr const char* kAsciiFolder = "Settings/AsciiOutputDir";
 
-QStringList FilterTexts(const CFileRequest& request) {
+QStringList FilterTexts(const ks::CFileRequest& request) {
     QStringList texts;
-    for (const CFileFilter& filter : request.filters) {
+    for (const ks::CFileFilter& filter : request.filters) {
         texts.append(QString::fromStdString(filter.text + "|" + filter.pattern));
     }
     return texts;
@@ -143,7 +143,7 @@ private slots:
         QVERIFY(QDir(m_window->folder.path()).mkdir("plots"));
         Save(CommandId::SaveBmp, "plots/plot.bmp");
         Save(CommandId::SaveWmf, "plots/plot.wmf");
-        QCOMPARE(m_window->picker.requests.back().folder, Folder("plots/"));
+        QCOMPARE(m_window->picker.requests.back().folder, Folder("plots/").toStdString());
     }
 
     void APictureThatCannotBeWrittenIsReported_data() {
@@ -165,7 +165,7 @@ private slots:
         const QString path = Save(CommandId::SaveHtml, "report.html");
         CheckSaveRequest("Save Results to HTML File",
                          {"HTML Files (*.html)|*.html", "HTML Files (*.htm)|*.htm", "All Files (*.*)|*.*"});
-        QCOMPARE(m_window->picker.requests.back().folder, QString());
+        QCOMPARE(m_window->picker.requests.back().folder, std::string());
         const QByteArray bytes = Bytes(path);
         QCOMPARE(bytes, QByteArray::fromStdString(HtmlReport(m_window->List()->DisplayedTable())));
         CheckReport(QString::fromLatin1(bytes), {3, 0, 1, 2, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15});
@@ -183,7 +183,7 @@ private slots:
     void TheReportStartsInTheFolderOfTheLastUdsOutput() {
         m_window->store.setValue(kUdsFolder, Folder());
         Save(CommandId::SaveHtml, "report.html");
-        QCOMPARE(m_window->picker.requests.back().folder, Folder());
+        QCOMPARE(m_window->picker.requests.back().folder, Folder().toStdString());
     }
 
     // Signals.
@@ -207,10 +207,11 @@ private slots:
             Trigger(CommandId::SaveUds);
             QCOMPARE(m_window->picker.requests.size(), count);
             for (std::size_t j = 0; j < count; ++j) {
-                const CFileRequest& request = m_window->picker.requests[j];
-                QCOMPARE(request.title, QString::fromStdString("Save " + document.SeriesNames()[j] + " as"));
-                QVERIFY(request.kind == PickerKind::Save && request.filters.empty() && request.suggestedName.isEmpty());
-                QVERIFY(request.hideReadOnly && request.askBeforeOverwriting && request.defaultExtension.isEmpty());
+                const ks::CFileRequest& request = m_window->picker.requests[j];
+                QCOMPARE(request.title, "Save " + document.SeriesNames()[j] + " as");
+                QVERIFY(request.kind == ks::PickerKind::Save && request.filters.empty() &&
+                        request.suggestedName.empty());
+                QVERIFY(request.hideReadOnly && request.askBeforeOverwriting && request.defaultExtension.empty());
                 const QString place = page + QString(", series %1").arg(j);
                 ks::CNSignal record;
                 record.LoadUDS(SeriesFile(j).toStdString());
@@ -231,7 +232,7 @@ private slots:
         m_window->picker.answers = {Picked("first.uds"), std::nullopt, Picked("last/third.uds"), std::nullopt};
         Trigger(CommandId::SaveUds);
         QCOMPARE(m_window->picker.requests.size(), std::size_t{4});
-        for (const CFileRequest& request : m_window->picker.requests) QCOMPARE(request.folder, QString("C:\\"));
+        for (const ks::CFileRequest& request : m_window->picker.requests) QCOMPARE(request.folder, std::string("C:\\"));
         QVERIFY(QFile::exists(m_window->Path("first.uds")));
         QVERIFY(QFile::exists(m_window->Path("last/third.uds")));
         QCOMPARE(m_window->store.value(kUdsFolder).toString(), Folder("last/"));
@@ -259,7 +260,7 @@ private slots:
         m_window->ChoosePage(page);
         const QString path = Save(CommandId::SaveAscii, "table.txt");
         CheckSaveRequest("Save ASCII data As", {});
-        QCOMPARE(m_window->picker.requests.back().folder, QString("C:\\"));
+        QCOMPARE(m_window->picker.requests.back().folder, std::string("C:\\"));
         const CQuorvelDoc& document = m_window->frame->Document();
         const QByteArray bytes = Bytes(path);
         QCOMPARE(bytes, QByteArray::fromStdString(AsciiTable(document.ChartBlock())));
@@ -321,7 +322,7 @@ private slots:
         m_window->ChoosePage("Velocity");
         Trigger(CommandId::SaveUds);
         Trigger(CommandId::SaveAscii);
-        for (const CFileRequest& request : m_window->picker.requests) QCOMPARE(request.folder, gone);
+        for (const ks::CFileRequest& request : m_window->picker.requests) QCOMPARE(request.folder, gone.toStdString());
         QCOMPARE(m_window->picker.requests.size(), std::size_t{6});  // the report, four curves and the table
         QCOMPARE(m_window->settings.Get(setting::kUdsOutputDir), gone);
         QCOMPARE(m_window->settings.Get(setting::kAsciiOutputDir), gone);
@@ -453,9 +454,9 @@ private:
 
     void CheckSaveRequest(const QString& title, const QStringList& filters) {
         QCOMPARE(m_window->picker.requests.size(), std::size_t{1});
-        const CFileRequest& request = m_window->picker.requests[0];
-        QVERIFY(request.kind == PickerKind::Save);
-        QCOMPARE(request.title, title);
+        const ks::CFileRequest& request = m_window->picker.requests[0];
+        QVERIFY(request.kind == ks::PickerKind::Save);
+        QCOMPARE(QString::fromStdString(request.title), title);
         QCOMPARE(FilterTexts(request), filters);
         QVERIFY(request.hideReadOnly && request.askBeforeOverwriting);
     }
