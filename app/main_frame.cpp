@@ -111,6 +111,7 @@ void CMainFrame::MakeView() {
     connect(m_view, &CQuorvelView::PagesAvailable, this, [this](const QList<int>& pageIds) {
         m_pane->SetPages(std::vector<std::int32_t>(pageIds.begin(), pageIds.end()));
     });
+    connect(m_view, &CQuorvelView::RunStateChanged, this, &CMainFrame::FollowRun);
     connect(m_view, &CQuorvelView::Reported, this, [this](const QString& text) { m_status->ShowMessage(text); });
     connect(m_view, &CQuorvelView::ContextMenuRequested, this, &CMainFrame::ShowContextMenu);
     connect(m_pane, &CDialogPane::PageChosen, this, &CMainFrame::ChoosePage);
@@ -215,16 +216,7 @@ void CMainFrame::CustomizeToolbar() {
 }
 
 void CMainFrame::ConnectHost() {
-    connect(&m_host, &CWindowHost::FilesSelected, this, [this] {
-        m_hasRunBegun = true;
-        m_view->BeginRun();
-        m_pane->ShowPage(page::kSummary);
-        UpdateCommands();
-    });
-    connect(&m_host, &CWindowHost::BusyChanged, this, [this](bool isBusy) {
-        if (!isBusy) m_view->EndRun();
-        UpdateCommands();
-    });
+    connect(&m_host, &CWindowHost::BusyChanged, this, [this] { UpdateCommands(); });
     connect(&m_host, &CWindowHost::ProgressChanged, this, [this](int done, int total, const QString& path) {
         if (path.isEmpty()) {
             m_status->EndProgress();

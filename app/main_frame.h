@@ -66,8 +66,7 @@ private:
     CCommandState State() const;
     void Do(CommandId id);
 
-    void RunComparison();
-    void ReportRun();
+    void FollowRun(RunState run);
     void SaveCurves(void (CQuorvelDoc::*save)());
     void ChoosePage(int pageId);
     void ShowContextMenu(const QPoint& position, const QString& path);
@@ -93,5 +92,4 @@ private:
     QMenu* m_recentMenu = nullptr;
     QMenu* m_loadedMenu = nullptr;  ///< the loaded signals, to look into their files
     bool m_isCommandAtWork = false;
-    bool m_hasRunBegun = false;  ///< by the command at work
 };

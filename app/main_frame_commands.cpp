@@ -86,7 +86,7 @@ CCommandState CMainFrame::State() const {
     state.isBusy = m_host.IsBusy();
     state.isTableShown = m_view->IsTableShown();
     state.isChartShown = m_view->IsChartShown();
-    state.run = m_view->Run();
+    state.run = m_document.Run();
     return state;
 }
 
@@ -101,7 +101,7 @@ void CMainFrame::UpdateCommands() {
 void CMainFrame::Do(CommandId id) {
     switch (id) {
         case CommandId::SelectFiles:
-            return RunComparison();
+            return m_document.OnCompareFiles();
         case CommandId::SaveBmp:
             return m_view->OnSaveBmp();
         case CommandId::SaveWmf:
@@ -155,14 +155,11 @@ void CMainFrame::SaveCurves(void (CQuorvelDoc::*save)()) {
     }
 }
 
-void CMainFrame::RunComparison() {
-    m_hasRunBegun = false;
-    m_document.OnCompareFiles();
-    if (m_hasRunBegun) ReportRun();
-}
-
-void CMainFrame::ReportRun() {
-    if (m_view->Run() == RunState::Completed) {
+void CMainFrame::FollowRun(RunState run) {
+    UpdateCommands();
+    if (run == RunState::AtWork) {
+        m_pane->ShowPage(page::kSummary);
+    } else if (run == RunState::Completed) {
         const std::size_t count = m_document.ComputedSignals().size();
         m_status->ShowMessage(count == 1 ? tr("1 signal was compared.") : tr("%1 signals were compared.").arg(count));
     } else if (m_document.ErrorMessages().empty() && !m_document.ReferenceMessages().empty()) {
@@ -175,7 +172,7 @@ void CMainFrame::ReportRun() {
 void CMainFrame::SelectFiles(std::vector<std::string> files) {
     Attempt([this, &files] {
         m_host.OfferFiles(std::move(files));
-        RunComparison();
+        m_document.OnCompareFiles();
     });
 }
 
@@ -229,7 +226,7 @@ void CMainFrame::OpenRecentFile(const QString& path) {
         }
         m_services.settings.AddRecentFile(path);
         m_host.OfferFiles(*files);
-        RunComparison();
+        m_document.OnCompareFiles();
     });
 }
 
@@ -294,6 +291,6 @@ void CMainFrame::TakeDropped(const QStringList& paths) {
             return;
         }
         m_host.OfferFiles(dropped.files);
-        RunComparison();
+        m_document.OnCompareFiles();
     });
 }

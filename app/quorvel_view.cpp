@@ -68,9 +68,9 @@ CQuorvelView::~CQuorvelView() {
 
 void CQuorvelView::OnDocumentUpdate(int hint) {
     if (hint < kRunCompleted) return;
-    if (hint == kRunCompleted) m_run = RunState::Completed;
+    const RunState run = m_document.Run();
     // What the document holds after a run that stopped is no result: the table of the run before stays.
-    if (m_run == RunState::Stopped) return;
+    if (run == RunState::AtWork || run == RunState::Stopped) return;
     const bool hadFocus = HasFocusInside();
     if (m_chart.Exists()) {
         m_chart.Destroy();
@@ -79,8 +79,8 @@ void CQuorvelView::OnDocumentUpdate(int hint) {
 
     const bool isSummary = m_document.CurrentPageId() == page::kSummary;
     const bool hasData = isSummary ? !m_document.ComputedSignals().empty() : m_document.ChartBlock().seriesCount > 0;
-    if (!hasData || m_run == RunState::None) {
-        if (m_run == RunState::Completed) {
+    if (!hasData || run == RunState::None) {
+        if (run == RunState::Completed) {
             ShowHint(
                 tr("There are no curves to show on this page. Choose another page under Plot Type, or select "
                    "other files."));
@@ -114,8 +114,13 @@ void CQuorvelView::TakeFocus(bool hadFocus) {
     if (shown != nullptr) shown->setFocus();
 }
 
-void CQuorvelView::BeginRun() {
-    m_run = RunState::Stopped;
+void CQuorvelView::OnRunStateChanged(RunState run) {
+    if (run == RunState::AtWork) ShowRunAtWork();
+    if (run == RunState::Stopped) ShowStoppedRun();
+    emit RunStateChanged(run);
+}
+
+void CQuorvelView::ShowRunAtWork() {
     m_hadFocusBeforeRun = HasFocusInside();
     m_chart.Destroy();
     if (m_list == nullptr) {
@@ -130,8 +135,7 @@ void CQuorvelView::BeginRun() {
     LayOut();
 }
 
-void CQuorvelView::EndRun() {
-    if (m_run != RunState::Stopped) return;
+void CQuorvelView::ShowStoppedRun() {
     if (m_list == nullptr) {
         ShowHint(tr("Nothing was compared yet. Choose File > Select Files... to compare signals."));
         return;
@@ -254,7 +258,7 @@ void CQuorvelView::SavePicture(PictureKind kind) {
 }
 
 void CQuorvelView::OnSaveHtml() {
-    if (!IsTableShown() || m_run != RunState::Completed) return;
+    if (!IsTableShown() || m_document.Run() != RunState::Completed) return;
     const std::string folder = m_services.settings.Get(setting::kHtmlOutputDir).toStdString();
     const auto picked = m_services.picker.Pick(
         this, ks::SaveRequest(tr("Save Results to HTML File").toStdString(), folder,

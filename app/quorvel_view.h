@@ -30,12 +30,8 @@ public:
     ~CQuorvelView() override;
 
     void OnDocumentUpdate(int hint) override;
+    void OnRunStateChanged(RunState run) override;
 
-    /// A run begins: until it completes, table and document do not belong together.
-    void BeginRun();
-    /// The run is over. One that did not complete leaves the mark and says that it stopped.
-    void EndRun();
-    [[nodiscard]] RunState Run() const { return m_run; }
     [[nodiscard]] bool IsTableShown() const;
     [[nodiscard]] bool IsChartShown() const;
 
@@ -52,6 +48,8 @@ public:
     void ChoosePage(std::int32_t pageId);
 
 signals:
+    /// A run began or ended; the view has followed.
+    void RunStateChanged(RunState run);
     /// A run completed: these pages may be chosen, the first is on show.
     void PagesAvailable(const QList<int>& pageIds);
     /// The page on show has no curves, or nothing was compared yet.
@@ -69,6 +67,8 @@ protected:
 private:
     enum class PictureKind { Bitmap, Metafile };
 
+    void ShowRunAtWork();
+    void ShowStoppedRun();
     void ShowTable();
     void ShowChartPage();
     void ShowHint(const QString& text);
@@ -88,7 +88,6 @@ private:
     QLabel* m_banner;                ///< above a table of the previous run
     CSummaryList* m_list = nullptr;  ///< made on first use
     QString m_pictureFolder;         ///< of the last picture saved
-    RunState m_run = RunState::None;
     bool m_hadFocusBeforeRun = false;
     bool m_isReady = false;  ///< no resizing of the chart before
 };

@@ -23,7 +23,6 @@ std::optional<CFileSelection> CWindowHost::SelectFiles(const CFileSelection& off
     if (m_offeredFiles) shown.files = std::exchange(m_offeredFiles, std::nullopt).value();
     CSelectFiles dialog(shown, m_services.settings, m_services.picker, m_services.messages, &m_window);
     if (dialog.exec() != QDialog::Accepted) return std::nullopt;
-    emit FilesSelected();
     return dialog.Selection();
 }
 

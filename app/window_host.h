@@ -48,8 +48,6 @@ public:
     void Progress(std::size_t done, std::size_t total, const std::string& path) override;
 
 signals:
-    /// The user confirmed a selection; a run begins.
-    void FilesSelected();
     void BusyChanged(bool busy);
     /// `done` of `total` steps of a run are done; `path` is the file at work, empty at the end.
     void ProgressChanged(int done, int total, const QString& path);

@@ -50,10 +50,14 @@ void CQuorvelDoc::RemoveObserver(CDocumentObserver& observer) {
 }
 
 void CQuorvelDoc::Notify(int hint) {
+    TellObservers([hint](CDocumentObserver& observer) { observer.OnDocumentUpdate(hint); });
+}
+
+void CQuorvelDoc::TellObservers(const std::function<void(CDocumentObserver&)>& tell) {
     // An observer may remove itself or another one while it is told.
     const std::vector<CDocumentObserver*> observers = m_observers;
     for (CDocumentObserver* observer : observers) {
-        if (std::ranges::find(m_observers, observer) != m_observers.end()) observer->OnDocumentUpdate(hint);
+        if (std::ranges::find(m_observers, observer) != m_observers.end()) tell(*observer);
     }
 }
 

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "compare/critical_values.h"
+#include "compare/run_state.h"
 #include "compare/setting_keys.h"
 #include "files/file_request.h"
 
@@ -58,6 +59,8 @@ public:
     virtual ~CDocumentObserver() = default;
     /// `hint` is kRunCompleted or kPageOrLimitsChanged.
     virtual void OnDocumentUpdate(int hint) = 0;
+    /// A run began or ended. A completed one is told by this before its hint.
+    virtual void OnRunStateChanged(RunState /*run*/) {}
 };
 
 inline constexpr int kRunCompleted = 1;         ///< after a completed run

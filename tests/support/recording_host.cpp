@@ -52,6 +52,7 @@ void CRecordingHost::SetBusy(bool busy) {
 
 void CRecordingHost::Progress(std::size_t done, std::size_t total, const std::string& path) {
     progress.push_back(std::to_string(done) + "/" + std::to_string(total) + " " + path);
+    whileAtWork();
 }
 
 void CRecordingObserver::OnDocumentUpdate(int hint) {

@@ -18,6 +18,7 @@ public:
     std::vector<std::optional<std::string>> savePaths;  ///< one per request, in order; none left: cancelled
     std::map<std::string, std::string> settings;
     std::function<void()> whileErrorsAreShown = [] {};
+    std::function<void()> whileAtWork = [] {};  ///< at every report of progress
 
     // What happened.
     std::vector<std::string> calls;  ///< in order: "select", "busy on", "busy off", "beep", "errors", "hint 1", "hint
@@ -48,7 +49,10 @@ public:
 
     std::function<void(int hint)> alsoDo = [](int) {};
 
+    std::vector<RunState> runs;  ///< as they were told
+
     void OnDocumentUpdate(int hint) override;
+    void OnRunStateChanged(RunState run) override { runs.push_back(run); }
 
 private:
     CRecordingHost& m_host;
