@@ -239,10 +239,21 @@ private slots:
         QCOMPARE(m_window->StatusText(), "2 curves were saved, the last as " + m_window->Path("last/third.uds") + ".");
     }
 
-    void TheSummaryHasNoSeriesToSave() {
-        Trigger(CommandId::SaveUds);
+    void TheSummaryHasNoCurvesToSaveAndAsksForNoName_data() {
+        QTest::addColumn<int>("id");
+        QTest::newRow("uds") << CommandNumber(CommandId::SaveUds);
+        QTest::newRow("ascii") << CommandNumber(CommandId::SaveAscii);
+    }
+    /// The ASCII command used to ask for a name and then to write an empty file.
+    void TheSummaryHasNoCurvesToSaveAndAsksForNoName() {
+        QFETCH(int, id);
+        Trigger(static_cast<CommandId>(id));
         QVERIFY(m_window->picker.requests.empty());
         QCOMPARE(m_window->StatusText(), QString("This page has no curves to save."));
+        m_window->ChoosePage("Velocity");
+        m_window->ChoosePage("Summary");  // the document still holds the curves of that page
+        Trigger(static_cast<CommandId>(id));
+        QVERIFY(m_window->picker.requests.empty());
     }
 
     // ASCII table.
@@ -269,12 +280,6 @@ private slots:
         QCOMPARE(m_window->store.value(kAsciiFolder).toString(), Folder());
         QVERIFY(!m_window->store.contains(kUdsFolder));
         QCOMPARE(m_window->StatusText(), "Saved as " + path + ".");
-    }
-
-    void TheTableOfTheSummaryIsEmpty() {
-        const QString path = Save(CommandId::SaveAscii, "table.txt");
-        QVERIFY(QFile::exists(path));
-        QCOMPARE(Bytes(path), QByteArray());
     }
 
     void ATableThatCannotBeWrittenIsReportedAndItsFolderNotStored() {

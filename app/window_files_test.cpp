@@ -117,14 +117,14 @@ private slots:
         QCOMPARE(files, QStringList());
     }
 
-    void AMissingRecentFileIsTakenOffTheListWithAMessage() {
+    void AMissingRecentFileIsRemovedFromTheListWithAMessage() {
         const QString path = m_window->Path("gone.hit");
         m_window->settings.AddRecentFile(WriteHitList("other.hit", {"a.001"}));
         m_window->settings.AddRecentFile(path);
         m_window->Reopen();
         RecentMenu().actions().first()->trigger();
         QTRY_COMPARE(m_window->messages.said, QStringList({"error|Error|The hit list " + path +
-                                                           " does not exist any more. It was taken off the recent "
+                                                           " no longer exists. It was removed from the recent "
                                                            "files."}));
         QCOMPARE(Texts(RecentMenu()), QStringList({"&1 " + m_window->Path("other.hit")}));
         QCOMPARE(m_window->settings.RecentFiles(), QStringList({m_window->Path("other.hit")}));

@@ -18,7 +18,7 @@ const std::vector<ks::CFileFilter>& DataTypeFilters() {
     static const std::vector<ks::CFileFilter> filters = {
         {"UDS Acceleration Data (*aa0.*)", "*aa0.*"}, {"UDS Displacement Data (*da0.*)", "*da0.*"},
         {"UDS Force Data (*fa0.*)", "*fa0.*"},        {"UDS Moment Data (*ta0.*)", "*ta0.*"},
-        {"Processed UDS Data (*.uds)", "*.uds"},      {"All Files (*.*)", "*.*"}};
+        {"Processed UDS Data (*.uds)", "*.uds"},      AllFilesFilter()};
     return filters;
 }
 
@@ -28,6 +28,10 @@ QString CurrentDataTypeWildcard(const CSettings& settings) {
 
 QString CurrentDataTypeText(const CSettings& settings) {
     return QString::fromStdString(CurrentDataType(settings).text);
+}
+
+ks::CFileFilter AllFilesFilter() {
+    return {"All Files (*.*)", "*.*"};
 }
 
 const std::vector<ks::CFileFilter>& HitListFilters() {

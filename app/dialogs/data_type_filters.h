@@ -17,5 +17,8 @@ QString CurrentDataTypeWildcard(const CSettings& settings);
 /// The text of that data type, as the pickers show it.
 QString CurrentDataTypeText(const CSettings& settings);
 
+/// The filter that every save picker ends with.
+ks::CFileFilter AllFilesFilter();
+
 /// The filter of the hit-list pickers.
 const std::vector<ks::CFileFilter>& HitListFilters();

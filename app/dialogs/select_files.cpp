@@ -205,10 +205,8 @@ void CSelectFiles::RememberHitList(const QString& path) {
 }
 
 void CSelectFiles::TakeDropped(const QStringList& paths, int row) {
-    const CDroppedFiles dropped = ExpandDropped(paths, CurrentDataTypeWildcard(m_settings));
+    const CDroppedFiles dropped = TakeDroppedFiles(paths, m_settings, m_messages, this);
     m_ui->fileList->InsertFiles(row, dropped.files);
-    for (const QString& hitList : dropped.hitLists) m_settings.AddRecentFile(hitList);
-    if (!dropped.unreadableHitLists.isEmpty()) m_messages.ShowError(this, HitListUnreadable());
 }
 
 void CSelectFiles::accept() {
