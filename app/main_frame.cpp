@@ -43,7 +43,8 @@ bool IsLockKey(const QEvent& event) {
 }  // namespace
 
 CMainFrame::CMainFrame(const CWindowServices& services, std::unique_ptr<CChartControl> chart)
-    : m_services(services),
+    : m_saveGuard(services, m_document),
+      m_services(m_saveGuard.Guarded()),
       m_host(*this, m_services),
       m_specificationHost(m_services),
       m_document(m_host),

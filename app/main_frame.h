@@ -10,6 +10,7 @@
 #include "app/command_actions.h"
 #include "app/commands.h"
 #include "app/exports/picture_export.h"
+#include "app/save_guard.h"
 #include "app/specification_host.h"
 #include "app/window_host.h"
 #include "app/window_services.h"
@@ -76,7 +77,8 @@ private:
     void ShowSpecification(const QString& path);
     void TakeDropped(const QStringList& paths);
 
-    CWindowServices m_services;
+    CSaveGuard m_saveGuard;
+    CWindowServices m_services;  ///< guarded
     CWindowHost m_host;
     CSpecificationHost m_specificationHost;
     CQuorvelDoc m_document;

@@ -291,6 +291,78 @@ private slots:
         QVERIFY(!m_window->store.contains(kAsciiFolder));
     }
 
+    // Loaded files.
+
+    void ALoadedFileIsNeverReplaced_data() {
+        QTest::addColumn<int>("id");
+        QTest::addColumn<QString>("page");
+        QTest::addColumn<QString>("name");
+        QTest::newRow("bmp over a signal") << CommandNumber(CommandId::SaveBmp) << "Velocity"
+                                           << "signal.001";
+        QTest::newRow("wmf over the reference") << CommandNumber(CommandId::SaveWmf) << "Velocity"
+                                                << "reference.001";
+        QTest::newRow("html over a signal") << CommandNumber(CommandId::SaveHtml) << "Summary"
+                                            << "signal.001";
+        QTest::newRow("uds over a signal") << CommandNumber(CommandId::SaveUds) << "Velocity"
+                                           << "signal.001";
+        QTest::newRow("uds over the reference, through a link") << CommandNumber(CommandId::SaveUds) << "Velocity"
+                                                                << "link.001";
+        QTest::newRow("ascii over the reference") << CommandNumber(CommandId::SaveAscii) << "Velocity"
+                                                  << "reference.001";
+        QTest::newRow("ascii by another path") << CommandNumber(CommandId::SaveAscii) << "Velocity"
+                                               << "./signal.001";
+    }
+    void ALoadedFileIsNeverReplaced() {
+        QFETCH(int, id);
+        QFETCH(QString, page);
+        QFETCH(QString, name);
+        CompareOwnFiles();
+        m_window->ChoosePage(page);
+        const QString path = Save(static_cast<CommandId>(id), name);
+        CheckRefused(path);
+        QVERIFY(!m_window->store.contains(kUdsFolder));
+        QVERIFY(!m_window->store.contains(kAsciiFolder));
+    }
+
+    void TheOtherCurvesAreStillSavedWhenOneIsRefused() {
+        CompareOwnFiles();
+        m_window->ChoosePage("Velocity");
+        m_window->picker.answers = {Picked("reference.001"), Picked("second.uds")};
+        Trigger(CommandId::SaveUds);
+        QCOMPARE(m_window->messages.said, QStringList(Refusal(m_window->Path("reference.001"))));
+        CheckOwnFiles();
+        QVERIFY(QFile::exists(m_window->Path("second.uds")));
+        QCOMPARE(m_window->StatusText(), "Saved as " + m_window->Path("second.uds") + ".");
+    }
+
+    void ALoadedFileIsNeverPrintedOver() {
+        CompareOwnFiles();
+        m_window->ChoosePage("Velocity");
+        m_window->printers.path = m_window->Path("signal.001");
+        Trigger(CommandId::Print);
+        CheckRefused(m_window->printers.path);
+    }
+
+    void AHitListIsNotSavedOverALoadedFile() {
+        CompareOwnFiles();
+        m_window->picker.answers.push_back(Picked("signal.001"));
+        m_window->dialogs.Expect([](QWidget& dialog) {
+            Control<QPushButton>(dialog, kSaveHitListId)->click();
+            dialog.close();
+        });
+        Trigger(CommandId::SelectFiles);
+        CheckRefused(m_window->Path("signal.001"));
+    }
+
+    void AFileThatIsNoLongerLoadedCanBeReplaced() {
+        CompareOwnFiles();
+        m_window->CompareSled();
+        m_window->ChoosePage("Velocity");
+        const QString path = Save(CommandId::SaveBmp, "signal.001");
+        QCOMPARE(m_window->messages.said, QStringList());
+        QCOMPARE(QImageReader(path).format(), QByteArray("bmp"));
+    }
+
     // Cancel.
 
     void ACancelledPickerWritesAndStoresNothing_data() {
@@ -432,6 +504,29 @@ private slots:
     }
 
 private:
+    /// Compares copies of two samples, "signal.001" with "reference.001"; "link.001" leads to the latter.
+    void CompareOwnFiles() {
+        const QString signal = m_window->Path("signal.001"), reference = m_window->Path("reference.001");
+        QVERIFY(QFile::copy(QString::fromStdString(Sled(2)), signal));
+        QVERIFY(QFile::copy(QString::fromStdString(Sled(1)), reference));
+        QVERIFY(QFile::link(reference, m_window->Path("link.001")));
+        m_window->Compare({signal.toStdString()}, reference.toStdString());
+    }
+    void CheckOwnFiles() {
+        QVERIFY(Bytes(m_window->Path("signal.001")) == Bytes(QString::fromStdString(Sled(2))));
+        QVERIFY(Bytes(m_window->Path("reference.001")) == Bytes(QString::fromStdString(Sled(1))));
+    }
+    static QString Refusal(const QString& path) {
+        return "error|Error|" + path + " is one of the files that are being compared. Choose another name.";
+    }
+    /// The user was told so, nothing was written, and nothing is said to be saved.
+    void CheckRefused(const QString& path) {
+        QCOMPARE(m_window->messages.said, QStringList(Refusal(path)));
+        QCOMPARE(m_window->StatusText(), QString("Ready"));
+        CheckOwnFiles();
+        QCOMPARE(QDir(m_window->folder.path()).entryList({"*.001"}, QDir::Files).size(), qsizetype{3});
+    }
+
     void CheckNotPrinted(const QString& path) {
         m_window->ChoosePage("Velocity");
         const QString status = m_window->StatusText();
