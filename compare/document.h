@@ -11,6 +11,7 @@
 #include "compare/chart_block.h"
 #include "compare/document_host.h"
 #include "compare/plots/plot.h"
+#include "compare/run_state.h"
 #include "compare/signal.h"
 
 /// The comparison document: reference, computed signals, options, page list and the page on show.
@@ -92,6 +93,8 @@ public:
 
     // What views and exports read.
 
+    /// Whether a run is at work, and how the last one ended.
+    RunState Run() const { return m_run; }
     const std::vector<CSignal>& ComputedSignals() const { return m_computed; }
     const std::vector<boost::shared_ptr<ks::CNSignal>>& SignalCopies() const { return m_copies; }
     const CSignal& Reference() const { return m_reference; }
@@ -114,6 +117,11 @@ private:
     enum class CRunEnd { Completed, Stopped, ReferenceUnreadable };
     /// How making the reference ended. NotMade: unreadable, or nothing to make it from.
     enum class CReferenceEnd { Made, NotMade, SignalFailed };
+
+    /// Says that a run is at work while `steps` lasts, and how it ended; also when it throws.
+    CRunEnd RunSteps(const CFileSelection& selection, CRunEnd (CQuorvelDoc::*steps)(const CFileSelection&));
+    void EndRun(CRunEnd end);
+    void SetRun(RunState run);
 
     CFileSelection OfferedSelection() const;
     void TakeSelection(const CFileSelection& selection);
@@ -141,6 +149,7 @@ private:
     void FailPage(std::string sentence);
     void ReserveMatrices(std::int64_t cellCount);
     void Notify(int hint);
+    void TellObservers(const std::function<void(CDocumentObserver&)>& tell);
 
     CDocumentHost& m_host;
     std::vector<CDocumentObserver*> m_observers;
@@ -159,6 +168,7 @@ private:
     std::size_t m_stepsDone = 0;
     std::size_t m_stepsTotal = 0;  ///< 0 outside a run
     std::unique_ptr<CPlot> m_page;
+    RunState m_run = RunState::None;
     bool m_averageReference = false;
     bool m_filter = true;
     bool m_window = false;
