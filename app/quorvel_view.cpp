@@ -16,7 +16,7 @@
 #include "app/table/summary_list.h"
 #include "compare/document.h"
 #include "compare/export.h"
-#include "compare/plots/page_ids.h"
+#include "compare/plots/page_table.h"
 #include "widgets/pdf_file.h"
 
 namespace {
@@ -87,7 +87,7 @@ void CQuorvelView::OnDocumentUpdate(int hint) {
         update();
     }
 
-    const bool isSummary = m_document.CurrentPageId() == page::kSummary;
+    const bool isSummary = !HasChart(m_document.CurrentPageId());
     const bool hasData = isSummary ? !m_document.ComputedSignals().empty() : m_document.ChartBlock().seriesCount > 0;
     if (!hasData || m_run == RunState::None) {
         if (m_run == RunState::Completed) {
