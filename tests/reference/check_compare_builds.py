@@ -136,6 +136,14 @@ class CrossCorrelation(unittest.TestCase):
         self.assertFalse(same_signal(header + tag + ones, header + tag + b"\x03" + ones[1:], 1.0))
         self.assertFalse(same_signal(header + tag + ones, b"x" + header[1:] + tag + near, 1.0))
         self.assertFalse(same_signal(header + tag + ones, header, 1.0))
+        self.assertFalse(same_signal(header + tag + ones, header + tag + near), "not on any other page")
+
+    def test_the_bits_of_a_value_that_is_not_a_number_do_not_count(self):
+        header, tag, ones = bytes(1024), b"Y DATA".ljust(12), b"\x00\x00\x80\x3f" * 124
+        plus, minus, infinite = b"\x00\x00\xc0\x7f", b"\x00\x00\xc0\xff", b"\x00\x00\x80\x7f"
+        self.assertTrue(same_signal(header + tag + plus + ones, header + tag + minus + ones))
+        self.assertFalse(same_signal(header + tag + plus + ones, header + tag + infinite + ones))
+        self.assertFalse(same_signal(header + tag + bytes(4) + ones, header + tag + b"\x00\x00\x00\x80" + ones))
 
 
 if __name__ == "__main__":
