@@ -21,7 +21,6 @@
 #include "app/status_line.h"
 #include "app/toolbar_row.h"
 #include "chart/make_chart.h"
-#include "compare/plots/page_ids.h"
 
 namespace {
 

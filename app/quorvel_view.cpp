@@ -6,7 +6,7 @@
 
 #include "app/table/summary_list.h"
 #include "compare/document.h"
-#include "compare/plots/page_ids.h"
+#include "compare/plots/page_table.h"
 
 namespace {
 
@@ -56,7 +56,7 @@ void CQuorvelView::OnDocumentUpdate(int hint) {
         update();
     }
 
-    const bool isSummary = m_document.CurrentPageId() == page::kSummary;
+    const bool isSummary = !HasChart(m_document.CurrentPageId());
     const bool hasData = isSummary ? !m_document.ComputedSignals().empty() : m_document.ChartBlock().seriesCount > 0;
     if (!hasData || run == RunState::None) {
         if (run == RunState::Completed) {

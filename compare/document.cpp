@@ -8,17 +8,12 @@
 
 #include "compare/export.h"
 #include "compare/messages.h"
-#include "compare/plots/page_ids.h"
+#include "compare/plots/page_table.h"
 #include "compare/setting_keys.h"
 #include "files/file_request.h"
 #include "files/path_text.h"
 
 namespace {
-
-/// The summary and the state before the first run have no chart.
-bool HasChart(std::int32_t pageId) {
-    return pageId != 0 && pageId != page::kSummary;
-}
 
 std::int32_t LongestPointCount(const CSeriesList& seriesList) {
     std::size_t longest = 0;
@@ -71,20 +66,13 @@ void CQuorvelDoc::SetComputedFiles(const std::vector<std::string>& files) {
 void CQuorvelDoc::BuildPageList() {
     m_pageList.clear();
     if (m_computed.empty()) return;
-    m_pageList.push_back(page::kSummary);
-    if (m_reference.Record().GetYUNITS().find("G'S") != std::string::npos) {
-        m_pageList.insert(m_pageList.end(), {page::kAcceleration, page::kVelocity, page::kDisplacement});
-    } else {
-        m_pageList.push_back(page::kInputData);
-    }
-    m_pageList.insert(m_pageList.end(), {page::kCorridor, page::kStandardDeviation, page::k90Percentile,
-                                         page::kResiduals, page::kCumulativeDensity, page::kCrossCorrelation});
+    m_pageList = OfferedPages(m_reference.Record().GetYUNITS().find("G'S") != std::string::npos);
 }
 
 bool CQuorvelDoc::SelectPage(std::int32_t pageId) {
     m_page.reset();  // the old page goes before the new one is made
     m_page = MakePage(pageId);
-    if (!IsPageId(pageId)) return false;
+    if (FindPage(pageId) == nullptr) return false;
     m_pageId = pageId;
 
     const bool built = BuildSeries() && LayOutSeries();

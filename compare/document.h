@@ -72,11 +72,11 @@ public:
     // Pages.
 
     /// Builds the page's series, chart block and titles and tells the observers with hint 2. False, with the page id
-    /// unchanged, when `pageId` is not one of the eleven. What a page throws becomes the only error message, is shown,
-    /// and leaves the page without series.
+    /// unchanged, when no page has that id. What a page throws becomes the only error message, is shown, and leaves the
+    /// page without series.
     bool SelectPage(std::int32_t pageId);
-    /// Lays the series out in the chart block; false, with counts of 0, when there are none. Page ids 0 and 1 keep the
-    /// block. The matrices never shrink.
+    /// Lays the series out in the chart block; false, with counts of 0, when there are none. A page without a chart
+    /// keeps the block. The matrices never shrink.
     bool BuildSeriesMatrices();
 
     // Commands.

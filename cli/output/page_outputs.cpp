@@ -4,7 +4,7 @@
 
 #include "cli/join.h"
 #include "compare/export.h"
-#include "compare/plots/page_ids.h"
+#include "compare/plots/page_table.h"
 
 namespace {
 
