@@ -9,13 +9,11 @@
 #include <QScrollBar>
 #include <QUrl>
 #include <exception>
-#include <filesystem>
 #include <string>
-#include <system_error>
 #include <utility>
 
-#include "files/native_path.h"
 #include "files/path_text.h"
+#include "files/same_file.h"
 #include "signal/ascii_export.h"
 #include "viewer/header_pages.h"
 #include "viewer/messages.h"
@@ -236,9 +234,7 @@ void CUDSDialog::ExportPoints() {
 }
 
 bool CUDSDialog::IsShownFile(const QString& path) const {
-    std::error_code unknown;  // a file that does not exist is another one
-    return !m_path.isEmpty() && std::filesystem::equivalent(ks::NativePath(path.toStdString()),
-                                                            ks::NativePath(m_path.toStdString()), unknown);
+    return ks::WouldReplace(path.toStdString(), m_path.toStdString());
 }
 
 void CUDSDialog::dragEnterEvent(QDragEnterEvent* event) {
