@@ -101,7 +101,8 @@ public:
     const CChartBlock& ChartBlock() const { return m_block; }
     const CSeriesList& Series() const { return m_series; }
     const std::vector<std::string>& SeriesNames() const { return m_seriesNames; }
-    const std::vector<std::string>& ErrorMessages() const { return m_errors; }
+    /// The sentences of the error messages, in order.
+    std::vector<std::string> ErrorMessages() const;
     const std::vector<std::string>& ReferenceMessages() const { return m_referenceErrors; }
     double CorridorSize() const { return m_corridorSize; }
     bool AverageReference() const { return m_averageReference; }
@@ -117,12 +118,15 @@ private:
 
     CFileSelection OfferedSelection() const;
     void TakeSelection(const CFileSelection& selection);
+    CRunEnd WithinMemory(const std::function<CRunEnd()>& run);
     CRunEnd PrepareAndCompare(const CFileSelection& selection);
     CRunEnd PrepareAndCompareLoaded(const CFileSelection& selection);
     CReferenceEnd TakeReference();
     CReferenceEnd PrepareReference(const CFileSelection& selection);
     CReferenceEnd MakeAverageReference();
     void PublishRun();
+
+    bool ReadComputed(CSignal& signal);
 
     // One step over all computed signals, or on the reference; false when any failed.
     bool CutComputedSignals(double start, double end);
@@ -150,7 +154,7 @@ private:
     std::vector<boost::shared_ptr<ks::CNSignal>> m_copies;
     std::vector<std::string> m_seriesNames;
     CSeriesList m_series;
-    std::vector<std::string> m_errors;
+    std::vector<CRunMessage> m_errors;
     std::vector<std::string> m_referenceErrors;
     CSignal m_reference;
     double m_corridorSize = 4.0;

@@ -3,12 +3,14 @@
 #include <algorithm>
 #include <boost/make_shared.hpp>
 #include <exception>
+#include <new>
 #include <optional>
 #include <utility>
 
 #include "compare/document.h"
 #include "compare/messages.h"
 #include "compare/plots/page_ids.h"
+#include "signal/channel_class.h"
 
 namespace {
 
@@ -49,14 +51,6 @@ std::vector<double> MeanOf(const CSignal& reference, const std::vector<CSignal>&
     return mean;
 }
 
-void AppendTo(std::vector<std::string>& messages, const std::vector<std::string>& more) {
-    messages.insert(messages.end(), more.begin(), more.end());
-}
-
-bool IsJ211Class(std::int32_t channelClass) {
-    return channelClass == 1000 || channelClass == 600 || channelClass == 180 || channelClass == 60;
-}
-
 }  // namespace
 
 void CQuorvelDoc::OnCompareFiles() {
@@ -68,7 +62,7 @@ void CQuorvelDoc::OnCompareFiles() {
     m_referenceErrors.clear();
 
     BeginProgress(*selection);
-    const CRunEnd end = PrepareAndCompare(*selection);
+    const CRunEnd end = WithinMemory([&] { return PrepareAndCompare(*selection); });
     EndProgress(end);
     if (end == CRunEnd::ReferenceUnreadable) {
         ShowErrors();  // still busy, and without the reference's own messages; kept, hosts end the busy state
@@ -93,7 +87,7 @@ void CQuorvelDoc::CompareFileList(const std::vector<std::string>& files, std::in
 void CQuorvelDoc::CompareLoadedList(std::int32_t channelClass, double windowStart, double windowEnd) {
     CFileSelection selection;
     selection.averageReference = true;
-    selection.filter = IsJ211Class(channelClass);
+    selection.filter = ks::IsChannelClass(channelClass);
     selection.truncate = windowStart > 0.0 || windowEnd > 0.0;
     selection.channelClass = channelClass;
     selection.windowStart = windowStart;
@@ -106,7 +100,7 @@ void CQuorvelDoc::CompareLoadedList(std::int32_t channelClass, double windowStar
     m_averageReference = true;
 
     BeginProgress(selection);
-    const CRunEnd end = PrepareAndCompareLoaded(selection);
+    const CRunEnd end = WithinMemory([&] { return PrepareAndCompareLoaded(selection); });
     EndProgress(end);
     if (end == CRunEnd::Completed) PublishRun();
     ShowErrors();
@@ -131,6 +125,16 @@ void CQuorvelDoc::TakeSelection(const CFileSelection& selection) {
     m_filter = selection.filter;
     m_window = selection.truncate;
     m_channelClass = selection.channelClass;
+}
+
+/// Ends a run that no single step could finish for want of memory as one that stopped.
+CQuorvelDoc::CRunEnd CQuorvelDoc::WithinMemory(const std::function<CRunEnd()>& run) {
+    try {
+        return run();
+    } catch (const std::bad_alloc&) {
+        m_errors.push_back({{}, std::string(kNoMemoryForRun)});
+        return CRunEnd::Stopped;
+    }
 }
 
 CQuorvelDoc::CRunEnd CQuorvelDoc::PrepareAndCompare(const CFileSelection& selection) {
@@ -168,19 +172,23 @@ int CQuorvelDoc::ReadComputedSignals() {
     int allRead = 1;
     for (CSignal& signal : m_computed) {
         AtWork(signal.GetPath());
-        if (signal.ReadUds() || signal.ReadAscii()) {
-            m_copies.push_back(boost::make_shared<ks::CNSignal>(signal.Record()));
-        } else {
-            AppendTo(m_errors, signal.GetMessages());
-            allRead = 0;
-        }
+        if (!ReadComputed(signal)) allRead = 0;
     }
     return allRead;
 }
 
+bool CQuorvelDoc::ReadComputed(CSignal& signal) {
+    if (!signal.Read()) {
+        for (const std::string& sentence : signal.GetMessages()) m_errors.push_back({signal.GetPath(), sentence});
+        return false;
+    }
+    return Attempt(signal,
+                   [this](CSignal& read) { m_copies.push_back(boost::make_shared<ks::CNSignal>(read.Record())); });
+}
+
 bool CQuorvelDoc::FilterComputedSignals(std::int32_t channelClass) {
     return ForEachComputed([channelClass](CSignal& signal) {
-        if (signal.Record().GetFileType() != kAsciiFileType) signal.Record().FilterCFC(channelClass);
+        if (signal.ShouldFilter()) signal.Record().FilterCFC(channelClass);
     });
 }
 
@@ -207,8 +215,9 @@ CQuorvelDoc::CReferenceEnd CQuorvelDoc::TakeReference() {
     reading.Comparison() = m_reference.Comparison();
 
     AtWork(reading.GetPath());
-    if (!reading.ReadUds() && !reading.ReadAscii()) {
-        AppendTo(m_referenceErrors, reading.GetMessages());
+    if (!reading.Read()) {
+        const std::vector<std::string>& sentences = reading.GetMessages();
+        m_referenceErrors.insert(m_referenceErrors.end(), sentences.begin(), sentences.end());
         return CReferenceEnd::NotMade;
     }
 
@@ -250,7 +259,7 @@ CQuorvelDoc::CReferenceEnd CQuorvelDoc::MakeAverageReference() {
     const double start = LatestStart(m_computed);
     const double end = EarliestEnd(m_computed);
     if (!(start < end)) {
-        m_errors.emplace_back(kNoCommonTimeRange);
+        m_errors.push_back({{}, std::string(kNoCommonTimeRange)});
         return CReferenceEnd::NotMade;
     }
     if (!CutComputedSignals(start, end)) return CReferenceEnd::SignalFailed;
@@ -269,8 +278,11 @@ CQuorvelDoc::CReferenceEnd CQuorvelDoc::MakeAverageReference() {
 bool CQuorvelDoc::Attempt(CSignal& signal, const std::function<void(CSignal&)>& work) {
     try {
         work(signal);
+    } catch (const std::bad_alloc&) {
+        m_errors.push_back({{}, SignalFailure(signal.GetPath(), kNoMemoryForStep)});
+        return false;
     } catch (const std::exception& error) {
-        m_errors.push_back(SignalFailure(signal.GetPath(), error.what()));
+        m_errors.push_back({{}, SignalFailure(signal.GetPath(), error.what())});
         return false;
     }
     return true;

@@ -8,8 +8,7 @@ namespace ks {
 /// exactly the sentence that the user reads.
 ///
 /// Only these others may leave the library, all derived from std::exception, and none with a sentence for the user:
-/// - std::bad_alloc, from whatever makes room: the memory does not suffice. Out of ks::LoadSignal it comes as a
-/// sentence.
+/// - std::bad_alloc, from whatever makes room: the memory does not suffice. The loader turns it into a sentence.
 /// - std::runtime_error from CData::SetPoint and std::out_of_range from the further reals of CData: an index that is
 ///   out of bounds, a mistake of the caller.
 class CError : public std::logic_error {
