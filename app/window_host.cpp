@@ -31,7 +31,7 @@ void CWindowHost::BeginSaving() {
     m_hasShownErrors = false;
 }
 
-void CWindowHost::ShowErrorList(const std::vector<std::string>& messages) {
+void CWindowHost::ShowErrorList(const std::vector<CRunMessage>& messages) {
     m_hasShownErrors = true;
     SetBusy(false);  // the list is read and closed by the user
     ksres::CErrorDialog::ShowMessages(messages, &m_window);

@@ -37,7 +37,7 @@ public:
     [[nodiscard]] bool IsBusy() const { return m_blocker != nullptr; }
 
     std::optional<CFileSelection> SelectFiles(const CFileSelection& offered) override;
-    void ShowErrorList(const std::vector<std::string>& messages) override;
+    void ShowErrorList(const std::vector<CRunMessage>& messages) override;
     std::optional<double> EditCorridorSize(double size) override;
     std::optional<CCriticalValues> EditCriticalValues(const CCriticalValues& values) override;
     std::optional<std::string> AskSavePath(const ks::CFileRequest& request) override;

@@ -315,7 +315,8 @@ private:
 
     /// What the error list says of it: why it is no UDS file, and why it is no list of points.
     QString UnreadableText(const QString& name) {
-        return "File size not a multiple of 512 bytes.\r\nFailure to parse the file: " + m_window->Path(name) +
+        return QDir::toNativeSeparators(m_window->Path(name)) +
+               "\r\nFile size not a multiple of 512 bytes.\r\nFailure to parse the file: " + m_window->Path(name) +
                " for reading.\nFailure to parse the data.\r\n";
     }
 

@@ -23,13 +23,20 @@ std::optional<CFileSelection> CCliHost::SelectFiles(const CFileSelection& offere
     return selection;
 }
 
-void CCliHost::ShowErrorList(const std::vector<std::string>& messages) {
-    std::vector<std::string> shown = messages;
+// Without the paths: the files that could not be read are named in sentences of their own after the run.
+void CCliHost::ShowErrorList(const std::vector<CRunMessage>& messages) {
+    std::vector<std::string> sentences;
+    for (const CRunMessage& message : messages) sentences.push_back(message.text);
+    ShowSentences(sentences);
+}
+
+void CCliHost::ShowSentences(const std::vector<std::string>& sentences) {
+    std::vector<std::string> shown = sentences;
     if (!m_source.empty()) {
         for (std::string& text : shown) text = Join({m_source, ": ", text});
     }
     m_console.ComplainAll(shown);
-    m_shown.insert(m_shown.end(), messages.begin(), messages.end());
+    m_shown.insert(m_shown.end(), sentences.begin(), sentences.end());
 }
 
 std::optional<double> CCliHost::EditCorridorSize(double /*size*/) {

@@ -12,7 +12,7 @@ public:
     CCliHost(const CCompareOptions& options, std::vector<std::string> files, CConsole& console);
 
     std::optional<CFileSelection> SelectFiles(const CFileSelection& offered) override;
-    void ShowErrorList(const std::vector<std::string>& messages) override;
+    void ShowErrorList(const std::vector<CRunMessage>& messages) override;
     std::optional<double> EditCorridorSize(double size) override;
     std::optional<CCriticalValues> EditCriticalValues(const CCriticalValues& values) override;
     /// Never asked: outputs are named by options.
@@ -23,6 +23,9 @@ public:
     void Beep() override {}
     void SetBusy(bool busy) override;
     void Progress(std::size_t done, std::size_t total, const std::string& path) override;
+
+    /// Shows sentences as the messages of a run.
+    void ShowSentences(const std::vector<std::string>& sentences);
 
     /// From now on messages are shown with `source` and a colon in front; with an empty text, without.
     void NameSource(std::string source);

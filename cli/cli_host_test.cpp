@@ -73,7 +73,7 @@ TEST_F(CliHost, LeavesTheReferenceUnfilteredWhenAsked) {
 TEST_F(CliHost, ShowsMessagesOnStandardErrorAndRemembersThem) {
     const CCompareOptions options;
     CCliHost host(options, {}, console);
-    host.ShowErrorList({"One", "Two", "Two", "One"});
+    host.ShowErrorList({{"", "One"}, {"a.uds", "Two"}, {"a.uds", "Two"}, {"b.uds", "One"}});
     EXPECT_EQ(StandardError(), "quorvel-cli: One\nquorvel-cli: Two\nquorvel-cli: One\n");
     EXPECT_THAT(host.TakeShownMessages(), ElementsAre("One", "Two", "Two", "One"));
     EXPECT_THAT(host.TakeShownMessages(), IsEmpty());
@@ -83,9 +83,9 @@ TEST_F(CliHost, NamesTheSourceOfMessagesOnStandardErrorOnly) {
     const CCompareOptions options;
     CCliHost host(options, {}, console);
     host.NameSource("Page 8");
-    host.ShowErrorList({"One"});
+    host.ShowSentences({"One"});
     host.NameSource({});
-    host.ShowErrorList({"Two"});
+    host.ShowErrorList({{"", "Two"}});
     EXPECT_EQ(StandardError(), "quorvel-cli: Page 8: One\nquorvel-cli: Two\n");
     EXPECT_THAT(host.TakeShownMessages(), ElementsAre("One", "Two"));
 }

@@ -107,7 +107,7 @@ bool CQuorvelDoc::LayOutSeries() {
 void CQuorvelDoc::FailPage(std::string sentence) {
     m_series.clear();
     m_seriesNames.clear();
-    m_errors.assign(1, std::move(sentence));
+    m_errors.assign(1, {{}, std::move(sentence)});
     BuildSeriesMatrices();
 }
 
@@ -140,10 +140,16 @@ void CQuorvelDoc::ReserveMatrices(std::int64_t cellCount) {
     m_block.capacity = cellCount;
 }
 
+std::vector<std::string> CQuorvelDoc::ErrorMessages() const {
+    std::vector<std::string> sentences;
+    for (const CRunMessage& message : m_errors) sentences.push_back(message.text);
+    return sentences;
+}
+
 void CQuorvelDoc::ShowErrors() {
     if (m_errors.empty()) return;
     // A copy: while the list is open the user may choose a page that replaces the messages.
-    const std::vector<std::string> messages = m_errors;
+    const std::vector<CRunMessage> messages = m_errors;
     m_host.Beep();
     m_host.ShowErrorList(messages);
 }
@@ -181,7 +187,7 @@ void CQuorvelDoc::OnSaveAscii() {
     const std::optional<std::string> path = m_host.AskSavePath(ks::SaveRequest("Save ASCII data As", folder));
     if (!path) return;
     if (WriteAsciiTable(*path, m_block, m_pageId) != ks::WriteResult::Written) {
-        m_errors.assign(1, AsciiTableNotWritten(*path));
+        m_errors.assign(1, {{}, AsciiTableNotWritten(*path)});
         ShowErrors();
         return;
     }

@@ -104,7 +104,8 @@ public:
     const CChartBlock& ChartBlock() const { return m_block; }
     const CSeriesList& Series() const { return m_series; }
     const std::vector<std::string>& SeriesNames() const { return m_seriesNames; }
-    const std::vector<std::string>& ErrorMessages() const { return m_errors; }
+    /// The sentences of the error messages, in order.
+    std::vector<std::string> ErrorMessages() const;
     const std::vector<std::string>& ReferenceMessages() const { return m_referenceErrors; }
     double CorridorSize() const { return m_corridorSize; }
     bool AverageReference() const { return m_averageReference; }
@@ -131,6 +132,8 @@ private:
     CReferenceEnd PrepareReference(const CFileSelection& selection);
     CReferenceEnd MakeAverageReference();
     void PublishRun();
+
+    bool ReadComputed(CSignal& signal);
 
     // One step over all computed signals, or on the reference; false when any failed.
     bool CutComputedSignals(double start, double end);
@@ -159,7 +162,7 @@ private:
     std::vector<boost::shared_ptr<ks::CNSignal>> m_copies;
     std::vector<std::string> m_seriesNames;
     CSeriesList m_series;
-    std::vector<std::string> m_errors;
+    std::vector<CRunMessage> m_errors;
     std::vector<std::string> m_referenceErrors;
     CSignal m_reference;
     double m_corridorSize = 4.0;

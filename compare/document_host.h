@@ -25,6 +25,14 @@ public:
     double windowEnd = static_cast<double>(0.3F);
 };
 
+/// A message of a run or of a page.
+struct CRunMessage {
+    std::string path;  ///< the file that `text` is about; empty where it is about none, or names it itself
+    std::string text;  ///< the sentence, UTF-8
+
+    bool operator==(const CRunMessage&) const = default;
+};
+
 /// What the document asks of the program around it: the desktop window, the command line, a test.
 class CDocumentHost {
 public:
@@ -33,8 +41,8 @@ public:
     /// Lets the user choose what to compare. `offered` holds files, reference, flags and channel class of the document;
     /// the rest has its defaults. No value: cancelled.
     virtual std::optional<CFileSelection> SelectFiles(const CFileSelection& offered) = 0;
-    /// Shows the messages of a run or of a page; never called without any.
-    virtual void ShowErrorList(const std::vector<std::string>& messages) = 0;
+    /// Shows the messages of a run or of a page; never called without any. Those about one file follow each other.
+    virtual void ShowErrorList(const std::vector<CRunMessage>& messages) = 0;
     /// Lets the user edit the corridor size (> 0). No value: cancelled.
     virtual std::optional<double> EditCorridorSize(double size) = 0;
     /// Lets the user edit the critical values. No value: cancelled.

@@ -3,12 +3,14 @@
 #include <algorithm>
 #include <boost/make_shared.hpp>
 #include <exception>
+#include <new>
 #include <optional>
 #include <utility>
 
 #include "compare/document.h"
 #include "compare/messages.h"
 #include "compare/plots/page_ids.h"
+#include "signal/channel_class.h"
 
 namespace {
 
@@ -49,14 +51,6 @@ std::vector<double> MeanOf(const CSignal& reference, const std::vector<CSignal>&
     return mean;
 }
 
-void AppendTo(std::vector<std::string>& messages, const std::vector<std::string>& more) {
-    messages.insert(messages.end(), more.begin(), more.end());
-}
-
-bool IsJ211Class(std::int32_t channelClass) {
-    return channelClass == 1000 || channelClass == 600 || channelClass == 180 || channelClass == 60;
-}
-
 }  // namespace
 
 void CQuorvelDoc::OnCompareFiles() {
@@ -91,7 +85,7 @@ void CQuorvelDoc::CompareFileList(const std::vector<std::string>& files, std::in
 void CQuorvelDoc::CompareLoadedList(std::int32_t channelClass, double windowStart, double windowEnd) {
     CFileSelection selection;
     selection.averageReference = true;
-    selection.filter = IsJ211Class(channelClass);
+    selection.filter = ks::IsChannelClass(channelClass);
     selection.truncate = windowStart > 0.0 || windowEnd > 0.0;
     selection.channelClass = channelClass;
     selection.windowStart = windowStart;
@@ -115,6 +109,8 @@ CQuorvelDoc::CRunEnd CQuorvelDoc::RunSteps(const CFileSelection& selection,
     CRunEnd end = CRunEnd::Stopped;
     try {
         end = (this->*steps)(selection);
+    } catch (const std::bad_alloc&) {
+        m_errors.push_back({{}, std::string(kNoMemoryForRun)});
     } catch (...) {
         EndRun(CRunEnd::Stopped);
         throw;
@@ -154,6 +150,7 @@ void CQuorvelDoc::TakeSelection(const CFileSelection& selection) {
     m_channelClass = selection.channelClass;
 }
 
+/// Ends a run that no single step could finish for want of memory as one that stopped.
 CQuorvelDoc::CRunEnd CQuorvelDoc::PrepareAndCompare(const CFileSelection& selection) {
     if (ReadComputedSignals() == 0) return CRunEnd::Stopped;
     if (m_filter && !FilterComputedSignals(selection.channelClass)) return CRunEnd::Stopped;
@@ -189,19 +186,23 @@ int CQuorvelDoc::ReadComputedSignals() {
     int allRead = 1;
     for (CSignal& signal : m_computed) {
         AtWork(signal.GetPath());
-        if (signal.ReadUds() || signal.ReadAscii()) {
-            m_copies.push_back(boost::make_shared<ks::CNSignal>(signal.Record()));
-        } else {
-            AppendTo(m_errors, signal.GetMessages());
-            allRead = 0;
-        }
+        if (!ReadComputed(signal)) allRead = 0;
     }
     return allRead;
 }
 
+bool CQuorvelDoc::ReadComputed(CSignal& signal) {
+    if (!signal.Read()) {
+        for (const std::string& sentence : signal.GetMessages()) m_errors.push_back({signal.GetPath(), sentence});
+        return false;
+    }
+    return Attempt(signal,
+                   [this](CSignal& read) { m_copies.push_back(boost::make_shared<ks::CNSignal>(read.Record())); });
+}
+
 bool CQuorvelDoc::FilterComputedSignals(std::int32_t channelClass) {
     return ForEachComputed([channelClass](CSignal& signal) {
-        if (signal.Record().GetFileType() != kAsciiFileType) signal.Record().FilterCFC(channelClass);
+        if (signal.ShouldFilter()) signal.Record().FilterCFC(channelClass);
     });
 }
 
@@ -228,8 +229,9 @@ CQuorvelDoc::CReferenceEnd CQuorvelDoc::TakeReference() {
     reading.Comparison() = m_reference.Comparison();
 
     AtWork(reading.GetPath());
-    if (!reading.ReadUds() && !reading.ReadAscii()) {
-        AppendTo(m_referenceErrors, reading.GetMessages());
+    if (!reading.Read()) {
+        const std::vector<std::string>& sentences = reading.GetMessages();
+        m_referenceErrors.insert(m_referenceErrors.end(), sentences.begin(), sentences.end());
         return CReferenceEnd::NotMade;
     }
 
@@ -271,7 +273,7 @@ CQuorvelDoc::CReferenceEnd CQuorvelDoc::MakeAverageReference() {
     const double start = LatestStart(m_computed);
     const double end = EarliestEnd(m_computed);
     if (!(start < end)) {
-        m_errors.emplace_back(kNoCommonTimeRange);
+        m_errors.push_back({{}, std::string(kNoCommonTimeRange)});
         return CReferenceEnd::NotMade;
     }
     if (!CutComputedSignals(start, end)) return CReferenceEnd::SignalFailed;
@@ -290,8 +292,11 @@ CQuorvelDoc::CReferenceEnd CQuorvelDoc::MakeAverageReference() {
 bool CQuorvelDoc::Attempt(CSignal& signal, const std::function<void(CSignal&)>& work) {
     try {
         work(signal);
+    } catch (const std::bad_alloc&) {
+        m_errors.push_back({{}, SignalFailure(signal.GetPath(), kNoMemoryForStep)});
+        return false;
     } catch (const std::exception& error) {
-        m_errors.push_back(SignalFailure(signal.GetPath(), error.what()));
+        m_errors.push_back({{}, SignalFailure(signal.GetPath(), error.what())});
         return false;
     }
     return true;

@@ -12,6 +12,12 @@ inline constexpr std::string_view kNoCommonTimeRange = "Error Computing the time
 inline constexpr std::string_view kNoMemoryForPage =
     "There is not enough memory for the curves of this page. Fewer or shorter signals would need less.";
 
+inline constexpr std::string_view kNoMemoryForStep =
+    "There is not enough memory for this step. Fewer or shorter signals would need less.";
+
+inline constexpr std::string_view kNoMemoryForRun =
+    "There is not enough memory to compare these signals. Fewer or shorter signals would need less.";
+
 /// Reference name of a signal compared with a reference made from `count` computed signals.
 inline std::string AverageName(std::size_t count) {
     return "Average of " + boost::lexical_cast<std::string>(count) + " files";

@@ -1,13 +1,13 @@
 #pragma once
 
 #include <array>
-#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "compare/comparison.h"
 #include "signal/nsignal.h"
+#include "signal/signal_loader.h"
 
 /// Number of columns of the summary table.
 inline constexpr int kSummaryColumnCount = 16;
@@ -31,9 +31,6 @@ enum CSummaryColumn : int {
 /// The sixteen headers of the summary table, in column order.
 extern const std::array<std::string_view, kSummaryColumnCount> kSummaryHeaders;
 
-/// File type of a record that was read from an ASCII point file.
-inline constexpr std::string_view kAsciiFileType = "ASCII File";
-
 /// Verdict on a summary cell, with the colour (0xRRGGBB) that shows it.
 enum class CVerdictColor { White = 0xFFFFFF, Green = 0x00E000, Red = 0xFF0000 };
 
@@ -49,12 +46,16 @@ public:
     CSignal& operator=(CSignal&&) = default;
     virtual ~CSignal() = default;
 
-    /// Reads the file at the path as a UDS-1992 file into a new record. False when it cannot be read: the record then
-    /// stays, and the reader's sentence joins its warnings, behind those of the attempt before.
+    /// Reads the file at the path into a new record, by the first of all formats that can; see signal/signal_loader.h.
+    /// False when none can: the record then stays, and the sentence of each attempt joins its warnings.
+    bool Read();
+    /// The same with the UDS-1992 format alone.
     bool ReadUds();
-    /// The same for an ASCII point file; the record becomes a time signal in seconds, numbered from 0, of the file
-    /// type kAsciiFileType.
+    /// The same with the format of ASCII points alone; the record becomes a time signal in seconds, numbered from 0.
     bool ReadAscii();
+
+    /// Whether a run filters the signal; that of its file's format, true before a file was read.
+    bool ShouldFilter() const { return m_shouldFilter; }
 
     /// Computes the measures against `reference` and takes its path as the reference name. See CComparison::Compute.
     void Compare(const CSignal& reference);
@@ -79,10 +80,11 @@ public:
     const CComparison& Comparison() const { return m_comparison; }
 
 private:
-    bool ReadWith(const std::function<void(ks::CNSignal&)>& load);
+    bool ReadWith(ks::CFormatList formats);
 
     ks::CNSignal m_record;
     std::string m_path;
     std::string m_referenceName;
     CComparison m_comparison;
+    bool m_shouldFilter = true;
 };

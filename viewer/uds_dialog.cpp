@@ -8,6 +8,7 @@
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QUrl>
+#include <array>
 #include <exception>
 #include <string>
 #include <utility>
@@ -16,6 +17,7 @@
 #include "files/path_text.h"
 #include "files/same_file.h"
 #include "signal/ascii_export.h"
+#include "signal/signal_loader.h"
 #include "viewer/header_pages.h"
 #include "viewer/messages.h"
 #include "viewer/print_preview.h"
@@ -106,19 +108,14 @@ CUDSDialog::CUDSDialog(CViewerHost& host, QWidget* parent)
 CUDSDialog::~CUDSDialog() = default;
 
 bool CUDSDialog::Open(const QString& path) {
-    std::string complaint;
+    ks::CLoadedSignal loaded;
     {
         const CWaitCursor wait;
-        try {
-            ks::CNSignal record;
-            record.LoadUDS(path.toStdString());
-            ShowRecord(std::move(record), path);
-            return true;
-        } catch (const std::exception& error) {
-            complaint = error.what();
-        }
+        loaded = ks::LoadSignal(path.toStdString(), std::string(ks::kOnlyChannel), std::array{&ks::kUdsFormat});
+        if (loaded.IsLoaded()) ShowRecord(std::move(loaded.record), path);
     }
-    m_host.ShowError(isVisible() ? this : parentWidget(), QString::fromStdString(complaint));
+    if (loaded.IsLoaded()) return true;
+    m_host.ShowError(isVisible() ? this : parentWidget(), QString::fromStdString(loaded.complaints.front()));
     return false;
 }
 

@@ -5,7 +5,6 @@
 #include <QMimeData>
 #include <QPushButton>
 #include <algorithm>
-#include <array>
 #include <utility>
 
 #include "app/dialogs/data_type_filters.h"
@@ -17,21 +16,23 @@
 #include "app/settings.h"
 #include "app/ui_select_files.h"
 #include "files/hit_list.h"
+#include "signal/channel_class.h"
 #include "widgets/screen_room.h"
 #include "widgets/take_copy.h"
 
 namespace {
 
-/// The drop-down's items in order.
-constexpr std::array<std::int32_t, 4> kChannelClasses = {60, 180, 600, 1000};
+QString ClassText(std::int32_t channelClass) {
+    return QStringLiteral("CFC%1").arg(channelClass);
+}
 
 int ClassItem(std::int32_t channelClass) {
-    const auto* const found = std::find(kChannelClasses.begin(), kChannelClasses.end(), channelClass);
-    return found == kChannelClasses.end() ? -1 : static_cast<int>(found - kChannelClasses.begin());
+    const auto* const found = std::ranges::find(ks::kChannelClasses, channelClass);
+    return found == ks::kChannelClasses.end() ? -1 : static_cast<int>(found - ks::kChannelClasses.begin());
 }
 
 std::int32_t ClassOfItem(int item) {
-    return kChannelClasses[static_cast<std::size_t>(std::max(item, 0))];
+    return ks::kChannelClasses[static_cast<std::size_t>(std::max(item, 0))];
 }
 
 std::vector<std::string> Utf8Paths(const QStringList& paths) {
@@ -76,6 +77,7 @@ void CSelectFiles::SetShortcuts() {
 }
 
 void CSelectFiles::ShowSelection() {
+    for (const std::int32_t channelClass : ks::kChannelClasses) m_ui->classCombo->addItem(ClassText(channelClass));
     m_ui->fileList->AppendFiles(m_selection.files);
     m_ui->referenceEdit->setText(QDir::toNativeSeparators(QString::fromStdString(m_selection.referencePath)));
     (m_selection.averageReference ? m_ui->averageRadio : m_ui->signalRadio)->setChecked(true);

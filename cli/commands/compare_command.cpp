@@ -155,7 +155,7 @@ CExitStatus RunCompare(const std::vector<std::string>& arguments, CConsole& cons
     CQuorvelDoc document(host);
     // A list that cannot be read leaves the choice of signals open; comparing the rest would look like a full result.
     if (!input.errors.empty()) {
-        host.ShowErrorList(input.errors);
+        host.ShowSentences(input.errors);
         return FinishStopped(options, {input.errors, {}, {}}, document.Reference(), console);
     }
     CRunObserver observer;

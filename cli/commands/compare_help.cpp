@@ -1,5 +1,7 @@
 #include "cli/commands/compare_help.h"
 
+#include "signal/channel_class.h"
+
 namespace {
 
 CHelpSection Signals() {
@@ -18,7 +20,7 @@ CHelpSection Signals() {
 CHelpSection Preparation() {
     return {
         "Preparation",
-        {{"--cfc 60|180|600|1000",
+        {{"--cfc " + ks::ChannelClassList("|", "|"),
           "Filter at this channel frequency class of SAE J211: the computed signals, and the reference too. Computed "
           "signals from ASCII point files are never filtered. Without it nothing is filtered."},
          {"--no-filter-reference", "Leave the reference file unfiltered."},

@@ -28,7 +28,10 @@ public:
     std::vector<std::vector<std::string>> errorLists;
 
     std::optional<CFileSelection> SelectFiles(const CFileSelection& /*offered*/) override { return selection; }
-    void ShowErrorList(const std::vector<std::string>& messages) override { errorLists.push_back(messages); }
+    void ShowErrorList(const std::vector<CRunMessage>& messages) override {
+        errorLists.emplace_back();
+        for (const CRunMessage& message : messages) errorLists.back().push_back(message.text);
+    }
     std::optional<double> EditCorridorSize(double /*size*/) override { return std::nullopt; }
     std::optional<CCriticalValues> EditCriticalValues(const CCriticalValues& /*values*/) override {
         return std::nullopt;

@@ -6,9 +6,11 @@ std::optional<CFileSelection> CRecordingHost::SelectFiles(const CFileSelection& 
     return selection;
 }
 
-void CRecordingHost::ShowErrorList(const std::vector<std::string>& messages) {
+void CRecordingHost::ShowErrorList(const std::vector<CRunMessage>& messages) {
     calls.emplace_back("errors");
-    errorLists.push_back(messages);
+    lastErrors = messages;
+    errorLists.emplace_back();
+    for (const CRunMessage& message : messages) errorLists.back().push_back(message.text);
     whileErrorsAreShown();
 }
 

@@ -25,13 +25,14 @@ public:
                                      ///< 2", "save TITLE", "read KEY", "store KEY=VALUE", "corridor", "critical"
     std::vector<std::string> progress;  ///< "DONE/TOTAL PATH" of every report
     std::optional<CFileSelection> offered;
-    std::vector<std::vector<std::string>> errorLists;
+    std::vector<std::vector<std::string>> errorLists;  ///< the sentences of each list
+    std::vector<CRunMessage> lastErrors;               ///< the last list
     std::vector<ks::CFileRequest> saveRequests;
     double offeredCorridorSize = 0.0;
     CCriticalValues offeredCriticalValues;
 
     std::optional<CFileSelection> SelectFiles(const CFileSelection& offered) override;
-    void ShowErrorList(const std::vector<std::string>& messages) override;
+    void ShowErrorList(const std::vector<CRunMessage>& messages) override;
     std::optional<double> EditCorridorSize(double size) override;
     std::optional<CCriticalValues> EditCriticalValues(const CCriticalValues& values) override;
     std::optional<std::string> AskSavePath(const ks::CFileRequest& request) override;
