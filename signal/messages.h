@@ -38,6 +38,9 @@ std::string StartIndexNotBeforeStop(std::int32_t start, std::int32_t stop);
 inline constexpr const char* kStopIndexNotAfterStart = "Stop index is <= Start Index";
 inline constexpr const char* kIndicesOutOfRange = "Unable to provide requested stop/start indices";
 
+// Saving.
+std::string NoMemoryToSave(const std::string& path);
+
 // Export of the points as text.
 std::string PointNotFinite(std::size_t index, std::size_t count);
 
