@@ -274,7 +274,10 @@ private slots:
         QCOMPARE(m_window->picker.requests.back().folder, std::string("C:\\"));
         const CQuorvelDoc& document = m_window->frame->Document();
         const QByteArray bytes = Bytes(path);
-        QCOMPARE(bytes, QByteArray::fromStdString(AsciiTable(document.ChartBlock())));
+        const QString other = Folder() + "other.txt";
+        QVERIFY(WriteAsciiTable(other.toStdString(), document.ChartBlock(), document.CurrentPageId()) ==
+                ks::WriteResult::Written);
+        QCOMPARE(bytes, Bytes(other));
         CheckTable(bytes, document);
         QCOMPARE(bytes.contains("0.0 0.0 "), isPadded);
         QCOMPARE(m_window->store.value(kAsciiFolder).toString(), Folder());

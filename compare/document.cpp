@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <exception>
 #include <limits>
+#include <new>
 #include <optional>
+#include <stdexcept>
 #include <utility>
 
 #include "compare/export.h"
@@ -86,6 +88,12 @@ bool CQuorvelDoc::SelectPage(std::int32_t pageId) {
 bool CQuorvelDoc::BuildSeries() {
     try {
         m_page->BuildSeries(m_computed, m_reference.Record(), m_series, m_seriesNames);
+    } catch (const std::bad_alloc&) {
+        FailPage(std::string(kNoMemoryForPage));
+        return false;
+    } catch (const std::length_error&) {  // more than any memory holds
+        FailPage(std::string(kNoMemoryForPage));
+        return false;
     } catch (const std::exception& error) {
         FailPage(error.what());
         return false;

@@ -8,6 +8,7 @@
 #include "files/error.h"
 #include "files/uds_file.h"
 #include "tests/support/document_fixture.h"
+#include "tests/support/memory_limit.h"
 
 namespace {
 
@@ -247,6 +248,32 @@ TEST_F(Document, KeepsNoSeriesOfAPageThatFailsOnTheWay) {
     EXPECT_THAT(document.ErrorMessages(), ElementsAre("Too few data points to compute an Integral"));
     EXPECT_THAT(document.Series(), IsEmpty());
     EXPECT_THAT(document.SeriesNames(), IsEmpty());
+}
+
+// The page showed "std::bad_alloc".
+TEST_F(Document, SaysInASentenceThatMemoryIsMissingForAPage) {
+    if (!CMemoryLimit::IsUsable()) GTEST_SKIP() << "a sanitizer takes the memory";
+    constexpr std::size_t kMegabyte = 1024 * 1024;
+    const std::string path = Write("long.uds", std::vector<double>(kMegabyte / 4, 1.0), 1.0 / 1024.0);
+    Run(Choice({path, path, path}, path));
+    std::size_t failures = 0;
+    for (std::size_t allowed = 0; allowed <= 64; allowed += 4) {
+        document.SelectPage(1);  // the series go
+        {
+            const CMemoryLimit limit(allowed * kMegabyte);
+            EXPECT_TRUE(document.SelectPage(2));
+        }
+        if (!document.Series().empty()) continue;
+        ++failures;
+        EXPECT_THAT(document.ErrorMessages(),
+                    ElementsAre("There is not enough memory for the curves of this page. Fewer or shorter signals "
+                                "would need less."))
+            << allowed;
+        EXPECT_EQ(document.ChartBlock().seriesCount, 0);
+    }
+    EXPECT_GT(failures, 3U);
+    EXPECT_THAT(document.Series(), SizeIs(4));
+    EXPECT_EQ(document.ChartBlock().seriesCount, 4);
 }
 
 TEST_F(Document, ReplacesTheMessagesOfARunByThatOfThePage) {

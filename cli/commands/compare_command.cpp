@@ -68,10 +68,10 @@ void RefuseOverwritingInputs(const CCompareOptions& options, const std::vector<s
 
 void WriteTables(const CCompareOptions& options, const CSummaryTable& table, COutputs& outputs) {
     if (options.html) {
-        outputs.Write("The HTML report", *options.html, HtmlReport(table));
+        outputs.Write("The HTML report", *options.html, [&table] { return HtmlReport(table); });
     }
     if (options.csv) {
-        outputs.Write("The CSV table", *options.csv, CsvTable(table));
+        outputs.Write("The CSV table", *options.csv, [&table] { return CsvTable(table); });
     }
 }
 
@@ -97,7 +97,7 @@ CExitStatus Status(const COutputs& outputs, bool inputFailed, bool badFound) {
 
 void WriteJson(const CCompareOptions& options, CJsonResults& json, COutputs& outputs) {
     if (options.json) {
-        outputs.Write("The JSON results", *options.json, json.Finish(options.pages));
+        outputs.Write("The JSON results", *options.json, [&] { return json.Finish(options.pages); });
     }
 }
 

@@ -1,5 +1,6 @@
 #include "cli/output/json_results.h"
 
+#include <new>
 #include <nlohmann/json.hpp>
 
 #include "compare/plots/page_table.h"
@@ -141,6 +142,17 @@ void CJsonResults::BeginPages() {
 }
 
 void CJsonResults::AddPage(const CPageView& page) {
+    if (m_isTooLong) return;
+    try {
+        AppendPage(page);
+    } catch (const std::bad_alloc&) {
+        // The other outputs are still to be made, and can use the memory.
+        m_isTooLong = true;
+        m_text = std::string();
+    }
+}
+
+void CJsonResults::AppendPage(const CPageView& page) {
     BeginPages();
     m_text += m_hasPage ? ",\n  " : "\n  ";
     m_hasPage = true;
@@ -157,6 +169,7 @@ void CJsonResults::AddPage(const CPageView& page) {
 }
 
 std::string CJsonResults::Finish(bool withPages) {
+    if (m_isTooLong) throw std::bad_alloc();
     if (withPages) {
         BeginPages();
         m_text += ']';

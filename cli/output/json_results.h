@@ -43,14 +43,17 @@ public:
 
     void AddPage(const CPageView& page);
     /// Ends the text. `withPages` adds the member "pages", empty when no page was added.
+    /// @throws std::bad_alloc when the memory for the text did not suffice, here or before
     std::string Finish(bool withPages);
 
 private:
     void BeginPages();
+    void AppendPage(const CPageView& page);
 
     std::string m_text;
     bool m_inPages = false;
     bool m_hasPage = false;
+    bool m_isTooLong = false;
 };
 
 /// "none", "good" or "bad".

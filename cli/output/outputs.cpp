@@ -1,6 +1,8 @@
 #include "cli/output/outputs.h"
 
 #include <filesystem>
+#include <new>
+#include <stdexcept>
 #include <system_error>
 
 #include "files/native_path.h"
@@ -25,6 +27,16 @@ void COutputs::Write(std::string_view what, const std::string& path, std::string
         return;
     }
     Note(what, path, ks::WriteFile(path, text));
+}
+
+void COutputs::Write(std::string_view what, const std::string& path, const std::function<std::string()>& make) {
+    try {
+        Write(what, path, make());
+    } catch (const std::bad_alloc&) {
+        Fail(std::string(what) + " could not be written; there is not enough memory: " + path);
+    } catch (const std::length_error&) {  // more than any memory holds
+        Fail(std::string(what) + " could not be written; there is not enough memory: " + path);
+    }
 }
 
 void COutputs::Note(std::string_view what, const std::string& path, ks::WriteResult result) {

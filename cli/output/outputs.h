@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -20,6 +21,8 @@ public:
     /// Puts `text` into the file at `path`, or prints it when that is "-". `what` names it in a sentence, for example
     /// "The HTML report".
     void Write(std::string_view what, const std::string& path, std::string_view text);
+    /// The same for a text that is made here: where the memory for it does not suffice, that is the failure's sentence.
+    void Write(std::string_view what, const std::string& path, const std::function<std::string()>& make);
     /// Takes note of how a file was written by other hands.
     void Note(std::string_view what, const std::string& path, ks::WriteResult result);
     /// Names the files that no output may replace: a measurement may exist only once.
