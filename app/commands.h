@@ -20,6 +20,7 @@ enum class CommandId : std::int32_t {
     Customize = 32790,
     SelectFiles = 57601,
     Print = 57607,
+    PrintDirect = 57608,
     PrintPreview = 57609,
     RecentFile = 57616,  ///< the first of four
     Copy = 57634,

@@ -109,6 +109,8 @@ void CMainFrame::Do(CommandId id) {
             return Report(SaveCurves(*m_chart, m_document, m_host, CurveFormat::Ascii));
         case CommandId::Print:
             return Report(PrintChart(*m_chart, PageOnShow(), m_services, this));
+        case CommandId::PrintDirect:
+            return Report(PrintChartDirectly(*m_chart, PageOnShow(), m_services, this));
         case CommandId::Copy:
             return Report(CopyPicture(*m_chart));
         case CommandId::CopyData:

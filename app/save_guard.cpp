@@ -20,6 +20,10 @@ bool CSaveGuard::Pick(QWidget* parent, QPrinter& printer, int pageCount) {
     return m_services.printers.Pick(parent, printer, pageCount) && !Refuses(parent, printer.outputFileName());
 }
 
+bool CSaveGuard::TakeDefault(QPrinter& printer) {
+    return m_services.printers.TakeDefault(printer);
+}
+
 bool CSaveGuard::Refuses(QWidget* parent, const QString& path) {
     if (!WouldReplaceLoadedFile(m_document, path.toStdString())) return false;
     //: %1 is a path

@@ -19,6 +19,7 @@ public:
 
     std::optional<CPickedFiles> Pick(QWidget* parent, const ks::CFileRequest& request) override;
     bool Pick(QWidget* parent, QPrinter& printer, int pageCount) override;
+    bool TakeDefault(QPrinter& printer) override;
 
 private:
     [[nodiscard]] bool Refuses(QWidget* parent, const QString& path);

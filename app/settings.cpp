@@ -102,7 +102,7 @@ void CSettings::SetWindowLayout(const QByteArray& geometry, const QByteArray& st
 }
 
 QStringList CSettings::HiddenToolbarActions() const {
-    return m_store.value(QLatin1String(kHiddenActionsKey)).toStringList();
+    return m_store.value(QLatin1String(kHiddenActionsKey), QStringList(QStringLiteral("PrintDirect"))).toStringList();
 }
 
 void CSettings::SetHiddenToolbarActions(const QStringList& ids) {

@@ -39,7 +39,7 @@ public:
     void SetToolbarShown(bool isShown);
     bool IsStatusBarShown() const;  ///< true at first
     void SetStatusBarShown(bool isShown);
-    /// Ids of the toolbar's actions that the user switched off; empty at first.
+    /// Ids of the toolbar's actions that are not shown; at first only "PrintDirect", which prints without a question.
     QStringList HiddenToolbarActions() const;
     void SetHiddenToolbarActions(const QStringList& ids);
 

@@ -92,13 +92,16 @@ private slots:
     void TheWindowLayoutHasAGroupOfItsOwn() {
         QVERIFY(m_settings->WindowGeometry().isEmpty());
         QVERIFY(m_settings->WindowState().isEmpty());
-        QVERIFY(m_settings->HiddenToolbarActions().isEmpty());
+        QCOMPARE(m_settings->HiddenToolbarActions(), QStringList({"PrintDirect"}));
         m_settings->SetWindowLayout(QByteArray("\0geo\xff", 5), "state");
         m_settings->SetHiddenToolbarActions({"EditCopy", "FilePrint"});
         Reopen();
         QCOMPARE(m_settings->WindowGeometry(), QByteArray("\0geo\xff", 5));
         QCOMPARE(m_settings->WindowState(), QByteArray("state"));
         QCOMPARE(m_settings->HiddenToolbarActions(), QStringList({"EditCopy", "FilePrint"}));
+        m_settings->SetHiddenToolbarActions({});
+        Reopen();
+        QCOMPARE(m_settings->HiddenToolbarActions(), QStringList());
         for (const QString& key : m_store->allKeys()) QVERIFY2(key.startsWith("Main Window/"), qPrintable(key));
     }
 

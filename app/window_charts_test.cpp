@@ -190,8 +190,8 @@ private slots:
         QVERIFY(!m_window->List()->isVisible());
         QCOMPARE(m_window->Pages().currentText(), QString("Cross Correlation"));
         QVERIFY(m_window->Pages().isEnabled());
-        for (const CommandId id :
-             {CommandId::SaveBmp, CommandId::SaveWmf, CommandId::Print, CommandId::CopyData, CommandId::SaveHtml}) {
+        for (const CommandId id : {CommandId::SaveBmp, CommandId::SaveWmf, CommandId::Print, CommandId::PrintDirect,
+                                   CommandId::CopyData, CommandId::SaveHtml}) {
             QVERIFY(!m_window->IsEnabled(id));
         }
         for (const CommandId id : {CommandId::SaveUds, CommandId::SaveAscii}) {

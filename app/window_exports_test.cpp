@@ -436,6 +436,27 @@ private slots:
         QVERIFY(PdfStreams(pdf).count(" l\n") > 400);  // four curves of some hundred visible points each
     }
 
+    void TheDefaultPrinterTakesTheChartWithoutAQuestion() {
+        m_window->ChoosePage("Velocity");
+        m_window->printers.path = m_window->Path("plot.pdf");
+        Trigger(CommandId::PrintDirect);
+        QCOMPARE(m_window->printers.pageCounts, QList<int>());  // nobody was asked
+        QCOMPARE(m_window->messages.said, QStringList());
+        QCOMPARE(m_window->StatusText(), QString("The plot was printed."));
+        const std::vector<CPdfPage> pages = ReadPdf(m_window->printers.path);
+        QCOMPARE(pages.size(), std::size_t{1});
+        QVERIFY(pages[0].size.width() > pages[0].size.height());
+        QVERIFY(pages[0].lines.join("\n").contains("s01002aa0.001"));
+    }
+
+    void WithoutADefaultPrinterTheWindowSaysSo() {
+        m_window->ChoosePage("Velocity");
+        Trigger(CommandId::PrintDirect);
+        QCOMPARE(m_window->messages.said,
+                 QStringList("error|Error|There is no default printer. Use File > Print... to choose a printer."));
+        QCOMPARE(m_window->StatusText(), QString("Ready"));
+    }
+
     void ACancelledPrinterPrintsNothing() {
         m_window->ChoosePage("Velocity");
         const QString status = m_window->StatusText();
@@ -501,6 +522,7 @@ private slots:
             m_window->ChoosePage(page);
             QVERIFY(!m_window->IsEnabled(CommandId::PrintPreview));
             QCOMPARE(m_window->IsEnabled(CommandId::Print), page != "Summary");
+            QCOMPARE(m_window->IsEnabled(CommandId::PrintDirect), page != "Summary");
             QCOMPARE(m_window->IsEnabled(CommandId::CopyData), page == "Summary");
             QCOMPARE(m_window->IsEnabled(CommandId::SaveHtml), page == "Summary");
         }

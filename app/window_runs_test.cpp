@@ -242,7 +242,7 @@ private slots:
             QGuiApplication::clipboard()->setText("untouched");
             CheckPreviousRun(table);
         }
-        QCOMPARE(commandsTried, 20);
+        QCOMPARE(commandsTried, 21);
         QCOMPARE(m_window->dialogs.opened, QStringList({"Select Uds Files", "Enter Corridor Size",
                                                         "Edit Critical Values", "Customize", "About: Quorvel"}));
         // The one picker is that of the file viewer: nothing asked where to save.

@@ -59,3 +59,16 @@ QString PrintChart(CChartControl& chart, const QString& pageName, const CWindowS
     if (!services.printers.Pick(parent, printer, 1)) return {};
     return PrintOn(printer, chart, services, parent);
 }
+
+QString PrintChartDirectly(CChartControl& chart, const QString& pageName, const CWindowServices& services,
+                           QWidget* parent) {
+    if (!chart.Exists()) return {};
+    QPrinter printer(QPrinter::HighResolution);
+    if (!services.printers.TakeDefault(printer)) {
+        services.messages.ShowError(
+            parent, CChartPrinting::tr("There is no default printer. Use File > Print... to choose a printer."));
+        return {};
+    }
+    PrepareJob(printer, pageName);
+    return PrintOn(printer, chart, services, parent);
+}

@@ -13,3 +13,7 @@ class QWidget;
 /// On the printer, or into the PDF file, that the user chooses.
 [[nodiscard]] QString PrintChart(CChartControl& chart, const QString& pageName, const CWindowServices& services,
                                  QWidget* parent);
+
+/// On the default printer, without a question.
+[[nodiscard]] QString PrintChartDirectly(CChartControl& chart, const QString& pageName, const CWindowServices& services,
+                                         QWidget* parent);
