@@ -1,5 +1,9 @@
 #pragma once
 
+#include <string>
+#include <string_view>
+#include <vector>
+
 #include "cli/commands/compare_options.h"
 #include "cli/output/console.h"
 #include "compare/document_host.h"
@@ -24,6 +28,8 @@ public:
     void SetBusy(bool busy) override;
     void Progress(std::size_t done, std::size_t total, const std::string& path) override;
 
+    /// One line on standard error when --verbose asks for more.
+    void TellMore(std::string_view text);
     /// From now on messages are shown with `source` and a colon in front; with an empty text, without.
     void NameSource(std::string source);
     /// The messages shown since the last call.
