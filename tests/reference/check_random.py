@@ -18,6 +18,7 @@ from tool import Tally, check_run, require
 ALL_SEEDS = range(1, 201)
 LEAST_NUMBERS = 5000000
 LEAST_FINISHED_RUNS = 120
+LEAST_NOTES = 1200
 
 
 class RandomRuns(unittest.TestCase):
@@ -36,7 +37,7 @@ class RandomRuns(unittest.TestCase):
                     os.chdir(here)
         whole = self.seeds == ALL_SEEDS
         require(self, tally, LEAST_NUMBERS if whole else 0, runs=len(self.seeds),
-                finished_runs=LEAST_FINISHED_RUNS if whole else 0)
+                finished_runs=LEAST_FINISHED_RUNS if whole else 0, notes=LEAST_NOTES if whole else 0)
 
 
 if __name__ == "__main__":
