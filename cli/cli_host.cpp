@@ -74,6 +74,12 @@ void CCliHost::Progress(std::size_t done, std::size_t total, const std::string& 
     m_console.ShowProgress(Join({"[", std::to_string(done), "/", std::to_string(total), "] ", path}));
 }
 
+void CCliHost::TellMore(std::string_view text) {
+    if (m_options.talk == CTalk::Verbose) {
+        m_console.Note(text);
+    }
+}
+
 void CCliHost::NameSource(std::string source) {
     m_source = std::move(source);
 }

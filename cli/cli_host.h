@@ -1,5 +1,9 @@
 #pragma once
 
+#include <string>
+#include <string_view>
+#include <vector>
+
 #include "cli/commands/compare_options.h"
 #include "cli/output/console.h"
 #include "compare/document_host.h"
@@ -27,6 +31,8 @@ public:
     /// Shows sentences as the messages of a run.
     void ShowSentences(const std::vector<std::string>& sentences);
 
+    /// One line on standard error when --verbose asks for more.
+    void TellMore(std::string_view text);
     /// From now on messages are shown with `source` and a colon in front; with an empty text, without.
     void NameSource(std::string source);
     /// The messages shown since the last call.

@@ -90,6 +90,16 @@ TEST_F(CliHost, NamesTheSourceOfMessagesOnStandardErrorOnly) {
     EXPECT_THAT(host.TakeShownMessages(), ElementsAre("One", "Two"));
 }
 
+TEST_F(CliHost, TellsMoreOnlyWhenAsked) {
+    CCompareOptions options;
+    CCliHost(options, {}, console).TellMore("One");
+    options.talk = CTalk::Quiet;
+    CCliHost(options, {}, console).TellMore("Two");
+    options.talk = CTalk::Verbose;
+    CCliHost(options, {}, console).TellMore("Three");
+    EXPECT_EQ(StandardError(), "Three\n");
+}
+
 TEST_F(CliHost, KeepsNoSettingsAndNamesNoFiles) {
     const CCompareOptions options;
     CCliHost host(options, {}, console);

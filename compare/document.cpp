@@ -86,7 +86,10 @@ bool CQuorvelDoc::SelectPage(std::int32_t pageId) {
 }
 
 bool CQuorvelDoc::BuildSeries() {
+    std::vector<CSampling> before;
+    bool isBuilt = true;
     try {
+        before = ComputedSamplings();
         m_page->BuildSeries(m_computed, m_reference.Record(), m_series, m_seriesNames);
     } catch (const std::bad_alloc&) {
         FailPage(std::string(kNoMemoryForPage));
@@ -96,9 +99,24 @@ bool CQuorvelDoc::BuildSeries() {
         return false;
     } catch (const std::exception& error) {
         FailPage(error.what());
-        return false;
+        isBuilt = false;
     }
-    return true;
+    NoteCutsByPage(before);  // a page that failed may have cut the first signals
+    return isBuilt;
+}
+
+std::vector<CSampling> CQuorvelDoc::ComputedSamplings() const {
+    std::vector<CSampling> samplings;
+    samplings.reserve(m_computed.size());
+    for (const CSignal& signal : m_computed) samplings.push_back(SamplingOf(signal.Record()));
+    return samplings;
+}
+
+void CQuorvelDoc::NoteCutsByPage(const std::vector<CSampling>& before) {
+    for (std::size_t i = 0; i < before.size(); ++i) {
+        CSignal& signal = m_computed[i];
+        AppendCutByPage(signal.Notes(), PageName(m_pageId), before[i], SamplingOf(signal.Record()));
+    }
 }
 
 /// The chart block of the series; without the memory for it the page has no series. The block is laid out in any case.

@@ -10,8 +10,10 @@
 
 #include "compare/chart_block.h"
 #include "compare/document_host.h"
+#include "compare/note.h"
 #include "compare/plots/plot.h"
 #include "compare/run_state.h"
+#include "compare/sampling.h"
 #include "compare/signal.h"
 
 /// The comparison document: reference, computed signals, options, page list and the page on show.
@@ -72,8 +74,8 @@ public:
     // Pages.
 
     /// Builds the page's series, chart block and titles and tells the observers with hint 2. False, with the page id
-    /// unchanged, when no page has that id. What a page throws becomes the only error message, is shown, and leaves the
-    /// page without series.
+    /// unchanged, when no page has that id. A cut of a signal becomes a note of it. What a page throws becomes the only
+    /// error message, is shown, and leaves the page without series.
     bool SelectPage(std::int32_t pageId);
     /// Lays the series out in the chart block; false, with counts of 0, when there are none. A page without a chart
     /// keeps the block. The matrices never shrink.
@@ -107,6 +109,8 @@ public:
     /// The sentences of the error messages, in order.
     std::vector<std::string> ErrorMessages() const;
     const std::vector<std::string>& ReferenceMessages() const { return m_referenceErrors; }
+    /// What the last run did without a word, in order; the signals and the reference have notes of their own.
+    const std::vector<CNote>& Notes() const { return m_notes; }
     double CorridorSize() const { return m_corridorSize; }
     bool AverageReference() const { return m_averageReference; }
     bool FilterFlag() const { return m_filter; }
@@ -137,17 +141,23 @@ private:
 
     // One step over all computed signals, or on the reference; false when any failed.
     bool CutComputedSignals(double start, double end);
+    bool CutToCommonRange(double start, double end);
     bool ResampleComputedSignals(double timeStep);
     bool CompareComputedSignals();
     bool CutReference(double start, double end);
     bool Attempt(CSignal& signal, const std::function<void(CSignal&)>& work);
     bool ForEachComputed(const std::function<void(CSignal&)>& work);
 
+    void ForgetMessages();
+    void NoteNoCommonTime(const CSignal& reference);
+    void NoteFailedAverage();
     void BeginProgress(const CFileSelection& selection);
     void AtWork(const std::string& path);
     void EndProgress(CRunEnd end);
 
     bool BuildSeries();
+    std::vector<CSampling> ComputedSamplings() const;
+    void NoteCutsByPage(const std::vector<CSampling>& before);
     bool LayOutSeries();
     void FailPage(std::string sentence);
     void ReserveMatrices(std::int64_t cellCount);
@@ -164,6 +174,7 @@ private:
     CSeriesList m_series;
     std::vector<CRunMessage> m_errors;
     std::vector<std::string> m_referenceErrors;
+    std::vector<CNote> m_notes;
     CSignal m_reference;
     double m_corridorSize = 4.0;
     std::int32_t m_pageId = 0;

@@ -109,7 +109,10 @@ bool CSignal::ReadWith(ks::CFormatList formats) {
 }
 
 void CSignal::Compare(const CSignal& reference) {
-    m_comparison.Compute(m_record, reference.m_record);
+    const CSampling before = SamplingOf(m_record);
+    const CSampling resampled = m_comparison.Compute(m_record, reference.m_record);
+    AppendResampling(m_notes, NoteKind::Resampled, before, resampled);
+    AppendCutToCommonRange(m_notes, resampled, SamplingOf(m_record));
     m_referenceName = reference.m_path;
 }
 

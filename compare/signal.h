@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "compare/comparison.h"
+#include "compare/note.h"
 #include "signal/nsignal.h"
 #include "signal/signal_loader.h"
 
@@ -34,8 +35,8 @@ extern const std::array<std::string_view, kSummaryColumnCount> kSummaryHeaders;
 /// Verdict on a summary cell, with the colour (0xRRGGBB) that shows it.
 enum class CVerdictColor { White = 0xFFFFFF, Green = 0x00E000, Red = 0xFF0000 };
 
-/// One computed file, or the reference: its record, its path, the reference that it was compared with, and the
-/// measures.
+/// One computed file, or the reference: its record, its path, the reference that it was compared with, the measures,
+/// and notes on its preparation.
 class CSignal {
 public:
     CSignal() = default;
@@ -57,7 +58,8 @@ public:
     /// Whether a run filters the signal; that of its file's format, true before a file was read.
     bool ShouldFilter() const { return m_shouldFilter; }
 
-    /// Computes the measures against `reference` and takes its path as the reference name. See CComparison::Compute.
+    /// Computes the measures against `reference` and takes its path as the reference name. See CComparison::Compute;
+    /// what that does to the record becomes notes.
     void Compare(const CSignal& reference);
 
     /// The record's warnings; after a failed reading, the readers' sentences.
@@ -76,6 +78,9 @@ public:
     void SetPath(std::string path) { m_path = std::move(path); }
     const std::string& GetReferenceName() const { return m_referenceName; }
     void SetReferenceName(std::string name) { m_referenceName = std::move(name); }
+    /// What was done to the record without a word, in order; never among its warnings.
+    std::vector<CNote>& Notes() { return m_notes; }
+    const std::vector<CNote>& Notes() const { return m_notes; }
     CComparison& Comparison() { return m_comparison; }
     const CComparison& Comparison() const { return m_comparison; }
 
@@ -86,5 +91,6 @@ private:
     std::string m_path;
     std::string m_referenceName;
     CComparison m_comparison;
+    std::vector<CNote> m_notes;
     bool m_shouldFilter = true;
 };

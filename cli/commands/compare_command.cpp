@@ -5,6 +5,7 @@
 #include "cli/commands/file_input.h"
 #include "cli/output/csv_table.h"
 #include "cli/output/json_results.h"
+#include "cli/output/notes.h"
 #include "cli/output/outputs.h"
 #include "cli/output/page_outputs.h"
 #include "cli/output/table_report.h"
@@ -168,11 +169,12 @@ CExitStatus RunCompare(const std::vector<std::string>& arguments, CConsole& cons
 
     // The document collects these and shows them nowhere.
     console.ComplainAll(document.ReferenceMessages());
-    const CResults results{document.ErrorMessages(), document.ReferenceMessages(), {}};
+    ComplainOfNoCommonTime(document, console);
+    const CResults results{document.ErrorMessages(), document.ReferenceMessages(), {}, document.Notes()};
     if (!observer.Completed()) {
         NameUnreadFiles(document, console);
         return FinishStopped(options, results, document.Reference(), console);
     }
-    return FinishCompleted(options, {results.errors, results.referenceErrors, document.PageList()}, inputs, document,
-                           host, console);
+    return FinishCompleted(options, {results.errors, results.referenceErrors, document.PageList(), results.notes},
+                           inputs, document, host, console);
 }

@@ -63,7 +63,9 @@ CHelpSection Outputs() {
               "Write every series of every page as a UDS-1992 file DIR/page-ID-N.uds, N from 1. DIR is made "
               "when it is missing."},
              {"--quiet", "Print no table and no progress; only complaints and what the other options ask for."},
-             {"--verbose", "Also tell on standard error what was compared, with the warnings of every signal."},
+             {"--verbose",
+              "Also tell on standard error what was compared, with the warnings of every signal and notes on how it "
+              "was prepared."},
              {"--help", "Print this help and end."},
              {"--version", "Print the version and end."}}};
 }
