@@ -42,7 +42,7 @@ std::span<const CCommand> Commands() {
 }
 
 bool IsCommandEnabled(CommandId id, const CCommandState& state) {
-    if (state.isBusy) return false;
+    if (state.isBusy || state.run == RunState::AtWork) return false;
     switch (id) {
         case CommandId::SaveBmp:
         case CommandId::SaveWmf:

@@ -111,8 +111,14 @@ TEST(Commands, OfThePreviousRunOnlyTheTableCanBeCopied) {
 
 TEST(Commands, NothingCanBeChosenWhileARunIsAtWork) {
     for (const bool isTableShown : {false, true}) {
+        EXPECT_THAT(Enabled(State(isTableShown, false, RunState::AtWork)), testing::IsEmpty());
+    }
+}
+
+TEST(Commands, NothingCanBeChosenWhileBusy) {
+    for (const bool isTableShown : {false, true}) {
         for (const bool isChartShown : {false, true}) {
-            for (const RunState run : {RunState::None, RunState::Completed, RunState::Stopped}) {
+            for (const RunState run : {RunState::None, RunState::AtWork, RunState::Completed, RunState::Stopped}) {
                 CCommandState state = State(isTableShown, isChartShown, run);
                 state.isBusy = true;
                 EXPECT_THAT(Enabled(state), testing::IsEmpty());

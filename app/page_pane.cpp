@@ -5,7 +5,7 @@
 #include <QLabel>
 #include <QSignalBlocker>
 
-#include "compare/plots/page_ids.h"
+#include "compare/plots/page_table.h"
 
 namespace {
 
@@ -24,7 +24,7 @@ CDialogPane::CDialogPane(QWidget* parent) : QFrame(parent), m_pages(new QComboBo
     m_pages->setAccessibleName(tr("Plot Type"));
     m_pages->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     m_pages->setMaximumHeight(kHeight);
-    m_pages->setMaxVisibleItems(11);
+    m_pages->setMaxVisibleItems(static_cast<int>(PageTable().size()));
 
     auto* const label = new QLabel(tr("Plot T&ype:"), this);
     label->setBuddy(m_pages);

@@ -47,12 +47,12 @@ private slots:
         QCOMPARE(m_settings->Get(setting::kAsciiOutputDir), QString("/ascii/"));
     }
 
-    void TheDocumentBringsItsOwnFallback() {
-        QCOMPARE(m_settings->Text("UdsOutputDir", ""), QString());
-        QCOMPARE(m_settings->Text("UdsOutputDir", "C:\\"), QString("C:\\"));
-        m_settings->SetText("UdsOutputDir", "/out/");
-        QCOMPARE(m_settings->Text("UdsOutputDir", "C:\\"), QString("/out/"));
-        QCOMPARE(m_settings->Get(setting::kUdsOutputDir), QString("/out/"));
+    void TheReportSharesTheFolderOfTheUdsOutputButNotItsFallback() {
+        QCOMPARE(m_settings->Get(setting::kHtmlOutputDir), QString());
+        m_settings->Set(setting::kUdsOutputDir, "/out/");
+        QCOMPARE(m_settings->Get(setting::kHtmlOutputDir), QString("/out/"));
+        m_settings->Set(setting::kHtmlOutputDir, "/report/");
+        QCOMPARE(m_settings->Get(setting::kUdsOutputDir), QString("/report/"));
     }
 
     void ATextIsNoNumber() {

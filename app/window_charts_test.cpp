@@ -194,8 +194,11 @@ private slots:
              {CommandId::SaveBmp, CommandId::SaveWmf, CommandId::Print, CommandId::CopyData, CommandId::SaveHtml}) {
             QVERIFY(!m_window->IsEnabled(id));
         }
-        Frame().RunCommand(CommandId::SaveUds);  // no series, so nothing to ask for
-        QVERIFY(m_window->picker.requests.empty());
+        for (const CommandId id : {CommandId::SaveUds, CommandId::SaveAscii}) {
+            Frame().RunCommand(id);
+            QVERIFY(m_window->picker.requests.empty());
+            QCOMPARE(m_window->StatusText(), QString("This page has no curves to save."));
+        }
         m_chart->calls.clear();
         m_window->ChoosePage("Velocity");
         QVERIFY(!m_window->IsHintShown());

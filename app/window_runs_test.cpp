@@ -247,7 +247,7 @@ private slots:
                                                         "Edit Critical Values", "Customize", "About: Quorvel"}));
         // The one picker is that of the file viewer: nothing asked where to save.
         QCOMPARE(m_window->picker.requests.size(), std::size_t{1});
-        QCOMPARE(m_window->picker.requests[0].title, QString("Select Uds File to View"));
+        QCOMPARE(m_window->picker.requests[0].title, std::string("Select Uds File to View"));
         QCOMPARE(m_window->messages.said, QStringList({"beep"}));  // of the run that stopped
         Trigger(CommandId::Exit);
         QVERIFY(!Frame().isVisible());

@@ -40,15 +40,15 @@ std::optional<CCriticalValues> CCliHost::EditCriticalValues(const CCriticalValue
     return m_options.critical;
 }
 
-std::optional<std::string> CCliHost::AskSavePath(const CSaveRequest& /*request*/) {
+std::optional<std::string> CCliHost::AskSavePath(const ks::CFileRequest& /*request*/) {
     return std::nullopt;
 }
 
-std::string CCliHost::ReadSetting(const std::string& /*key*/, const std::string& fallback) {
-    return fallback;
+std::string CCliHost::ReadSetting(const CTextSetting& key) {
+    return key.fallback;
 }
 
-void CCliHost::StoreSetting(const std::string& /*key*/, const std::string& /*value*/) {}
+void CCliHost::StoreSetting(const CTextSetting& /*key*/, const std::string& /*value*/) {}
 
 void CCliHost::SetBusy(bool busy) {
     if (!busy) {

@@ -20,10 +20,10 @@ public:
     std::optional<double> EditCorridorSize(double size) override;
     std::optional<CCriticalValues> EditCriticalValues(const CCriticalValues& values) override;
     /// Never asked: outputs are named by options.
-    std::optional<std::string> AskSavePath(const CSaveRequest& request) override;
+    std::optional<std::string> AskSavePath(const ks::CFileRequest& request) override;
     /// Settings belong to the desktop program.
-    std::string ReadSetting(const std::string& key, const std::string& fallback) override;
-    void StoreSetting(const std::string& key, const std::string& value) override;
+    std::string ReadSetting(const CTextSetting& key) override;
+    void StoreSetting(const CTextSetting& key, const std::string& value) override;
     void Beep() override {}
     void SetBusy(bool busy) override;
     void Progress(std::size_t done, std::size_t total, const std::string& path) override;

@@ -103,8 +103,8 @@ TEST_F(CliHost, TellsMoreOnlyWhenAsked) {
 TEST_F(CliHost, KeepsNoSettingsAndNamesNoFiles) {
     const CCompareOptions options;
     CCliHost host(options, {}, console);
-    host.StoreSetting("InputDir", "x");
-    EXPECT_EQ(host.ReadSetting("InputDir", "fallback"), "fallback");
+    host.StoreSetting(setting::kInputDir, "x");
+    EXPECT_EQ(host.ReadSetting(setting::kInputDir), "Q:\\uds\\vehdb");
     EXPECT_EQ(host.AskSavePath({}), std::nullopt);
 }
 

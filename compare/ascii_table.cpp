@@ -1,7 +1,7 @@
 #include <string_view>
 
 #include "compare/export.h"
-#include "compare/plots/page_ids.h"
+#include "compare/plots/page_table.h"
 #include "files/number_text.h"
 
 namespace {
@@ -40,6 +40,5 @@ std::string AsciiTable(const CChartBlock& block) {
 }
 
 ks::WriteResult WriteAsciiTable(const std::string& path, const CChartBlock& block, std::int32_t pageId) {
-    const bool hasRows = pageId != 0 && pageId != page::kSummary;
-    return ks::WriteFile(path, hasRows ? AsciiTable(block) : std::string());
+    return ks::WriteFile(path, HasChart(pageId) ? AsciiTable(block) : std::string());
 }

@@ -8,19 +8,12 @@
 
 #include "compare/export.h"
 #include "compare/messages.h"
-#include "compare/plots/page_ids.h"
+#include "compare/plots/page_table.h"
+#include "compare/setting_keys.h"
+#include "files/file_request.h"
 #include "files/path_text.h"
 
 namespace {
-
-constexpr const char* kUdsFolderKey = "UdsOutputDir";
-constexpr const char* kAsciiFolderKey = "AsciiOutputDir";
-constexpr const char* kDefaultFolder = "C:\\";
-
-/// The summary and the state before the first run have no chart.
-bool HasChart(std::int32_t pageId) {
-    return pageId != 0 && pageId != page::kSummary;
-}
 
 std::int32_t LongestPointCount(const CSeriesList& seriesList) {
     std::size_t longest = 0;
@@ -52,10 +45,14 @@ void CQuorvelDoc::RemoveObserver(CDocumentObserver& observer) {
 }
 
 void CQuorvelDoc::Notify(int hint) {
+    TellObservers([hint](CDocumentObserver& observer) { observer.OnDocumentUpdate(hint); });
+}
+
+void CQuorvelDoc::TellObservers(const std::function<void(CDocumentObserver&)>& tell) {
     // An observer may remove itself or another one while it is told.
     const std::vector<CDocumentObserver*> observers = m_observers;
     for (CDocumentObserver* observer : observers) {
-        if (std::ranges::find(m_observers, observer) != m_observers.end()) observer->OnDocumentUpdate(hint);
+        if (std::ranges::find(m_observers, observer) != m_observers.end()) tell(*observer);
     }
 }
 
@@ -69,20 +66,13 @@ void CQuorvelDoc::SetComputedFiles(const std::vector<std::string>& files) {
 void CQuorvelDoc::BuildPageList() {
     m_pageList.clear();
     if (m_computed.empty()) return;
-    m_pageList.push_back(page::kSummary);
-    if (m_reference.Record().GetYUNITS().find("G'S") != std::string::npos) {
-        m_pageList.insert(m_pageList.end(), {page::kAcceleration, page::kVelocity, page::kDisplacement});
-    } else {
-        m_pageList.push_back(page::kInputData);
-    }
-    m_pageList.insert(m_pageList.end(), {page::kCorridor, page::kStandardDeviation, page::k90Percentile,
-                                         page::kResiduals, page::kCumulativeDensity, page::kCrossCorrelation});
+    m_pageList = OfferedPages(m_reference.Record().GetYUNITS().find("G'S") != std::string::npos);
 }
 
 bool CQuorvelDoc::SelectPage(std::int32_t pageId) {
     m_page.reset();  // the old page goes before the new one is made
     m_page = MakePage(pageId);
-    if (!IsPageId(pageId)) return false;
+    if (FindPage(pageId) == nullptr) return false;
     m_pageId = pageId;
 
     const bool built = BuildSeries() && LayOutSeries();
@@ -192,26 +182,26 @@ void CQuorvelDoc::OnCriticalValues() {
 
 void CQuorvelDoc::OnSaveUds() {
     if (!HasChart(m_pageId)) return;
-    const std::string folder = m_host.ReadSetting(kUdsFolderKey, kDefaultFolder);
+    const std::string folder = m_host.ReadSetting(setting::kUdsOutputDir);
     std::optional<std::string> lastPath;
     for (std::size_t j = 0; j < m_series.size(); ++j) {
         const std::optional<std::string> path =
-            m_host.AskSavePath({"Save " + m_seriesNames.at(j) + " as", {}, folder, true, true});
+            m_host.AskSavePath(ks::SaveRequest("Save " + m_seriesNames.at(j) + " as", folder));
         if (!path) continue;
         m_series[j]->SaveUDS(*path);
         lastPath = path;
     }
-    if (lastPath) m_host.StoreSetting(kUdsFolderKey, std::string(ks::FolderOf(*lastPath)));
+    if (lastPath) m_host.StoreSetting(setting::kUdsOutputDir, std::string(ks::FolderOf(*lastPath)));
 }
 
 void CQuorvelDoc::OnSaveAscii() {
-    const std::string folder = m_host.ReadSetting(kAsciiFolderKey, kDefaultFolder);
-    const std::optional<std::string> path = m_host.AskSavePath({"Save ASCII data As", {}, folder, true, true});
+    const std::string folder = m_host.ReadSetting(setting::kAsciiOutputDir);
+    const std::optional<std::string> path = m_host.AskSavePath(ks::SaveRequest("Save ASCII data As", folder));
     if (!path) return;
     if (WriteAsciiTable(*path, m_block, m_pageId) != ks::WriteResult::Written) {
         m_errors.assign(1, AsciiTableNotWritten(*path));
         ShowErrors();
         return;
     }
-    m_host.StoreSetting(kAsciiFolderKey, std::string(ks::FolderOf(*path)));
+    m_host.StoreSetting(setting::kAsciiOutputDir, std::string(ks::FolderOf(*path)));
 }

@@ -12,6 +12,7 @@
 #include "compare/document_host.h"
 #include "compare/note.h"
 #include "compare/plots/plot.h"
+#include "compare/run_state.h"
 #include "compare/sampling.h"
 #include "compare/signal.h"
 
@@ -73,11 +74,11 @@ public:
     // Pages.
 
     /// Builds the page's series, chart block and titles and tells the observers with hint 2. False, with the page id
-    /// unchanged, when `pageId` is not one of the eleven. A cut of a signal becomes a note of it. What a page throws
-    /// becomes the only error message, is shown, and leaves the page without series.
+    /// unchanged, when no page has that id. A cut of a signal becomes a note of it. What a page throws becomes the only
+    /// error message, is shown, and leaves the page without series.
     bool SelectPage(std::int32_t pageId);
-    /// Lays the series out in the chart block; false, with counts of 0, when there are none. Page ids 0 and 1 keep the
-    /// block. The matrices never shrink.
+    /// Lays the series out in the chart block; false, with counts of 0, when there are none. A page without a chart
+    /// keeps the block. The matrices never shrink.
     bool BuildSeriesMatrices();
 
     // Commands.
@@ -94,6 +95,8 @@ public:
 
     // What views and exports read.
 
+    /// Whether a run is at work, and how the last one ended.
+    RunState Run() const { return m_run; }
     const std::vector<CSignal>& ComputedSignals() const { return m_computed; }
     const std::vector<boost::shared_ptr<ks::CNSignal>>& SignalCopies() const { return m_copies; }
     const CSignal& Reference() const { return m_reference; }
@@ -118,6 +121,11 @@ private:
     enum class CRunEnd { Completed, Stopped, ReferenceUnreadable };
     /// How making the reference ended. NotMade: unreadable, or nothing to make it from.
     enum class CReferenceEnd { Made, NotMade, SignalFailed };
+
+    /// Says that a run is at work while `steps` lasts, and how it ended; also when it throws.
+    CRunEnd RunSteps(const CFileSelection& selection, CRunEnd (CQuorvelDoc::*steps)(const CFileSelection&));
+    void EndRun(CRunEnd end);
+    void SetRun(RunState run);
 
     CFileSelection OfferedSelection() const;
     void TakeSelection(const CFileSelection& selection);
@@ -151,6 +159,7 @@ private:
     void FailPage(std::string sentence);
     void ReserveMatrices(std::int64_t cellCount);
     void Notify(int hint);
+    void TellObservers(const std::function<void(CDocumentObserver&)>& tell);
 
     CDocumentHost& m_host;
     std::vector<CDocumentObserver*> m_observers;
@@ -170,6 +179,7 @@ private:
     std::size_t m_stepsDone = 0;
     std::size_t m_stepsTotal = 0;  ///< 0 outside a run
     std::unique_ptr<CPlot> m_page;
+    RunState m_run = RunState::None;
     bool m_averageReference = false;
     bool m_filter = true;
     bool m_window = false;

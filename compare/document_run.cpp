@@ -72,9 +72,7 @@ void CQuorvelDoc::OnCompareFiles() {
     m_host.SetBusy(true);
     ForgetMessages();
 
-    BeginProgress(*selection);
-    const CRunEnd end = PrepareAndCompare(*selection);
-    EndProgress(end);
+    const CRunEnd end = RunSteps(*selection, &CQuorvelDoc::PrepareAndCompare);
     if (end == CRunEnd::ReferenceUnreadable) {
         ShowErrors();  // still busy, and without the reference's own messages; kept, hosts end the busy state
                        // themselves
@@ -109,11 +107,34 @@ void CQuorvelDoc::CompareLoadedList(std::int32_t channelClass, double windowStar
     ForgetMessages();
     m_averageReference = true;
 
-    BeginProgress(selection);
-    const CRunEnd end = PrepareAndCompareLoaded(selection);
-    EndProgress(end);
+    const CRunEnd end = RunSteps(selection, &CQuorvelDoc::PrepareAndCompareLoaded);
     if (end == CRunEnd::Completed) PublishRun();
     ShowErrors();
+}
+
+CQuorvelDoc::CRunEnd CQuorvelDoc::RunSteps(const CFileSelection& selection,
+                                           CRunEnd (CQuorvelDoc::*steps)(const CFileSelection&)) {
+    SetRun(RunState::AtWork);
+    BeginProgress(selection);
+    CRunEnd end = CRunEnd::Stopped;
+    try {
+        end = (this->*steps)(selection);
+    } catch (...) {
+        EndRun(CRunEnd::Stopped);
+        throw;
+    }
+    EndRun(end);
+    return end;
+}
+
+void CQuorvelDoc::EndRun(CRunEnd end) {
+    EndProgress(end);
+    SetRun(end == CRunEnd::Completed ? RunState::Completed : RunState::Stopped);
+}
+
+void CQuorvelDoc::SetRun(RunState run) {
+    m_run = run;
+    TellObservers([run](CDocumentObserver& observer) { observer.OnRunStateChanged(run); });
 }
 
 CFileSelection CQuorvelDoc::OfferedSelection() const {

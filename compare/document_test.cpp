@@ -4,7 +4,7 @@
 
 #include <utility>
 
-#include "compare/plots/page_ids.h"
+#include "compare/plots/page_table.h"
 #include "files/error.h"
 #include "files/uds_file.h"
 #include "tests/support/document_fixture.h"
@@ -137,7 +137,7 @@ TEST_F(Document, RefusesAnyOtherPage) {
     document.SelectPage(2);
     Forget();
 
-    for (const std::int32_t id : {0, 12, -1, 32768}) {
+    for (const std::int32_t id : {0, PageIds().back() + 1, -1, 32768}) {
         EXPECT_FALSE(document.SelectPage(id));
         EXPECT_EQ(document.CurrentPageId(), 2);
         EXPECT_EQ(document.CurrentPage().GetPageKind(), 0);
@@ -146,10 +146,10 @@ TEST_F(Document, RefusesAnyOtherPage) {
     EXPECT_TRUE(host.calls.empty());
 }
 
-TEST_F(Document, SelectsEveryPageOfTheList) {
+TEST_F(Document, SelectsEveryPage) {
     RunWith({10.0, 11.0, 12.0, 13.0, 14.0});
 
-    for (std::int32_t id = 1; id <= 11; ++id) {
+    for (const std::int32_t id : PageIds()) {
         EXPECT_TRUE(document.SelectPage(id)) << id;
         EXPECT_EQ(document.CurrentPageId(), id);
     }
@@ -339,7 +339,7 @@ TEST_F(Document, SavesEverySeriesOfThePageAsUds) {
 
     EXPECT_THAT(host.calls, ElementsAre("read UdsOutputDir", "save Save Reference as", "save Save a.uds as",
                                         "store UdsOutputDir=" + folder.Path("")));
-    for (const CSaveRequest& request : host.saveRequests) {
+    for (const ks::CFileRequest& request : host.saveRequests) {
         EXPECT_EQ(request.folder, "C:\\");
         EXPECT_THAT(request.filters, IsEmpty());
         EXPECT_TRUE(request.hideReadOnly);

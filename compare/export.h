@@ -17,5 +17,5 @@ std::string HtmlReport(const CSummaryTable& table);
 /// blank, six significant digits, rows ended by CR LF. A padded row of a series is "0.0 " twice.
 std::string AsciiTable(const CChartBlock& block);
 
-/// Writes the ASCII table of page `pageId` to `path`; ids 0 and 1 have no rows.
+/// Writes the ASCII table of page `pageId` to `path`; a page without a chart has no rows.
 [[nodiscard]] ks::WriteResult WriteAsciiTable(const std::string& path, const CChartBlock& block, std::int32_t pageId);

@@ -3,6 +3,7 @@
 #include "cli/output/outputs.h"
 #include "cli/usage_error.h"
 #include "files/error.h"
+#include "files/same_file.h"
 
 std::optional<std::string> ComplaintOfReading(const std::string& path, CConsole& console,
                                               const std::function<void()>& read) {
@@ -17,7 +18,7 @@ std::optional<std::string> ComplaintOfReading(const std::string& path, CConsole&
 }
 
 void RefuseOverwriting(const std::string& output, const std::string& input) {
-    if (output != kStandardOutput && SameFile(output, input)) {
+    if (output != kStandardOutput && ks::WouldReplace(output, input)) {
         throw CUsageError("An output would overwrite an input: " + output);
     }
 }

@@ -2,7 +2,7 @@
 
 #include <nlohmann/json.hpp>
 
-#include "compare/plots/page_ids.h"
+#include "compare/plots/page_table.h"
 #include "compare/summary_table.h"
 
 namespace {
@@ -168,7 +168,7 @@ void CJsonResults::AddPage(const CPageView& page) {
     m_text += m_hasPage ? ",\n  " : "\n  ";
     m_hasPage = true;
     // The summary page keeps the chart block of the page before it; it has no curves of its own.
-    const bool chart = page.id != page::kSummary;
+    const bool chart = HasChart(page.id);
     m_text += Dump(PageJson(page, chart));
     m_text.back() = ',';  // in place of the closing brace
     m_text += "\"series\":[";

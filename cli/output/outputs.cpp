@@ -4,6 +4,7 @@
 #include <system_error>
 
 #include "files/native_path.h"
+#include "files/same_file.h"
 
 namespace {
 
@@ -41,7 +42,7 @@ void COutputs::Note(std::string_view what, const std::string& path, ks::WriteRes
 
 bool COutputs::IsInput(const std::string& path) {
     for (const std::string& input : m_inputs) {
-        if (SameFile(path, input)) {
+        if (ks::WouldReplace(path, input)) {
             Fail("An output would overwrite an input: " + path);
             return true;
         }
@@ -73,9 +74,4 @@ void COutputs::Finish() {
 
 std::string PathIn(const std::string& folder, const std::string& name) {
     return Utf8(ks::NativePath(folder) / name);
-}
-
-bool SameFile(const std::string& a, const std::string& b) {
-    std::error_code error;
-    return std::filesystem::equivalent(ks::NativePath(a), ks::NativePath(b), error) && !error;
 }

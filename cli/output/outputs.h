@@ -44,6 +44,3 @@ private:
 
 /// `name` in the folder at `folder`.
 std::string PathIn(const std::string& folder, const std::string& name);
-
-/// Whether both paths lead to one existing file.
-bool SameFile(const std::string& a, const std::string& b);

@@ -5,7 +5,7 @@
 #include "cli/join.h"
 #include "cli/output/notes.h"
 #include "compare/export.h"
-#include "compare/plots/page_ids.h"
+#include "compare/plots/page_table.h"
 
 namespace {
 
