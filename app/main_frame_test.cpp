@@ -286,7 +286,7 @@ private slots:
     void CustomizeChoosesTheButtonsAndIsKept() {
         m_window->dialogs.Expect([](QWidget& dialog) {
             auto& list = *dialog.findChild<QListWidget*>();
-            QCOMPARE(list.count(), 13);  // every button but "Customize..." itself
+            QCOMPARE(list.count(), 14);  // every button but "Customize..." itself
             for (const QString& text : {QString("Bmp"), QString("Wmf"), QString("About Quorvel...")}) {
                 list.findItems(text, Qt::MatchExactly).at(0)->setCheckState(Qt::Unchecked);
             }
@@ -305,6 +305,19 @@ private slots:
         CheckPane(Row());
     }
 
+    void TheButtonThatPrintsDirectlyCanBeShown() {
+        QVERIFY(!Toolbar().actions().contains(Frame().Action(CommandId::PrintDirect)));
+        m_window->dialogs.Expect([](QWidget& dialog) {
+            auto& list = *dialog.findChild<QListWidget*>();
+            list.findItems("Print Directly", Qt::MatchExactly).at(0)->setCheckState(Qt::Checked);
+            dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->click();
+        });
+        Trigger(CommandId::Customize);
+        QVERIFY(Toolbar().actions().contains(Frame().Action(CommandId::PrintDirect)));
+        m_window->Reopen();
+        QVERIFY(Toolbar().actions().contains(Frame().Action(CommandId::PrintDirect)));
+    }
+
     void ACancelledCustomizeChangesNothing() {
         m_window->dialogs.Expect([](QWidget& dialog) {
             dialog.findChild<QListWidget*>()->item(0)->setCheckState(Qt::Unchecked);
@@ -312,7 +325,7 @@ private slots:
         });
         Trigger(CommandId::Customize);
         QCOMPARE(Names(Toolbar().actions()), kToolbar);
-        QVERIFY(m_window->settings.HiddenToolbarActions().isEmpty());
+        QCOMPARE(m_window->settings.HiddenToolbarActions(), QStringList({"PrintDirect"}));
     }
 
     void ARightClickOnTheToolbarOffersTheViewMenu() {
@@ -356,7 +369,7 @@ private slots:
         QCOMPARE(frame.size(), QSize(1100, 720));
         QVERIFY(frame.findChild<QToolBar*>("toolbar")->isVisible());
         QStringList expected = kToolbar;
-        expected.removeOne("Print");
+        expected.replace(expected.indexOf("Print"), "PrintDirect");  // shown, since that list does not name it
         QCOMPARE(Names(frame.findChild<QToolBar*>("toolbar")->actions()), expected);
     }
 

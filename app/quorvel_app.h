@@ -8,7 +8,6 @@
 
 class CMainFrame;
 class CMessages;
-class CWindowServices;
 
 /// The desktop program: names itself to the desktop, keeps numbers out of the user's locale, and shows an exception
 /// that escaped everything else instead of ending.

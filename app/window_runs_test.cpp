@@ -242,12 +242,12 @@ private slots:
             QGuiApplication::clipboard()->setText("untouched");
             CheckPreviousRun(table);
         }
-        QCOMPARE(commandsTried, 20);
+        QCOMPARE(commandsTried, 21);
         QCOMPARE(m_window->dialogs.opened, QStringList({"Select Uds Files", "Enter Corridor Size",
                                                         "Edit Critical Values", "Customize", "About: Quorvel"}));
         // The one picker is that of the file viewer: nothing asked where to save.
         QCOMPARE(m_window->picker.requests.size(), std::size_t{1});
-        QCOMPARE(m_window->picker.requests[0].title, QString("Select Uds File to View"));
+        QCOMPARE(m_window->picker.requests[0].title, std::string("Select Uds File to View"));
         QCOMPARE(m_window->messages.said, QStringList({"beep"}));  // of the run that stopped
         Trigger(CommandId::Exit);
         QVERIFY(!Frame().isVisible());
@@ -315,7 +315,8 @@ private:
 
     /// What the error list says of it: why it is no UDS file, and why it is no list of points.
     QString UnreadableText(const QString& name) {
-        return "File size not a multiple of 512 bytes.\r\nFailure to parse the file: " + m_window->Path(name) +
+        return QDir::toNativeSeparators(m_window->Path(name)) +
+               "\r\nFile size not a multiple of 512 bytes.\r\nFailure to parse the file: " + m_window->Path(name) +
                " for reading.\nFailure to parse the data.\r\n";
     }
 

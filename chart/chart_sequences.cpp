@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "files/one_line.h"
+
 namespace {
 
 struct CSetting {
@@ -46,12 +48,7 @@ std::int32_t CyclingStyle(std::int32_t series) {
 
 std::string JoinedNames(std::span<const std::string> names) {
     std::string joined;
-    for (const std::string& name : names) {
-        const std::size_t start = joined.size();
-        joined += name;
-        std::replace(joined.begin() + static_cast<std::ptrdiff_t>(start), joined.end(), '\t', ' ');
-        joined += '\t';
-    }
+    for (const std::string& name : names) joined += ks::OneLine(name) + '\t';
     return joined;
 }
 

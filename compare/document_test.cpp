@@ -366,7 +366,7 @@ TEST_F(Document, SavesEverySeriesOfThePageAsUds) {
 
     EXPECT_THAT(host.calls, ElementsAre("read UdsOutputDir", "save Save Reference as", "save Save a.uds as",
                                         "store UdsOutputDir=" + folder.Path("")));
-    for (const CSaveRequest& request : host.saveRequests) {
+    for (const ks::CFileRequest& request : host.saveRequests) {
         EXPECT_EQ(request.folder, "C:\\");
         EXPECT_THAT(request.filters, IsEmpty());
         EXPECT_TRUE(request.hideReadOnly);

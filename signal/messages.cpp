@@ -15,6 +15,10 @@ std::string StartIndexNotBeforeStop(std::int32_t start, std::int32_t stop) {
            boost::lexical_cast<std::string>(stop) + ")";
 }
 
+std::string NoSuchChannel(std::string_view channel) {
+    return "The file has no channel of this name: " + std::string(channel);
+}
+
 std::string NoMemoryToSave(const std::string& path) {
     return "There is not enough memory to write the file: " + path + ".";
 }

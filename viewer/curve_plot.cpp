@@ -8,8 +8,9 @@
 #include <span>
 #include <string>
 
+#include "chart/chart_control.h"
 #include "chart/chart_style.h"
-#include "chart/qcustomplot/qcustomplot_chart.h"
+#include "chart/make_chart.h"
 
 namespace {
 
@@ -35,7 +36,7 @@ std::string Shortened(const QString& title, double inches) {
 CPage::Picture CurvePlot(const ks::CData& record, const QString& name, QSizeF size) {
     constexpr std::size_t kMostPoints = std::numeric_limits<std::int32_t>::max();
     const std::size_t points = std::min({record.GetX().size(), record.GetY().size(), kMostPoints});
-    const auto chart = std::make_shared<CQCustomPlotChart>();
+    const std::shared_ptr<CChartControl> chart = MakeChartControl();
     chart->Create({});
     chart->SetInteger(ChartProperty::SeriesCount, 1);
     chart->SetInteger(ChartProperty::PointCount, static_cast<std::int32_t>(points));

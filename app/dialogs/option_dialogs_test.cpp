@@ -191,7 +191,7 @@ private slots:
 
     void MessagesOpenOneErrorListWithAllOfThem() {
         const CErrorListWatcher lists;
-        ksres::CErrorDialog::ShowMessages({"first", "second"}, nullptr);
+        ksres::CErrorDialog::ShowMessages({{"", "first"}, {"", "second"}}, nullptr);
         QCOMPARE(lists.texts, QStringList({"first\r\nsecond\r\n"}));
     }
 
@@ -200,6 +200,19 @@ private slots:
         dialog.AddMessage("one");
         dialog.AddMessage("two");
         QCOMPARE(dialog.Text(), QString("one\r\ntwo\r\n"));
+    }
+
+    void MessagesAboutOneFileStandUnderItsPath() {
+        ksres::CErrorDialog dialog;
+        dialog.AddMessages({{"", "first"},
+                            {"in/a.uds", "one"},
+                            {"in/a.uds", "two"},
+                            {"in/b.uds", "three"},
+                            {"", "in/c.uds: four"},
+                            {"", "last"}});
+        const QString a = QDir::toNativeSeparators("in/a.uds"), b = QDir::toNativeSeparators("in/b.uds");
+        QCOMPARE(dialog.Text(),
+                 "first\r\n\r\n" + a + "\r\none\r\ntwo\r\n\r\n" + b + "\r\nthree\r\n\r\nin/c.uds: four\r\nlast\r\n");
     }
 
     void WithoutMessagesNoErrorListOpens() {

@@ -8,7 +8,7 @@
 
 #include "chart/chart_sequences.h"
 #include "chart/line_look.h"
-#include "chart/qcustomplot/qcustomplot_chart.h"
+#include "chart/make_chart.h"
 #include "chart/testing/sample_blocks.h"
 #include "chart/testing/wmf_reader.h"
 
@@ -73,12 +73,12 @@ private slots:
         page.block.lineStyleMode = 2;
         page.block.xTitle = "Time (seconds)";
         page.block.yTitle = "Acceleration (G's) along the axis";
-        CQCustomPlotChart chart;
+        const std::unique_ptr<CChartControl> chart = MakeChartControl();
         CLineStyles styles;
-        ShowChart(chart, nullptr, kBitmapSize, page.block, page.names, styles);
+        ShowChart(*chart, nullptr, kBitmapSize, page.block, page.names, styles);
         const QTemporaryDir folder;
         const QString metafile = folder.filePath("chart.wmf");
-        QVERIFY(chart.ExportMetafile(kMetafileSize, metafile.toStdString()) == ks::WriteResult::Written);
+        QVERIFY(chart->ExportMetafile(kMetafileSize, metafile.toStdString()) == ks::WriteResult::Written);
         QFile file(metafile);
         QVERIFY(file.open(QIODevice::ReadOnly));
         m_written = ReadWmf(file.readAll().toStdString());

@@ -305,7 +305,7 @@ bool CWmfPicture::HasText(std::string_view text) const {
     return std::any_of(texts.begin(), texts.end(), [text](const CReadText& read) { return read.bytes == text; });
 }
 
-std::size_t CWmfPicture::PointsOfColour(std::uint32_t rgb) const {
+std::size_t CWmfPicture::PointsOfColor(std::uint32_t rgb) const {
     std::size_t count = 0;
     for (const CReadLine& line : lines)
         if (line.rgb == rgb) count += line.points.size();

@@ -44,8 +44,8 @@ struct CWmfPicture {
     std::string fault;  ///< the first thing wrong with the file; empty when it is sound
 
     [[nodiscard]] bool HasText(std::string_view text) const;
-    /// Points of all lines of one colour.
-    [[nodiscard]] std::size_t PointsOfColour(std::uint32_t rgb) const;
+    /// Points of all lines of one color.
+    [[nodiscard]] std::size_t PointsOfColor(std::uint32_t rgb) const;
 };
 
 /// Reads every record and checks what a strict reader would: checksum, sizes, slots of objects, that drawing records

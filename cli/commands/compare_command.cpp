@@ -6,6 +6,7 @@
 #include "cli/commands/output_conflicts.h"
 #include "cli/output/csv_table.h"
 #include "cli/output/json_results.h"
+#include "cli/output/notes.h"
 #include "cli/output/outputs.h"
 #include "cli/output/page_outputs.h"
 #include "cli/output/table_report.h"
@@ -157,7 +158,7 @@ CExitStatus RunCompare(const std::vector<std::string>& arguments, CConsole& cons
     CQuorvelDoc document(host);
     // A list that cannot be read leaves the choice of signals open; comparing the rest would look like a full result.
     if (!input.errors.empty()) {
-        host.ShowErrorList(input.errors);
+        host.ShowSentences(input.errors);
         return FinishStopped(options, {input.errors, {}, {}}, document.Reference(), console);
     }
     CRunObserver observer;
@@ -170,11 +171,12 @@ CExitStatus RunCompare(const std::vector<std::string>& arguments, CConsole& cons
 
     // The document collects these and shows them nowhere.
     console.ComplainAll(document.ReferenceMessages());
-    const CResults results{document.ErrorMessages(), document.ReferenceMessages(), {}};
+    ComplainOfNoCommonTime(document, console);
+    const CResults results{document.ErrorMessages(), document.ReferenceMessages(), {}, document.Notes()};
     if (!observer.Completed()) {
         NameUnreadFiles(document, console);
         return FinishStopped(options, results, document.Reference(), console);
     }
-    return FinishCompleted(options, {results.errors, results.referenceErrors, document.PageList()}, inputs, document,
-                           host, console);
+    return FinishCompleted(options, {results.errors, results.referenceErrors, document.PageList(), results.notes},
+                           inputs, document, host, console);
 }

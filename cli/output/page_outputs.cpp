@@ -7,6 +7,7 @@
 #include <system_error>
 
 #include "cli/join.h"
+#include "cli/output/notes.h"
 #include "cli/output/page_files.h"
 #include "compare/export.h"
 #include "compare/plots/page_table.h"
@@ -72,6 +73,12 @@ void CUdsPages::RemoveOlder() {
     }
 }
 
+void TellNotes(const CQuorvelDoc& document, const std::vector<CPageNote>& notes, CCliHost& host) {
+    for (const CPageNote& note : notes) {
+        host.TellMore(Join({document.ComputedSignals()[note.signal].GetPath(), ": note: ", note.note.sentence}));
+    }
+}
+
 }  // namespace
 
 bool WantsPages(const CCompareOptions& options) {
@@ -91,11 +98,14 @@ void WritePages(const CCompareOptions& options, CQuorvelDoc& document, CCliHost&
     host.TakeShownMessages();
     for (const std::int32_t pageId : document.PageList()) {
         host.NameSource(Join({"Page ", std::to_string(pageId), " (", PageName(pageId), ")"}));
+        const CPageNotes pageNotes(document);
         document.SelectPage(pageId);
+        const std::vector<CPageNote> notes = pageNotes.Added();
+        TellNotes(document, notes, host);
         const std::vector<std::string> shown = host.TakeShownMessages();
         if (options.pages) {
             const auto error = shown.empty() ? std::nullopt : std::optional<std::string>(shown.front());
-            json.AddPage({pageId, error, document.ChartBlock(), document.Series(), document.SeriesNames()});
+            json.AddPage({pageId, error, document.ChartBlock(), document.Series(), document.SeriesNames(), notes});
         }
         if (ascii) {
             WriteAsciiPage(*options.asciiFolder, document, pageId, outputs);
