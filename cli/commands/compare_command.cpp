@@ -3,6 +3,7 @@
 #include "cli/cli_host.h"
 #include "cli/commands/compare_options.h"
 #include "cli/commands/file_input.h"
+#include "cli/commands/output_conflicts.h"
 #include "cli/output/csv_table.h"
 #include "cli/output/json_results.h"
 #include "cli/output/notes.h"
@@ -151,6 +152,7 @@ CExitStatus RunCompare(const std::vector<std::string>& arguments, CConsole& cons
     const CInput input = CollectFiles(options);
     const std::vector<std::string> inputs = AllInputs(options, input.files);
     RefuseOverwritingInputs(options, inputs);
+    RefuseSharedOutputs(options);
 
     CCliHost host(options, input.files, console);
     CQuorvelDoc document(host);

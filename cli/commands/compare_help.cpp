@@ -61,7 +61,7 @@ CHelpSection Outputs() {
              {"--ascii DIR", "Write the ASCII table of every page to DIR/page-ID.txt. DIR is made when it is missing."},
              {"--uds DIR",
               "Write every series of every page as a UDS-1992 file DIR/page-ID-N.uds, N from 1. DIR is made "
-              "when it is missing."},
+              "when it is missing; files of such names that an earlier run left are removed."},
              {"--quiet", "Print no table and no progress; only complaints and what the other options ask for."},
              {"--verbose",
               "Also tell on standard error what was compared, with the warnings of every signal and notes on how it "

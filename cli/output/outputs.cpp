@@ -1,5 +1,6 @@
 #include "cli/output/outputs.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <new>
 #include <stdexcept>
@@ -7,19 +8,6 @@
 
 #include "files/native_path.h"
 #include "files/same_file.h"
-
-namespace {
-
-std::string Utf8(const std::filesystem::path& path) {
-#ifdef _WIN32
-    const std::u8string text = path.u8string();
-    return {text.begin(), text.end()};
-#else
-    return path.string();
-#endif
-}
-
-}  // namespace
 
 void COutputs::Write(std::string_view what, const std::string& path, std::string_view text) {
     if (path == kStandardOutput) {
@@ -52,14 +40,16 @@ void COutputs::Note(std::string_view what, const std::string& path, ks::WriteRes
     }
 }
 
+bool COutputs::Protects(const std::string& path) const {
+    return std::ranges::any_of(m_inputs, [&path](const std::string& input) { return ks::WouldReplace(path, input); });
+}
+
 bool COutputs::IsInput(const std::string& path) {
-    for (const std::string& input : m_inputs) {
-        if (ks::WouldReplace(path, input)) {
-            Fail("An output would overwrite an input: " + path);
-            return true;
-        }
+    if (!Protects(path)) {
+        return false;
     }
-    return false;
+    Fail("An output would overwrite an input: " + path);
+    return true;
 }
 
 bool COutputs::MakeFolder(const std::string& path) {
@@ -85,5 +75,5 @@ void COutputs::Finish() {
 }
 
 std::string PathIn(const std::string& folder, const std::string& name) {
-    return Utf8(ks::NativePath(folder) / name);
+    return ks::Utf8Path(ks::NativePath(folder) / ks::NativePath(name));
 }

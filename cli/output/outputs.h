@@ -27,7 +27,9 @@ public:
     void Note(std::string_view what, const std::string& path, ks::WriteResult result);
     /// Names the files that no output may replace: a measurement may exist only once.
     void Protect(std::vector<std::string> inputs) { m_inputs = std::move(inputs); }
-    /// Whether `path` leads to a protected file; that is then a failure with its sentence.
+    /// Whether `path` leads to a protected file.
+    bool Protects(const std::string& path) const;
+    /// The same; it is then a failure with its sentence.
     bool IsInput(const std::string& path);
     /// Makes the folder at `path` with its parents. False when there is none afterwards.
     bool MakeFolder(const std::string& path);
