@@ -261,6 +261,15 @@ private slots:
         QVERIFY(QRegularExpression("^\\d+\\.\\d+\\.\\d+$").match(AboutTextsOfBuild().version).hasMatch());
     }
 
+    /// The fixed line names major and minor version, the other one all three numbers.
+    void TheAboutBoxShowsOneVersion() {
+        const CKsAboutDlg dialog(AboutTextsOfBuild());
+        const QString fixed = dialog.findChild<QLabel*>("staticLabel")->text();
+        const QString full = dialog.findChild<QLabel*>("versionLabel")->text();
+        QCOMPARE(fixed, QString("Quorvel, Version 1.0"));
+        QVERIFY2(full.startsWith("Version: " + fixed.section(' ', -1) + '.'), qPrintable(full));
+    }
+
     void TheDescriptionIsOneSentenceWithAllPages() {
         QVERIFY(AboutDescription().contains(
             " 'Summary', 'Input Data', 'Standard Deviation', 'Corridor', '90 Percentile Corridor', 'Residuals', "
