@@ -1,9 +1,12 @@
 #include "app/command_info.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <string>
 
 #include "files/hit_list.h"
 #include "files/number_text.h"
+#include "signal/channel_class.h"
 
 namespace {
 
@@ -16,11 +19,7 @@ public:
 };
 
 constexpr CWord kWords[] = {
-    {"CFC600", [](CInfo& info) { info.channelClass = 600; }},
-    {"CFC60", [](CInfo& info) { info.channelClass = 60; }},
-    {"CFC180", [](CInfo& info) { info.channelClass = 180; }},
     {"CFC1K", [](CInfo& info) { info.channelClass = 1000; }},
-    {"CFC1000", [](CInfo& info) { info.channelClass = 1000; }},
     {"NOSAE", [](CInfo& info) { info.saeFilter = false; }},
     {"XYZ",
      [](CInfo& info) {
@@ -62,13 +61,22 @@ const CWord* FindWord(std::string_view upper) {
     return found == std::end(kWords) ? nullptr : found;
 }
 
+/// The channel class that a word such as "CFC60" names; 0 for any other word.
+std::int32_t ClassOfWord(std::string_view upper) {
+    for (const std::int32_t channelClass : ks::kChannelClasses) {
+        if (upper == "CFC" + std::to_string(channelClass)) return channelClass;
+    }
+    return 0;
+}
+
 /// Whether a text that may as well be a path is a switch: one of the rows, spelled in full.
 bool IsKnownSwitch(std::string_view text) {
     const std::string upper = UpperText(text);
-    return upper == "L" || upper == "O" || upper.starts_with(kCriticalValue) || FindWord(upper) != nullptr;
+    return upper == "L" || upper == "O" || upper.starts_with(kCriticalValue) || FindWord(upper) != nullptr ||
+           ClassOfWord(upper) != 0;
 }
 
-/// The number at the start of `text`, behind white space; 0 when there is none. One too large becomes infinite, one too
+/// The number at the start of `text`, after white space; 0 when there is none. One too large becomes infinite, one too
 /// small 0.
 double LeadingNumber(std::string_view text) {
     text.remove_prefix(std::min(text.find_first_not_of(" \t\n\v\f\r"), text.size()));
@@ -105,7 +113,7 @@ void CMyCommandInfo::TakeSwitch(std::string_view text) {
         return;
     }
     if (first == 'L') {
-        // The whole text comes first: a list file whose name begins with "L" may stand behind the dash.
+        // The whole text comes first: a list file whose name begins with "L" may follow the dash.
         if (!AppendListFile(std::string(text))) AppendListFile(std::string(text.substr(1)));
         return;
     }
@@ -114,6 +122,8 @@ void CMyCommandInfo::TakeSwitch(std::string_view text) {
     const std::string upper = UpperText(text);
     if (const CWord* const word = FindWord(upper)) {
         word->apply(*this);
+    } else if (const std::int32_t named = ClassOfWord(upper)) {
+        channelClass = named;
     } else if (upper.starts_with(kCriticalValue)) {
         criticalValue = LeadingNumber(text.substr(kCriticalValue.size()));
     }

@@ -116,7 +116,8 @@ private slots:
         QStringList errors;
         for (const QJsonValue& error : results["errors"].toArray()) errors.append(error.toString() + "\r\n");
         QVERIFY(!errors.isEmpty());
-        QCOMPARE(m_window->errorLists.texts, QStringList({errors.join("")}));
+        QCOMPARE(m_window->errorLists.texts,
+                 QStringList({QDir::toNativeSeparators(QString::fromStdString(missing)) + "\r\n" + errors.join("")}));
     }
 
     void ThePagesAreThoseOfTheCommandLine() {

@@ -28,8 +28,8 @@ const QStringList kOtherPages = {
     "Summary",   "Input Data",          "Corridor",         "Standard Deviation", "90 Percentile Corridor",
     "Residuals", "Cummulative Density", "Cross Correlation"};
 
-const QStringList kAlways = {"SelectFiles",    "UdsSpecification", "RecentFile", "Exit",      "Copy", "CorridorSize",
-                             "CriticalValues", "Toolbar",          "StatusBar",  "Customize", "About"};
+const QStringList kAlways = {"SelectFiles",    "UdsSpecification", "Exit",      "Copy",      "CorridorSize",
+                             "CriticalValues", "Toolbar",          "StatusBar", "Customize", "About"};
 
 }  // namespace
 
@@ -247,7 +247,7 @@ private slots:
                                                         "Edit Critical Values", "Customize", "About: Quorvel"}));
         // The one picker is that of the file viewer: nothing asked where to save.
         QCOMPARE(m_window->picker.requests.size(), std::size_t{1});
-        QCOMPARE(m_window->picker.requests[0].title, QString("Select Uds File to View"));
+        QCOMPARE(m_window->picker.requests[0].title, std::string("Select Uds File to View"));
         QCOMPARE(m_window->messages.said, QStringList({"beep"}));  // of the run that stopped
         Trigger(CommandId::Exit);
         QVERIFY(!Frame().isVisible());
@@ -315,7 +315,8 @@ private:
 
     /// What the error list says of it: why it is no UDS file, and why it is no list of points.
     QString UnreadableText(const QString& name) {
-        return "File size not a multiple of 512 bytes.\r\nFailure to parse the file: " + m_window->Path(name) +
+        return QDir::toNativeSeparators(m_window->Path(name)) +
+               "\r\nFile size not a multiple of 512 bytes.\r\nFailure to parse the file: " + m_window->Path(name) +
                " for reading.\nFailure to parse the data.\r\n";
     }
 

@@ -132,9 +132,9 @@ TEST_F(ChartSequences, AllFourTitlesAreCutToFortySevenCharacters) {
         EXPECT_THAT(m_chart.calls, Contains("text " + std::string(property) + " = \"" + kept + "\""));
 }
 
-TEST_F(ChartSequences, ATabInANameBecomesABlank) {
-    Fill(Block(2, 1), {"odd\tname", "b"});
-    EXPECT_THAT(m_chart.calls, Contains("array 2125 = \"odd name\tb\t\" (2)"));
+TEST_F(ChartSequences, TabsAndLineEndsInANameBecomeBlanks) {
+    Fill(Block(2, 1), {"odd\tlong\r\nname", "b"});
+    EXPECT_THAT(m_chart.calls, Contains("array 2125 = \"odd long  name\tb\t\" (2)"));
 }
 
 TEST(CutChartText, CountsCharactersNotBytes) {

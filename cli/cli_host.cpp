@@ -23,13 +23,20 @@ std::optional<CFileSelection> CCliHost::SelectFiles(const CFileSelection& offere
     return selection;
 }
 
-void CCliHost::ShowErrorList(const std::vector<std::string>& messages) {
-    std::vector<std::string> shown = messages;
+// Without the paths: the files that could not be read are named in sentences of their own after the run.
+void CCliHost::ShowErrorList(const std::vector<CRunMessage>& messages) {
+    std::vector<std::string> sentences;
+    for (const CRunMessage& message : messages) sentences.push_back(message.text);
+    ShowSentences(sentences);
+}
+
+void CCliHost::ShowSentences(const std::vector<std::string>& sentences) {
+    std::vector<std::string> shown = sentences;
     if (!m_source.empty()) {
         for (std::string& text : shown) text = Join({m_source, ": ", text});
     }
     m_console.ComplainAll(shown);
-    m_shown.insert(m_shown.end(), messages.begin(), messages.end());
+    m_shown.insert(m_shown.end(), sentences.begin(), sentences.end());
 }
 
 std::optional<double> CCliHost::EditCorridorSize(double /*size*/) {
@@ -40,15 +47,15 @@ std::optional<CCriticalValues> CCliHost::EditCriticalValues(const CCriticalValue
     return m_options.critical;
 }
 
-std::optional<std::string> CCliHost::AskSavePath(const CSaveRequest& /*request*/) {
+std::optional<std::string> CCliHost::AskSavePath(const ks::CFileRequest& /*request*/) {
     return std::nullopt;
 }
 
-std::string CCliHost::ReadSetting(const std::string& /*key*/, const std::string& fallback) {
-    return fallback;
+std::string CCliHost::ReadSetting(const CTextSetting& key) {
+    return key.fallback;
 }
 
-void CCliHost::StoreSetting(const std::string& /*key*/, const std::string& /*value*/) {}
+void CCliHost::StoreSetting(const CTextSetting& /*key*/, const std::string& /*value*/) {}
 
 void CCliHost::SetBusy(bool busy) {
     if (!busy) {
@@ -65,6 +72,12 @@ void CCliHost::Progress(std::size_t done, std::size_t total, const std::string& 
         return;
     }
     m_console.ShowProgress(Join({"[", std::to_string(done), "/", std::to_string(total), "] ", path}));
+}
+
+void CCliHost::TellMore(std::string_view text) {
+    if (m_options.talk == CTalk::Verbose) {
+        m_console.Note(text);
+    }
 }
 
 void CCliHost::NameSource(std::string source) {

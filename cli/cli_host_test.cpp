@@ -73,7 +73,7 @@ TEST_F(CliHost, LeavesTheReferenceUnfilteredWhenAsked) {
 TEST_F(CliHost, ShowsMessagesOnStandardErrorAndRemembersThem) {
     const CCompareOptions options;
     CCliHost host(options, {}, console);
-    host.ShowErrorList({"One", "Two", "Two", "One"});
+    host.ShowErrorList({{"", "One"}, {"a.uds", "Two"}, {"a.uds", "Two"}, {"b.uds", "One"}});
     EXPECT_EQ(StandardError(), "quorvel-cli: One\nquorvel-cli: Two\nquorvel-cli: One\n");
     EXPECT_THAT(host.TakeShownMessages(), ElementsAre("One", "Two", "Two", "One"));
     EXPECT_THAT(host.TakeShownMessages(), IsEmpty());
@@ -83,18 +83,28 @@ TEST_F(CliHost, NamesTheSourceOfMessagesOnStandardErrorOnly) {
     const CCompareOptions options;
     CCliHost host(options, {}, console);
     host.NameSource("Page 8");
-    host.ShowErrorList({"One"});
+    host.ShowSentences({"One"});
     host.NameSource({});
-    host.ShowErrorList({"Two"});
+    host.ShowErrorList({{"", "Two"}});
     EXPECT_EQ(StandardError(), "quorvel-cli: Page 8: One\nquorvel-cli: Two\n");
     EXPECT_THAT(host.TakeShownMessages(), ElementsAre("One", "Two"));
+}
+
+TEST_F(CliHost, TellsMoreOnlyWhenAsked) {
+    CCompareOptions options;
+    CCliHost(options, {}, console).TellMore("One");
+    options.talk = CTalk::Quiet;
+    CCliHost(options, {}, console).TellMore("Two");
+    options.talk = CTalk::Verbose;
+    CCliHost(options, {}, console).TellMore("Three");
+    EXPECT_EQ(StandardError(), "Three\n");
 }
 
 TEST_F(CliHost, KeepsNoSettingsAndNamesNoFiles) {
     const CCompareOptions options;
     CCliHost host(options, {}, console);
-    host.StoreSetting("InputDir", "x");
-    EXPECT_EQ(host.ReadSetting("InputDir", "fallback"), "fallback");
+    host.StoreSetting(setting::kInputDir, "x");
+    EXPECT_EQ(host.ReadSetting(setting::kInputDir), "Q:\\uds\\vehdb");
     EXPECT_EQ(host.AskSavePath({}), std::nullopt);
 }
 

@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdint>
 
+#include "compare/sampling.h"
 #include "signal/nsignal.h"
 
 /// The measures of one computed signal against the reference. See docs/measures.md for every formula.
@@ -24,8 +25,9 @@ public:
     /// Compares `computed` with `reference`. Resamples `computed` to the reference's time step and cuts it to the
     /// common time range, both lasting; the reference is left as it is. A record without Y values leaves every
     /// measure at 0 and nothing resampled or cut.
+    /// @return `computed` as it was resampled and not yet cut
     /// @throws ks::CError from resampling or cutting; every measure is then 0, `computed` as far as it was changed
-    void Compute(ks::CNSignal& computed, const ks::CNSignal& reference);
+    CSampling Compute(ks::CNSignal& computed, const ks::CNSignal& reference);
 
     double GetMeanSquareResidual() const { return m_meanSquareResidual; }
     double GetComputedPeak() const { return m_computedPeak; }

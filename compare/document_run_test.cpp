@@ -1,5 +1,11 @@
 #include <gmock/gmock.h>
 
+#include <stdexcept>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "tests/support/allocation_count.h"
 #include "tests/support/document_fixture.h"
 
 namespace {
@@ -87,6 +93,53 @@ TEST_F(Runs, AskWorkTellAndEndBusyInThisOrder) {
     Run(Choice({Write("a.uds", {1.0, 2.0, 3.0})}, Write("ref.uds", {1.0, 2.0, 3.0})));
 
     EXPECT_THAT(host.calls, ElementsAre("select", "busy on", "hint 1", "busy off"));
+}
+
+TEST_F(Runs, SayThatTheyAreAtWorkAndThatTheyCompleted) {
+    EXPECT_EQ(document.Run(), RunState::None);
+    std::vector<RunState> meanwhile;
+    host.whileAtWork = [&] { meanwhile.push_back(document.Run()); };
+    observer.alsoDo = [&](int) { meanwhile.push_back(document.Run()); };
+    Run(AverageChoice({Write("a.uds", {1.0, 2.0, 3.0})}));
+
+    EXPECT_EQ(document.Run(), RunState::Completed);
+    EXPECT_THAT(observer.runs, ElementsAre(RunState::AtWork, RunState::Completed));
+    // Four steps, their end, and the hint.
+    const RunState atWork = RunState::AtWork;
+    EXPECT_THAT(meanwhile, ElementsAre(atWork, atWork, atWork, atWork, atWork, RunState::Completed));
+}
+
+TEST_F(Runs, SayThatTheyStopped) {
+    const std::string file = Write("a.uds", {1.0, 2.0, 3.0}), junk = folder.Write("junk.001", "junk");
+    Run(AverageChoice({junk}));
+    EXPECT_EQ(document.Run(), RunState::Stopped);
+
+    Run(AverageChoice({file}));
+    Run(Choice({file}, junk));
+    EXPECT_EQ(document.Run(), RunState::Stopped);
+    EXPECT_THAT(observer.runs, ElementsAre(RunState::AtWork, RunState::Stopped, RunState::AtWork, RunState::Completed,
+                                           RunState::AtWork, RunState::Stopped));
+}
+
+TEST_F(Runs, StopWhenAnExceptionLeavesThem) {
+    const CFileSelection choice = AverageChoice({Write("a.uds", {1.0, 2.0, 3.0})});
+    bool isThrown = false;
+    host.whileAtWork = [&] {
+        if (!std::exchange(isThrown, true)) throw std::runtime_error("no screen");
+    };
+    EXPECT_THROW(Run(choice), std::runtime_error);
+    EXPECT_EQ(document.Run(), RunState::Stopped);
+}
+
+TEST_F(Runs, StayAsTheyWereOnCancel) {
+    document.OnCompareFiles();
+    EXPECT_EQ(document.Run(), RunState::None);
+    Run(AverageChoice({Write("a.uds", {1.0, 2.0, 3.0})}));
+    observer.runs.clear();
+    host.selection.reset();
+    document.OnCompareFiles();
+    EXPECT_EQ(document.Run(), RunState::Completed);
+    EXPECT_THAT(observer.runs, IsEmpty());
 }
 
 TEST_F(Runs, ReportTheirProgress) {
@@ -392,6 +445,9 @@ TEST_F(Runs, StopAtAnUnreadableFileButReadTheOthers) {
     for (const std::string& sentence : BothSentences(more)) sentences.push_back(sentence);
     EXPECT_THAT(host.errorLists, ElementsAre(sentences));
     EXPECT_EQ(document.ErrorMessages(), sentences);
+    EXPECT_EQ(host.lastErrors,
+              (std::vector<CRunMessage>{
+                  {words, sentences[0]}, {words, sentences[1]}, {more, sentences[2]}, {more, sentences[3]}}));
     EXPECT_THAT(document.ComputedSignals(), SizeIs(3));
     ASSERT_THAT(document.SignalCopies(), SizeIs(1));
     EXPECT_THAT(document.SignalCopies()[0]->GetY(), ElementsAre(4.0, 5.0, 6.0));
@@ -400,6 +456,62 @@ TEST_F(Runs, StopAtAnUnreadableFileButReadTheOthers) {
     EXPECT_EQ(document.PageList(), kAccelerationPages);
     EXPECT_EQ(document.CurrentPageId(), 4);
     EXPECT_EQ(host.progress.back(), "3/13 ");
+}
+
+// Memory that does not suffice.
+
+class LargeSignals : public CDocumentFixture {
+protected:
+    static constexpr std::size_t kBytes = 100000;  ///< less than the arrays of a signal need
+
+    /// A file whose arrays take 160 000 bytes each, of times that another step does not divide.
+    std::string Large(const std::string& name) { return Write(name, std::vector<double>(20000, 1.0)); }
+
+    const std::string m_forStep = "There is not enough memory for this step. Fewer or shorter signals would need less.";
+};
+
+TEST_F(LargeSignals, AreNamedWhenTheyCannotBeRead) {
+    const std::string large = Large("large.uds"), small = Write("small.uds", {1.0, 2.0, 3.0});
+    const CAllocationLimit limit(kBytes);
+    Run(Choice({large, small}, small));
+
+    const std::string sentence = "There is not enough memory to read the file: " + large + ".";
+    EXPECT_EQ(host.lastErrors, (std::vector<CRunMessage>{{large, sentence}}));
+    EXPECT_THAT(document.PageList(), IsEmpty());
+}
+
+TEST_F(LargeSignals, GetASentenceOfTheStepThatTheyAreTooLargeFor) {
+    const std::string large = Large("large.uds"), small = Write("small.uds", {1.0, 2.0, 3.0});
+    document.SetComputedFiles({large, small});
+    ASSERT_EQ(document.ReadComputedSignals(), 1);
+    const CAllocationLimit limit(kBytes);
+
+    EXPECT_EQ(document.BuildAverageReference(), 0);
+    EXPECT_THAT(document.ErrorMessages(), ElementsAre(large + ": " + m_forStep));
+}
+
+TEST_F(LargeSignals, StopARunWithASentenceWhereverTheMemoryEnds) {
+    const std::string large = Large("large.uds"), other = Large("other.uds");
+    CFileSelection choice = Choice({large, other}, large);
+    choice.truncate = true;
+    choice.windowEnd = 1e9;
+    CFileSelection average = choice;
+    average.averageReference = true;
+    for (const CFileSelection& selection : {choice, average}) {
+        std::size_t allowed = 0;
+        for (bool isCompleted = false; !isCompleted; ++allowed) {
+            const CAllocationLimit limit(kBytes, allowed);
+            CQuorvelDoc fresh(host);
+            host.selection = selection;
+            fresh.OnCompareFiles();
+            isCompleted = !fresh.PageList().empty();
+            const std::vector<std::string> errors = fresh.ErrorMessages(), ofReference = fresh.ReferenceMessages();
+            EXPECT_EQ(errors.empty() && ofReference.empty(), isCompleted) << allowed;
+            EXPECT_THAT(errors, testing::Each(testing::HasSubstr("There is not enough memory"))) << allowed;
+            EXPECT_THAT(ofReference, testing::Each(testing::HasSubstr("There is not enough memory"))) << allowed;
+        }
+        EXPECT_GT(allowed, 10U) << "the memory must have ended in many places";
+    }
 }
 
 // Signals that cannot be prepared.

@@ -1,12 +1,10 @@
 #include "compare/signal.h"
 
 #include <cmath>
-#include <exception>
 #include <limits>
 #include <utility>
 
 #include "compare/critical_values.h"
-#include "files/ascii_points.h"
 #include "files/number_text.h"
 
 const std::array<std::string_view, kSummaryColumnCount> kSummaryHeaders = {
@@ -83,43 +81,38 @@ std::string StandardDeviationText(const CComparison& measures) {
     return WithPercent(deviation, deviation / measures.GetReferencePeak() * 100.0);
 }
 
-void LoadAscii(const std::string& path, ks::CNSignal& record) {
-    ks::CPoints points;
-    points.ReadFile(path);
-    record.SetPoints(points.TakeColumns());
-    record.SetXTYPE("TIME");
-    record.SetXUNITS("SECONDS");
-    record.SetNFP(0);
-    record.SetNLP(static_cast<std::int32_t>(record.GetPointCount()) - 1);
-    record.SetFileType(std::string(kAsciiFileType));
-}
-
 }  // namespace
 
 CSignal::CSignal(std::string path) : m_path(std::move(path)) {}
 
+bool CSignal::Read() {
+    return ReadWith(ks::kSignalFormats);
+}
+
 bool CSignal::ReadUds() {
-    return ReadWith([this](ks::CNSignal& record) { record.LoadUDS(m_path); });
+    return ReadWith(std::array{&ks::kUdsFormat});
 }
 
 bool CSignal::ReadAscii() {
-    return ReadWith([this](ks::CNSignal& record) { LoadAscii(m_path, record); });
+    return ReadWith(std::array{&ks::kPointsFormat});
 }
 
-bool CSignal::ReadWith(const std::function<void(ks::CNSignal&)>& load) {
-    ks::CNSignal record;
-    try {
-        load(record);
-    } catch (const std::exception& error) {
-        m_record.AddWarning(error.what());
+bool CSignal::ReadWith(ks::CFormatList formats) {
+    ks::CLoadedSignal loaded = ks::LoadSignal(m_path, std::string(ks::kOnlyChannel), formats);
+    if (!loaded.IsLoaded()) {
+        for (std::string& complaint : loaded.complaints) m_record.AddWarning(std::move(complaint));
         return false;
     }
-    m_record = std::move(record);
+    m_record = std::move(loaded.record);
+    m_shouldFilter = loaded.format->shouldFilter;
     return true;
 }
 
 void CSignal::Compare(const CSignal& reference) {
-    m_comparison.Compute(m_record, reference.m_record);
+    const CSampling before = SamplingOf(m_record);
+    const CSampling resampled = m_comparison.Compute(m_record, reference.m_record);
+    AppendResampling(m_notes, NoteKind::Resampled, before, resampled);
+    AppendCutToCommonRange(m_notes, resampled, SamplingOf(m_record));
     m_referenceName = reference.m_path;
 }
 

@@ -1,13 +1,14 @@
 #pragma once
 
 #include <array>
-#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "compare/comparison.h"
+#include "compare/note.h"
 #include "signal/nsignal.h"
+#include "signal/signal_loader.h"
 
 /// Number of columns of the summary table.
 inline constexpr int kSummaryColumnCount = 16;
@@ -31,14 +32,11 @@ enum CSummaryColumn : int {
 /// The sixteen headers of the summary table, in column order.
 extern const std::array<std::string_view, kSummaryColumnCount> kSummaryHeaders;
 
-/// File type of a record that was read from an ASCII point file.
-inline constexpr std::string_view kAsciiFileType = "ASCII File";
-
 /// Verdict on a summary cell, with the colour (0xRRGGBB) that shows it.
 enum class CVerdictColor { White = 0xFFFFFF, Green = 0x00E000, Red = 0xFF0000 };
 
-/// One computed file, or the reference: its record, its path, the reference that it was compared with, and the
-/// measures.
+/// One computed file, or the reference: its record, its path, the reference that it was compared with, the measures,
+/// and notes on its preparation.
 class CSignal {
 public:
     CSignal() = default;
@@ -49,14 +47,19 @@ public:
     CSignal& operator=(CSignal&&) = default;
     virtual ~CSignal() = default;
 
-    /// Reads the file at the path as a UDS-1992 file into a new record. False when it cannot be read: the record then
-    /// stays, and the reader's sentence joins its warnings, behind those of the attempt before.
+    /// Reads the file at the path into a new record, by the first of all formats that can; see signal/signal_loader.h.
+    /// False when none can: the record then stays, and the sentence of each attempt joins its warnings.
+    bool Read();
+    /// The same with the UDS-1992 format alone.
     bool ReadUds();
-    /// The same for an ASCII point file; the record becomes a time signal in seconds, numbered from 0, of the file
-    /// type kAsciiFileType.
+    /// The same with the format of ASCII points alone; the record becomes a time signal in seconds, numbered from 0.
     bool ReadAscii();
 
-    /// Computes the measures against `reference` and takes its path as the reference name. See CComparison::Compute.
+    /// Whether a run filters the signal; that of its file's format, true before a file was read.
+    bool ShouldFilter() const { return m_shouldFilter; }
+
+    /// Computes the measures against `reference` and takes its path as the reference name. See CComparison::Compute;
+    /// what that does to the record becomes notes.
     void Compare(const CSignal& reference);
 
     /// The record's warnings; after a failed reading, the readers' sentences.
@@ -75,14 +78,19 @@ public:
     void SetPath(std::string path) { m_path = std::move(path); }
     const std::string& GetReferenceName() const { return m_referenceName; }
     void SetReferenceName(std::string name) { m_referenceName = std::move(name); }
+    /// What was done to the record without a word, in order; never among its warnings.
+    std::vector<CNote>& Notes() { return m_notes; }
+    const std::vector<CNote>& Notes() const { return m_notes; }
     CComparison& Comparison() { return m_comparison; }
     const CComparison& Comparison() const { return m_comparison; }
 
 private:
-    bool ReadWith(const std::function<void(ks::CNSignal&)>& load);
+    bool ReadWith(ks::CFormatList formats);
 
     ks::CNSignal m_record;
     std::string m_path;
     std::string m_referenceName;
     CComparison m_comparison;
+    std::vector<CNote> m_notes;
+    bool m_shouldFilter = true;
 };

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <utility>
 
@@ -33,9 +34,23 @@ bool IsWhite(char c) {
     return c == ' ' || (c >= '\t' && c <= '\r');
 }
 
+/// Room for the points of a text of `size` bytes, a line each, that begins with `text`.
+void MakeRoom(CPointColumns& columns, std::string_view text, std::uint64_t size) {
+    if (text.empty()) return;
+    const auto lines = static_cast<std::uint64_t>(std::ranges::count(text, '\n')) + 1;
+    const std::uint64_t parts = (size + text.size() - 1) / text.size();
+    const std::uint64_t count = std::min<std::uint64_t>(lines * parts, kLargestReserve);
+    columns.x.reserve(static_cast<std::size_t>(count));
+    columns.y.reserve(static_cast<std::size_t>(count));
+}
+
+void FillZ(CPointColumns& columns) {
+    if (!columns.z.empty()) columns.z.resize(columns.Count(), 0.0);
+}
+
 /// Whether any text that parses can hold the character.
 bool MayStandInData(char c) {
-    return (c >= '0' && c <= '9') || IsWhite(c) || c == '.' || c == ',' || c == '+' || c == '-' || c == 'e' || c == 'E';
+    return syntax::IsOfNumber(c) || IsWhite(c) || c == ',';
 }
 
 /// Where a text's data end, and whether something that can never parse stands before.
@@ -59,27 +74,67 @@ CDataEnd FindDataEnd(std::string_view text, std::size_t start) {
     return {};
 }
 
-/// The data of a file, read only as far as they reach. What no data can hold ends the reading, too: the parser then
-/// fails on it.
-std::string ReadData(CInputFile& file, const std::string& path) {
-    std::string text;
-    text.reserve(static_cast<std::size_t>(file.Size()) + kBytesAtATime);
-    while (true) {
-        const std::size_t start = text.size();
-        text.resize(start + kBytesAtATime);
-        const std::size_t count = file.Read(std::as_writable_bytes(std::span(text).subspan(start)));
-        text.resize(start + count);
-        if (text.size() > kLargestText) throw CError(ascii::TooLarge(path));
-        const CDataEnd end = FindDataEnd(text, start);
-        if (end.length != kNowhere) {
-            text.resize(end.length);
-            return text;
-        }
-        if (count < kBytesAtATime) {
-            if (text.size() < file.Size()) throw CError(ReadFailed(path));  // a part of a signal must not pass for it
-            return text;
-        }
+/// A text of which only the part is held that is not parsed yet.
+class CReading {
+public:
+    CReading(CByteSource& source, std::size_t bytesAtATime, CPointColumns& points)
+        : m_source(source), m_bytesAtATime(bytesAtATime), m_points(points), m_document(points) {}
+
+    /// Reads and parses piece by piece, as far as the data reach. What no data can hold, and a beginning that no text
+    /// of points has, end the reading, too.
+    /// @return whether the data are a document as a whole
+    bool ReadAll(const std::string& path);
+
+private:
+    void ReadPiece(const std::string& path);
+    bool Parse();
+
+    CByteSource& m_source;
+    std::size_t m_bytesAtATime;
+    CPointColumns& m_points;
+    syntax::CDocument m_document;
+    std::string m_text;        ///< what is not parsed yet
+    std::size_t m_enough = 0;  ///< length of `m_text` from which on another parsing is worth its time
+    std::uint64_t m_bytesRead = 0;
+    bool m_isLast = false;  ///< the data end with `m_text`
+};
+
+bool CReading::ReadAll(const std::string& path) {
+    while (!m_isLast) {
+        ReadPiece(path);
+        if (m_points.y.capacity() == 0) MakeRoom(m_points, m_text, m_isLast ? m_text.size() : m_source.Size());
+        if (!Parse()) return false;
     }
+    return true;
+}
+
+void CReading::ReadPiece(const std::string& path) {
+    const std::size_t start = m_text.size();
+    m_text.resize(start + m_bytesAtATime);
+    const std::size_t count = m_source.Read(std::as_writable_bytes(std::span(m_text).subspan(start)));
+    m_text.resize(start + count);
+    m_bytesRead += count;
+    if (m_bytesRead > kLargestText) throw CError(ascii::TooLarge(path));
+
+    const CDataEnd end = FindDataEnd(m_text, start);
+    m_isLast = end.length != kNowhere || count < m_bytesAtATime;
+    if (end.length != kNowhere) {
+        m_text.resize(end.length);
+    } else if (m_isLast && m_bytesRead < m_source.Size()) {
+        throw CError(ReadFailed(path));  // a part of a signal must not pass for it
+    }
+}
+
+/// Parses what is certain, or all that is left. A point of many pieces is tried again each time the text has doubled,
+/// so that its length counts but once.
+bool CReading::Parse() {
+    if (!m_isLast && m_text.size() < m_enough) return true;
+    const std::size_t certain = m_isLast ? m_text.size() : syntax::CertainLength(m_text);
+    const std::optional<std::size_t> taken = m_document.Take(m_text, certain);
+    if (!taken) return false;
+    m_text.erase(0, *taken);
+    m_enough = 2 * m_text.size();
+    return true;
 }
 
 }  // namespace
@@ -98,22 +153,23 @@ void CPoints::ReadFile(const std::string& path) {
     CInputFile file;
     if (!file.Open(path)) throw CError(NotOpenedForReading(path));
     if (!file.FindSize()) throw CError(NotOpenedForReading(path));
-    if (file.Size() > kLargestText) throw CError(ascii::TooLarge(path));
-    const std::string text = ReadData(file, path);
-    try {
-        ParseData(text);
-    } catch (const CError& error) {
-        throw CError(ascii::ParseFile(path, error.what()));
+    ReadFrom(file, path, kBytesAtATime);
+}
+
+void CPoints::ReadFrom(CByteSource& source, const std::string& path, std::size_t bytesAtATime) {
+    m_columns = {};
+    if (source.Size() > kLargestText) throw CError(ascii::TooLarge(path));
+    if (!CReading(source, bytesAtATime, m_columns).ReadAll(path)) {
+        throw CError(ascii::ParseFile(path, ascii::kParseData));
     }
+    FillZ(m_columns);
 }
 
 void CPoints::ParseData(std::string_view text) {
     m_columns = {};
-    const auto lines = static_cast<std::size_t>(std::ranges::count(text, '\n')) + 1;
-    m_columns.x.reserve(std::min(lines, kLargestReserve));
-    m_columns.y.reserve(std::min(lines, kLargestReserve));
+    MakeRoom(m_columns, text, text.size());
     if (!syntax::ParsePoints(text, m_columns)) throw CError(ascii::kParseData);
-    if (!m_columns.z.empty()) m_columns.z.resize(m_columns.Count(), 0.0);
+    FillZ(m_columns);
 }
 
 CPointColumns CPoints::TakeColumns() {

@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "files/byte_source.h"
 #include "files/points.h"
 
 namespace ks {
@@ -22,8 +23,15 @@ class CPoints {
 public:
     /// Reads the file at `path` (UTF-8), cut at the first place that ends the data: an empty line, a line that begins
     /// with a tab, a tab before a line end or a blank, two blanks in a row.
-    /// @throws CError if the file cannot be opened, is larger than 1 GiB, or does not parse
+    /// A text whose beginning is that of no points is refused at once, however long it is; no more of the text is held
+    /// than one piece of it, or one point.
+    /// @throws CError if the file cannot be opened, is larger than 1 GiB, or does not parse; the points before the
+    ///         failure stay held
     void ReadFile(const std::string& path);
+
+    /// The same from a source of which nothing was read yet, `bytesAtATime` > 0 bytes at a time; `path` is for the
+    /// sentences.
+    void ReadFrom(CByteSource& source, const std::string& path, std::size_t bytesAtATime);
 
     /// Parses the text as it is, without the cut.
     /// @throws CError "Failure to parse the data."; the points before the failure stay held

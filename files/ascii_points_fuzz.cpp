@@ -1,15 +1,17 @@
 // Whatever the text: the reader refuses it with an error of ours, or what it read can be written and read again to the
-// same points. The end of the data is never beyond the text.
+// same points. The end of the data is never beyond the text, and reading in pieces gives what the whole text gives.
 
 #include <bit>
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
+#include <span>
 #include <string>
 #include <string_view>
 
 #include "files/ascii_points.h"
+#include "files/byte_source.h"
 #include "files/error.h"
 #include "files/number_text.h"
 
@@ -52,6 +54,35 @@ void ReadText(std::string_view text) {
     }
 }
 
+void RequireSame(const ks::CPointColumns& a, const ks::CPointColumns& b) {
+    Require(a.Count() == b.Count());
+    for (std::size_t i = 0; i < a.Count(); ++i) {
+        RequireSame(a.x[i], b.x[i]);
+        RequireSame(a.y[i], b.y[i]);
+    }
+    Require(a.z.size() == b.z.size());
+    for (std::size_t i = 0; i < a.z.size(); ++i) RequireSame(a.z[i], b.z[i]);
+}
+
+/// Whether `read` reads without an error of ours.
+template <class Read>
+bool Accepts(Read read) {
+    try {
+        read();
+        return true;
+    } catch (const ks::CError&) {
+        return false;
+    }
+}
+
+void ReadInPieces(std::string_view text, std::size_t length, std::size_t bytesAtATime) {
+    ks::CPoints whole, pieces;
+    ks::CMemorySource source(std::as_bytes(std::span(text)));
+    Require(Accepts([&] { whole.ParseData(text.substr(0, length)); }) ==
+            Accepts([&] { pieces.ReadFrom(source, "", bytesAtATime); }));
+    RequireSame(whole.Columns(), pieces.Columns());
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -60,5 +91,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::size_t length = ks::DataLength(text);
     Require(length <= size);
     ReadText(text.substr(0, length));
+    for (const std::size_t bytesAtATime : {1U, 2U, 5U, 64U}) ReadInPieces(text, length, bytesAtATime);
     return 0;
 }

@@ -7,14 +7,18 @@
 #include <array>
 #include <bit>
 #include <cmath>
+#include <cstddef>
 #include <cstdint>
 #include <filesystem>
 #include <limits>
 #include <ostream>
 #include <random>
+#include <span>
 #include <string>
+#include <utility>
 #include <vector>
 
+#include "files/byte_source.h"
 #include "files/number_text.h"
 #include "tests/support/expect_error.h"
 #include "tests/support/point_reference.h"
@@ -270,6 +274,99 @@ TEST(AsciiPoints, AreThoseOfAPlainReaderOn100000Texts) {
     EXPECT_LT(accepted, 90000);
 }
 
+/// What reading `text` in pieces gives: whether it is a document, and its points.
+ReferencePoints ReadInPieces(const std::string& text, std::size_t bytesAtATime) {
+    CMemorySource source(std::as_bytes(std::span(text)));
+    CPoints points;
+    ReferencePoints result;
+    try {
+        points.ReadFrom(source, "p", bytesAtATime);
+        result.accepted = true;
+    } catch (const CError&) {
+        result.accepted = false;
+    }
+    result.points = PointsOf(points.Columns());
+    return result;
+}
+
+// Whatever the pieces: what is decided early is what the whole text decides.
+TEST(AsciiPoints, InPiecesAreThoseOfAPlainReaderOnTheWholeText) {
+    TextGenerator texts;
+    int accepted = 0;
+    for (int i = 0; i < 20000; ++i) {
+        std::string text = texts.Next();
+        for (int more = i % 4; more > 0; --more) text += texts.Next();
+        const ReferencePoints expected = ReadPointsPlainly(CutStepByStep(text));
+        for (const std::size_t bytesAtATime : {1U, 2U, 3U, 7U, 16U, 1000U}) {
+            const ReferencePoints read = ReadInPieces(text, bytesAtATime);
+            ASSERT_EQ(read.accepted, expected.accepted) << bytesAtATime << testing::PrintToString(text);
+            ASSERT_EQ(BitsOf(read.points), BitsOf(expected.points)) << bytesAtATime << testing::PrintToString(text);
+        }
+        accepted += expected.accepted ? 1 : 0;
+    }
+    EXPECT_GT(accepted, 4000);
+    EXPECT_LT(accepted, 16000);
+}
+
+// Short texts of the characters that decide, among them every way in which a pair can meet the border of two pieces.
+TEST(AsciiPoints, InPiecesAreThoseOfAPlainReaderOnEveryKindOfGap) {
+    std::mt19937 random(7);
+    const std::string characters = "1112.+-e,\n\n\r\t  ";
+    int accepted = 0;
+    for (int i = 0; i < 100000; ++i) {
+        std::string text;
+        for (auto length = random() % 24; length > 0; --length) text += characters[random() % characters.size()];
+        const ReferencePoints expected = ReadPointsPlainly(CutStepByStep(text));
+        const ReferencePoints read = ReadInPieces(text, 1 + random() % 9);
+        ASSERT_EQ(read.accepted, expected.accepted) << testing::PrintToString(text);
+        ASSERT_EQ(BitsOf(read.points), BitsOf(expected.points)) << testing::PrintToString(text);
+        accepted += expected.accepted && !expected.points.empty() ? 1 : 0;
+    }
+    EXPECT_GT(accepted, 5000);
+}
+
+/// A start and then one line without an end, and how many bytes of both were asked for.
+class CEndlessSource : public CByteSource {
+public:
+    CEndlessSource(std::string start, std::string line) : m_start(std::move(start)), m_line(std::move(line)) {}
+
+    std::uint64_t Size() const override { return std::uint64_t{1} << 30U; }
+    std::size_t Read(std::span<std::byte> target) override {
+        for (std::byte& byte : target) {
+            byte = static_cast<std::byte>(
+                m_count < m_start.size() ? m_start[m_count] : m_line[(m_count - m_start.size()) % m_line.size()]);
+            ++m_count;
+        }
+        return target.size();
+    }
+    std::size_t Count() const { return m_count; }
+
+private:
+    std::string m_start, m_line;
+    std::size_t m_count = 0;
+};
+
+TEST(AsciiPointsRefuse, ALongTextAfterItsFirstLines) {
+    for (const char* const line :
+         {"0 0 0 0\n", "1,2,3,4,5,6,7,8\r\n", "1 2 \n", "- 1\n", "1e,\n", "words\n", "1 2;\n"}) {
+        CEndlessSource source("", line);
+        CPoints points;
+        EXPECT_EQ(ErrorOf([&] { points.ReadFrom(source, "p", 1000); }),
+                  "Failure to parse the file: p for reading.\nFailure to parse the data.");
+        EXPECT_LE(source.Count(), 1000U) << line;
+    }
+}
+
+TEST(AsciiPointsRefuse, ALongTextAfterTheFirstLineOfFewerNumbers) {
+    std::string start;
+    for (int i = 0; i < 1000; ++i) start += "1 2\n";
+    CEndlessSource source(start + "1 2 3\n", "1 2\n");
+    CPoints points;
+    EXPECT_NE(ErrorOf([&] { points.ReadFrom(source, "p", 1000); }), "");
+    EXPECT_EQ(points.Columns().Count(), 1001U);
+    EXPECT_LE(source.Count(), start.size() + 2000);
+}
+
 // A point that does not match gives its position back; that must not make long texts slow.
 TEST(AsciiPoints, TakeTimeInProportionToTheText) {
     const std::string blanks(4000000, ' ');
@@ -279,6 +376,8 @@ TEST(AsciiPoints, TakeTimeInProportionToTheText) {
     const std::string commas(4000000, ',');
     EXPECT_TRUE(Parses("1" + commas + "2"));
     EXPECT_TRUE(Parses(std::string(4000000, '1')));
+    EXPECT_TRUE(ReadInPieces(std::string(4000000, '1'), 1000).accepted);
+    EXPECT_TRUE(ReadInPieces("1" + commas + "2", 1000).accepted);
 }
 
 // The end of the data.

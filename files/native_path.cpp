@@ -16,4 +16,13 @@ std::filesystem::path NativePath(std::string_view utf8) {
     }
 }
 
+std::string Utf8Path(const std::filesystem::path& path) {
+#ifdef _WIN32
+    const std::u8string text = path.u8string();
+    return {text.begin(), text.end()};
+#else
+    return path.string();
+#endif
+}
+
 }  // namespace ks

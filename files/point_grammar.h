@@ -16,6 +16,7 @@
 #endif
 
 #include <cstddef>
+#include <optional>
 #include <string_view>
 
 /// The grammar of ASCII point files; docs/formats/ascii-points.md has it in words.
@@ -124,11 +125,75 @@ public:
     }
 };
 
+/// A document that arrives piece by piece: its three runs of points, each greedy.
+class CDocument {
+public:
+    /// The points are appended to `points`, which must outlive the document.
+    explicit CDocument(CPointColumns& points) : m_points(&points) {}
+
+    /// Takes the points that begin in the first `certain` characters of `text`, which goes on where the last taking
+    /// ended. What decides about them must be in the text.
+    /// @return how many characters they took; no value when no document begins so
+    std::optional<std::size_t> Take(std::string_view text, std::size_t certain) {
+        const char* at = text.data();
+        while (static_cast<std::size_t>(at - text.data()) < certain) {
+            TakeRun(at, text, certain);
+            if (static_cast<std::size_t>(at - text.data()) >= certain) break;
+            if (m_numbers == 3) return std::nullopt;
+            ++m_numbers;
+        }
+        return static_cast<std::size_t>(at - text.data());
+    }
+
+private:
+    /// The points of the run at hand.
+    void TakeRun(const char*& at, std::string_view text, std::size_t certain) {
+        if (m_numbers == 1) return TakeAll(point_one_parser(*m_points), at, text, certain);
+        if (m_numbers == 2) return TakeAll(point_two_parser(*m_points), at, text, certain);
+        TakeAll(point_three_parser(*m_points), at, text, certain);
+    }
+
+    template <class Point>
+    static void TakeAll(const Point& point, const char*& at, std::string_view text, std::size_t certain) {
+        const char* const end = text.data() + text.size();
+        while (static_cast<std::size_t>(at - text.data()) < certain) {
+            const auto parsed = classic::parse(at, end, point);
+            if (!parsed.hit) return;
+            at = parsed.stop;
+        }
+    }
+
+    CPointColumns* m_points;
+    int m_numbers = 1;  ///< of each point of the run at hand
+};
+
+/// Whether the character can stand in a number, be it in a place where none allows it.
+inline bool IsOfNumber(char c) {
+    return (c >= '0' && c <= '9') || c == '.' || c == '+' || c == '-' || c == 'e' || c == 'E';
+}
+
+/// How many characters at the start of a text stand so far from its end that what follows the text cannot change
+/// whether and how a point begins at one of them. The last character of the text itself is not looked at.
+///
+/// A point has three numbers at most, each within one row of characters of numbers, and a line end of two characters.
+/// So three whole rows and two characters decide. A text of one endless number is certain nowhere.
+inline std::size_t CertainLength(std::string_view text) {
+    constexpr std::size_t kUndecided = 3;  // a line end, and the last character
+    if (text.size() <= kUndecided) return 0;
+    std::size_t i = text.size() - kUndecided;
+    while (i > 0 && IsOfNumber(text[i])) --i;  // a row that may go on
+    for (int row = 0; row < 3; ++row) {
+        while (i > 0 && !IsOfNumber(text[i - 1])) --i;
+        if (i == 0) return 0;
+        while (i > 0 && IsOfNumber(text[i - 1])) --i;
+    }
+    return i + 1;
+}
+
 /// Appends the points of the text to `points`.
 /// @return whether the whole text is a document; else the points before the failure are appended
 inline bool ParsePoints(std::string_view text, CPointColumns& points) {
-    const auto document = *point_one_parser(points) >> *point_two_parser(points) >> *point_three_parser(points);
-    return classic::parse(text.data(), text.data() + text.size(), document).full;
+    return CDocument(points).Take(text, text.size()).has_value();
 }
 
 }  // namespace ks::syntax

@@ -16,7 +16,7 @@ CUDSFile::CUDSFile(const CUDSGeometry& geometry) : m_geometry(geometry) {}
 CUDS1992::CUDS1992() : CUDSFile(CUDSGeometry{}) {}
 
 void CUDSFile::Read(const std::string& path) {
-    m_content.columns = {};
+    m_content = {};
     m_imageSize = 0;
     if (path.empty()) throw CError(udsread::kEmptyPath);
     CInputFile file;
@@ -31,7 +31,7 @@ void CUDSFile::ReadImage(std::span<const std::byte> image) {
 }
 
 void CUDSFile::ReadFrom(CByteSource& source) {
-    m_content.columns = {};
+    m_content = {};
     m_imageSize = 0;
     try {
         ReadUds(source, m_geometry, m_content);
@@ -49,9 +49,10 @@ void CUDSFile::Write(const std::string& path) {
     if (!CanWrite(path)) throw CError(udswrite::kNotOpened);
 
     const std::vector<std::byte> image = MakeCheckedImage();
-    const WriteResult result = WriteFile(path, image);
+    CWriteTrouble trouble;
+    const WriteResult result = WriteFile(path, image, &trouble);
     if (result == WriteResult::NotOpened) throw CError(udswrite::kNotOpened);
-    if (result == WriteResult::NotCompleted) throw CError(udswrite::NotCompleted(path));
+    if (result == WriteResult::NotCompleted) throw CError(udswrite::NotCompleted(path, trouble));
     m_imageSize = image.size();
 }
 
@@ -73,6 +74,9 @@ CPointColumns CUDSFile::TakeColumns() {
 }
 
 void CUDSFile::SetColumns(CPointColumns columns) {
+    if (columns.x.size() != columns.y.size()) {
+        throw CError(udswrite::ColumnsDiffer(columns.x.size(), columns.y.size()));
+    }
     m_content.columns = std::move(columns);
 }
 

@@ -16,8 +16,9 @@ namespace ks {
 
 /// Reads a UDS file into a header-field set and a list of points, and writes one back. See docs/formats/uds-1992.md.
 ///
-/// Every failure is thrown as CError with one of the sentences of files/messages.h. After a failed Read no points are
-/// held and the image size is 0; the fields are then as far as they were read.
+/// Every failure is thrown as CError with one of the sentences of files/messages.h. After a failed Read nothing is held
+/// of a file read before: the fields are as far as they were read from the refused file, else they have their defaults;
+/// there are no points, and the image size is 0.
 class CUDSFile {
 public:
     virtual ~CUDSFile() = default;
@@ -44,6 +45,7 @@ public:
     const CPointColumns& Columns() const { return m_content.columns; }
     /// Gives the columns away; the file then holds no points.
     CPointColumns TakeColumns();
+    /// @throws CError when `x` and `y` differ in length; the points held before then stay
     void SetColumns(CPointColumns columns);
 
     /// The points as a list of shared points, made at each call.

@@ -91,6 +91,28 @@ TEST_F(UdsFileOnDisk, LeavesNothingOfTheFileBeforeAfterAFailure) {
     EXPECT_EQ(file.ImageSize(), 0U);
 }
 
+TEST_F(UdsFileOnDisk, HasNoFieldOfTheFileBeforeAfterAFailure) {
+    CUDSRecipe recipe;
+    recipe.secondComponent = true;
+    CUDS1992 file;
+    const auto read = [&] { file.Read(m_folder.Write("a.uds", UdsFile(recipe).Text())); };
+    const auto expectNothing = [&] {
+        EXPECT_EQ(file.Fields().GetNLP(), 0);
+        EXPECT_EQ(file.NumberFormatName(), "UKNOWN");
+        EXPECT_FALSE(file.HasSecondComponent());
+    };
+    read();
+    EXPECT_NE(file.Fields().GetNLP(), 0);
+    EXPECT_NE(ErrorOf([&] { file.Read(m_folder.Path("missing")); }), "");
+    expectNothing();
+    read();
+    EXPECT_NE(ErrorOf([&] { file.Read(""); }), "");
+    expectNothing();
+    read();
+    EXPECT_NE(ErrorOf([&] { file.Read(m_folder.Write("short", "x")); }), "");
+    expectNothing();
+}
+
 TEST_F(UdsFileOnDisk, IsWrittenAsItsImage) {
     CUDS1992 file = TwoPoints();
     const std::vector<std::byte> image = file.MakeImage();
@@ -159,6 +181,13 @@ TEST(UDSFile, GivesItsColumnsAway) {
     EXPECT_THAT(file.TakeColumns().y, ElementsAre(1.0, -2.0, 4.0));
     EXPECT_THAT(file.Columns().x, IsEmpty());
     EXPECT_THAT(file.Columns().y, IsEmpty());
+}
+
+TEST(UDSFile, RefusesColumnsOfDifferentLengthsAndKeepsItsOwn) {
+    CUDS1992 file;
+    file.SetColumns({{0.0, 0.5}, {1.0, 2.0}, {}});
+    EXPECT_EQ(ErrorOf([&] { file.SetColumns({{0.0}, {3.0, 4.0}, {}}); }), "The points have 1 X values and 2 Y values.");
+    EXPECT_THAT(file.Columns().y, ElementsAre(1.0, 2.0));
 }
 
 TEST(UDSFile, StartsWithoutAFile) {

@@ -240,9 +240,11 @@ TEST(UdsWriterRefuses, AllPointNumbersWithoutMakingRoomForThem) {
 }
 
 TEST(UdsWriterRefuses, ColumnsOfDifferentLengthsInPairs) {
-    CUDS1992 file = FileOf(2);
-    file.SetColumns({{0.0, 1.0, 2.0}, {0.0, 1.0}, {}});
-    EXPECT_EQ(ErrorOf([&] { file.MakeImage(); }), "NLP - NFP + 1: 2 does not equal to array size: 3");
+    CUDSContent content;
+    content.fields = FileOf(2).Fields();
+    content.columns = {{0.0, 1.0, 2.0}, {0.0, 1.0}, {}};
+    EXPECT_EQ(ErrorOf([&] { MakeUdsImage(content, CUDSGeometry{}, kIeeeMachine); }),
+              "NLP - NFP + 1: 2 does not equal to array size: 3");
 }
 
 TEST(UdsWriterRefuses, AMachineOfUnknownFormats) {

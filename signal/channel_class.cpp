@@ -37,7 +37,16 @@ constexpr std::array kClassWindows{
 }  // namespace
 
 bool IsChannelClass(std::int32_t cfc) {
-    return cfc == 60 || cfc == 180 || cfc == 600 || cfc == 1000;
+    return std::ranges::find(kChannelClasses, cfc) != kChannelClasses.end();
+}
+
+std::string ChannelClassList(std::string_view between, std::string_view beforeLast) {
+    std::string list;
+    for (const std::int32_t cfc : kChannelClasses) {
+        if (cfc != kChannelClasses.front()) list += cfc == kChannelClasses.back() ? beforeLast : between;
+        list += std::to_string(cfc);
+    }
+    return list;
 }
 
 double FilterFrequencyOf(std::int32_t cfc) {

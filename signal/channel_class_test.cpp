@@ -19,6 +19,11 @@ TEST(IsChannelClass, KnowsTheFourOfTheStandard) {
     EXPECT_FALSE(IsChannelClass(kUnknownChannelClass));
 }
 
+TEST(ChannelClassList, NamesTheClassesAscending) {
+    EXPECT_EQ(ChannelClassList(", ", " or "), "60, 180, 600 or 1000");
+    EXPECT_EQ(ChannelClassList("|", "|"), "60|180|600|1000");
+}
+
 TEST(FilterFrequencyOf, IsFiveThirdsOfTheClassToElevenDecimals) {
     EXPECT_EQ(FilterFrequencyOf(60), 60.0 * 1.66666666667);
     EXPECT_EQ(FilterFrequencyOf(1000), 1666.66666667);

@@ -66,7 +66,7 @@ void CData::SetPoint(std::size_t i, double x, double y) {
     if (i >= m_X.size() || i >= m_Y.size()) throw std::runtime_error(signal_message::kIndexOutOfBounds);
     m_X[i] = x;
     m_Y[i] = y;
-    m_limitsStale = true;  // overwriting a whole curve point by point must not scan it as often as it has points
+    m_areLimitsStale = true;  // overwriting a whole curve point by point must not scan it as often as it has points
     UpdateTimes();
 }
 
@@ -79,17 +79,18 @@ void CData::GenerateTime() {
 }
 
 void CData::UpdateLimits() {
-    m_limitsStale = true;
-    Limits();
+    m_limits = ScannedLimits();
+    m_areLimitsStale = false;
     UpdateTimes();
 }
 
-const CLimits& CData::Limits() const {
-    if (m_limitsStale) {
-        m_limits = {ExtremaOr(m_limits.x, m_X), ExtremaOr(m_limits.y, m_Y), ExtremaOr(m_limits.z, m_Z)};
-        m_limitsStale = false;
-    }
-    return m_limits;
+/// Never stores what it scans: several threads may ask one record at the same time.
+CLimits CData::Limits() const {
+    return m_areLimitsStale ? ScannedLimits() : m_limits;
+}
+
+CLimits CData::ScannedLimits() const {
+    return {ExtremaOr(m_limits.x, m_X), ExtremaOr(m_limits.y, m_Y), ExtremaOr(m_limits.z, m_Z)};
 }
 
 void CData::SetDataStatus(std::string_view text) {

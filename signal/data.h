@@ -21,11 +21,20 @@ class CUDSFile;
 /// The signal record: one curve of a crash test as equally long arrays X, Y and Z with its header fields, and the
 /// operations on it.
 ///
-/// After every successful setter or operation the arrays are equally long and the limits are current. Failures are
+/// After every successful setter of the arrays and after every operation the arrays are equally long. Failures are
 /// thrown as CError with the sentence that the user reads; checks run before any array changes, except where a
 /// failure inside SetData leaves the record partly changed. A copy shares nothing with its original.
 ///
 /// "Point count" is the number of Y values; `Count` is what NFP and NLP say. They may differ.
+///
+/// What is current when:
+/// - `Count` and the point count: always.
+/// - The extrema: after every successful setter of the arrays (SetData, SetPoints, SetPoint, loading) and after every
+///   operation. Not after GenerateTime, MutableY or a failed SetData: UpdateLimits must follow.
+/// - StartTime and EndTime: after the same, and after UpdateLimits; setting a header field (NFP, NLP, delt) does not
+///   change them.
+///
+/// Const member functions only read, so several threads may call them on one record while none changes it.
 class CData : public CDataFields {
 public:
     // Arrays.
@@ -47,7 +56,9 @@ public:
     /// The same from columns; an empty `z` column means zeros.
     void SetPoints(CPointColumns columns);
 
-    /// Overwrites sample i of X and Y; the limits follow, at the cost of one scan when next asked for.
+    /// Overwrites sample i of X and Y; the extrema follow. Each question for an extremum then scans the arrays, until
+    /// UpdateLimits, any setter of the arrays or an operation has stored the extrema anew: whoever overwrites many
+    /// samples ends with UpdateLimits.
     /// @throws std::runtime_error " Index Out of Bounds..." when i is not below both lengths
     void SetPoint(std::size_t i, double x, double y);
 
@@ -65,7 +76,7 @@ public:
     /// Rebuilds X as delt * (NFP + i) for i = 0 ... Count - 1.
     void GenerateTime();
 
-    /// Recomputes extrema, StartTime and EndTime. The extrema of an empty array stay as they were.
+    /// Computes and stores extrema, StartTime and EndTime. The extrema of an empty array stay as they were.
     void UpdateLimits();
 
     double GetXMax() const { return Limits().x.maximum; }
@@ -100,7 +111,8 @@ public:
     /// Number format of that file: "IEEE", "SUN" or "VAX"; empty for a record made otherwise.
     const std::string& GetSourceFormat() const { return m_SourceFormat; }
     void SetSourceFormat(std::string text) { m_SourceFormat = std::move(text); }
-    /// "ASCII File" for a record read from an ASCII point file, else empty.
+    /// "ASCII File" for a record read from an ASCII point file, else empty. A text to keep with the record; what
+    /// follows from a file's format is a property of the format, see signal/formats/signal_format.h.
     const std::string& GetFileType() const { return m_FileType; }
     void SetFileType(std::string text) { m_FileType = std::move(text); }
 
@@ -155,7 +167,8 @@ protected:
 
 private:
     void KeepOrBuildX(const std::vector<double>& y, const std::vector<double>& z);
-    const CLimits& Limits() const;
+    CLimits Limits() const;
+    CLimits ScannedLimits() const;
     void UpdateTimes();
     void TakeDescriptors(const CUDSFile& file);
     void FinishOperation(std::vector<double> x, std::vector<double> y);
@@ -166,8 +179,8 @@ private:
     std::array<double, 4> m_FurtherReals{};
     std::string m_DataStatus;
     std::string m_YQuantity;
-    mutable CLimits m_limits;
-    mutable bool m_limitsStale = false;
+    CLimits m_limits;
+    bool m_areLimitsStale = false;  ///< a sample was overwritten since `m_limits` was computed
     double m_StartTime = 0.0, m_EndTime = 0.0;
     std::int32_t m_CFCClass = kUnknownChannelClass;
     bool m_Modified = false;

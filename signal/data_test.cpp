@@ -2,9 +2,12 @@
 
 #include <gmock/gmock.h>
 
+#include <atomic>
 #include <limits>
 #include <stdexcept>
+#include <thread>
 #include <type_traits>
+#include <vector>
 
 #include "files/error.h"
 #include "signal/nsignal.h"
@@ -315,6 +318,40 @@ TEST(SetPoint, OverwritesOneSampleAndTheLimitsFollow) {
     EXPECT_EQ(data.GetXMax(), 10.0);
     EXPECT_EQ(data.GetYMin(), -2.0);
     EXPECT_EQ(data.GetYMax(), 5.0) << "the largest value was overwritten";
+}
+
+TEST(SetPoint, LeavesTheLimitsReadableFromSeveralThreads) {
+    constexpr std::size_t kCount = 2000;
+    std::vector<double> y(kCount);
+    for (std::size_t i = 0; i < kCount; ++i) y[i] = static_cast<double>(i);
+    CData data;
+    data.SetData(y, y);
+    data.SetPoint(kCount - 1, -1.0, -1.0);
+    const CData& shared = data;
+
+    std::atomic<int> wrong = 0;
+    const auto read = [&] {
+        for (int i = 0; i < 200; ++i) {
+            const bool isRight = shared.GetYMax() == kCount - 2 && shared.GetYMin() == -1.0 &&
+                                 shared.GetXMax() == kCount - 2 && shared.GetXMin() == -1.0;
+            if (!isRight) ++wrong;
+        }
+    };
+    std::vector<std::thread> threads;
+    for (int i = 0; i < 4; ++i) threads.emplace_back(read);
+    for (std::thread& thread : threads) thread.join();
+    EXPECT_EQ(wrong, 0);
+}
+
+TEST(SetPoint, OfAWholeCurveTakesTimeInProportionToIt) {
+    constexpr std::size_t kCount = 200000;
+    const std::vector<double> zeros(kCount);
+    CData data;
+    data.SetData(zeros, zeros);
+    for (std::size_t i = 0; i < kCount; ++i) data.SetPoint(i, static_cast<double>(i), -static_cast<double>(i));
+    data.UpdateLimits();
+    EXPECT_EQ(data.GetXMax(), kCount - 1.0);
+    EXPECT_EQ(data.GetYMin(), 1.0 - kCount);
 }
 
 TEST(SetPoint, RefusesAnIndexOutside) {

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 /// Every sentence of the signal record and its operations, once. Settled letter for letter, odd spellings included:
 /// users and scripts know them.
@@ -37,6 +38,12 @@ std::string StopTimeNotAfterStart(double start, double stop);
 std::string StartIndexNotBeforeStop(std::int32_t start, std::int32_t stop);
 inline constexpr const char* kStopIndexNotAfterStart = "Stop index is <= Start Index";
 inline constexpr const char* kIndicesOutOfRange = "Unable to provide requested stop/start indices";
+
+// Loading.
+std::string NoSuchChannel(std::string_view channel);
+
+// Saving.
+std::string NoMemoryToSave(const std::string& path);
 
 // Export of the points as text.
 std::string PointNotFinite(std::size_t index, std::size_t count);

@@ -8,15 +8,16 @@
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QUrl>
+#include <array>
 #include <exception>
-#include <filesystem>
 #include <string>
-#include <system_error>
 #include <utility>
 
-#include "files/native_path.h"
+#include "files/file_request.h"
 #include "files/path_text.h"
+#include "files/same_file.h"
 #include "signal/ascii_export.h"
+#include "signal/signal_loader.h"
 #include "viewer/header_pages.h"
 #include "viewer/messages.h"
 #include "viewer/print_preview.h"
@@ -32,16 +33,15 @@ namespace {
 
 constexpr const char* kPointsExtension = ".txt";
 
-CViewerSaveRequest PointsRequest(const QString& fileName) {
+ks::CFileRequest PointsRequest(const QString& fileName) {
     const QString extension = QString::fromLatin1(kPointsExtension);
-    CViewerSaveRequest request;
-    request.title = CUDSDialog::tr("Export Points");
+    ks::CFileRequest request = ks::SaveRequest(CUDSDialog::tr("Export Points").toStdString());
     request.filters = {
-        {CUDSDialog::tr("ASCI Files (*%1)").arg(extension), QLatin1Char('*') + extension},
-        {CUDSDialog::tr("All Files (*.*)"), QStringLiteral("*.*")},
+        {CUDSDialog::tr("ASCI Files (*%1)").arg(extension).toStdString(), std::string("*") + kPointsExtension},
+        {CUDSDialog::tr("All Files (*.*)").toStdString(), "*.*"},
     };
-    request.suggestedName = fileName + extension;
-    request.defaultExtension = extension.mid(1);
+    request.suggestedName = (fileName + extension).toStdString();
+    request.defaultExtension = extension.mid(1).toStdString();
     return request;
 }
 
@@ -108,19 +108,14 @@ CUDSDialog::CUDSDialog(CViewerHost& host, QWidget* parent)
 CUDSDialog::~CUDSDialog() = default;
 
 bool CUDSDialog::Open(const QString& path) {
-    std::string complaint;
+    ks::CLoadedSignal loaded;
     {
         const CWaitCursor wait;
-        try {
-            ks::CNSignal record;
-            record.LoadUDS(path.toStdString());
-            ShowRecord(std::move(record), path);
-            return true;
-        } catch (const std::exception& error) {
-            complaint = error.what();
-        }
+        loaded = ks::LoadSignal(path.toStdString(), std::string(ks::kOnlyChannel), std::array{&ks::kUdsFormat});
+        if (loaded.IsLoaded()) ShowRecord(std::move(loaded.record), path);
     }
-    m_host.ShowError(isVisible() ? this : parentWidget(), QString::fromStdString(complaint));
+    if (loaded.IsLoaded()) return true;
+    m_host.ShowError(isVisible() ? this : parentWidget(), QString::fromStdString(loaded.complaints.front()));
     return false;
 }
 
@@ -236,9 +231,7 @@ void CUDSDialog::ExportPoints() {
 }
 
 bool CUDSDialog::IsShownFile(const QString& path) const {
-    std::error_code unknown;  // a file that does not exist is another one
-    return !m_path.isEmpty() && std::filesystem::equivalent(ks::NativePath(path.toStdString()),
-                                                            ks::NativePath(m_path.toStdString()), unknown);
+    return ks::WouldReplace(path.toStdString(), m_path.toStdString());
 }
 
 void CUDSDialog::dragEnterEvent(QDragEnterEvent* event) {

@@ -447,14 +447,14 @@ private slots:
     void TheSavePickerOffersTextFiles() {
         Export("xyButton", {});
         QCOMPARE(m_host->saveRequests.size(), std::size_t{1});
-        const CViewerSaveRequest& request = m_host->saveRequests.front();
+        const ks::CFileRequest& request = m_host->saveRequests.front();
         QCOMPARE(request.filters.size(), std::size_t{2});
-        QCOMPARE(request.filters[0].text, QString("ASCI Files (*.txt)"));
-        QCOMPARE(request.filters[0].pattern, QString("*.txt"));
-        QCOMPARE(request.filters[1].text, QString("All Files (*.*)"));
-        QCOMPARE(request.filters[1].pattern, QString("*.*"));
-        QCOMPARE(request.defaultExtension, QString("txt"));
-        QCOMPARE(request.suggestedName, QString("two.uds.txt"));
+        QCOMPARE(request.filters[0].text, std::string("ASCI Files (*.txt)"));
+        QCOMPARE(request.filters[0].pattern, std::string("*.txt"));
+        QCOMPARE(request.filters[1].text, std::string("All Files (*.*)"));
+        QCOMPARE(request.filters[1].pattern, std::string("*.*"));
+        QCOMPARE(request.defaultExtension, std::string("txt"));
+        QCOMPARE(request.suggestedName, std::string("two.uds.txt"));
         QCOMPARE(m_host->errors, QStringList());
     }
 

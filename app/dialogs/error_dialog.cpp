@@ -1,5 +1,7 @@
 #include "app/dialogs/error_dialog.h"
 
+#include <QDir>
+
 #include "app/ui_error_dialog.h"
 
 namespace ksres {
@@ -19,10 +21,22 @@ void CErrorDialog::showEvent(QShowEvent* event) {
     QDialog::showEvent(event);
 }
 
-void CErrorDialog::ShowMessages(const std::vector<std::string>& messages, QWidget* parent) {
+void CErrorDialog::AddMessages(const std::vector<CRunMessage>& messages) {
+    std::string path;
+    for (const CRunMessage& message : messages) {
+        if (message.path != path) {
+            path = message.path;
+            if (!m_text.isEmpty()) AddMessage({});
+            if (!path.empty()) AddMessage(QDir::toNativeSeparators(QString::fromStdString(path)).toStdString());
+        }
+        AddMessage(message.text);
+    }
+}
+
+void CErrorDialog::ShowMessages(const std::vector<CRunMessage>& messages, QWidget* parent) {
     if (messages.empty()) return;
     CErrorDialog dialog(parent);
-    for (const std::string& message : messages) dialog.AddMessage(message);
+    dialog.AddMessages(messages);
     dialog.exec();
 }
 

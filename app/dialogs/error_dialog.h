@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "compare/document_host.h"
+
 namespace ksres {
 
 namespace Ui {
@@ -25,8 +27,11 @@ public:
     /// All messages, each followed by CR LF; empty without any.
     const QString& Text() const { return m_text; }
 
+    /// Appends the messages. Those about one file stand together under its path, in the platform's form, with an empty
+    /// line before and after them.
+    void AddMessages(const std::vector<CRunMessage>& messages);
     /// Shows the messages and waits until the user has closed the dialog; nothing without any.
-    static void ShowMessages(const std::vector<std::string>& messages, QWidget* parent);
+    static void ShowMessages(const std::vector<CRunMessage>& messages, QWidget* parent);
 
 protected:
     void showEvent(QShowEvent* event) override;

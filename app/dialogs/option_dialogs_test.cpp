@@ -13,6 +13,7 @@
 #include "app/testing/error_list_watcher.h"
 #include "app/testing/recorded_messages.h"
 #include "app/testing/widget_probe.h"
+#include "compare/plots/page_table.h"
 
 namespace {
 
@@ -190,7 +191,7 @@ private slots:
 
     void MessagesOpenOneErrorListWithAllOfThem() {
         const CErrorListWatcher lists;
-        ksres::CErrorDialog::ShowMessages({"first", "second"}, nullptr);
+        ksres::CErrorDialog::ShowMessages({{"", "first"}, {"", "second"}}, nullptr);
         QCOMPARE(lists.texts, QStringList({"first\r\nsecond\r\n"}));
     }
 
@@ -199,6 +200,19 @@ private slots:
         dialog.AddMessage("one");
         dialog.AddMessage("two");
         QCOMPARE(dialog.Text(), QString("one\r\ntwo\r\n"));
+    }
+
+    void MessagesAboutOneFileStandUnderItsPath() {
+        ksres::CErrorDialog dialog;
+        dialog.AddMessages({{"", "first"},
+                            {"in/a.uds", "one"},
+                            {"in/a.uds", "two"},
+                            {"in/b.uds", "three"},
+                            {"", "in/c.uds: four"},
+                            {"", "last"}});
+        const QString a = QDir::toNativeSeparators("in/a.uds"), b = QDir::toNativeSeparators("in/b.uds");
+        QCOMPARE(dialog.Text(),
+                 "first\r\n\r\n" + a + "\r\none\r\ntwo\r\n\r\n" + b + "\r\nthree\r\n\r\nin/c.uds: four\r\nlast\r\n");
     }
 
     void WithoutMessagesNoErrorListOpens() {
@@ -247,10 +261,21 @@ private slots:
         QVERIFY(QRegularExpression("^\\d+\\.\\d+\\.\\d+$").match(AboutTextsOfBuild().version).hasMatch());
     }
 
-    void TheDescriptionIsOneSentenceWithAllElevenPages() {
-        QVERIFY(AboutDescription().endsWith(
-            "'Summary', 'Input Data', 'Standard Deviation', 'Corridor', '90 Percentile Corridor', 'Residuals', "
-            "'Acceleration', 'Velocity', 'Displacement', 'Cummulative Density', 'Cross Correlation', ..."));
+    /// The fixed line names major and minor version, the other one all three numbers.
+    void TheAboutBoxShowsOneVersion() {
+        const CKsAboutDlg dialog(AboutTextsOfBuild());
+        const QString fixed = dialog.findChild<QLabel*>("staticLabel")->text();
+        const QString full = dialog.findChild<QLabel*>("versionLabel")->text();
+        QCOMPARE(fixed, QString("Quorvel, Version 1.0"));
+        QVERIFY2(full.startsWith("Version: " + fixed.section(' ', -1) + '.'), qPrintable(full));
+    }
+
+    void TheDescriptionIsOneSentenceWithAllPages() {
+        QVERIFY(AboutDescription().contains(
+            " 'Summary', 'Input Data', 'Standard Deviation', 'Corridor', '90 Percentile Corridor', 'Residuals', "
+            "'Acceleration', 'Velocity', 'Displacement', 'Cummulative Density', 'Cross Correlation', "));
+        QVERIFY(AboutDescription().endsWith("', ..."));
+        QCOMPARE(AboutDescription().count('\''), 2 * static_cast<qsizetype>(PageTable().size()));
         QCOMPARE(AboutDescription().count('.'), qsizetype{3});
     }
 

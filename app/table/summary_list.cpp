@@ -9,6 +9,8 @@
 #include <memory>
 #include <utility>
 
+#include "files/one_line.h"
+
 namespace {
 
 constexpr int kControlId = 101;
@@ -44,11 +46,8 @@ private:
     }
 };
 
-QString OneLine(QString text) {
-    for (QChar& character : text) {
-        if (character == u'\t' || character == u'\r' || character == u'\n') character = u' ';
-    }
-    return text;
+QString OneLine(const QString& text) {
+    return QString::fromStdString(ks::OneLine(text.toStdString()));
 }
 
 }  // namespace

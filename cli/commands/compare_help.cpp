@@ -1,5 +1,7 @@
 #include "cli/commands/compare_help.h"
 
+#include "signal/channel_class.h"
+
 namespace {
 
 CHelpSection Signals() {
@@ -18,7 +20,7 @@ CHelpSection Signals() {
 CHelpSection Preparation() {
     return {
         "Preparation",
-        {{"--cfc 60|180|600|1000",
+        {{"--cfc " + ks::ChannelClassList("|", "|"),
           "Filter at this channel frequency class of SAE J211: the computed signals, and the reference too. Computed "
           "signals from ASCII point files are never filtered. Without it nothing is filtered."},
          {"--no-filter-reference", "Leave the reference file unfiltered."},
@@ -59,9 +61,11 @@ CHelpSection Outputs() {
              {"--ascii DIR", "Write the ASCII table of every page to DIR/page-ID.txt. DIR is made when it is missing."},
              {"--uds DIR",
               "Write every series of every page as a UDS-1992 file DIR/page-ID-N.uds, N from 1. DIR is made "
-              "when it is missing."},
+              "when it is missing; files of such names that an earlier run left are removed."},
              {"--quiet", "Print no table and no progress; only complaints and what the other options ask for."},
-             {"--verbose", "Also tell on standard error what was compared, with the warnings of every signal."},
+             {"--verbose",
+              "Also tell on standard error what was compared, with the warnings of every signal and notes on how it "
+              "was prepared."},
              {"--help", "Print this help and end."},
              {"--version", "Print the version and end."}}};
 }

@@ -9,13 +9,17 @@
 #include "cli/output/outputs.h"
 #include "cli/usage_error.h"
 #include "files/number_text.h"
+#include "signal/channel_class.h"
 
 namespace {
 
-constexpr std::array<COptionDeclaration, 16> kOptions = {{
+const std::string kClasses = ks::ChannelClassList(", ", " or ");
+const std::string kClassArgument = "a channel class: " + kClasses;
+
+const std::array<COptionDeclaration, 16> kOptions = {{
     {"--hit-list", COptionKind::Repeatable, "the PATH of a hit list"},
     {"--reference", COptionKind::Single, "the PATH of a signal file"},
-    {"--cfc", COptionKind::Single, "a channel class: 60, 180, 600 or 1000"},
+    {"--cfc", COptionKind::Single, kClassArgument},
     {"--no-filter-reference", COptionKind::Flag, ""},
     {"--window", COptionKind::Pair, "two numbers, MIN and MAX"},
     {"--corridor", COptionKind::Single, "a SIZE greater than 0"},
@@ -31,20 +35,17 @@ constexpr std::array<COptionDeclaration, 16> kOptions = {{
     {"--verbose", COptionKind::Flag, ""},
 }};
 
-constexpr std::array<std::pair<std::string_view, std::int32_t>, 4> kClasses = {
-    {{"60", 60}, {"180", 180}, {"600", 600}, {"1000", 1000}}};
-
 std::optional<std::int32_t> ReadClass(const CArguments& arguments) {
     const std::optional<std::string> text = arguments.Value("--cfc");
     if (!text) {
         return std::nullopt;
     }
-    const auto* const found =
-        std::find_if(kClasses.begin(), kClasses.end(), [&text](const auto& entry) { return entry.first == *text; });
-    if (found == kClasses.end()) {
-        throw CUsageError("Option --cfc takes the channel class 60, 180, 600 or 1000, not: " + *text);
+    for (const std::int32_t channelClass : ks::kChannelClasses) {
+        if (std::to_string(channelClass) == *text) {
+            return channelClass;
+        }
     }
-    return found->second;
+    throw CUsageError("Option --cfc takes the channel class " + kClasses + ", not: " + *text);
 }
 
 double ReadNumber(std::string_view option, const std::string& text) {

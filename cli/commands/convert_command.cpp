@@ -72,6 +72,7 @@ std::string_view Characters(std::span<const std::byte> bytes) {
 CExitStatus RunConvert(const std::vector<std::string>& arguments, CConsole& console) {
     const CConvertOptions options = ParseConvertOptions(arguments);
     RefuseOverwriting(options.out, options.file);
+    // The file object itself, not a record made from it: what reading repaired is told, and no field may be lost.
     ks::CUDS1992 file;
     if (ComplaintOfReading(options.file, console, [&] { file.Read(options.file); })) {
         return CExitStatus::Input;

@@ -9,8 +9,8 @@
 CExitStatus RunExport(const std::vector<std::string>& arguments, CConsole& console) {
     const CExportOptions options = ParseExportOptions(arguments);
     RefuseOverwriting(options.out, options.file);
-    ks::CData record;
-    if (ComplaintOfReading(options.file, console, [&] { record.LoadUDS(options.file); })) {
+    ks::CNSignal record;
+    if (ComplaintOfReadingUds(options.file, console, record)) {
         return CExitStatus::Input;
     }
     std::string text;

@@ -1,23 +1,52 @@
 #include "cli/commands/file_input.h"
 
+#include <array>
+#include <new>
+#include <utility>
+
 #include "cli/output/outputs.h"
 #include "cli/usage_error.h"
 #include "files/error.h"
+#include "files/messages.h"
+#include "files/same_file.h"
+#include "signal/signal_loader.h"
+
+namespace {
+
+void Complain(const std::string& path, const std::string& sentence, CConsole& console) {
+    console.Complain(sentence);
+    console.Complain("Could not be read: " + path);
+}
+
+}  // namespace
+
+std::optional<std::string> ComplaintOfReadingUds(const std::string& path, CConsole& console, ks::CNSignal& record) {
+    ks::CLoadedSignal loaded = ks::LoadSignal(path, std::string(ks::kOnlyChannel), std::array{&ks::kUdsFormat});
+    if (!loaded.IsLoaded()) {
+        Complain(path, loaded.complaints.front(), console);
+        return loaded.complaints.front();
+    }
+    record = std::move(loaded.record);
+    return std::nullopt;
+}
 
 std::optional<std::string> ComplaintOfReading(const std::string& path, CConsole& console,
                                               const std::function<void()>& read) {
+    std::string sentence;
     try {
         read();
         return std::nullopt;
+    } catch (const std::bad_alloc&) {
+        sentence = ks::NoMemoryToRead(path);
     } catch (const ks::CError& error) {
-        console.Complain(error.what());
-        console.Complain("Could not be read: " + path);
-        return error.what();
+        sentence = error.what();
     }
+    Complain(path, sentence, console);
+    return sentence;
 }
 
 void RefuseOverwriting(const std::string& output, const std::string& input) {
-    if (output != kStandardOutput && SameFile(output, input)) {
+    if (output != kStandardOutput && ks::WouldReplace(output, input)) {
         throw CUsageError("An output would overwrite an input: " + output);
     }
 }

@@ -13,7 +13,7 @@ CExitStatus RunReport(const std::vector<std::string>& arguments, CConsole& conso
     }
     RefuseOverwriting(options.pdf, options.file);
     ks::CNSignal record;
-    if (ComplaintOfReading(options.file, console, [&] { record.LoadUDS(options.file); })) {
+    if (ComplaintOfReadingUds(options.file, console, record)) {
         return CExitStatus::Input;
     }
     COutputs outputs(console);

@@ -17,8 +17,8 @@ bool ShowFiles(const CShowOptions& options, CConsole& console) {
     std::string_view gap;
     CHeaderJson json;
     for (const std::string& path : options.files) {
-        ks::CData record;
-        if (const auto complaint = ComplaintOfReading(path, console, [&] { record.LoadUDS(path); })) {
+        ks::CNSignal record;
+        if (const auto complaint = ComplaintOfReadingUds(path, console, record)) {
             good = false;
             json.AddError(path, *complaint);
             continue;

@@ -1,8 +1,9 @@
 #include "cli/output/json_results.h"
 
+#include <new>
 #include <nlohmann/json.hpp>
 
-#include "compare/plots/page_ids.h"
+#include "compare/plots/page_table.h"
 #include "compare/summary_table.h"
 
 namespace {
@@ -27,6 +28,18 @@ Json SettingsJson(const CCompareOptions& options) {
     return settings;
 }
 
+Json NoteJson(const CNote& note) {
+    Json json;
+    json["kind"] = NameOf(note.kind);
+    json["text"] = note.sentence;
+    return json;
+}
+
+// Without any note there is no member: what is written about such a run is what it was before there were notes.
+void AddNotes(Json& json, const std::vector<CNote>& notes) {
+    for (const CNote& note : notes) json["notes"].push_back(NoteJson(note));
+}
+
 Json ReferenceJson(const CSignal& reference) {
     const ks::CNSignal& record = reference.Record();
     Json json;
@@ -36,6 +49,7 @@ Json ReferenceJson(const CSignal& reference) {
     json["xUnits"] = record.GetXUNITS();
     json["yUnits"] = record.GetYUNITS();
     json["warnings"] = record.GetWarnings();
+    AddNotes(json, reference.Notes());
     return json;
 }
 
@@ -71,6 +85,7 @@ Json SignalJson(const CSignal& signal) {
     json["referenceName"] = signal.GetReferenceName();
     json["pointCount"] = signal.GetPointCount();
     json["warnings"] = signal.Record().GetWarnings();
+    AddNotes(json, signal.Notes());
     json["measures"] = MeasuresJson(signal.Comparison());
     Json columns = Json::array();
     Json verdicts = Json::array();
@@ -94,6 +109,12 @@ Json PageJson(const CPageView& page, bool chart) {
     json["yTitle"] = page.block.yTitle;
     json["pointCount"] = chart ? page.block.pointCount : 0;
     json["seriesCount"] = chart ? page.block.seriesCount : 0;
+    for (const CPageNote& note : page.notes) {
+        Json item;
+        item["signal"] = note.signal;
+        item.update(NoteJson(note.note));
+        json["notes"].push_back(std::move(item));
+    }
     return json;
 }
 
@@ -126,6 +147,9 @@ CJsonResults::CJsonResults(const CCompareOptions& options, const CResults& resul
     AppendMember(m_text, "settings", Dump(SettingsJson(options)));
     AppendMember(m_text, "errors", Dump(Json(results.errors)));
     AppendMember(m_text, "referenceErrors", Dump(Json(results.referenceErrors)));
+    Json run;
+    AddNotes(run, results.notes);
+    if (!run.empty()) AppendMember(m_text, "notes", Dump(run["notes"]));
     AppendMember(m_text, "reference", Dump(ReferenceJson(reference)));
     AppendMember(m_text, "pageList", Dump(Json(results.pageList)));
     std::string items;
@@ -141,11 +165,22 @@ void CJsonResults::BeginPages() {
 }
 
 void CJsonResults::AddPage(const CPageView& page) {
+    if (m_isTooLong) return;
+    try {
+        AppendPage(page);
+    } catch (const std::bad_alloc&) {
+        // The other outputs are still to be made, and can use the memory.
+        m_isTooLong = true;
+        m_text = std::string();
+    }
+}
+
+void CJsonResults::AppendPage(const CPageView& page) {
     BeginPages();
     m_text += m_hasPage ? ",\n  " : "\n  ";
     m_hasPage = true;
     // The summary page keeps the chart block of the page before it; it has no curves of its own.
-    const bool chart = page.id != page::kSummary;
+    const bool chart = HasChart(page.id);
     m_text += Dump(PageJson(page, chart));
     m_text.back() = ',';  // in place of the closing brace
     m_text += "\"series\":[";
@@ -157,6 +192,7 @@ void CJsonResults::AddPage(const CPageView& page) {
 }
 
 std::string CJsonResults::Finish(bool withPages) {
+    if (m_isTooLong) throw std::bad_alloc();
     if (withPages) {
         BeginPages();
         m_text += ']';

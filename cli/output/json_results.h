@@ -8,7 +8,9 @@
 #include <vector>
 
 #include "cli/commands/compare_options.h"
+#include "cli/output/notes.h"
 #include "compare/chart_block.h"
+#include "compare/note.h"
 #include "compare/plots/plot.h"
 #include "compare/signal.h"
 
@@ -18,6 +20,7 @@ public:
     std::vector<std::string> errors;           ///< messages of the run
     std::vector<std::string> referenceErrors;  ///< messages of a reference that could not be read
     std::vector<std::int32_t> pageList;
+    std::vector<CNote> notes = {};  ///< notes of the run; those of a signal are with the signal
 };
 
 /// One chart page as the results file shows it.
@@ -28,6 +31,7 @@ public:
     const CChartBlock& block;
     const CSeriesList& series;
     const std::vector<std::string>& names;
+    std::vector<CPageNote> notes = {};  ///< what building the page did to the signals
 };
 
 /// Writes the results file of `quorvel-cli compare`; docs/formats/results.md describes it.
@@ -43,14 +47,17 @@ public:
 
     void AddPage(const CPageView& page);
     /// Ends the text. `withPages` adds the member "pages", empty when no page was added.
+    /// @throws std::bad_alloc when the memory for the text did not suffice, here or before
     std::string Finish(bool withPages);
 
 private:
     void BeginPages();
+    void AppendPage(const CPageView& page);
 
     std::string m_text;
     bool m_inPages = false;
     bool m_hasPage = false;
+    bool m_isTooLong = false;
 };
 
 /// "none", "good" or "bad".

@@ -136,6 +136,29 @@ TEST(JsonResults, ShowAChartPageWithoutSeriesAsNotBuilt) {
     EXPECT_TRUE(page.at("error").is_null());
 }
 
+TEST(JsonResults, ShowNotesBesideTheWarnings) {
+    CSignal reference("ref");
+    reference.Notes().push_back({NoteKind::ReferenceResampled, "R."});
+    CSignal signal("a");
+    signal.Notes().push_back({NoteKind::NotFiltered, "S."});
+    signal.Notes().push_back({NoteKind::Resampled, "T."});
+    CJsonResults results({}, {{}, {}, {}, {{NoteKind::AverageIsFirst, "U."}}}, reference, {signal});
+    CPageView page{6, std::nullopt, {}, {}, {}};
+    page.notes.push_back({3, {NoteKind::CutByPage, "V."}});
+    results.AddPage(page);
+    const std::string text = results.Finish(true);
+
+    EXPECT_THAT(text,
+                testing::HasSubstr("\"referenceErrors\": [],\n\"notes\": [{\"kind\":\"average-is-first\",\"text\":"
+                                   "\"U.\"}],\n\"reference\""));
+    EXPECT_THAT(text,
+                testing::HasSubstr("\"warnings\":[],\"notes\":[{\"kind\":\"reference-resampled\",\"text\":\"R.\"}]}"));
+    EXPECT_THAT(text, testing::HasSubstr("\"warnings\":[],\"notes\":[{\"kind\":\"not-filtered\",\"text\":\"S.\"},"
+                                         "{\"kind\":\"resampled\",\"text\":\"T.\"}],\"measures\""));
+    EXPECT_THAT(text, testing::HasSubstr("\"seriesCount\":0,\"notes\":[{\"signal\":3,\"kind\":\"cut-by-page\",\"text\":"
+                                         "\"V.\"}],\"series\":[]"));
+}
+
 TEST(JsonResults, HavePagesOnlyWhenAsked) {
     EXPECT_FALSE(json::parse(CJsonResults({}, {}, {}, {}).Finish(false)).contains("pages"));
     EXPECT_EQ(json::parse(CJsonResults({}, {}, {}, {}).Finish(true)).at("pages"), json::array());

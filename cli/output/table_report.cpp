@@ -2,6 +2,7 @@
 
 #include "cli/join.h"
 #include "cli/output/display_text.h"
+#include "cli/output/notes.h"
 #include "files/number_text.h"
 
 namespace {
@@ -54,6 +55,7 @@ std::string WarningsNote(const CQuorvelDoc& document) {
 void AppendSignal(std::string& text, std::string_view role, const CSignal& signal) {
     text += Join({role, " ", signal.GetPath(), ": ", RecordText(signal.Record()), "\n"});
     for (const std::string& warning : signal.Record().GetWarnings()) text += Join({"  warning: ", warning, "\n"});
+    text += NoteLines(signal.Notes(), "  ");
 }
 
 }  // namespace
@@ -73,7 +75,7 @@ std::string TableReport(const CCompareOptions& options, const CQuorvelDoc& docum
 }
 
 std::string VerboseReport(const CQuorvelDoc& document) {
-    std::string text;
+    std::string text = NoteLines(document.Notes(), "");
     AppendSignal(text, "Reference", document.Reference());
     for (const CSignal& signal : document.ComputedSignals()) AppendSignal(text, "Compared", signal);
     text.pop_back();  // the console ends the last line

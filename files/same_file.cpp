@@ -1,0 +1,47 @@
+#include "files/same_file.h"
+
+#include <filesystem>
+#include <system_error>
+
+#include "files/native_path.h"
+
+namespace ks {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr int kLongestLinkChain = 40;
+
+/// Follows links whose end does not exist yet; the system itself follows only those that lead somewhere.
+fs::path WithoutLinks(fs::path path) {
+    std::error_code error;
+    for (int i = 0; i < kLongestLinkChain && fs::is_symlink(fs::symlink_status(path, error)); ++i) {
+        path = path.parent_path() / fs::read_symlink(path, error);
+    }
+    return path;
+}
+
+/// Where a file at `path` is, or would be made; empty where that cannot be told.
+fs::path PlaceOf(const fs::path& path) {
+    if (path.empty()) return {};
+    std::error_code error;
+    const fs::path whole = fs::absolute(WithoutLinks(path), error);
+    if (error) return {};
+    const fs::path place = fs::weakly_canonical(whole, error);
+    if (error) return {};
+    return place.has_filename() ? place : place.parent_path();  // "folder/" is "folder"
+}
+
+}  // namespace
+
+bool IsSameFile(const std::string& a, const std::string& b) {
+    const fs::path place = PlaceOf(NativePath(a));
+    return WouldReplace(a, b) || (!place.empty() && place == PlaceOf(NativePath(b)));
+}
+
+bool WouldReplace(const std::string& target, const std::string& source) {
+    std::error_code error;
+    return fs::equivalent(NativePath(target), NativePath(source), error) && !error;
+}
+
+}  // namespace ks

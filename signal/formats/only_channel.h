@@ -1,0 +1,32 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "files/error.h"
+#include "signal/formats/signal_format.h"
+#include "signal/messages.h"
+
+namespace ks {
+
+// What the formats share whose files hold one signal.
+
+/// Reads the signal of a file; whoever does not throw shows that the file is of the format.
+using CReadOnly = CNSignal (*)(const std::string& path);
+
+/// The row's `channels`.
+template <CReadOnly Read>
+std::vector<std::string> ListOnlyChannel(const std::string& path) {
+    Read(path);
+    return {std::string(kOnlyChannel)};
+}
+
+/// The row's `load`.
+template <CReadOnly Read>
+CNSignal LoadOnlyChannel(const std::string& path, const std::string& channel) {
+    CNSignal record = Read(path);
+    if (channel != kOnlyChannel) throw CError(signal_message::NoSuchChannel(channel));
+    return record;
+}
+
+}  // namespace ks

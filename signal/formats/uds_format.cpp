@@ -1,0 +1,17 @@
+#include "signal/formats/formats.h"
+#include "signal/formats/only_channel.h"
+
+namespace ks {
+namespace {
+
+CNSignal ReadRecord(const std::string& path) {
+    CNSignal record;
+    record.LoadUDS(path);
+    return record;
+}
+
+}  // namespace
+
+const CSignalFormat kUdsFormat{"UDS-1992", true, ListOnlyChannel<ReadRecord>, LoadOnlyChannel<ReadRecord>};
+
+}  // namespace ks

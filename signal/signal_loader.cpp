@@ -1,0 +1,45 @@
+#include "signal/signal_loader.h"
+
+#include <exception>
+#include <new>
+
+#include "files/messages.h"
+
+namespace ks {
+namespace {
+
+/// The first format for which `attempt` does not throw; null when there is none.
+template <class Attempt>
+const CSignalFormat* FirstThatReads(CFormatList formats, const std::string& path, std::vector<std::string>& complaints,
+                                    Attempt attempt) {
+    for (const CSignalFormat* const format : formats) {
+        try {
+            attempt(*format);
+            return format;
+        } catch (const std::bad_alloc&) {
+            complaints.push_back(NoMemoryToRead(path));
+            return nullptr;
+        } catch (const std::exception& error) {
+            complaints.emplace_back(error.what());
+        }
+    }
+    return nullptr;
+}
+
+}  // namespace
+
+CLoadedSignal LoadSignal(const std::string& path, const std::string& channel, CFormatList formats) {
+    CLoadedSignal loaded;
+    loaded.format = FirstThatReads(formats, path, loaded.complaints,
+                                   [&](const CSignalFormat& format) { loaded.record = format.load(path, channel); });
+    return loaded;
+}
+
+CChannelList ListChannels(const std::string& path, CFormatList formats) {
+    CChannelList list;
+    list.format = FirstThatReads(formats, path, list.complaints,
+                                 [&](const CSignalFormat& format) { list.channels = format.channels(path); });
+    return list;
+}
+
+}  // namespace ks
