@@ -138,6 +138,20 @@ private slots:
         QVERIFY(m_messages.said.isEmpty());
     }
 
+    void EveryCriterionHasItsField() {
+        CCriticalValues values;
+        double number = 0.0;
+        QStringList expected;
+        for (const CCriterion& criterion : Criteria()) {
+            values.*criterion.limit = ++number;
+            expected.append(QString::number(number));
+        }
+        const ksres::CCriticalValuesDlg dialog(values, m_messages);
+        QStringList shown;
+        for (const QLineEdit* const edit : dialog.findChildren<QLineEdit*>()) shown.append(edit->text());
+        QCOMPARE(shown, expected);
+    }
+
     void CancelKeepsTheLimits() {
         ksres::CCriticalValuesDlg dialog({}, m_messages);
         dialog.show();

@@ -1,5 +1,8 @@
 #include "cli/commands/compare_help.h"
 
+#include "cli/join.h"
+#include "compare/critical_values.h"
+#include "files/number_text.h"
 #include "signal/channel_class.h"
 
 namespace {
@@ -40,19 +43,19 @@ CHelpSection Judgement() {
 }
 
 CHelpSection CriticalValueNames() {
-    return {"Critical values",
-            {{"residual", "Average residual, in percent of the reference peak. Default: 5."},
-             {"stddev", "Standard deviation of the residual, in percent of the reference peak. Default: 20."},
-             {"corridor", "Share of the points outside the corridor, as a fraction. Default: 0.1."},
-             {"correlation", "1 minus the correlation factor. Default: 0.05."},
-             {"t", "Magnitude of the T statistic. Default: 2.58."},
-             {"moment", "Each of the six moment differences. Default: 0.2."}}};
+    const CCriticalValues defaults;
+    CHelpSection section{"Critical values", {}};
+    for (const CCriterion& criterion : Criteria()) {
+        const std::string value = ks::ShortestText(defaults.*criterion.limit);
+        section.entries.push_back({std::string(criterion.name), Join({criterion.meaning, ". Default: ", value, "."})});
+    }
+    return section;
 }
 
 CHelpSection Outputs() {
     return {"Outputs",
             {{"",
-              "Standard output is the table: the sixteen columns of each signal, with verdicts. A PATH of - is "
+              "Standard output is the table: every column of each signal, with verdicts. A PATH of - is "
               "standard output in place of the table; only one output can go there."},
              {"--html PATH", "Write the HTML report of the table."},
              {"--json PATH", "Write the results as JSON."},

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -13,6 +14,8 @@
 #include "compare/note.h"
 #include "compare/plots/plot.h"
 #include "compare/signal.h"
+#include "compare/summary_columns.h"
+#include "compare/verdict.h"
 
 /// What a comparison left, as the results file shows it. A stopped run has neither pages nor signals.
 class CResults {
@@ -43,7 +46,7 @@ public:
 class CJsonResults {
 public:
     CJsonResults(const CCompareOptions& options, const CResults& results, const CSignal& reference,
-                 const std::vector<CSignal>& signalList);
+                 const std::vector<CSignal>& signalList, std::span<const CSummaryColumn> columns = SummaryColumns());
 
     void AddPage(const CPageView& page);
     /// Ends the text. `withPages` adds the member "pages", empty when no page was added.
@@ -61,4 +64,4 @@ private:
 };
 
 /// "none", "good" or "bad".
-std::string_view VerdictName(CVerdictColor color);
+std::string_view VerdictName(Verdict verdict);
