@@ -167,7 +167,7 @@ private slots:
         QTest::addColumn<QString>("name");
         QTest::newRow("1") << kAverageResidualId << "Average Residual";
         QTest::newRow("2") << kStandardDeviationId << "Standard Deviation";
-        QTest::newRow("3") << kCorridorShareId << "Share outside the corridor";
+        QTest::newRow("3") << kCorridorShareId << QString::fromUtf8("Less than … % outside 4 G corridor");
         QTest::newRow("4") << kCorrelationId << "Correlation Factor";
         QTest::newRow("5") << kTStatisticId << "T Statistic";
         QTest::newRow("6") << kMomentId << "Moment Differences";
