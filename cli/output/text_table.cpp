@@ -10,7 +10,7 @@
 namespace {
 
 constexpr std::size_t kGap = 2;             // between columns
-constexpr std::size_t kMostTextWidth = 34;  // of a path; numbers are never cut
+constexpr std::size_t kMostNameWidth = 34;  // of a path; numbers are never cut
 constexpr std::string_view kGood = "good";
 constexpr std::string_view kBad = "BAD";
 
@@ -67,8 +67,9 @@ CColumn MakeColumn(const CSummaryTable& table, std::size_t index) {
     column.leftAligned = source.isName;
     for (const CSummaryRow& row : table.rows) {
         const CSummaryCell& cell = row[index];
+        const std::string shown = DisplayText(cell.text);
         column.cells.push_back(
-            {ElideFront(DisplayText(cell.text), kMostTextWidth), cell.verdict, VerdictWord(cell.verdict)});
+            {source.isName ? ElideFront(shown, kMostNameWidth) : shown, cell.verdict, VerdictWord(cell.verdict)});
     }
     Measure(column);
     return column;

@@ -100,6 +100,12 @@ TEST(TextTable, CutsLongPathsAtTheFront) {
     EXPECT_THAT(TextTable(table, {}), HasSubstr("(1)  ...folder/folder/folder/signal.uds "));
 }
 
+// Large numbers once lost their first digits, and what was left looked like another number.
+TEST(TextTable, NeverCutsNumbers) {
+    const std::string number = "1" + std::string(100, '0') + ".0";
+    EXPECT_THAT(TextTable(TableOf({RowOf("a.uds", number, Verdict::Bad)}), {}), HasSubstr(" " + number + "\n"));
+}
+
 TEST(TextTable, HasNoColoursUnlessAsked) {
     const CSummaryTable table = TableOf({RowOf("a.uds", "1.5", Verdict::Bad)});
     EXPECT_THAT(TextTable(table, {80, false}), Not(HasSubstr("\x1b")));
