@@ -21,7 +21,7 @@ using CCriticalValue = double CCriticalValues::*;
 /// The one set of limits of the process.
 CCriticalValues& CriticalValues();
 
-/// A criterion: one critical value with the name and the texts that stand for it. In the texts %1 and %2 are places for
+/// A criterion: one critical value with the name and the texts about it. In the texts %1 and %2 are places for
 /// numbers.
 struct CCriterion {
     std::string_view name;     ///< in options and in results; frozen

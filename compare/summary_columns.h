@@ -27,7 +27,7 @@ struct CSummaryColumn {
     std::optional<CJudgement> judgement = std::nullopt;  ///< none: the column has no verdicts
     bool isName = false;  ///< a path, aligned left and shortened where space is short; else a number
     /// One of the columns that the HTML report, CSV, results of version 1 and the copied table hold. Programs read
-    /// these by position, so a column added later is not one of them; it stands on the terminal and in the window.
+    /// these by position, so a column added later is not one of them; the terminal and the window show it.
     bool isFixed = false;
 };
 

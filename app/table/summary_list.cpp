@@ -14,9 +14,9 @@
 namespace {
 
 constexpr int kControlId = 101;
-constexpr int kBarHeight = 2;  // pixels, of the bars that show the selection of a coloured cell
+constexpr int kBarHeight = 2;  // pixels, of the bars that show the selection of a colored cell
 
-/// Draws a judged cell in its colour even when its row is selected; two bars then show the selection.
+/// Draws a judged cell in its color even when its row is selected; two bars then show the selection.
 class CVerdictDelegate : public QStyledItemDelegate {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;

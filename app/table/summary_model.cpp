@@ -41,7 +41,7 @@ QString VerdictWord(Verdict verdict) {
     }
 }
 
-/// The verdict's colour, mixed with as much white when it is an old one.
+/// The verdict's color; of a previous run, mixed with as much white.
 QColor CellColor(Verdict verdict, bool isPreviousRun) {
     const QColor color = QColor::fromRgb(static_cast<QRgb>(ColorOf(verdict)));
     if (!isPreviousRun) return color;

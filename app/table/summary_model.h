@@ -28,7 +28,7 @@ QString LimitText(const CSummaryColumn& column, const CCriticalValues& limits);
 /// Says that results are those of the previous run.
 QString PreviousRunText();
 
-/// What the summary's model tells besides the roles of Qt.
+/// What the summary's model offers in addition to the roles of Qt.
 enum SummaryRole : int {
     kVerdictRole = Qt::UserRole + 1,  ///< int of the cell's Verdict
     kIsNameRole,                      ///< whether the cell is of a column of paths
@@ -36,7 +36,7 @@ enum SummaryRole : int {
 
 /// The summary table: a row per computed signal, and always all columns of the snapshot, SummaryColumns() at first.
 ///
-/// Cells are coloured by their verdict, black on the colour so that they can be read in light and dark themes. Tool tip
+/// Cells are colored by their verdict, black on the color so that they can be read in light and dark themes. Tool tip
 /// and accessible text say the same in words: column, value, limit, good or bad. Results of the previous run are pale.
 class CSummaryModel : public QAbstractTableModel {
     Q_OBJECT

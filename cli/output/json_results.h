@@ -41,7 +41,7 @@ public:
 ///
 /// One line per member, signal and page, so that two files can be compared by eye. Numbers read back bit for bit,
 /// numbers that are not finite are null, and bytes that are not UTF-8 appear as U+FFFD. Members are added in the order
-/// of the functions below; series pass through one at a time, so a long page list needs little memory beside the
+/// of the functions below; series pass through one at a time, so a long page list needs little memory besides the
 /// text itself.
 class CJsonResults {
 public:

@@ -51,7 +51,7 @@ std::string_view VerdictWord(Verdict verdict) {
 void Measure(CColumn& column) {
     for (const CCell& cell : column.cells) {
         column.valueWidth = std::max(column.valueWidth, DisplayWidth(cell.value));
-        // "good" and "BAD" stand in line over the whole table, whichever of them a column has.
+        // "good" and "BAD" line up over the whole table, whichever of them a column has.
         column.wordWidth = std::max(column.wordWidth, cell.word.empty() ? 0 : 1 + kGood.size());
     }
     const std::size_t headerWidth = DisplayWidth(column.header);
@@ -108,7 +108,7 @@ std::string Painted(std::string_view text, std::string_view paint, bool color) {
     return color ? Join({paint, text, kPlain}) : std::string(text);
 }
 
-// Fills the column's width, so that the next column stands in line.
+// Fills the column's width, so that the next column lines up.
 std::string CellText(const CColumn& column, const CCell& cell, bool color) {
     const std::string pad = Blanks(column.valueWidth - DisplayWidth(cell.value));
     const std::string rest = Blanks(column.wordWidth - (cell.word.empty() ? 0 : 1 + cell.word.size()));
