@@ -152,7 +152,7 @@ void CUDSDialog::AddPages() {
     SetTabOrder();
 }
 
-/// The pages were made last; the keyboard reaches them behind their tabs and before what stands below.
+/// The pages were made last; the keyboard reaches them after their tabs and before what is below.
 void CUDSDialog::SetTabOrder() {
     QWidget* before = m_previewer->LastControl();
     for (QWidget* const next : std::initializer_list<QWidget*>{m_ui->modeBox, m_ui->printButton, m_ui->xButton,
