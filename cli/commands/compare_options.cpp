@@ -106,7 +106,7 @@ std::vector<const CCriterion*> ReadFailOnBad(const CArguments& arguments) {
     std::vector<const CCriterion*> criteria;
     for (std::string_view names : arguments.Values("--fail-on-bad")) {
         if (names.empty()) {
-            for (const CCriterion& criterion : kCriteria) criteria.push_back(&criterion);
+            for (const CCriterion& criterion : Criteria()) criteria.push_back(&criterion);
             continue;
         }
         while (true) {
