@@ -15,11 +15,13 @@ constexpr std::array kCommands = {
     CCommand{CommandId::SaveAscii, "SaveAscii", "ASCII", "", "Save the curves of the current page as one ASCII table",
              "save-ascii"},
     CCommand{CommandId::Print, "Print", "&Print...", "Ctrl+P", "Print the current plot", "print"},
+    CCommand{CommandId::PrintDirect, "PrintDirect", "Print Directly", "",
+             "Print the current plot on the default printer without a question", "print-direct"},
+    // Kept although it is never on: the chart pages have no preview, but guides name the entry.
     CCommand{CommandId::PrintPreview, "PrintPreview", "Print Preview", "", "Not available", ""},
     // Kept: users, guides and scripts know the entry by this spelling.
     CCommand{CommandId::UdsSpecification, "UdsSpecification", "UDS Speification", "", "View UDS file specification",
              "uds-specification"},
-    CCommand{CommandId::RecentFile, "RecentFile", "", "", "Select the files of this hit list", ""},
     CCommand{CommandId::Exit, "Exit", "Exit", "Ctrl+Q", "Close the program", ""},
     CCommand{CommandId::Cut, "Cut", "Cu&t", "Ctrl+X", "", ""},
     CCommand{CommandId::Copy, "Copy", "&Copy", "Ctrl+C", "Copy the current plot to the clipboard", "copy"},
@@ -42,11 +44,12 @@ std::span<const CCommand> Commands() {
 }
 
 bool IsCommandEnabled(CommandId id, const CCommandState& state) {
-    if (state.isBusy) return false;
+    if (state.isBusy || state.run == RunState::AtWork) return false;
     switch (id) {
         case CommandId::SaveBmp:
         case CommandId::SaveWmf:
         case CommandId::Print:
+        case CommandId::PrintDirect:
             return state.isChartShown;
         case CommandId::SaveHtml:
             return state.isTableShown && state.run == RunState::Completed;

@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <span>
 
+#include "compare/run_state.h"
+
 /// Numbers of the commands; frozen: the toolbar's state on users' machines and tools that drive the window refer to
 /// them.
 enum class CommandId : std::int32_t {
@@ -18,8 +20,9 @@ enum class CommandId : std::int32_t {
     Customize = 32790,
     SelectFiles = 57601,
     Print = 57607,
+    PrintDirect = 57608,
     PrintPreview = 57609,
-    RecentFile = 57616,  ///< the first of four
+    RecentFile = 57616,  ///< the first of four, which the menu of recent files makes
     Copy = 57634,
     Cut = 57635,
     Paste = 57637,
@@ -30,8 +33,7 @@ enum class CommandId : std::int32_t {
 };
 
 /// One command as menus, toolbar and status bar show it.
-class CCommand {
-public:
+struct CCommand {
     CommandId id;
     const char* name;        ///< object name of its action; frozen, kept in the settings
     const char* text;        ///< menu text with its mnemonic
@@ -40,24 +42,16 @@ public:
     const char* icon;        ///< name of its icon; empty without one
 };
 
-/// Every command of the program; recent files are made from one.
+/// Every command of the program but the recent files, which come and go.
 std::span<const CCommand> Commands();
 
-/// How the last comparison run ended.
-enum class RunState {
-    None,       ///< there was none
-    Completed,  ///< table and document belong together
-    Stopped,    ///< the document holds what the stopped run left, the table, if any, is of the run before
-};
-
 /// What the commands' availability depends on.
-class CCommandState {
-public:
-    bool isBusy = false;        ///< a run is at work
+struct CCommandState {
+    bool isBusy = false;        ///< the wait cursor is up: a run is at work, or a page is being made
     bool isTableShown = false;  ///< the summary page with its table
     bool isChartShown = false;  ///< a chart page with its chart
     RunState run = RunState::None;
 };
 
-/// Whether the user may choose a command now. Nothing may be chosen while a run is at work.
+/// Whether the user may choose a command now. Nothing may be chosen while busy.
 bool IsCommandEnabled(CommandId id, const CCommandState& state);

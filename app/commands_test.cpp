@@ -22,9 +22,9 @@ const std::vector<Row> kRows = {
     {32771, "SaveUds", "UDS", "", "Save every curve of the current page as a UDS file"},
     {32772, "SaveAscii", "ASCII", "", "Save the curves of the current page as one ASCII table"},
     {57607, "Print", "&Print...", "Ctrl+P", "Print the current plot"},
+    {57608, "PrintDirect", "Print Directly", "", "Print the current plot on the default printer without a question"},
     {57609, "PrintPreview", "Print Preview", "", "Not available"},
     {32781, "UdsSpecification", "UDS Speification", "", "View UDS file specification"},
-    {57616, "RecentFile", "", "", "Select the files of this hit list"},
     {57665, "Exit", "Exit", "Ctrl+Q", "Close the program"},
     {57635, "Cut", "Cu&t", "Ctrl+X", ""},
     {57634, "Copy", "&Copy", "Ctrl+C", "Copy the current plot to the clipboard"},
@@ -69,9 +69,8 @@ std::set<std::string> Enabled(const CCommandState& state) {
     return names;
 }
 
-const std::set<std::string> kAlways = {"SelectFiles", "UdsSpecification", "RecentFile",     "Exit",
-                                       "Copy",        "CorridorSize",     "CriticalValues", "Toolbar",
-                                       "StatusBar",   "Customize",        "About"};
+const std::set<std::string> kAlways = {"SelectFiles",    "UdsSpecification", "Exit",      "Copy",      "CorridorSize",
+                                       "CriticalValues", "Toolbar",          "StatusBar", "Customize", "About"};
 
 std::set<std::string> AlwaysAnd(std::set<std::string> more) {
     more.insert(kAlways.begin(), kAlways.end());
@@ -97,7 +96,7 @@ TEST(Commands, TheSummaryCanBeCopiedAndReportedButNotPrinted) {
 
 TEST(Commands, AChartCanBeSavedAndPrintedButHasNoTableToCopy) {
     EXPECT_EQ(Enabled(State(false, true, RunState::Completed)),
-              AlwaysAnd({"SaveBmp", "SaveWmf", "Print", "SaveUds", "SaveAscii"}));
+              AlwaysAnd({"SaveBmp", "SaveWmf", "Print", "PrintDirect", "SaveUds", "SaveAscii"}));
 }
 
 TEST(Commands, APageWithoutCurvesHasNeitherTableNorChart) {
@@ -111,8 +110,14 @@ TEST(Commands, OfThePreviousRunOnlyTheTableCanBeCopied) {
 
 TEST(Commands, NothingCanBeChosenWhileARunIsAtWork) {
     for (const bool isTableShown : {false, true}) {
+        EXPECT_THAT(Enabled(State(isTableShown, false, RunState::AtWork)), testing::IsEmpty());
+    }
+}
+
+TEST(Commands, NothingCanBeChosenWhileBusy) {
+    for (const bool isTableShown : {false, true}) {
         for (const bool isChartShown : {false, true}) {
-            for (const RunState run : {RunState::None, RunState::Completed, RunState::Stopped}) {
+            for (const RunState run : {RunState::None, RunState::AtWork, RunState::Completed, RunState::Stopped}) {
                 CCommandState state = State(isTableShown, isChartShown, run);
                 state.isBusy = true;
                 EXPECT_THAT(Enabled(state), testing::IsEmpty());

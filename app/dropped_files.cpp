@@ -5,6 +5,10 @@
 #include <QMimeData>
 #include <QUrl>
 
+#include "app/dialogs/data_type_filters.h"
+#include "app/messages.h"
+#include "app/sentences.h"
+#include "app/settings.h"
 #include "files/hit_list.h"
 
 namespace {
@@ -55,5 +59,12 @@ CDroppedFiles ExpandDropped(const QStringList& paths, const QString& wildcard) {
             dropped.files.push_back(NativePath(path));
         }
     }
+    return dropped;
+}
+
+CDroppedFiles TakeDroppedFiles(const QStringList& paths, CSettings& settings, CMessages& messages, QWidget* parent) {
+    CDroppedFiles dropped = ExpandDropped(paths, CurrentDataTypeWildcard(settings));
+    for (const QString& hitList : dropped.hitLists) settings.AddRecentFile(hitList);
+    if (!dropped.unreadableHitLists.isEmpty()) messages.ShowError(parent, HitListUnreadable());
     return dropped;
 }

@@ -5,11 +5,13 @@
 #include <string>
 #include <vector>
 
+class CMessages;
+class CSettings;
 class QMimeData;
+class QWidget;
 
 /// What the files, hit lists and folders that a user dropped amount to.
-class CDroppedFiles {
-public:
+struct CDroppedFiles {
     std::vector<std::string> files;  ///< signal files in the order dropped; UTF-8, hit-list lines as they stand
     QStringList hitLists;            ///< the hit lists that were read
     QStringList unreadableHitLists;
@@ -19,5 +21,9 @@ public:
 QStringList LocalPaths(const QMimeData& data);
 
 /// Replaces every hit list (*.hit) by its lines and every folder by its own files that match `wildcard`, sorted by
-/// name; folders inside are not entered. A path that leads nowhere stays as it is.
+/// name; folders inside are not entered. A path that leads nowhere is kept.
 CDroppedFiles ExpandDropped(const QStringList& paths, const QString& wildcard);
+
+/// The same with the data type of `settings`. Hit lists become recent files; those that cannot be read are reported
+/// once above `parent`.
+CDroppedFiles TakeDroppedFiles(const QStringList& paths, CSettings& settings, CMessages& messages, QWidget* parent);

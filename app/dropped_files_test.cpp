@@ -100,12 +100,12 @@ private slots:
         settings.Set(setting::kDataType, dataType);
         QCOMPARE(CurrentDataTypeWildcard(settings), wildcard);
 
-        CFileRequest request;
+        ks::CFileRequest request;
         request.filters = DataTypeFilters();
         request.filterIndex = settings.Get(setting::kDataType);
         const auto picker = CFileDialogs::MakeDialog(nullptr, request, CFileDialogs::Style::Drawn);
         const auto& filters = DataTypeFilters();
-        const auto chosen = std::find_if(filters.begin(), filters.end(), [&](const CFileFilter& filter) {
+        const auto chosen = std::find_if(filters.begin(), filters.end(), [&](const ks::CFileFilter& filter) {
             return QString::fromStdString(filter.text) == picker->selectedNameFilter();
         });
         QVERIFY(chosen != filters.end());

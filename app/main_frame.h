@@ -3,13 +3,14 @@
 #include <QMainWindow>
 #include <QStringList>
 #include <functional>
-#include <map>
 #include <memory>
-#include <span>
 #include <string>
 #include <vector>
 
+#include "app/command_actions.h"
 #include "app/commands.h"
+#include "app/exports/picture_export.h"
+#include "app/save_guard.h"
 #include "app/specification_host.h"
 #include "app/window_host.h"
 #include "app/window_services.h"
@@ -17,12 +18,13 @@
 #include "compare/document.h"
 
 class CDialogPane;
+class CPathMenu;
 class CQuorvelView;
 class CStatusLine;
-class QMenu;
+class CToolbarRow;
 class QToolBar;
 
-/// The main window: menus, toolbar, status bar and the page selector around the one view of the one document.
+/// The main window: wires menus, toolbar, status bar and page selector to the one document and its one view.
 class CMainFrame : public QMainWindow {
     Q_OBJECT
 
@@ -34,12 +36,10 @@ public:
     CQuorvelDoc& Document() { return m_document; }
     CQuorvelView& View() { return *m_view; }
     /// The action of a command; null for a number that no command has.
-    QAction* Action(CommandId id) const;
+    [[nodiscard]] QAction* Action(CommandId id) const { return m_actions.Find(id); }
 
     /// Chooses a command as its menu entry does: nothing happens while the command is off.
     void RunCommand(CommandId id);
-    /// "Select Uds Files", filled with `files`, and the run that follows.
-    void SelectFiles(std::vector<std::string> files);
 
 protected:
     QMenu* createPopupMenu() override;
@@ -52,46 +52,44 @@ protected:
 private:
     void MakeChart();
     void MakeView();
-    void MakeActions();
     void MakeMenus();
-    void AddActions(QWidget& menu, std::span<const CommandId> ids);
     void MakeToolbar();
-    void FillToolbar();
     void ConnectHost();
     void RestoreLayout();
 
     /// Runs a command; what it throws ends in a message, and the program lives on.
     void Attempt(const std::function<void()>& command);
     void UpdateCommands();
-    CCommandState State() const;
+    [[nodiscard]] CCommandState State() const;
     void Do(CommandId id);
+    void Report(const QString& text);
 
-    void RunComparison();
-    void ReportRun();
-    void SaveCurves(void (CQuorvelDoc::*save)());
+    void CompareOffered(std::vector<std::string> files);
+    void FollowRun(RunState run);
     void ChoosePage(int pageId);
+    [[nodiscard]] QString PageOnShow() const;
     void ShowContextMenu(const QPoint& position, const QString& path);
     void CustomizeToolbar();
     void OpenRecentFile(const QString& path);
     void FillRecentMenu();
-    void FillLoadedMenu();
-    [[nodiscard]] QStringList LoadedFiles() const;
     void PickSpecification();
     void ShowSpecification(const QString& path);
     void TakeDropped(const QStringList& paths);
 
-    CWindowServices m_services;
+    CSaveGuard m_saveGuard;
+    CWindowServices m_services;  ///< guarded
     CWindowHost m_host;
     CSpecificationHost m_specificationHost;
     CQuorvelDoc m_document;
     std::unique_ptr<CChartControl> m_chart;
-    std::map<CommandId, QAction*> m_actions;
+    CPictureExport m_pictures;
+    CCommandActions m_actions;
     CQuorvelView* m_view = nullptr;
     std::unique_ptr<CStatusLine> m_status;
+    CToolbarRow* m_toolbarRow = nullptr;
     QToolBar* m_toolbar = nullptr;
     CDialogPane* m_pane = nullptr;
-    QMenu* m_recentMenu = nullptr;
-    QMenu* m_loadedMenu = nullptr;  ///< the loaded signals, to look into their files
+    CPathMenu* m_recentMenu = nullptr;
+    CPathMenu* m_loadedMenu = nullptr;  ///< the loaded signals, to look into their files
     bool m_isCommandAtWork = false;
-    bool m_hasRunBegun = false;  ///< by the command at work
 };

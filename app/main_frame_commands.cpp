@@ -8,20 +8,29 @@
 #include <QTimer>
 #include <QToolBar>
 #include <exception>
+#include <optional>
 #include <utility>
 
 #include "app/dialogs/about_dialog.h"
+#include "app/dialogs/customize_dialog.h"
 #include "app/dialogs/data_type_filters.h"
-#include "app/dialogs/file_picker.h"
 #include "app/dropped_files.h"
+#include "app/exports/chart_printing.h"
+#include "app/exports/curve_export.h"
+#include "app/exports/table_export.h"
+#include "app/loaded_files.h"
 #include "app/main_frame.h"
 #include "app/messages.h"
 #include "app/page_pane.h"
+#include "app/path_menu.h"
 #include "app/quorvel_view.h"
+#include "app/run_report.h"
 #include "app/sentences.h"
 #include "app/settings.h"
+#include "app/specification_picker.h"
 #include "app/status_line.h"
-#include "compare/plots/page_ids.h"
+#include "app/toolbar_row.h"
+#include "compare/plots/page_table.h"
 #include "files/hit_list.h"
 #include "viewer/uds_dialog.h"
 #include "widgets/take_copy.h"
@@ -39,20 +48,6 @@ public:
 private:
     bool& m_flag;
 };
-
-constexpr qsizetype kLongestEntry = 100;  // characters of a path in a menu
-
-/// Menu text of a numbered path, which is cut in its middle; the first nine numbers are mnemonics.
-QString EntryText(int number, const QString& path) {
-    QString shown = path;
-    if (shown.size() > kLongestEntry) {
-        const qsizetype half = kLongestEntry / 2;
-        shown = path.left(half) + QChar(0x2026) + path.right(half);
-    }
-    shown.replace(QLatin1Char('\t'), QLatin1Char(' '));  // a tab would begin the column of the shortcuts
-    shown.replace(QLatin1Char('&'), QLatin1String("&&"));
-    return (number < 10 ? QStringLiteral("&%1 ") : QStringLiteral("%1 ")).arg(number) + shown;
-}
 
 }  // namespace
 
@@ -84,40 +79,42 @@ void CMainFrame::Attempt(const std::function<void()>& command) {
 CCommandState CMainFrame::State() const {
     CCommandState state;
     state.isBusy = m_host.IsBusy();
-    state.isTableShown = m_view->IsTableShown();
+    state.isTableShown = m_view->ShownTable() != nullptr;
     state.isChartShown = m_view->IsChartShown();
-    state.run = m_view->Run();
+    state.run = m_document.Run();
     return state;
 }
 
 void CMainFrame::UpdateCommands() {
     const CCommandState state = State();
-    for (const auto& [id, action] : m_actions) action->setEnabled(IsCommandEnabled(id, state));
+    m_actions.Enable(state);
     m_recentMenu->setEnabled(!state.isBusy && !m_recentMenu->isEmpty());
-    m_loadedMenu->setEnabled(!state.isBusy && !LoadedFiles().isEmpty());
+    m_loadedMenu->setEnabled(!state.isBusy && !LoadedFiles(m_document).isEmpty());
     m_pane->setEnabled(state.run == RunState::Completed);
 }
 
 void CMainFrame::Do(CommandId id) {
     switch (id) {
         case CommandId::SelectFiles:
-            return RunComparison();
+            return m_document.OnCompareFiles();
         case CommandId::SaveBmp:
-            return m_view->OnSaveBmp();
+            return Report(m_pictures.Save(*m_chart, PictureKind::Bitmap, this));
         case CommandId::SaveWmf:
-            return m_view->OnSaveWmf();
+            return Report(m_pictures.Save(*m_chart, PictureKind::Metafile, this));
         case CommandId::SaveHtml:
-            return m_view->OnSaveHtml();
+            return Report(SaveHtmlReport(*m_view->ShownTable(), m_services, this));
         case CommandId::SaveUds:
-            return SaveCurves(&CQuorvelDoc::OnSaveUds);
+            return Report(SaveCurves(*m_chart, m_document, m_host, CurveFormat::Uds));
         case CommandId::SaveAscii:
-            return SaveCurves(&CQuorvelDoc::OnSaveAscii);
+            return Report(SaveCurves(*m_chart, m_document, m_host, CurveFormat::Ascii));
         case CommandId::Print:
-            return m_view->OnPrint();
+            return Report(PrintChart(*m_chart, PageOnShow(), m_services, this));
+        case CommandId::PrintDirect:
+            return Report(PrintChartDirectly(*m_chart, PageOnShow(), m_services, this));
         case CommandId::Copy:
-            return m_view->OnCopy();
+            return Report(CopyPicture(*m_chart));
         case CommandId::CopyData:
-            return m_view->OnCopyData();
+            return Report(CopyTable(*m_view->ShownTable()));
         case CommandId::CorridorSize:
             return m_document.OnCorridorSize();
         case CommandId::CriticalValues:
@@ -141,49 +138,39 @@ void CMainFrame::Do(CommandId id) {
     }
 }
 
-void CMainFrame::SaveCurves(void (CQuorvelDoc::*save)()) {
-    m_host.BeginSaving();
-    (m_document.*save)();
-    const QStringList& paths = m_host.SavePaths();
-    if (m_host.HasShownErrors()) return;
-    if (!m_view->IsChartShown()) {
-        m_status->ShowMessage(tr("This page has no curves to save."));
-    } else if (paths.size() == 1) {
-        m_status->ShowMessage(tr("Saved as %1.").arg(paths.front()));
-    } else if (paths.size() > 1) {
-        m_status->ShowMessage(tr("%1 curves were saved, the last as %2.").arg(paths.size()).arg(paths.back()));
-    }
+void CMainFrame::Report(const QString& text) {
+    if (!text.isEmpty()) m_status->ShowMessage(text);
 }
 
-void CMainFrame::RunComparison() {
-    m_hasRunBegun = false;
-    m_document.OnCompareFiles();
-    if (m_hasRunBegun) ReportRun();
+QString CMainFrame::PageOnShow() const {
+    return QString::fromUtf8(PageName(m_document.CurrentPageId()));
 }
 
-void CMainFrame::ReportRun() {
-    if (m_view->Run() == RunState::Completed) {
-        const std::size_t count = m_document.ComputedSignals().size();
-        m_status->ShowMessage(count == 1 ? tr("1 signal was compared.") : tr("%1 signals were compared.").arg(count));
-    } else if (m_document.ErrorMessages().empty() && !m_document.ReferenceMessages().empty()) {
-        m_status->ShowMessage(tr("The reference could not be read; nothing was compared."));
+void CMainFrame::FollowRun(RunState run) {
+    UpdateCommands();
+    if (run == RunState::AtWork) {
+        m_pane->ShowPage(page::kSummary);
     } else {
-        m_status->ShowMessage(tr("The run stopped; nothing was compared."));
+        m_status->ShowMessage(RunReport(m_document));
     }
 }
 
-void CMainFrame::SelectFiles(std::vector<std::string> files) {
-    Attempt([this, &files] {
-        m_host.OfferFiles(std::move(files));
-        RunComparison();
-    });
+/// "Select Uds Files", filled with `files`, and the run that follows.
+void CMainFrame::CompareOffered(std::vector<std::string> files) {
+    m_host.OfferFiles(std::move(files));
+    m_document.OnCompareFiles();
 }
 
 void CMainFrame::ChoosePage(int pageId) {
-    Attempt([this, pageId] {
-        m_host.SetBusy(true);  // a page of many long signals takes its time
-        m_view->ChoosePage(pageId);
-    });
+    const bool isCompleted = m_document.Run() == RunState::Completed;
+    if (isCompleted) {
+        Attempt([this, pageId] {
+            m_host.SetBusy(true);  // a page of many long signals takes its time
+            m_view->ChoosePage(pageId);
+        });
+    }
+    // Tools can choose a page past an open dialog, which is refused: the selector then goes back to the page on show.
+    m_pane->ShowPage(isCompleted ? m_document.CurrentPageId() : page::kSummary);
 }
 
 void CMainFrame::ShowContextMenu(const QPoint& position, const QString& path) {
@@ -199,18 +186,20 @@ void CMainFrame::ShowContextMenu(const QPoint& position, const QString& path) {
     menu.exec(position);
 }
 
+void CMainFrame::CustomizeToolbar() {
+    CCustomizeDialog dialog(CToolbarRow::OfferedActions(m_actions), m_services.settings.HiddenToolbarActions(), this);
+    if (dialog.exec() != QDialog::Accepted) return;
+    m_services.settings.SetHiddenToolbarActions(dialog.HiddenIds());
+    m_toolbarRow->ShowCommands(m_actions, dialog.HiddenIds());
+}
+
 void CMainFrame::FillRecentMenu() {
-    m_recentMenu->clear();
-    int number = 1;
-    const QStringList files = m_services.settings.RecentFiles();
-    for (const QString& path : files) {
-        QAction* const action = m_recentMenu->addAction(EntryText(number, path));
-        action->setObjectName(QStringLiteral("RecentFile%1").arg(number));
-        action->setProperty("commandId", static_cast<int>(CommandId::RecentFile) + number - 1);
-        action->setStatusTip(path);
-        connect(
-            action, &QAction::triggered, this, [this, path] { OpenRecentFile(path); }, Qt::QueuedConnection);
+    m_recentMenu->SetPaths(m_services.settings.RecentFiles());
+    int number = 0;
+    for (QAction* const action : m_recentMenu->actions()) {
+        action->setProperty("commandId", static_cast<int>(CommandId::RecentFile) + number);
         ++number;
+        action->setObjectName(QStringLiteral("RecentFile%1").arg(number));
     }
 }
 
@@ -219,7 +208,7 @@ void CMainFrame::OpenRecentFile(const QString& path) {
         if (!QFileInfo::exists(path)) {
             m_services.settings.RemoveRecentFile(path);
             m_services.messages.ShowError(
-                this, tr("The hit list %1 does not exist any more. It was taken off the recent files.").arg(path));
+                this, tr("The hit list %1 no longer exists. It was removed from the recent files.").arg(path));
             return;
         }
         const auto files = ks::ReadHitList(path.toStdString());
@@ -228,43 +217,13 @@ void CMainFrame::OpenRecentFile(const QString& path) {
             return;
         }
         m_services.settings.AddRecentFile(path);
-        m_host.OfferFiles(*files);
-        RunComparison();
+        CompareOffered(*files);
     });
 }
 
-QStringList CMainFrame::LoadedFiles() const {
-    QStringList paths;
-    if (m_document.ComputedSignals().empty()) return paths;
-    paths.append(QString::fromStdString(m_document.Reference().GetPath()));
-    for (const CSignal& signal : m_document.ComputedSignals()) paths.append(QString::fromStdString(signal.GetPath()));
-    paths.removeAll(QString());
-    paths.removeDuplicates();  // a reference made from the signals has the path of the first
-    return paths;
-}
-
-void CMainFrame::FillLoadedMenu() {
-    m_loadedMenu->clear();
-    int number = 1;
-    const QStringList files = LoadedFiles();
-    for (const QString& path : files) {
-        QAction* const action = m_loadedMenu->addAction(EntryText(number, path));
-        action->setStatusTip(path);
-        connect(
-            action, &QAction::triggered, this, [this, path] { ShowSpecification(path); }, Qt::QueuedConnection);
-        ++number;
-    }
-}
-
 void CMainFrame::PickSpecification() {
-    CFileRequest request;
-    request.title = tr("Select Uds File to View");
-    request.filters = DataTypeFilters();
-    request.filterIndex = m_services.settings.Get(setting::kDataType);
-    request.folder = m_services.settings.Get(setting::kInputDir);
-    request.fileMustExist = true;
-    const std::optional<CPickedFiles> picked = m_services.picker.Pick(this, request);
-    if (picked) ksres::CUDSDialog::ShowFile(picked->paths.front(), m_specificationHost, this);
+    const std::optional<QString> path = PickSpecificationFile(m_services, this);
+    if (path) ksres::CUDSDialog::ShowFile(*path, m_specificationHost, this);
 }
 
 void CMainFrame::ShowSpecification(const QString& path) {
@@ -283,17 +242,11 @@ void CMainFrame::dropEvent(QDropEvent* event) {
 
 void CMainFrame::TakeDropped(const QStringList& paths) {
     Attempt([this, &paths] {
-        const CDroppedFiles dropped = ExpandDropped(paths, CurrentDataTypeWildcard(m_services.settings));
-        for (const QString& hitList : dropped.hitLists) m_services.settings.AddRecentFile(hitList);
-        if (!dropped.unreadableHitLists.isEmpty()) {
-            m_services.messages.ShowError(this, HitListUnreadable());
-        }
+        const CDroppedFiles dropped = TakeDroppedFiles(paths, m_services.settings, m_services.messages, this);
         if (dropped.files.empty()) {
-            m_status->ShowMessage(tr("Nothing to compare was dropped. Folders add their files of the type %1.")
-                                      .arg(CurrentDataTypeText(m_services.settings)));
+            m_status->ShowMessage(NothingDropped(CurrentDataTypeText(m_services.settings)));
             return;
         }
-        m_host.OfferFiles(dropped.files);
-        RunComparison();
+        CompareOffered(dropped.files);
     });
 }

@@ -5,10 +5,9 @@
 #include <QWidget>
 #include <cstdint>
 
-#include "app/commands.h"
-#include "app/window_services.h"
 #include "chart/chart_sequences.h"
 #include "compare/document_host.h"
+#include "compare/run_state.h"
 
 class CChartControl;
 class CQuorvelDoc;
@@ -25,39 +24,27 @@ class CQuorvelView : public QWidget, public CDocumentObserver {
 
 public:
     /// The view watches `document` and shows its charts through `chart`; both must outlive it.
-    CQuorvelView(CQuorvelDoc& document, CChartControl& chart, const CWindowServices& services,
-                 QWidget* parent = nullptr);
+    CQuorvelView(CQuorvelDoc& document, CChartControl& chart, QWidget* parent = nullptr);
     ~CQuorvelView() override;
 
     void OnDocumentUpdate(int hint) override;
+    void OnRunStateChanged(RunState run) override;
 
-    /// A run begins: until it completes, table and document do not belong together.
-    void BeginRun();
-    /// The run is over. One that did not complete leaves the mark and says that it stopped.
-    void EndRun();
-    [[nodiscard]] RunState Run() const { return m_run; }
-    [[nodiscard]] bool IsTableShown() const;
+    /// The table on show, be it of the last run or of the one before; null while none is.
+    [[nodiscard]] const CSummaryList* ShownTable() const;
     [[nodiscard]] bool IsChartShown() const;
-
-    // Commands. Those that find no chart or table do nothing.
-
-    void OnCopy();      ///< the chart, as metafile and picture, to the clipboard
-    void OnCopyData();  ///< the table as text, columns as displayed, to the clipboard
-    void OnSaveBmp();
-    void OnSaveWmf();
-    void OnSaveHtml();  ///< a file that cannot be opened ends the command silently
-    void OnPrint();     ///< the chart, through the printer dialog
 
     /// Builds and shows a page; what the document reports about it comes up here.
     void ChoosePage(std::int32_t pageId);
 
 signals:
+    /// A run began or ended; the view has followed.
+    void RunStateChanged(RunState run);
     /// A run completed: these pages may be chosen, the first is on show.
     void PagesAvailable(const QList<int>& pageIds);
-    /// The page on show has no curves, or nothing was compared yet.
+    /// The page on show has no curves, or nothing was compared yet. Kept although nothing is connected to it: the frame
+    /// is told whenever the view has nothing to show, and today leaves it at the hint.
     void NoDataToShow();
-    /// Text for the status bar: how a command ended.
-    void Reported(const QString& text);
     /// The context menu was asked for at this place of the screen; `path` is the file of the table's row there, empty
     /// elsewhere.
     void ContextMenuRequested(const QPoint& position, const QString& path);
@@ -67,8 +54,8 @@ protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
 
 private:
-    enum class PictureKind { Bitmap, Metafile };
-
+    void ShowRunAtWork();
+    void ShowStoppedRun();
     void ShowTable();
     void ShowChartPage();
     void ShowHint(const QString& text);
@@ -78,17 +65,13 @@ private:
     void LayOut();
     [[nodiscard]] CSummaryList& List();
     [[nodiscard]] QString RowPath(int row) const;
-    void SavePicture(PictureKind kind);
 
     CQuorvelDoc& m_document;
     CChartControl& m_chart;
-    CWindowServices m_services;
     CLineStyles m_lineStyles;
     QLabel* m_hint;
     QLabel* m_banner;                ///< above a table of the previous run
     CSummaryList* m_list = nullptr;  ///< made on first use
-    QString m_pictureFolder;         ///< of the last picture saved
-    RunState m_run = RunState::None;
     bool m_hadFocusBeforeRun = false;
     bool m_isReady = false;  ///< no resizing of the chart before
 };

@@ -9,9 +9,9 @@
 
 namespace {
 
-const QStringList kCommands = {
-    "select-files", "save-bmp", "save-wmf",          "save-html",     "save-uds",        "save-ascii", "copy",
-    "copy-data",    "print",    "uds-specification", "corridor-size", "critical-values", "about",      "reset-zoom"};
+const QStringList kCommands = {"select-files",      "save-bmp",      "save-wmf",        "save-html", "save-uds",
+                               "save-ascii",        "copy",          "copy-data",       "print",     "print-direct",
+                               "uds-specification", "corridor-size", "critical-values", "about"};
 
 QImage Drawn(const QString& name, int size) {
     QImage image(size, size, QImage::Format_ARGB32);

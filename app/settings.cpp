@@ -11,8 +11,8 @@ constexpr const char* kToolbarKey = "Main Window/Toolbar";
 constexpr const char* kStatusBarKey = "Main Window/StatusBar";
 constexpr const char* kHiddenActionsKey = "Main Window/HiddenToolbarActions";
 
-QString ValueKey(const QString& name) {
-    return QStringLiteral("Settings/") + name;
+QString ValueKey(const char* name) {
+    return QStringLiteral("Settings/") + QLatin1String(name);
 }
 
 QString RecentFileKey(qsizetype index) {
@@ -36,29 +36,21 @@ void RemovePath(QStringList& files, const QString& path) {
 }  // namespace
 
 QString CSettings::Get(const CTextSetting& key) const {
-    return Text(QString::fromLatin1(key.name), QString::fromLatin1(key.fallback));
+    return m_store.value(ValueKey(key.name), QString::fromLatin1(key.fallback)).toString();
 }
 
 int CSettings::Get(const CNumberSetting& key) const {
     bool isNumber = false;
-    const int number = m_store.value(ValueKey(QString::fromLatin1(key.name))).toInt(&isNumber);
+    const int number = m_store.value(ValueKey(key.name)).toInt(&isNumber);
     return isNumber ? number : key.fallback;
 }
 
 void CSettings::Set(const CTextSetting& key, const QString& value) {
-    SetText(QString::fromLatin1(key.name), value);
+    m_store.setValue(ValueKey(key.name), value);
 }
 
 void CSettings::Set(const CNumberSetting& key, int value) {
-    m_store.setValue(ValueKey(QString::fromLatin1(key.name)), value);
-}
-
-QString CSettings::Text(const QString& name, const QString& fallback) const {
-    return m_store.value(ValueKey(name), fallback).toString();
-}
-
-void CSettings::SetText(const QString& name, const QString& value) {
-    m_store.setValue(ValueKey(name), value);
+    m_store.setValue(ValueKey(key.name), value);
 }
 
 QStringList CSettings::RecentFiles() const {
@@ -110,7 +102,7 @@ void CSettings::SetWindowLayout(const QByteArray& geometry, const QByteArray& st
 }
 
 QStringList CSettings::HiddenToolbarActions() const {
-    return m_store.value(QLatin1String(kHiddenActionsKey)).toStringList();
+    return m_store.value(QLatin1String(kHiddenActionsKey), QStringList(QStringLiteral("PrintDirect"))).toStringList();
 }
 
 void CSettings::SetHiddenToolbarActions(const QStringList& ids) {

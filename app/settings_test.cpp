@@ -47,12 +47,12 @@ private slots:
         QCOMPARE(m_settings->Get(setting::kAsciiOutputDir), QString("/ascii/"));
     }
 
-    void TheDocumentBringsItsOwnFallback() {
-        QCOMPARE(m_settings->Text("UdsOutputDir", ""), QString());
-        QCOMPARE(m_settings->Text("UdsOutputDir", "C:\\"), QString("C:\\"));
-        m_settings->SetText("UdsOutputDir", "/out/");
-        QCOMPARE(m_settings->Text("UdsOutputDir", "C:\\"), QString("/out/"));
-        QCOMPARE(m_settings->Get(setting::kUdsOutputDir), QString("/out/"));
+    void TheReportSharesTheFolderOfTheUdsOutputButNotItsFallback() {
+        QCOMPARE(m_settings->Get(setting::kHtmlOutputDir), QString());
+        m_settings->Set(setting::kUdsOutputDir, "/out/");
+        QCOMPARE(m_settings->Get(setting::kHtmlOutputDir), QString("/out/"));
+        m_settings->Set(setting::kHtmlOutputDir, "/report/");
+        QCOMPARE(m_settings->Get(setting::kUdsOutputDir), QString("/report/"));
     }
 
     void ATextIsNoNumber() {
@@ -92,13 +92,16 @@ private slots:
     void TheWindowLayoutHasAGroupOfItsOwn() {
         QVERIFY(m_settings->WindowGeometry().isEmpty());
         QVERIFY(m_settings->WindowState().isEmpty());
-        QVERIFY(m_settings->HiddenToolbarActions().isEmpty());
+        QCOMPARE(m_settings->HiddenToolbarActions(), QStringList({"PrintDirect"}));
         m_settings->SetWindowLayout(QByteArray("\0geo\xff", 5), "state");
         m_settings->SetHiddenToolbarActions({"EditCopy", "FilePrint"});
         Reopen();
         QCOMPARE(m_settings->WindowGeometry(), QByteArray("\0geo\xff", 5));
         QCOMPARE(m_settings->WindowState(), QByteArray("state"));
         QCOMPARE(m_settings->HiddenToolbarActions(), QStringList({"EditCopy", "FilePrint"}));
+        m_settings->SetHiddenToolbarActions({});
+        Reopen();
+        QCOMPARE(m_settings->HiddenToolbarActions(), QStringList());
         for (const QString& key : m_store->allKeys()) QVERIFY2(key.startsWith("Main Window/"), qPrintable(key));
     }
 

@@ -9,17 +9,9 @@ void CSpecificationHost::ShowError(QWidget* parent, const QString& text) {
     m_services.messages.ShowError(parent, text);
 }
 
-std::optional<QString> CSpecificationHost::AskSavePath(QWidget* parent, const CViewerSaveRequest& request) {
-    CFileRequest picker;
-    picker.kind = PickerKind::Save;
-    picker.title = request.title;
-    for (const CViewerFilter& filter : request.filters) {
-        picker.filters.push_back({filter.text.toStdString(), filter.pattern.toStdString()});
-    }
-    picker.folder = m_services.settings.Get(setting::kAsciiOutputDir);
-    picker.suggestedName = request.suggestedName;
-    picker.defaultExtension = request.defaultExtension;
-    picker.askBeforeOverwriting = true;
+std::optional<QString> CSpecificationHost::AskSavePath(QWidget* parent, const ks::CFileRequest& request) {
+    ks::CFileRequest picker = request;
+    picker.folder = m_services.settings.Get(setting::kAsciiOutputDir).toStdString();
     const std::optional<CPickedFiles> picked = m_services.picker.Pick(parent, picker);
     if (!picked) return std::nullopt;
     return picked->paths.front();

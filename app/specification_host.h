@@ -10,7 +10,7 @@ public:
     explicit CSpecificationHost(const CWindowServices& services) : m_services(services) {}
 
     void ShowError(QWidget* parent, const QString& text) override;
-    std::optional<QString> AskSavePath(QWidget* parent, const CViewerSaveRequest& request) override;
+    std::optional<QString> AskSavePath(QWidget* parent, const ks::CFileRequest& request) override;
     bool AskPrinter(QWidget* parent, QPrinter& printer, int pageCount) override;
 
 private:

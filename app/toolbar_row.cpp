@@ -1,8 +1,31 @@
 #include "app/toolbar_row.h"
 
+#include <QAction>
 #include <QHBoxLayout>
+#include <array>
+
+#include "app/command_actions.h"
 
 namespace {
+
+constexpr std::array kCommands = {CommandId::SelectFiles,
+                                  CommandId::UdsSpecification,
+                                  kSeparator,
+                                  CommandId::SaveBmp,
+                                  CommandId::SaveWmf,
+                                  CommandId::SaveHtml,
+                                  CommandId::SaveUds,
+                                  CommandId::SaveAscii,
+                                  CommandId::Print,
+                                  CommandId::PrintDirect,
+                                  kSeparator,
+                                  CommandId::Copy,
+                                  CommandId::CopyData,
+                                  kSeparator,
+                                  CommandId::CorridorSize,
+                                  CommandId::CriticalValues,
+                                  kSeparator,
+                                  CommandId::About};
 
 constexpr QSize kIconSize{20, 20};  // pixels
 constexpr int kPaneGap = 4;         // pixels between the buttons and the pane
@@ -34,4 +57,30 @@ CToolbarRow::CToolbarRow(QWidget* pane, QWidget* parent) : QToolBar(tr("Toolbar"
     layout->addWidget(m_buttons, 1);
     layout->addWidget(pane, 0, Qt::AlignRight | Qt::AlignVCenter);
     addWidget(row);
+}
+
+QList<QAction*> CToolbarRow::OfferedActions(const CCommandActions& actions) {
+    QList<QAction*> offered;
+    for (const CommandId id : kCommands) {
+        if (id != kSeparator) offered.append(actions.Find(id));
+    }
+    return offered;
+}
+
+void CToolbarRow::ShowCommands(const CCommandActions& actions, const QStringList& hidden) {
+    m_buttons->clear();
+    bool isSeparatorDue = false;  // only once a button follows: no group is left between two separators
+    for (const CommandId id : kCommands) {
+        if (id == kSeparator) {
+            isSeparatorDue = !m_buttons->actions().isEmpty();
+            continue;
+        }
+        QAction* const action = actions.Find(id);
+        if (hidden.contains(action->objectName())) continue;
+        if (isSeparatorDue) m_buttons->addSeparator();
+        isSeparatorDue = false;
+        m_buttons->addAction(action);
+    }
+    m_buttons->addSeparator();
+    m_buttons->addAction(actions.Find(CommandId::Customize));
 }

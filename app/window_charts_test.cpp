@@ -190,12 +190,15 @@ private slots:
         QVERIFY(!m_window->List()->isVisible());
         QCOMPARE(m_window->Pages().currentText(), QString("Cross Correlation"));
         QVERIFY(m_window->Pages().isEnabled());
-        for (const CommandId id :
-             {CommandId::SaveBmp, CommandId::SaveWmf, CommandId::Print, CommandId::CopyData, CommandId::SaveHtml}) {
+        for (const CommandId id : {CommandId::SaveBmp, CommandId::SaveWmf, CommandId::Print, CommandId::PrintDirect,
+                                   CommandId::CopyData, CommandId::SaveHtml}) {
             QVERIFY(!m_window->IsEnabled(id));
         }
-        Frame().RunCommand(CommandId::SaveUds);  // no series, so nothing to ask for
-        QVERIFY(m_window->picker.requests.empty());
+        for (const CommandId id : {CommandId::SaveUds, CommandId::SaveAscii}) {
+            Frame().RunCommand(id);
+            QVERIFY(m_window->picker.requests.empty());
+            QCOMPARE(m_window->StatusText(), QString("This page has no curves to save."));
+        }
         m_chart->calls.clear();
         m_window->ChoosePage("Velocity");
         QVERIFY(!m_window->IsHintShown());

@@ -14,6 +14,7 @@
 #include "app/testing/window_test.h"
 #include "chart/testing/wmf_reader.h"
 #include "compare/export.h"
+#include "compare/verdict.h"
 #include "tests/support/failing_disk.h"
 #include "tests/support/temp_folder.h"
 #include "viewer/testing/pdf_text.h"
@@ -23,9 +24,9 @@ namespace {
 constexpr const char* kUdsFolder = "Settings/UdsOutputDir";
 constexpr const char* kAsciiFolder = "Settings/AsciiOutputDir";
 
-QStringList FilterTexts(const CFileRequest& request) {
+QStringList FilterTexts(const ks::CFileRequest& request) {
     QStringList texts;
-    for (const CFileFilter& filter : request.filters) {
+    for (const ks::CFileFilter& filter : request.filters) {
         texts.append(QString::fromStdString(filter.text + "|" + filter.pattern));
     }
     return texts;
@@ -143,7 +144,7 @@ private slots:
         QVERIFY(QDir(m_window->folder.path()).mkdir("plots"));
         Save(CommandId::SaveBmp, "plots/plot.bmp");
         Save(CommandId::SaveWmf, "plots/plot.wmf");
-        QCOMPARE(m_window->picker.requests.back().folder, Folder("plots/"));
+        QCOMPARE(m_window->picker.requests.back().folder, Folder("plots/").toStdString());
     }
 
     void APictureThatCannotBeWrittenIsReported_data() {
@@ -165,7 +166,7 @@ private slots:
         const QString path = Save(CommandId::SaveHtml, "report.html");
         CheckSaveRequest("Save Results to HTML File",
                          {"HTML Files (*.html)|*.html", "HTML Files (*.htm)|*.htm", "All Files (*.*)|*.*"});
-        QCOMPARE(m_window->picker.requests.back().folder, QString());
+        QCOMPARE(m_window->picker.requests.back().folder, std::string());
         const QByteArray bytes = Bytes(path);
         QCOMPARE(bytes, QByteArray::fromStdString(HtmlReport(m_window->List()->DisplayedTable())));
         CheckReport(QString::fromLatin1(bytes), {3, 0, 1, 2, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15});
@@ -183,7 +184,7 @@ private slots:
     void TheReportStartsInTheFolderOfTheLastUdsOutput() {
         m_window->store.setValue(kUdsFolder, Folder());
         Save(CommandId::SaveHtml, "report.html");
-        QCOMPARE(m_window->picker.requests.back().folder, Folder());
+        QCOMPARE(m_window->picker.requests.back().folder, Folder().toStdString());
     }
 
     // Signals.
@@ -207,10 +208,11 @@ private slots:
             Trigger(CommandId::SaveUds);
             QCOMPARE(m_window->picker.requests.size(), count);
             for (std::size_t j = 0; j < count; ++j) {
-                const CFileRequest& request = m_window->picker.requests[j];
-                QCOMPARE(request.title, QString::fromStdString("Save " + document.SeriesNames()[j] + " as"));
-                QVERIFY(request.kind == PickerKind::Save && request.filters.empty() && request.suggestedName.isEmpty());
-                QVERIFY(request.hideReadOnly && request.askBeforeOverwriting && request.defaultExtension.isEmpty());
+                const ks::CFileRequest& request = m_window->picker.requests[j];
+                QCOMPARE(request.title, "Save " + document.SeriesNames()[j] + " as");
+                QVERIFY(request.kind == ks::PickerKind::Save && request.filters.empty() &&
+                        request.suggestedName.empty());
+                QVERIFY(request.hideReadOnly && request.askBeforeOverwriting && request.defaultExtension.empty());
                 const QString place = page + QString(", series %1").arg(j);
                 ks::CNSignal record;
                 record.LoadUDS(SeriesFile(j).toStdString());
@@ -231,17 +233,28 @@ private slots:
         m_window->picker.answers = {Picked("first.uds"), std::nullopt, Picked("last/third.uds"), std::nullopt};
         Trigger(CommandId::SaveUds);
         QCOMPARE(m_window->picker.requests.size(), std::size_t{4});
-        for (const CFileRequest& request : m_window->picker.requests) QCOMPARE(request.folder, QString("C:\\"));
+        for (const ks::CFileRequest& request : m_window->picker.requests) QCOMPARE(request.folder, std::string("C:\\"));
         QVERIFY(QFile::exists(m_window->Path("first.uds")));
         QVERIFY(QFile::exists(m_window->Path("last/third.uds")));
         QCOMPARE(m_window->store.value(kUdsFolder).toString(), Folder("last/"));
         QCOMPARE(m_window->StatusText(), "2 curves were saved, the last as " + m_window->Path("last/third.uds") + ".");
     }
 
-    void TheSummaryHasNoSeriesToSave() {
-        Trigger(CommandId::SaveUds);
+    void TheSummaryHasNoCurvesToSaveAndAsksForNoName_data() {
+        QTest::addColumn<int>("id");
+        QTest::newRow("uds") << CommandNumber(CommandId::SaveUds);
+        QTest::newRow("ascii") << CommandNumber(CommandId::SaveAscii);
+    }
+    /// The ASCII command used to ask for a name and then to write an empty file.
+    void TheSummaryHasNoCurvesToSaveAndAsksForNoName() {
+        QFETCH(int, id);
+        Trigger(static_cast<CommandId>(id));
         QVERIFY(m_window->picker.requests.empty());
         QCOMPARE(m_window->StatusText(), QString("This page has no curves to save."));
+        m_window->ChoosePage("Velocity");
+        m_window->ChoosePage("Summary");  // the document still holds the curves of that page
+        Trigger(static_cast<CommandId>(id));
+        QVERIFY(m_window->picker.requests.empty());
     }
 
     // ASCII table.
@@ -259,21 +272,18 @@ private slots:
         m_window->ChoosePage(page);
         const QString path = Save(CommandId::SaveAscii, "table.txt");
         CheckSaveRequest("Save ASCII data As", {});
-        QCOMPARE(m_window->picker.requests.back().folder, QString("C:\\"));
+        QCOMPARE(m_window->picker.requests.back().folder, std::string("C:\\"));
         const CQuorvelDoc& document = m_window->frame->Document();
         const QByteArray bytes = Bytes(path);
-        QCOMPARE(bytes, QByteArray::fromStdString(AsciiTable(document.ChartBlock())));
+        const QString other = Folder() + "other.txt";
+        QVERIFY(WriteAsciiTable(other.toStdString(), document.ChartBlock(), document.CurrentPageId()) ==
+                ks::WriteResult::Written);
+        QCOMPARE(bytes, Bytes(other));
         CheckTable(bytes, document);
         QCOMPARE(bytes.contains("0.0 0.0 "), isPadded);
         QCOMPARE(m_window->store.value(kAsciiFolder).toString(), Folder());
         QVERIFY(!m_window->store.contains(kUdsFolder));
         QCOMPARE(m_window->StatusText(), "Saved as " + path + ".");
-    }
-
-    void TheTableOfTheSummaryIsEmpty() {
-        const QString path = Save(CommandId::SaveAscii, "table.txt");
-        QVERIFY(QFile::exists(path));
-        QCOMPARE(Bytes(path), QByteArray());
     }
 
     void ATableThatCannotBeWrittenIsReportedAndItsFolderNotStored() {
@@ -283,6 +293,78 @@ private slots:
         QCOMPARE(m_window->StatusText(), QString("Ready"));  // no success of an earlier command stands there
         QCOMPARE(m_window->errorLists.texts, QStringList({"The ASCII data could not be written to " + path + ".\r\n"}));
         QVERIFY(!m_window->store.contains(kAsciiFolder));
+    }
+
+    // Loaded files.
+
+    void ALoadedFileIsNeverReplaced_data() {
+        QTest::addColumn<int>("id");
+        QTest::addColumn<QString>("page");
+        QTest::addColumn<QString>("name");
+        QTest::newRow("bmp over a signal") << CommandNumber(CommandId::SaveBmp) << "Velocity"
+                                           << "signal.001";
+        QTest::newRow("wmf over the reference") << CommandNumber(CommandId::SaveWmf) << "Velocity"
+                                                << "reference.001";
+        QTest::newRow("html over a signal") << CommandNumber(CommandId::SaveHtml) << "Summary"
+                                            << "signal.001";
+        QTest::newRow("uds over a signal") << CommandNumber(CommandId::SaveUds) << "Velocity"
+                                           << "signal.001";
+        QTest::newRow("uds over the reference, through a link") << CommandNumber(CommandId::SaveUds) << "Velocity"
+                                                                << "link.001";
+        QTest::newRow("ascii over the reference") << CommandNumber(CommandId::SaveAscii) << "Velocity"
+                                                  << "reference.001";
+        QTest::newRow("ascii by another path") << CommandNumber(CommandId::SaveAscii) << "Velocity"
+                                               << "./signal.001";
+    }
+    void ALoadedFileIsNeverReplaced() {
+        QFETCH(int, id);
+        QFETCH(QString, page);
+        QFETCH(QString, name);
+        CompareOwnFiles();
+        m_window->ChoosePage(page);
+        const QString path = Save(static_cast<CommandId>(id), name);
+        CheckRefused(path);
+        QVERIFY(!m_window->store.contains(kUdsFolder));
+        QVERIFY(!m_window->store.contains(kAsciiFolder));
+    }
+
+    void TheOtherCurvesAreStillSavedWhenOneIsRefused() {
+        CompareOwnFiles();
+        m_window->ChoosePage("Velocity");
+        m_window->picker.answers = {Picked("reference.001"), Picked("second.uds")};
+        Trigger(CommandId::SaveUds);
+        QCOMPARE(m_window->messages.said, QStringList(Refusal(m_window->Path("reference.001"))));
+        CheckOwnFiles();
+        QVERIFY(QFile::exists(m_window->Path("second.uds")));
+        QCOMPARE(m_window->StatusText(), "Saved as " + m_window->Path("second.uds") + ".");
+    }
+
+    void ALoadedFileIsNeverPrintedOver() {
+        CompareOwnFiles();
+        m_window->ChoosePage("Velocity");
+        m_window->printers.path = m_window->Path("signal.001");
+        Trigger(CommandId::Print);
+        CheckRefused(m_window->printers.path);
+    }
+
+    void AHitListIsNotSavedOverALoadedFile() {
+        CompareOwnFiles();
+        m_window->picker.answers.push_back(Picked("signal.001"));
+        m_window->dialogs.Expect([](QWidget& dialog) {
+            Control<QPushButton>(dialog, kSaveHitListId)->click();
+            dialog.close();
+        });
+        Trigger(CommandId::SelectFiles);
+        CheckRefused(m_window->Path("signal.001"));
+    }
+
+    void AFileThatIsNoLongerLoadedCanBeReplaced() {
+        CompareOwnFiles();
+        m_window->CompareSled();
+        m_window->ChoosePage("Velocity");
+        const QString path = Save(CommandId::SaveBmp, "signal.001");
+        QCOMPARE(m_window->messages.said, QStringList());
+        QCOMPARE(QImageReader(path).format(), QByteArray("bmp"));
     }
 
     // Cancel.
@@ -321,7 +403,7 @@ private slots:
         m_window->ChoosePage("Velocity");
         Trigger(CommandId::SaveUds);
         Trigger(CommandId::SaveAscii);
-        for (const CFileRequest& request : m_window->picker.requests) QCOMPARE(request.folder, gone);
+        for (const ks::CFileRequest& request : m_window->picker.requests) QCOMPARE(request.folder, gone.toStdString());
         QCOMPARE(m_window->picker.requests.size(), std::size_t{6});  // the report, four curves and the table
         QCOMPARE(m_window->settings.Get(setting::kUdsOutputDir), gone);
         QCOMPARE(m_window->settings.Get(setting::kAsciiOutputDir), gone);
@@ -353,6 +435,27 @@ private slots:
         const QByteArray pdf = Bytes(m_window->printers.path);
         QVERIFY(!pdf.contains("/Subtype /Image") && !pdf.contains("/Subtype/Image"));
         QVERIFY(PdfStreams(pdf).count(" l\n") > 400);  // four curves of some hundred visible points each
+    }
+
+    void TheDefaultPrinterTakesTheChartWithoutAQuestion() {
+        m_window->ChoosePage("Velocity");
+        m_window->printers.path = m_window->Path("plot.pdf");
+        Trigger(CommandId::PrintDirect);
+        QCOMPARE(m_window->printers.pageCounts, QList<int>());  // nobody was asked
+        QCOMPARE(m_window->messages.said, QStringList());
+        QCOMPARE(m_window->StatusText(), QString("The plot was printed."));
+        const std::vector<CPdfPage> pages = ReadPdf(m_window->printers.path);
+        QCOMPARE(pages.size(), std::size_t{1});
+        QVERIFY(pages[0].size.width() > pages[0].size.height());
+        QVERIFY(pages[0].lines.join("\n").contains("s01002aa0.001"));
+    }
+
+    void WithoutADefaultPrinterTheWindowSaysSo() {
+        m_window->ChoosePage("Velocity");
+        Trigger(CommandId::PrintDirect);
+        QCOMPARE(m_window->messages.said,
+                 QStringList("error|Error|There is no default printer. Use File > Print... to choose a printer."));
+        QCOMPARE(m_window->StatusText(), QString("Ready"));
     }
 
     void ACancelledPrinterPrintsNothing() {
@@ -420,12 +523,36 @@ private slots:
             m_window->ChoosePage(page);
             QVERIFY(!m_window->IsEnabled(CommandId::PrintPreview));
             QCOMPARE(m_window->IsEnabled(CommandId::Print), page != "Summary");
+            QCOMPARE(m_window->IsEnabled(CommandId::PrintDirect), page != "Summary");
             QCOMPARE(m_window->IsEnabled(CommandId::CopyData), page == "Summary");
             QCOMPARE(m_window->IsEnabled(CommandId::SaveHtml), page == "Summary");
         }
     }
 
 private:
+    /// Compares copies of two samples, "signal.001" with "reference.001"; "link.001" leads to the latter.
+    void CompareOwnFiles() {
+        const QString signal = m_window->Path("signal.001"), reference = m_window->Path("reference.001");
+        QVERIFY(QFile::copy(QString::fromStdString(Sled(2)), signal));
+        QVERIFY(QFile::copy(QString::fromStdString(Sled(1)), reference));
+        QVERIFY(QFile::link(reference, m_window->Path("link.001")));
+        m_window->Compare({signal.toStdString()}, reference.toStdString());
+    }
+    void CheckOwnFiles() {
+        QVERIFY(Bytes(m_window->Path("signal.001")) == Bytes(QString::fromStdString(Sled(2))));
+        QVERIFY(Bytes(m_window->Path("reference.001")) == Bytes(QString::fromStdString(Sled(1))));
+    }
+    static QString Refusal(const QString& path) {
+        return "error|Error|" + path + " is one of the files that are being compared. Choose another name.";
+    }
+    /// The user was told so, nothing was written, and nothing is said to be saved.
+    void CheckRefused(const QString& path) {
+        QCOMPARE(m_window->messages.said, QStringList(Refusal(path)));
+        QCOMPARE(m_window->StatusText(), QString("Ready"));
+        CheckOwnFiles();
+        QCOMPARE(QDir(m_window->folder.path()).entryList({"*.001"}, QDir::Files).size(), qsizetype{3});
+    }
+
     void CheckNotPrinted(const QString& path) {
         m_window->ChoosePage("Velocity");
         const QString status = m_window->StatusText();
@@ -453,9 +580,9 @@ private:
 
     void CheckSaveRequest(const QString& title, const QStringList& filters) {
         QCOMPARE(m_window->picker.requests.size(), std::size_t{1});
-        const CFileRequest& request = m_window->picker.requests[0];
-        QVERIFY(request.kind == PickerKind::Save);
-        QCOMPARE(request.title, title);
+        const ks::CFileRequest& request = m_window->picker.requests[0];
+        QVERIFY(request.kind == ks::PickerKind::Save);
+        QCOMPARE(QString::fromStdString(request.title), title);
         QCOMPARE(FilterTexts(request), filters);
         QVERIFY(request.hideReadOnly && request.askBeforeOverwriting);
     }
@@ -486,8 +613,8 @@ private:
             QCOMPARE(headers.next().captured(1), model.headerData(column, Qt::Horizontal).toString());
         }
         QVERIFY(!headers.hasNext());
-        const std::map<CVerdictColor, QString> colours = {
-            {CVerdictColor::White, ""}, {CVerdictColor::Green, "#00E000"}, {CVerdictColor::Red, "#E00000"}};
+        const std::map<Verdict, QString> colours = {
+            {Verdict::None, ""}, {Verdict::Good, "#00E000"}, {Verdict::Bad, "#E00000"}};
         QSet<QString> seen;
         auto cells = cell.globalMatch(report);
         for (int row = 0; row < model.rowCount(); ++row) {
@@ -496,7 +623,7 @@ private:
                 const QRegularExpressionMatch match = cells.next();
                 const QModelIndex index = model.index(row, column);
                 QCOMPARE(match.captured(3), index.data().toString());
-                QCOMPARE(match.captured(2), colours.at(static_cast<CVerdictColor>(index.data(kVerdictRole).toInt())));
+                QCOMPARE(match.captured(2), colours.at(static_cast<Verdict>(index.data(kVerdictRole).toInt())));
                 seen.insert(match.captured(2));
             }
         }

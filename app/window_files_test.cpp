@@ -117,14 +117,14 @@ private slots:
         QCOMPARE(files, QStringList());
     }
 
-    void AMissingRecentFileIsTakenOffTheListWithAMessage() {
+    void AMissingRecentFileIsRemovedFromTheListWithAMessage() {
         const QString path = m_window->Path("gone.hit");
         m_window->settings.AddRecentFile(WriteHitList("other.hit", {"a.001"}));
         m_window->settings.AddRecentFile(path);
         m_window->Reopen();
         RecentMenu().actions().first()->trigger();
         QTRY_COMPARE(m_window->messages.said, QStringList({"error|Error|The hit list " + path +
-                                                           " does not exist any more. It was taken off the recent "
+                                                           " no longer exists. It was removed from the recent "
                                                            "files."}));
         QCOMPARE(Texts(RecentMenu()), QStringList({"&1 " + m_window->Path("other.hit")}));
         QCOMPARE(m_window->settings.RecentFiles(), QStringList({m_window->Path("other.hit")}));
@@ -296,12 +296,12 @@ private slots:
         QVERIFY(before.size() >= 4);
         Trigger(CommandId::UdsSpecification);
         QCOMPARE(m_window->picker.requests.size(), std::size_t{1});
-        const CFileRequest& request = m_window->picker.requests[0];
-        QVERIFY(request.kind == PickerKind::OpenOne && request.fileMustExist);
-        QCOMPARE(request.title, QString("Select Uds File to View"));
+        const ks::CFileRequest& request = m_window->picker.requests[0];
+        QVERIFY(request.kind == ks::PickerKind::OpenOne && request.fileMustExist);
+        QCOMPARE(request.title, std::string("Select Uds File to View"));
         QCOMPARE(request.filters.size(), std::size_t{6});
         QCOMPARE(request.filterIndex, 6);
-        QCOMPARE(request.folder, m_window->folder.path());
+        QCOMPARE(request.folder, m_window->folder.path().toStdString());
         QCOMPARE(SheetTitles(), QStringList({"UDS File Specification - f01002fa0.001"}));
         QCOMPARE(StoredValues(), before);
     }
@@ -310,7 +310,7 @@ private slots:
         Trigger(CommandId::UdsSpecification);
         QCOMPARE(m_window->picker.requests.size(), std::size_t{1});
         QCOMPARE(m_window->picker.requests[0].filterIndex, 3);
-        QCOMPARE(m_window->picker.requests[0].folder, QString("Q:\\uds\\vehdb"));
+        QCOMPARE(m_window->picker.requests[0].folder, std::string("Q:\\uds\\vehdb"));
         QCOMPARE(SheetTitles(), QStringList());
     }
 
@@ -319,8 +319,7 @@ private slots:
         m_window->settings.Set(setting::kAsciiOutputDir, m_window->folder.path());
         m_window->settings.Set(setting::kUdsOutputDir, "/elsewhere");
         const auto before = StoredValues();
-        CViewerSaveRequest asked;
-        asked.title = "Export Points";
+        ks::CFileRequest asked = ks::SaveRequest("Export Points");
         asked.filters = {{"ASCI Files (*.txt)", "*.txt"}, {"All Files (*.*)", "*.*"}};
         asked.suggestedName = "a.uds.txt";
         asked.defaultExtension = "txt";
@@ -328,12 +327,12 @@ private slots:
         m_window->picker.answers = {CPickedFiles{{m_window->Path("points.txt")}, 2}};
         QCOMPARE(host.AskSavePath(nullptr, asked), std::optional<QString>(m_window->Path("points.txt")));
         QCOMPARE(m_window->picker.requests.size(), std::size_t{2});
-        for (const CFileRequest& request : m_window->picker.requests) {
-            QVERIFY(request.kind == PickerKind::Save && request.askBeforeOverwriting);
-            QCOMPARE(request.title, QString("Export Points"));
-            QCOMPARE(request.folder, m_window->folder.path());
-            QCOMPARE(request.suggestedName, QString("a.uds.txt"));
-            QCOMPARE(request.defaultExtension, QString("txt"));
+        for (const ks::CFileRequest& request : m_window->picker.requests) {
+            QVERIFY(request.kind == ks::PickerKind::Save && request.askBeforeOverwriting);
+            QCOMPARE(request.title, std::string("Export Points"));
+            QCOMPARE(request.folder, m_window->folder.path().toStdString());
+            QCOMPARE(request.suggestedName, std::string("a.uds.txt"));
+            QCOMPARE(request.defaultExtension, std::string("txt"));
             QCOMPARE(request.filterIndex, 1);
             QCOMPARE(request.filters.size(), std::size_t{2});
             QCOMPARE(request.filters[0].text, std::string("ASCI Files (*.txt)"));
@@ -347,7 +346,7 @@ private slots:
     void PointsThatWereNeverSavedStartInTheFallback() {
         CSpecificationHost host({m_window->settings, m_window->picker, m_window->messages, m_window->printers});
         QVERIFY(!host.AskSavePath(nullptr, {}));
-        QCOMPARE(m_window->picker.requests.at(0).folder, QString("C:\\"));
+        QCOMPARE(m_window->picker.requests.at(0).folder, std::string("C:\\"));
     }
 
     void TheSheetSpeaksThroughTheWindowsMessages() {
@@ -399,7 +398,7 @@ private:
         }
         qFatal("no such menu");
     }
-    QMenu& RecentMenu() { return SubMenu("&Recent File"); }
+    QMenu& RecentMenu() { return SubMenu("Recent File"); }
     QMenu& LoadedMenu() { return SubMenu("UDS Specification &of"); }
 
     /// A text file with these lines.

@@ -23,7 +23,6 @@ std::optional<CFileSelection> CWindowHost::SelectFiles(const CFileSelection& off
     if (m_offeredFiles) shown.files = std::exchange(m_offeredFiles, std::nullopt).value();
     CSelectFiles dialog(shown, m_services.settings, m_services.picker, m_services.messages, &m_window);
     if (dialog.exec() != QDialog::Accepted) return std::nullopt;
-    emit FilesSelected();
     return dialog.Selection();
 }
 
@@ -50,26 +49,19 @@ std::optional<CCriticalValues> CWindowHost::EditCriticalValues(const CCriticalVa
     return dialog.Values();
 }
 
-std::optional<std::string> CWindowHost::AskSavePath(const CSaveRequest& request) {
-    CFileRequest picker;
-    picker.kind = PickerKind::Save;
-    picker.title = QString::fromStdString(request.title);
-    picker.filters = request.filters;
-    picker.folder = QString::fromStdString(request.folder);
-    picker.hideReadOnly = request.hideReadOnly;
-    picker.askBeforeOverwriting = request.askBeforeOverwriting;
-    const std::optional<CPickedFiles> picked = m_services.picker.Pick(&m_window, picker);
+std::optional<std::string> CWindowHost::AskSavePath(const ks::CFileRequest& request) {
+    const std::optional<CPickedFiles> picked = m_services.picker.Pick(&m_window, request);
     if (!picked) return std::nullopt;
     m_savePaths.append(picked->paths.front());
     return picked->paths.front().toStdString();
 }
 
-std::string CWindowHost::ReadSetting(const std::string& key, const std::string& fallback) {
-    return m_services.settings.Text(QString::fromStdString(key), QString::fromStdString(fallback)).toStdString();
+std::string CWindowHost::ReadSetting(const CTextSetting& key) {
+    return m_services.settings.Get(key).toStdString();
 }
 
-void CWindowHost::StoreSetting(const std::string& key, const std::string& value) {
-    m_services.settings.SetText(QString::fromStdString(key), QString::fromStdString(value));
+void CWindowHost::StoreSetting(const CTextSetting& key, const std::string& value) {
+    m_services.settings.Set(key, QString::fromStdString(value));
 }
 
 void CWindowHost::Beep() {

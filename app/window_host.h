@@ -40,16 +40,14 @@ public:
     void ShowErrorList(const std::vector<CRunMessage>& messages) override;
     std::optional<double> EditCorridorSize(double size) override;
     std::optional<CCriticalValues> EditCriticalValues(const CCriticalValues& values) override;
-    std::optional<std::string> AskSavePath(const CSaveRequest& request) override;
-    std::string ReadSetting(const std::string& key, const std::string& fallback) override;
-    void StoreSetting(const std::string& key, const std::string& value) override;
+    std::optional<std::string> AskSavePath(const ks::CFileRequest& request) override;
+    std::string ReadSetting(const CTextSetting& key) override;
+    void StoreSetting(const CTextSetting& key, const std::string& value) override;
     void Beep() override;
     void SetBusy(bool busy) override;
     void Progress(std::size_t done, std::size_t total, const std::string& path) override;
 
 signals:
-    /// The user confirmed a selection; a run begins.
-    void FilesSelected();
     void BusyChanged(bool busy);
     /// `done` of `total` steps of a run are done; `path` is the file at work, empty at the end.
     void ProgressChanged(int done, int total, const QString& path);

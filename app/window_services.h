@@ -6,8 +6,7 @@ class CPrinterPicker;
 class CSettings;
 
 /// What the window needs of the machine and its user; all must outlive the window. Tests put scripted ones in place.
-class CWindowServices {
-public:
+struct CWindowServices {
     CSettings& settings;
     CFilePicker& picker;
     CMessages& messages;

@@ -18,6 +18,7 @@
 #include <vector>
 
 #include "compare/plots/page_ids.h"
+#include "compare/plots/page_table.h"
 #include "tests/support/page_samples.h"
 
 namespace {

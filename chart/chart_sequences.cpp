@@ -2,6 +2,16 @@
 
 #include <algorithm>
 #include <array>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "chart/chart_control.h"
+#include "compare/chart_block.h"
+
+#include "files/one_line.h"
 
 namespace {
 
@@ -46,12 +56,7 @@ std::int32_t CyclingStyle(std::int32_t series) {
 
 std::string JoinedNames(std::span<const std::string> names) {
     std::string joined;
-    for (const std::string& name : names) {
-        const std::size_t start = joined.size();
-        joined += name;
-        std::replace(joined.begin() + static_cast<std::ptrdiff_t>(start), joined.end(), '\t', ' ');
-        joined += '\t';
-    }
+    for (const std::string& name : names) joined += ks::OneLine(name) + '\t';
     return joined;
 }
 

@@ -47,15 +47,15 @@ std::optional<CCriticalValues> CCliHost::EditCriticalValues(const CCriticalValue
     return m_options.critical;
 }
 
-std::optional<std::string> CCliHost::AskSavePath(const CSaveRequest& /*request*/) {
+std::optional<std::string> CCliHost::AskSavePath(const ks::CFileRequest& /*request*/) {
     return std::nullopt;
 }
 
-std::string CCliHost::ReadSetting(const std::string& /*key*/, const std::string& fallback) {
-    return fallback;
+std::string CCliHost::ReadSetting(const CTextSetting& key) {
+    return key.fallback;
 }
 
-void CCliHost::StoreSetting(const std::string& /*key*/, const std::string& /*value*/) {}
+void CCliHost::StoreSetting(const CTextSetting& /*key*/, const std::string& /*value*/) {}
 
 void CCliHost::SetBusy(bool busy) {
     if (!busy) {
@@ -64,7 +64,7 @@ void CCliHost::SetBusy(bool busy) {
 }
 
 void CCliHost::Progress(std::size_t done, std::size_t total, const std::string& path) {
-    if (m_options.talk == CTalk::Quiet) {
+    if (m_options.verbosity == Verbosity::Quiet) {
         return;
     }
     if (path.empty()) {
@@ -72,6 +72,12 @@ void CCliHost::Progress(std::size_t done, std::size_t total, const std::string& 
         return;
     }
     m_console.ShowProgress(Join({"[", std::to_string(done), "/", std::to_string(total), "] ", path}));
+}
+
+void CCliHost::TellMore(std::string_view text) {
+    if (m_options.talk == CTalk::Verbose) {
+        m_console.Note(text);
+    }
 }
 
 void CCliHost::NameSource(std::string source) {

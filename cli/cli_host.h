@@ -1,5 +1,9 @@
 #pragma once
 
+#include <string>
+#include <string_view>
+#include <vector>
+
 #include "cli/commands/compare_options.h"
 #include "cli/output/console.h"
 #include "compare/document_host.h"
@@ -16,10 +20,10 @@ public:
     std::optional<double> EditCorridorSize(double size) override;
     std::optional<CCriticalValues> EditCriticalValues(const CCriticalValues& values) override;
     /// Never asked: outputs are named by options.
-    std::optional<std::string> AskSavePath(const CSaveRequest& request) override;
+    std::optional<std::string> AskSavePath(const ks::CFileRequest& request) override;
     /// Settings belong to the desktop program.
-    std::string ReadSetting(const std::string& key, const std::string& fallback) override;
-    void StoreSetting(const std::string& key, const std::string& value) override;
+    std::string ReadSetting(const CTextSetting& key) override;
+    void StoreSetting(const CTextSetting& key, const std::string& value) override;
     void Beep() override {}
     void SetBusy(bool busy) override;
     void Progress(std::size_t done, std::size_t total, const std::string& path) override;
@@ -27,6 +31,8 @@ public:
     /// Shows sentences as the messages of a run.
     void ShowSentences(const std::vector<std::string>& sentences);
 
+    /// One line on standard error when --verbose asks for more.
+    void TellMore(std::string_view text);
     /// From now on messages are shown with `source` and a colon in front; with an empty text, without.
     void NameSource(std::string source);
     /// The messages shown since the last call.

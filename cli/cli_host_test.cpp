@@ -90,11 +90,21 @@ TEST_F(CliHost, NamesTheSourceOfMessagesOnStandardErrorOnly) {
     EXPECT_THAT(host.TakeShownMessages(), ElementsAre("One", "Two"));
 }
 
+TEST_F(CliHost, TellsMoreOnlyWhenAsked) {
+    CCompareOptions options;
+    CCliHost(options, {}, console).TellMore("One");
+    options.talk = CTalk::Quiet;
+    CCliHost(options, {}, console).TellMore("Two");
+    options.talk = CTalk::Verbose;
+    CCliHost(options, {}, console).TellMore("Three");
+    EXPECT_EQ(StandardError(), "Three\n");
+}
+
 TEST_F(CliHost, KeepsNoSettingsAndNamesNoFiles) {
     const CCompareOptions options;
     CCliHost host(options, {}, console);
-    host.StoreSetting("InputDir", "x");
-    EXPECT_EQ(host.ReadSetting("InputDir", "fallback"), "fallback");
+    host.StoreSetting(setting::kInputDir, "x");
+    EXPECT_EQ(host.ReadSetting(setting::kInputDir), "Q:\\uds\\vehdb");
     EXPECT_EQ(host.AskSavePath({}), std::nullopt);
 }
 

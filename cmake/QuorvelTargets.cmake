@@ -24,9 +24,11 @@ if(QUORVEL_FUZZ)
     target_link_options(quorvel_sanitizers INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 
-# quorvel_target(NAME): the shared settings of one of our targets.
+# quorvel_target(NAME): the shared settings of one of our targets. They end with this build: who uses an installed
+# library of ours has warnings of their own.
 function(quorvel_target name)
-    target_link_libraries(${name} PRIVATE quorvel_warnings quorvel_exact quorvel_sanitizers)
+    target_link_libraries(${name} PRIVATE
+        $<BUILD_INTERFACE:quorvel_warnings> $<BUILD_INTERFACE:quorvel_exact> $<BUILD_INTERFACE:quorvel_sanitizers>)
     target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR})
 endfunction()
 
@@ -38,6 +40,16 @@ function(quorvel_library folder)
     target_sources(${target} PUBLIC FILE_SET HEADERS BASE_DIRS ${PROJECT_SOURCE_DIR} FILES ${ARG_HEADERS})
     target_link_libraries(${target} PUBLIC ${ARG_LINK})
     quorvel_target(${target})
+endfunction()
+
+# quorvel_install_library(FOLDER): installs the library with its headers as Quorvel::FOLDER of the CMake package; see
+# cmake/QuorvelPackage.cmake.
+function(quorvel_install_library folder)
+    set_target_properties(quorvel_${folder} PROPERTIES EXPORT_NAME ${folder})
+    target_compile_features(quorvel_${folder} PUBLIC cxx_std_20)
+    install(TARGETS quorvel_${folder} EXPORT QuorvelTargets
+        ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT library
+        FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/quorvel COMPONENT library)
 endfunction()
 
 # quorvel_gui_library(FOLDER ... FORMS ...): the same for a folder that uses Qt: forms (*.ui), resources (*.qrc among

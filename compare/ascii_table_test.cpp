@@ -1,6 +1,9 @@
 #include <gmock/gmock.h>
 
+#include <filesystem>
+
 #include "compare/export.h"
+#include "tests/support/memory_limit.h"
 #include "tests/support/temp_folder.h"
 
 namespace {
@@ -15,6 +18,14 @@ CChartBlock MakeBlock(std::int32_t pointCount, std::vector<double> x, std::vecto
     block.x = std::move(x);
     block.y = std::move(y);
     return block;
+}
+
+/// The bytes that a table puts into a file.
+std::string AsciiTable(const CChartBlock& block) {
+    const CTempFolder folder;
+    const std::string path = folder.Path("page.txt");
+    EXPECT_EQ(WriteAsciiTable(path, block, 2), ks::WriteResult::Written);
+    return ReadAll(path);
 }
 
 TEST(AsciiTable, OfOneSeriesAndTwoPointsHasTwoLinesOfXAndY) {
@@ -67,6 +78,32 @@ TEST(AsciiTable, IgnoresWhatALargerPageLeftBehind) {
     block.y.push_back(88.0);
 
     EXPECT_EQ(AsciiTable(block), "1 2 \r\n");
+}
+
+TEST(AsciiTable, OfManyPiecesHasEveryRowOnce) {
+    constexpr std::int32_t kRows = 40000;
+    std::vector<double> x(kRows), y(kRows);
+    std::string expected;
+    for (std::int32_t i = 0; i < kRows; ++i) {
+        x[static_cast<std::size_t>(i)] = i;
+        y[static_cast<std::size_t>(i)] = 2 * i;
+        expected += std::to_string(i) + " " + std::to_string(2 * i) + " \r\n";
+    }
+    EXPECT_TRUE(AsciiTable(MakeBlock(kRows, std::move(x), std::move(y))) == expected);
+}
+
+// The table was made as one text, and a long one was not written at all.
+TEST(AsciiTable, IsWrittenWithLessMemoryThanItIsLong) {
+    if (!CMemoryLimit::IsUsable()) GTEST_SKIP() << "a sanitizer takes the memory";
+    constexpr std::size_t kRows = 500000;
+    const CTempFolder folder;
+    const CChartBlock block =
+        MakeBlock(kRows, std::vector<double>(kRows, 0.123456), std::vector<double>(kRows, 1e-300));
+    {
+        const CMemoryLimit limit(1024 * 1024);
+        EXPECT_EQ(WriteAsciiTable(folder.Path("page.txt"), block, 2), ks::WriteResult::Written);
+    }
+    EXPECT_EQ(std::filesystem::file_size(folder.Path("page.txt")), kRows * 18);
 }
 
 TEST(AsciiTable, ReachesTheFileOfAChartPage) {

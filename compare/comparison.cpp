@@ -105,12 +105,13 @@ std::size_t CommonPointCount(const ks::CNSignal& computed, const ks::CNSignal& r
 
 }  // namespace
 
-void CComparison::Compute(ks::CNSignal& computed, const ks::CNSignal& reference) {
+CSampling CComparison::Compute(ks::CNSignal& computed, const ks::CNSignal& reference) {
     Clear();
-    if (CommonPointCount(computed, reference) == 0) return;
+    if (CommonPointCount(computed, reference) == 0) return SamplingOf(computed);
 
     const double timeStep = reference.Getdelt();
     if (computed.Getdelt() != timeStep) computed.Resample(timeStep);
+    const CSampling resampled = SamplingOf(computed);
 
     double start = reference.GetXMin();
     double stop = reference.GetXMax();
@@ -124,10 +125,11 @@ void CComparison::Compute(ks::CNSignal& computed, const ks::CNSignal& reference)
     }
 
     const ks::CNSignal& compared = cut ? *cut : reference;
-    if (CommonPointCount(computed, compared) == 0) return;
+    if (CommonPointCount(computed, compared) == 0) return resampled;
     m_minimumTime = start;
     m_maximumTime = stop;
     Measure(computed, compared, timeStep);
+    return resampled;
 }
 
 void CComparison::Clear() {

@@ -3,24 +3,19 @@
 #include <algorithm>
 #include <exception>
 #include <limits>
+#include <new>
 #include <optional>
+#include <stdexcept>
 #include <utility>
 
 #include "compare/export.h"
 #include "compare/messages.h"
-#include "compare/plots/page_ids.h"
+#include "compare/plots/page_table.h"
+#include "compare/setting_keys.h"
+#include "files/file_request.h"
 #include "files/path_text.h"
 
 namespace {
-
-constexpr const char* kUdsFolderKey = "UdsOutputDir";
-constexpr const char* kAsciiFolderKey = "AsciiOutputDir";
-constexpr const char* kDefaultFolder = "C:\\";
-
-/// The summary and the state before the first run have no chart.
-bool HasChart(std::int32_t pageId) {
-    return pageId != 0 && pageId != page::kSummary;
-}
 
 std::int32_t LongestPointCount(const CSeriesList& seriesList) {
     std::size_t longest = 0;
@@ -52,10 +47,14 @@ void CQuorvelDoc::RemoveObserver(CDocumentObserver& observer) {
 }
 
 void CQuorvelDoc::Notify(int hint) {
+    TellObservers([hint](CDocumentObserver& observer) { observer.OnDocumentUpdate(hint); });
+}
+
+void CQuorvelDoc::TellObservers(const std::function<void(CDocumentObserver&)>& tell) {
     // An observer may remove itself or another one while it is told.
     const std::vector<CDocumentObserver*> observers = m_observers;
     for (CDocumentObserver* observer : observers) {
-        if (std::ranges::find(m_observers, observer) != m_observers.end()) observer->OnDocumentUpdate(hint);
+        if (std::ranges::find(m_observers, observer) != m_observers.end()) tell(*observer);
     }
 }
 
@@ -69,20 +68,13 @@ void CQuorvelDoc::SetComputedFiles(const std::vector<std::string>& files) {
 void CQuorvelDoc::BuildPageList() {
     m_pageList.clear();
     if (m_computed.empty()) return;
-    m_pageList.push_back(page::kSummary);
-    if (m_reference.Record().GetYUNITS().find("G'S") != std::string::npos) {
-        m_pageList.insert(m_pageList.end(), {page::kAcceleration, page::kVelocity, page::kDisplacement});
-    } else {
-        m_pageList.push_back(page::kInputData);
-    }
-    m_pageList.insert(m_pageList.end(), {page::kCorridor, page::kStandardDeviation, page::k90Percentile,
-                                         page::kResiduals, page::kCumulativeDensity, page::kCrossCorrelation});
+    m_pageList = OfferedPages(m_reference.Record().GetYUNITS().find("G'S") != std::string::npos);
 }
 
 bool CQuorvelDoc::SelectPage(std::int32_t pageId) {
     m_page.reset();  // the old page goes before the new one is made
     m_page = MakePage(pageId);
-    if (!IsPageId(pageId)) return false;
+    if (FindPage(pageId) == nullptr) return false;
     m_pageId = pageId;
 
     const bool built = BuildSeries() && LayOutSeries();
@@ -94,13 +86,37 @@ bool CQuorvelDoc::SelectPage(std::int32_t pageId) {
 }
 
 bool CQuorvelDoc::BuildSeries() {
+    std::vector<CSampling> before;
+    bool isBuilt = true;
     try {
+        before = ComputedSamplings();
         m_page->BuildSeries(m_computed, m_reference.Record(), m_series, m_seriesNames);
+    } catch (const std::bad_alloc&) {
+        FailPage(std::string(kNoMemoryForPage));
+        return false;
+    } catch (const std::length_error&) {  // more than any memory holds
+        FailPage(std::string(kNoMemoryForPage));
+        return false;
     } catch (const std::exception& error) {
         FailPage(error.what());
-        return false;
+        isBuilt = false;
     }
-    return true;
+    NoteCutsByPage(before);  // a page that failed may have cut the first signals
+    return isBuilt;
+}
+
+std::vector<CSampling> CQuorvelDoc::ComputedSamplings() const {
+    std::vector<CSampling> samplings;
+    samplings.reserve(m_computed.size());
+    for (const CSignal& signal : m_computed) samplings.push_back(SamplingOf(signal.Record()));
+    return samplings;
+}
+
+void CQuorvelDoc::NoteCutsByPage(const std::vector<CSampling>& before) {
+    for (std::size_t i = 0; i < before.size(); ++i) {
+        CSignal& signal = m_computed[i];
+        AppendCutByPage(signal.Notes(), PageName(m_pageId), before[i], SamplingOf(signal.Record()));
+    }
 }
 
 /// The chart block of the series; without the memory for it the page has no series. The block is laid out in any case.
@@ -180,26 +196,26 @@ void CQuorvelDoc::OnCriticalValues() {
 
 void CQuorvelDoc::OnSaveUds() {
     if (!HasChart(m_pageId)) return;
-    const std::string folder = m_host.ReadSetting(kUdsFolderKey, kDefaultFolder);
+    const std::string folder = m_host.ReadSetting(setting::kUdsOutputDir);
     std::optional<std::string> lastPath;
     for (std::size_t j = 0; j < m_series.size(); ++j) {
         const std::optional<std::string> path =
-            m_host.AskSavePath({"Save " + m_seriesNames.at(j) + " as", {}, folder, true, true});
+            m_host.AskSavePath(ks::SaveRequest("Save " + m_seriesNames.at(j) + " as", folder));
         if (!path) continue;
         m_series[j]->SaveUDS(*path);
         lastPath = path;
     }
-    if (lastPath) m_host.StoreSetting(kUdsFolderKey, std::string(ks::FolderOf(*lastPath)));
+    if (lastPath) m_host.StoreSetting(setting::kUdsOutputDir, std::string(ks::FolderOf(*lastPath)));
 }
 
 void CQuorvelDoc::OnSaveAscii() {
-    const std::string folder = m_host.ReadSetting(kAsciiFolderKey, kDefaultFolder);
-    const std::optional<std::string> path = m_host.AskSavePath({"Save ASCII data As", {}, folder, true, true});
+    const std::string folder = m_host.ReadSetting(setting::kAsciiOutputDir);
+    const std::optional<std::string> path = m_host.AskSavePath(ks::SaveRequest("Save ASCII data As", folder));
     if (!path) return;
     if (WriteAsciiTable(*path, m_block, m_pageId) != ks::WriteResult::Written) {
         m_errors.assign(1, {{}, AsciiTableNotWritten(*path)});
         ShowErrors();
         return;
     }
-    m_host.StoreSetting(kAsciiFolderKey, std::string(ks::FolderOf(*path)));
+    m_host.StoreSetting(setting::kAsciiOutputDir, std::string(ks::FolderOf(*path)));
 }

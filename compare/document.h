@@ -10,7 +10,10 @@
 
 #include "compare/chart_block.h"
 #include "compare/document_host.h"
+#include "compare/note.h"
 #include "compare/plots/plot.h"
+#include "compare/run_state.h"
+#include "compare/sampling.h"
 #include "compare/signal.h"
 
 /// The comparison document: reference, computed signals, options, page list and the page on show.
@@ -71,11 +74,11 @@ public:
     // Pages.
 
     /// Builds the page's series, chart block and titles and tells the observers with hint 2. False, with the page id
-    /// unchanged, when `pageId` is not one of the eleven. What a page throws becomes the only error message, is shown,
-    /// and leaves the page without series.
+    /// unchanged, when no page has that id. A cut of a signal becomes a note of it. What a page throws becomes the only
+    /// error message, is shown, and leaves the page without series.
     bool SelectPage(std::int32_t pageId);
-    /// Lays the series out in the chart block; false, with counts of 0, when there are none. Page ids 0 and 1 keep the
-    /// block. The matrices never shrink.
+    /// Lays the series out in the chart block; false, with counts of 0, when there are none. A page without a chart
+    /// keeps the block. The matrices never shrink.
     bool BuildSeriesMatrices();
 
     // Commands.
@@ -92,6 +95,8 @@ public:
 
     // What views and exports read.
 
+    /// Whether a run is at work, and how the last one ended.
+    RunState Run() const { return m_run; }
     const std::vector<CSignal>& ComputedSignals() const { return m_computed; }
     const std::vector<boost::shared_ptr<ks::CNSignal>>& SignalCopies() const { return m_copies; }
     const CSignal& Reference() const { return m_reference; }
@@ -104,6 +109,8 @@ public:
     /// The sentences of the error messages, in order.
     std::vector<std::string> ErrorMessages() const;
     const std::vector<std::string>& ReferenceMessages() const { return m_referenceErrors; }
+    /// What the last run did without a word, in order; the signals and the reference have notes of their own.
+    const std::vector<CNote>& Notes() const { return m_notes; }
     double CorridorSize() const { return m_corridorSize; }
     bool AverageReference() const { return m_averageReference; }
     bool FilterFlag() const { return m_filter; }
@@ -116,9 +123,13 @@ private:
     /// How making the reference ended. NotMade: unreadable, or nothing to make it from.
     enum class CReferenceEnd { Made, NotMade, SignalFailed };
 
+    /// Says that a run is at work while `steps` lasts, and how it ended; also when it throws.
+    CRunEnd RunSteps(const CFileSelection& selection, CRunEnd (CQuorvelDoc::*steps)(const CFileSelection&));
+    void EndRun(CRunEnd end);
+    void SetRun(RunState run);
+
     CFileSelection OfferedSelection() const;
     void TakeSelection(const CFileSelection& selection);
-    CRunEnd WithinMemory(const std::function<CRunEnd()>& run);
     CRunEnd PrepareAndCompare(const CFileSelection& selection);
     CRunEnd PrepareAndCompareLoaded(const CFileSelection& selection);
     CReferenceEnd TakeReference();
@@ -130,21 +141,28 @@ private:
 
     // One step over all computed signals, or on the reference; false when any failed.
     bool CutComputedSignals(double start, double end);
+    bool CutToCommonRange(double start, double end);
     bool ResampleComputedSignals(double timeStep);
     bool CompareComputedSignals();
     bool CutReference(double start, double end);
     bool Attempt(CSignal& signal, const std::function<void(CSignal&)>& work);
     bool ForEachComputed(const std::function<void(CSignal&)>& work);
 
+    void ForgetMessages();
+    void NoteNoCommonTime(const CSignal& reference);
+    void NoteFailedAverage();
     void BeginProgress(const CFileSelection& selection);
     void AtWork(const std::string& path);
     void EndProgress(CRunEnd end);
 
     bool BuildSeries();
+    std::vector<CSampling> ComputedSamplings() const;
+    void NoteCutsByPage(const std::vector<CSampling>& before);
     bool LayOutSeries();
     void FailPage(std::string sentence);
     void ReserveMatrices(std::int64_t cellCount);
     void Notify(int hint);
+    void TellObservers(const std::function<void(CDocumentObserver&)>& tell);
 
     CDocumentHost& m_host;
     std::vector<CDocumentObserver*> m_observers;
@@ -156,6 +174,7 @@ private:
     CSeriesList m_series;
     std::vector<CRunMessage> m_errors;
     std::vector<std::string> m_referenceErrors;
+    std::vector<CNote> m_notes;
     CSignal m_reference;
     double m_corridorSize = 4.0;
     std::int32_t m_pageId = 0;
@@ -163,6 +182,7 @@ private:
     std::size_t m_stepsDone = 0;
     std::size_t m_stepsTotal = 0;  ///< 0 outside a run
     std::unique_ptr<CPlot> m_page;
+    RunState m_run = RunState::None;
     bool m_averageReference = false;
     bool m_filter = true;
     bool m_window = false;

@@ -7,6 +7,9 @@
 #include <vector>
 
 #include "compare/critical_values.h"
+#include "compare/run_state.h"
+#include "compare/setting_keys.h"
+#include "files/file_request.h"
 
 /// What the user chose to compare.
 class CFileSelection {
@@ -30,23 +33,6 @@ struct CRunMessage {
     bool operator==(const CRunMessage&) const = default;
 };
 
-/// One entry of a file picker's filter list.
-class CFileFilter {
-public:
-    std::string text;     ///< as shown, for example "HTML Files (*.html)"
-    std::string pattern;  ///< for example "*.html"
-};
-
-/// What a save picker is asked to do.
-class CSaveRequest {
-public:
-    std::string title;
-    std::vector<CFileFilter> filters;  ///< may be empty
-    std::string folder;                ///< where to start; may not exist
-    bool hideReadOnly = true;
-    bool askBeforeOverwriting = true;
-};
-
 /// What the document asks of the program around it: the desktop window, the command line, a test.
 class CDocumentHost {
 public:
@@ -62,11 +48,11 @@ public:
     /// Lets the user edit the critical values. No value: cancelled.
     virtual std::optional<CCriticalValues> EditCriticalValues(const CCriticalValues& values) = 0;
     /// Lets the user name a file to write. No value: cancelled.
-    virtual std::optional<std::string> AskSavePath(const CSaveRequest& request) = 0;
+    virtual std::optional<std::string> AskSavePath(const ks::CFileRequest& request) = 0;
 
-    /// A per-user setting, or `fallback` when it was never stored.
-    virtual std::string ReadSetting(const std::string& key, const std::string& fallback) = 0;
-    virtual void StoreSetting(const std::string& key, const std::string& value) = 0;
+    /// A per-user setting, or its fallback when it was never stored.
+    virtual std::string ReadSetting(const CTextSetting& key) = 0;
+    virtual void StoreSetting(const CTextSetting& key, const std::string& value) = 0;
 
     virtual void Beep() = 0;
     /// Shows or ends the wait cursor. A run whose reference cannot be read does not end it.
@@ -81,6 +67,8 @@ public:
     virtual ~CDocumentObserver() = default;
     /// `hint` is kRunCompleted or kPageOrLimitsChanged.
     virtual void OnDocumentUpdate(int hint) = 0;
+    /// A run began or ended. A completed one is told by this before its hint.
+    virtual void OnRunStateChanged(RunState /*run*/) {}
 };
 
 inline constexpr int kRunCompleted = 1;         ///< after a completed run

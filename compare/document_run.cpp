@@ -51,6 +51,12 @@ std::vector<double> MeanOf(const CSignal& reference, const std::vector<CSignal>&
     return mean;
 }
 
+void Resample(CSignal& signal, double timeStep, NoteKind kind) {
+    const CSampling before = SamplingOf(signal.Record());
+    signal.Record().Resample(timeStep);
+    AppendResampling(signal.Notes(), kind, before, SamplingOf(signal.Record()));
+}
+
 }  // namespace
 
 void CQuorvelDoc::OnCompareFiles() {
@@ -58,12 +64,9 @@ void CQuorvelDoc::OnCompareFiles() {
     if (!selection) return;
     TakeSelection(*selection);
     m_host.SetBusy(true);
-    m_errors.clear();
-    m_referenceErrors.clear();
+    ForgetMessages();
 
-    BeginProgress(*selection);
-    const CRunEnd end = WithinMemory([&] { return PrepareAndCompare(*selection); });
-    EndProgress(end);
+    const CRunEnd end = RunSteps(*selection, &CQuorvelDoc::PrepareAndCompare);
     if (end == CRunEnd::ReferenceUnreadable) {
         ShowErrors();  // still busy, and without the reference's own messages; kept, hosts end the busy state
                        // themselves
@@ -95,15 +98,39 @@ void CQuorvelDoc::CompareLoadedList(std::int32_t channelClass, double windowStar
 
     m_filter = false;
     m_window = false;
-    m_errors.clear();
-    m_referenceErrors.clear();
+    ForgetMessages();
     m_averageReference = true;
 
-    BeginProgress(selection);
-    const CRunEnd end = WithinMemory([&] { return PrepareAndCompareLoaded(selection); });
-    EndProgress(end);
+    const CRunEnd end = RunSteps(selection, &CQuorvelDoc::PrepareAndCompareLoaded);
     if (end == CRunEnd::Completed) PublishRun();
     ShowErrors();
+}
+
+CQuorvelDoc::CRunEnd CQuorvelDoc::RunSteps(const CFileSelection& selection,
+                                           CRunEnd (CQuorvelDoc::*steps)(const CFileSelection&)) {
+    SetRun(RunState::AtWork);
+    BeginProgress(selection);
+    CRunEnd end = CRunEnd::Stopped;
+    try {
+        end = (this->*steps)(selection);
+    } catch (const std::bad_alloc&) {
+        m_errors.push_back({{}, std::string(kNoMemoryForRun)});
+    } catch (...) {
+        EndRun(CRunEnd::Stopped);
+        throw;
+    }
+    EndRun(end);
+    return end;
+}
+
+void CQuorvelDoc::EndRun(CRunEnd end) {
+    EndProgress(end);
+    SetRun(end == CRunEnd::Completed ? RunState::Completed : RunState::Stopped);
+}
+
+void CQuorvelDoc::SetRun(RunState run) {
+    m_run = run;
+    TellObservers([run](CDocumentObserver& observer) { observer.OnRunStateChanged(run); });
 }
 
 CFileSelection CQuorvelDoc::OfferedSelection() const {
@@ -128,15 +155,6 @@ void CQuorvelDoc::TakeSelection(const CFileSelection& selection) {
 }
 
 /// Ends a run that no single step could finish for want of memory as one that stopped.
-CQuorvelDoc::CRunEnd CQuorvelDoc::WithinMemory(const std::function<CRunEnd()>& run) {
-    try {
-        return run();
-    } catch (const std::bad_alloc&) {
-        m_errors.push_back({{}, std::string(kNoMemoryForRun)});
-        return CRunEnd::Stopped;
-    }
-}
-
 CQuorvelDoc::CRunEnd CQuorvelDoc::PrepareAndCompare(const CFileSelection& selection) {
     if (ReadComputedSignals() == 0) return CRunEnd::Stopped;
     if (m_filter && !FilterComputedSignals(selection.channelClass)) return CRunEnd::Stopped;
@@ -172,6 +190,7 @@ int CQuorvelDoc::ReadComputedSignals() {
     int allRead = 1;
     for (CSignal& signal : m_computed) {
         AtWork(signal.GetPath());
+        signal.Notes().clear();
         if (!ReadComputed(signal)) allRead = 0;
     }
     return allRead;
@@ -188,7 +207,11 @@ bool CQuorvelDoc::ReadComputed(CSignal& signal) {
 
 bool CQuorvelDoc::FilterComputedSignals(std::int32_t channelClass) {
     return ForEachComputed([channelClass](CSignal& signal) {
-        if (signal.ShouldFilter()) signal.Record().FilterCFC(channelClass);
+        if (signal.ShouldFilter()) {
+            signal.Record().FilterCFC(channelClass);
+        } else {
+            signal.Notes().push_back({NoteKind::NotFiltered, std::string(kNotFilteredNote)});
+        }
     });
 }
 
@@ -196,8 +219,24 @@ bool CQuorvelDoc::CutComputedSignals(double start, double end) {
     return ForEachComputed([start, end](CSignal& signal) { signal.Record().TruncateByTime(start, end); });
 }
 
+bool CQuorvelDoc::CutToCommonRange(double start, double end) {
+    return ForEachComputed([start, end](CSignal& signal) {
+        const CSampling before = SamplingOf(signal.Record());
+        signal.Record().TruncateByTime(start, end);
+        AppendCutToCommonRange(signal.Notes(), before, SamplingOf(signal.Record()));
+    });
+}
+
 bool CQuorvelDoc::ResampleComputedSignals(double timeStep) {
-    return ForEachComputed([timeStep](CSignal& signal) { signal.Record().Resample(timeStep); });
+    return ForEachComputed([timeStep](CSignal& signal) { Resample(signal, timeStep, NoteKind::Resampled); });
+}
+
+/// `reference` as it was read: a resampling may carry a curve to times that it has no samples at.
+void CQuorvelDoc::NoteNoCommonTime(const CSignal& reference) {
+    const CSampling sampling = SamplingOf(reference.Record());
+    for (CSignal& signal : m_computed) {
+        AppendNoCommonTime(signal.Notes(), SamplingOf(signal.Record()), reference.GetPath(), sampling);
+    }
 }
 
 bool CQuorvelDoc::CompareComputedSignals() {
@@ -221,11 +260,13 @@ CQuorvelDoc::CReferenceEnd CQuorvelDoc::TakeReference() {
         return CReferenceEnd::NotMade;
     }
 
+    NoteNoCommonTime(reading);
     bool resampled = true;
     double timeStep = reading.Record().Getdelt();
     if (!(timeStep > 0.0)) {
         timeStep = kDefaultTimeStep;
-        resampled = Attempt(reading, [timeStep](CSignal& signal) { signal.Record().Resample(timeStep); });
+        resampled =
+            Attempt(reading, [timeStep](CSignal& signal) { Resample(signal, timeStep, NoteKind::ReferenceResampled); });
     }
     if (!ResampleComputedSignals(timeStep) || !resampled) return CReferenceEnd::SignalFailed;
     m_reference = std::move(reading);
@@ -254,16 +295,19 @@ int CQuorvelDoc::BuildAverageReference() {
 
 CQuorvelDoc::CReferenceEnd CQuorvelDoc::MakeAverageReference() {
     if (m_computed.empty()) return CReferenceEnd::NotMade;
+    NoteNoCommonTime(m_computed.front());
     if (!ResampleComputedSignals(LargestTimeStep(m_computed))) return CReferenceEnd::SignalFailed;
 
     const double start = LatestStart(m_computed);
     const double end = EarliestEnd(m_computed);
     if (!(start < end)) {
         m_errors.push_back({{}, std::string(kNoCommonTimeRange)});
+        NoteFailedAverage();
         return CReferenceEnd::NotMade;
     }
-    if (!CutComputedSignals(start, end)) return CReferenceEnd::SignalFailed;
+    if (!CutToCommonRange(start, end)) return CReferenceEnd::SignalFailed;
 
+    m_notes.push_back({NoteKind::AverageIsFirst, AverageIsFirstNote(m_computed.front().GetPath())});
     m_reference = m_computed.front();
     m_block.pointCount = static_cast<std::int32_t>(m_reference.GetPointCount());
     // The mean is formed and dropped: the reference keeps the first signal's values. Kept, older results depend on it.
@@ -273,6 +317,12 @@ CQuorvelDoc::CReferenceEnd CQuorvelDoc::MakeAverageReference() {
     const std::string name = AverageName(m_computed.size());
     for (CSignal& signal : m_computed) signal.SetReferenceName(name);
     return CReferenceEnd::Made;
+}
+
+/// The run goes on against what the reference holds.
+void CQuorvelDoc::NoteFailedAverage() {
+    const bool isEmpty = m_reference.GetPointCount() == 0;
+    m_notes.push_back({NoteKind::NoCommonTime, std::string(isEmpty ? kNothingComparedNote : kOldReferenceNote)});
 }
 
 bool CQuorvelDoc::Attempt(CSignal& signal, const std::function<void(CSignal&)>& work) {
@@ -295,6 +345,12 @@ bool CQuorvelDoc::ForEachComputed(const std::function<void(CSignal&)>& work) {
         if (!Attempt(signal, work)) allDone = false;
     }
     return allDone;
+}
+
+void CQuorvelDoc::ForgetMessages() {
+    m_errors.clear();
+    m_referenceErrors.clear();
+    m_notes.clear();
 }
 
 void CQuorvelDoc::BeginProgress(const CFileSelection& selection) {

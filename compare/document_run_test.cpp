@@ -1,6 +1,8 @@
 #include <gmock/gmock.h>
 
+#include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "tests/support/allocation_count.h"
@@ -91,6 +93,53 @@ TEST_F(Runs, AskWorkTellAndEndBusyInThisOrder) {
     Run(Choice({Write("a.uds", {1.0, 2.0, 3.0})}, Write("ref.uds", {1.0, 2.0, 3.0})));
 
     EXPECT_THAT(host.calls, ElementsAre("select", "busy on", "hint 1", "busy off"));
+}
+
+TEST_F(Runs, SayThatTheyAreAtWorkAndThatTheyCompleted) {
+    EXPECT_EQ(document.Run(), RunState::None);
+    std::vector<RunState> meanwhile;
+    host.whileAtWork = [&] { meanwhile.push_back(document.Run()); };
+    observer.alsoDo = [&](int) { meanwhile.push_back(document.Run()); };
+    Run(AverageChoice({Write("a.uds", {1.0, 2.0, 3.0})}));
+
+    EXPECT_EQ(document.Run(), RunState::Completed);
+    EXPECT_THAT(observer.runs, ElementsAre(RunState::AtWork, RunState::Completed));
+    // Four steps, their end, and the hint.
+    const RunState atWork = RunState::AtWork;
+    EXPECT_THAT(meanwhile, ElementsAre(atWork, atWork, atWork, atWork, atWork, RunState::Completed));
+}
+
+TEST_F(Runs, SayThatTheyStopped) {
+    const std::string file = Write("a.uds", {1.0, 2.0, 3.0}), junk = folder.Write("junk.001", "junk");
+    Run(AverageChoice({junk}));
+    EXPECT_EQ(document.Run(), RunState::Stopped);
+
+    Run(AverageChoice({file}));
+    Run(Choice({file}, junk));
+    EXPECT_EQ(document.Run(), RunState::Stopped);
+    EXPECT_THAT(observer.runs, ElementsAre(RunState::AtWork, RunState::Stopped, RunState::AtWork, RunState::Completed,
+                                           RunState::AtWork, RunState::Stopped));
+}
+
+TEST_F(Runs, StopWhenAnExceptionLeavesThem) {
+    const CFileSelection choice = AverageChoice({Write("a.uds", {1.0, 2.0, 3.0})});
+    bool isThrown = false;
+    host.whileAtWork = [&] {
+        if (!std::exchange(isThrown, true)) throw std::runtime_error("no screen");
+    };
+    EXPECT_THROW(Run(choice), std::runtime_error);
+    EXPECT_EQ(document.Run(), RunState::Stopped);
+}
+
+TEST_F(Runs, StayAsTheyWereOnCancel) {
+    document.OnCompareFiles();
+    EXPECT_EQ(document.Run(), RunState::None);
+    Run(AverageChoice({Write("a.uds", {1.0, 2.0, 3.0})}));
+    observer.runs.clear();
+    host.selection.reset();
+    document.OnCompareFiles();
+    EXPECT_EQ(document.Run(), RunState::Completed);
+    EXPECT_THAT(observer.runs, IsEmpty());
 }
 
 TEST_F(Runs, ReportTheirProgress) {

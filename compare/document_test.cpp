@@ -4,10 +4,11 @@
 
 #include <utility>
 
-#include "compare/plots/page_ids.h"
+#include "compare/plots/page_table.h"
 #include "files/error.h"
 #include "files/uds_file.h"
 #include "tests/support/document_fixture.h"
+#include "tests/support/memory_limit.h"
 
 namespace {
 
@@ -137,7 +138,7 @@ TEST_F(Document, RefusesAnyOtherPage) {
     document.SelectPage(2);
     Forget();
 
-    for (const std::int32_t id : {0, 12, -1, 32768}) {
+    for (const std::int32_t id : {0, PageIds().back() + 1, -1, 32768}) {
         EXPECT_FALSE(document.SelectPage(id));
         EXPECT_EQ(document.CurrentPageId(), 2);
         EXPECT_EQ(document.CurrentPage().GetPageKind(), 0);
@@ -146,10 +147,10 @@ TEST_F(Document, RefusesAnyOtherPage) {
     EXPECT_TRUE(host.calls.empty());
 }
 
-TEST_F(Document, SelectsEveryPageOfTheList) {
+TEST_F(Document, SelectsEveryPage) {
     RunWith({10.0, 11.0, 12.0, 13.0, 14.0});
 
-    for (std::int32_t id = 1; id <= 11; ++id) {
+    for (const std::int32_t id : PageIds()) {
         EXPECT_TRUE(document.SelectPage(id)) << id;
         EXPECT_EQ(document.CurrentPageId(), id);
     }
@@ -249,6 +250,32 @@ TEST_F(Document, KeepsNoSeriesOfAPageThatFailsOnTheWay) {
     EXPECT_THAT(document.SeriesNames(), IsEmpty());
 }
 
+// The page showed "std::bad_alloc".
+TEST_F(Document, SaysInASentenceThatMemoryIsMissingForAPage) {
+    if (!CMemoryLimit::IsUsable()) GTEST_SKIP() << "a sanitizer takes the memory";
+    constexpr std::size_t kMegabyte = 1024 * 1024;
+    const std::string path = Write("long.uds", std::vector<double>(kMegabyte / 4, 1.0), 1.0 / 1024.0);
+    Run(Choice({path, path, path}, path));
+    std::size_t failures = 0;
+    for (std::size_t allowed = 0; allowed <= 64; allowed += 4) {
+        document.SelectPage(1);  // the series go
+        {
+            const CMemoryLimit limit(allowed * kMegabyte);
+            EXPECT_TRUE(document.SelectPage(2));
+        }
+        if (!document.Series().empty()) continue;
+        ++failures;
+        EXPECT_THAT(document.ErrorMessages(),
+                    ElementsAre("There is not enough memory for the curves of this page. Fewer or shorter signals "
+                                "would need less."))
+            << allowed;
+        EXPECT_EQ(document.ChartBlock().seriesCount, 0);
+    }
+    EXPECT_GT(failures, 3U);
+    EXPECT_THAT(document.Series(), SizeIs(4));
+    EXPECT_EQ(document.ChartBlock().seriesCount, 4);
+}
+
 TEST_F(Document, ReplacesTheMessagesOfARunByThatOfThePage) {
     Run(AverageChoice({Write("a.uds", {1.0, 2.0, 3.0}), Write("late.uds", {4.0, 5.0, 6.0}, 0.5, 100)}));
     ASSERT_THAT(document.ErrorMessages(), ElementsAre("Error Computing the time range for evaluation"));
@@ -339,7 +366,7 @@ TEST_F(Document, SavesEverySeriesOfThePageAsUds) {
 
     EXPECT_THAT(host.calls, ElementsAre("read UdsOutputDir", "save Save Reference as", "save Save a.uds as",
                                         "store UdsOutputDir=" + folder.Path("")));
-    for (const CSaveRequest& request : host.saveRequests) {
+    for (const ks::CFileRequest& request : host.saveRequests) {
         EXPECT_EQ(request.folder, "C:\\");
         EXPECT_THAT(request.filters, IsEmpty());
         EXPECT_TRUE(request.hideReadOnly);

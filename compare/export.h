@@ -6,16 +6,18 @@
 #include "compare/summary_table.h"
 #include "files/replacing_file.h"
 
-/// The HTML report of a summary table, columns in displayed order, cells coloured by verdict; lines end in CR LF.
+/// The HTML report of a summary table: its fixed columns in displayed order, cells colored by verdict; lines end in CR
+/// LF.
 /// `&`, `<`, `>` and `"` in cell texts are escaped and characters beyond ASCII are numeric references.
 std::string HtmlReport(const CSummaryTable& table);
 
 /// Writes the HTML report to `path`.
 [[nodiscard]] ks::WriteResult WriteHtmlReport(const std::string& path, const CSummaryTable& table);
 
-/// The ASCII table of a chart block: one row per point, X and Y of every series side by side, each followed by one
-/// blank, six significant digits, rows ended by CR LF. A padded row of a series is "0.0 " twice.
-std::string AsciiTable(const CChartBlock& block);
+/// Puts the ASCII table of a chart block into `sink`, piece by piece: one row per point, X and Y of every series side
+/// by side, each followed by one blank, six significant digits, rows ended by CR LF. A padded row of a series is "0.0 "
+/// twice. Takes little memory, however long the table is.
+void PutAsciiTable(const CChartBlock& block, ks::CFileSink& sink);
 
-/// Writes the ASCII table of page `pageId` to `path`; ids 0 and 1 have no rows.
+/// Writes the ASCII table of page `pageId` to `path`; a page without a chart has no rows.
 [[nodiscard]] ks::WriteResult WriteAsciiTable(const std::string& path, const CChartBlock& block, std::int32_t pageId);

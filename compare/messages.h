@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "compare/sampling.h"
+
 // The sentences of the comparison, as the user reads them.
 
 inline constexpr std::string_view kNoCommonTimeRange = "Error Computing the time range for evaluation";
@@ -31,3 +33,21 @@ inline std::string SignalFailure(std::string_view path, std::string_view text) {
 inline std::string AsciiTableNotWritten(std::string_view path) {
     return "The ASCII data could not be written to " + std::string(path) + ".";
 }
+
+// Sentences of the notes; see compare/note.h. Numbers have six significant digits.
+
+inline constexpr std::string_view kNotFilteredNote = "Not filtered: computed signals from ASCII points never are.";
+
+inline constexpr std::string_view kNothingComparedNote =
+    "The signals have no time in common, so no reference was made. Nothing was compared; every result is 0.";
+inline constexpr std::string_view kOldReferenceNote =
+    "The signals have no time in common, so no reference was made. They were compared with the reference of the run "
+    "before.";
+
+std::string ReferenceResampledNote(const CSampling& before, const CSampling& after);
+std::string ResampledNote(const CSampling& before, const CSampling& after);
+std::string CutToCommonRangeNote(const CSampling& before, const CSampling& after);
+std::string CutByPageNote(std::string_view pageName, const CSampling& before, const CSampling& after);
+/// `path` and `reference` tell of the signal to compare with.
+std::string NoCommonTimeNote(const CSampling& signal, std::string_view path, const CSampling& reference);
+std::string AverageIsFirstNote(std::string_view path);

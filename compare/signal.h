@@ -1,41 +1,17 @@
 #pragma once
 
-#include <array>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "compare/comparison.h"
+#include "compare/note.h"
+#include "compare/verdict.h"
 #include "signal/nsignal.h"
 #include "signal/signal_loader.h"
 
-/// Number of columns of the summary table.
-inline constexpr int kSummaryColumnCount = 16;
-
-/// The columns of the summary table.
-enum CSummaryColumn : int {
-    kFilenameColumn = 0,
-    kPeakColumn = 1,
-    kResidualColumn = 2,
-    kDeviationColumn = 3,
-    kCorridorColumn = 4,  ///< share of points outside the corridor, whatever its header says
-    kCorrelationColumn = 5,
-    kTStatisticColumn = 6,
-    kFirstMomentColumn = 7,
-    kLastMomentColumn = 12,
-    kReferenceColumn = 13,
-    kMinimumTimeColumn = 14,
-    kMaximumTimeColumn = 15,
-};
-
-/// The sixteen headers of the summary table, in column order.
-extern const std::array<std::string_view, kSummaryColumnCount> kSummaryHeaders;
-
-/// Verdict on a summary cell, with the colour (0xRRGGBB) that shows it.
-enum class CVerdictColor { White = 0xFFFFFF, Green = 0x00E000, Red = 0xFF0000 };
-
-/// One computed file, or the reference: its record, its path, the reference that it was compared with, and the
-/// measures.
+/// One computed file, or the reference: its record, its path, the reference that it was compared with, the measures,
+/// and notes on its preparation.
 class CSignal {
 public:
     CSignal() = default;
@@ -57,18 +33,18 @@ public:
     /// Whether a run filters the signal; that of its file's format, true before a file was read.
     bool ShouldFilter() const { return m_shouldFilter; }
 
-    /// Computes the measures against `reference` and takes its path as the reference name. See CComparison::Compute.
+    /// Computes the measures against `reference` and takes its path as the reference name. See CComparison::Compute;
+    /// what that does to the record becomes notes.
     void Compare(const CSignal& reference);
 
     /// The record's warnings; after a failed reading, the readers' sentences.
     const std::vector<std::string>& GetMessages() const { return m_record.GetWarnings(); }
     std::size_t GetPointCount() const { return m_record.GetPointCount(); }
 
-    /// Text of one summary column, 0 to 15; empty for any other.
+    /// Text of the summary column at that place of SummaryColumns(); empty for any other.
     std::string GetColumnText(int column) const;
-    /// Verdict on one summary column against the critical values of the moment: white without one, green below its
-    /// limit, red otherwise, so also for not-a-number.
-    CVerdictColor GetColumnColor(int column) const;
+    /// Color of its verdict against the critical values of the moment; white for any other. See Judge.
+    VerdictColor GetColumnColor(int column) const;
 
     ks::CNSignal& Record() { return m_record; }
     const ks::CNSignal& Record() const { return m_record; }
@@ -76,6 +52,9 @@ public:
     void SetPath(std::string path) { m_path = std::move(path); }
     const std::string& GetReferenceName() const { return m_referenceName; }
     void SetReferenceName(std::string name) { m_referenceName = std::move(name); }
+    /// What was done to the record without a word, in order; never among its warnings.
+    std::vector<CNote>& Notes() { return m_notes; }
+    const std::vector<CNote>& Notes() const { return m_notes; }
     CComparison& Comparison() { return m_comparison; }
     const CComparison& Comparison() const { return m_comparison; }
 
@@ -86,5 +65,6 @@ private:
     std::string m_path;
     std::string m_referenceName;
     CComparison m_comparison;
+    std::vector<CNote> m_notes;
     bool m_shouldFilter = true;
 };

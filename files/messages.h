@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <string>
 
+#include "files/replacing_file.h"
+
 namespace ks {
 
 // Every sentence that files/ throws as CError, once. Settled: users search for them, scripts compare them.
@@ -44,8 +46,11 @@ inline std::string ColumnsDiffer(std::size_t abscissas, std::size_t ordinates) {
     return "The points have " + boost::lexical_cast<std::string>(abscissas) + " X values and " +
            boost::lexical_cast<std::string>(ordinates) + " Y values.";
 }
-inline std::string NotCompleted(const std::string& path) {
-    return "Failure to complete the file: " + path + ". The device may be full; an existing file was kept.";
+inline std::string NotCompleted(const std::string& path, const CWriteTrouble& trouble) {
+    const std::string start = "Failure to complete the file: " + path + ". ";
+    if (trouble.isOldFileLost) return start + "The existing file is damaged.";
+    if (trouble.isDeviceFull) return start + "The device may be full; an existing file was kept.";
+    return start + "An existing file was kept.";
 }
 }  // namespace udswrite
 

@@ -1,6 +1,8 @@
 #include "files/native_path.h"
 
+#include <filesystem>
 #include <string>
+#include <string_view>
 #include <system_error>
 
 namespace ks {
@@ -12,6 +14,15 @@ std::filesystem::path NativePath(std::string_view utf8) {
     } catch (const std::system_error&) {
         return {};
     }
+}
+
+std::string Utf8Path(const std::filesystem::path& path) {
+#ifdef _WIN32
+    const std::u8string text = path.u8string();
+    return {text.begin(), text.end()};
+#else
+    return path.string();
+#endif
 }
 
 }  // namespace ks

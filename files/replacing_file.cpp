@@ -1,13 +1,15 @@
 #include "files/replacing_file.h"
 
-#include <cstdio>
+#include <array>
+#include <cerrno>
+#include <cstdint>
 #include <filesystem>
 #include <memory>
 #include <optional>
 #include <random>
 #include <system_error>
 
-#include "files/native_path.h"
+#include "files/write_target.h"
 
 #ifdef _WIN32
 #include <io.h>
@@ -21,137 +23,140 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int kLongestLinkChain = 40;
 constexpr int kTemporaryNameTries = 100;
+constexpr std::size_t kBytesAtATime = 65536;
 
-class CCloseStream {
-public:
+struct CloseStream {
     void operator()(std::FILE* stream) const { static_cast<void>(std::fclose(stream)); }
 };
-using CStream = std::unique_ptr<std::FILE, CCloseStream>;
+using Stream = std::unique_ptr<std::FILE, CloseStream>;
+
+bool IsLackOfRoom(int error) {
+#ifdef EDQUOT
+    if (error == EDQUOT) return true;
+#endif
+    return error == ENOSPC;
+}
+
+/// Why the last call of the system failed; never 0.
+int LastError() {
+    return errno != 0 ? errno : EIO;
+}
 
 // What the platforms do differently.
 
 #ifdef _WIN32
-bool MayWrite(const fs::path& path) {
-    return _waccess(path.c_str(), 2) == 0;
+Stream CreateNew(const fs::path& path) {
+    return Stream(_wfopen(path.c_str(), L"w+bx"));
 }
-CStream CreateNew(const fs::path& path) {
-    return CStream(_wfopen(path.c_str(), L"wbx"));
+Stream OpenOld(const fs::path& path) {
+    return Stream(_wfopen(path.c_str(), L"r+b"));
 }
-CStream OpenSpecial(const fs::path& path) {
-    return CStream(_wfopen(path.c_str(), L"wb"));
-}
-bool ReachesTheDisk(std::FILE* stream) {
+bool FlushToDisk(std::FILE* stream) {
     return _commit(_fileno(stream)) == 0;
 }
+bool SetSize(std::FILE* stream, std::uint64_t size) {
+    return _chsize_s(_fileno(stream), static_cast<long long>(size)) == 0;
+}
+int ReserveRoom(std::FILE* stream, std::uint64_t size) {
+    return _chsize_s(_fileno(stream), static_cast<long long>(size));
+}
 #else
-bool MayWrite(const fs::path& path) {
-    return ::faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0;
+Stream CreateNew(const fs::path& path) {
+    return Stream(std::fopen(path.c_str(), "w+bx"));
 }
 
-CStream CreateNew(const fs::path& path) {
-    return CStream(std::fopen(path.c_str(), "wbx"));
-}
-
-/// Without O_NONBLOCK the opening of a pipe that nobody reads would never return.
-CStream OpenSpecial(const fs::path& path) {
+/// Opens what is there without emptying it. Without O_NONBLOCK the opening of a pipe that nobody reads would never
+/// return.
+Stream OpenOld(const fs::path& path) {
     const int descriptor = ::open(path.c_str(), O_WRONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
     if (descriptor < 0) return nullptr;
     const int flags = ::fcntl(descriptor, F_GETFL);
     if (flags >= 0) ::fcntl(descriptor, F_SETFL, flags & ~O_NONBLOCK);
-    CStream stream(::fdopen(descriptor, "wb"));
+    Stream stream(::fdopen(descriptor, "wb"));
     if (stream == nullptr) ::close(descriptor);
     return stream;
 }
 
-bool ReachesTheDisk(std::FILE* stream) {
+bool FlushToDisk(std::FILE* stream) {
     return ::fsync(::fileno(stream)) == 0;
+}
+bool SetSize(std::FILE* stream, std::uint64_t size) {
+    return ::ftruncate(::fileno(stream), static_cast<off_t>(size)) == 0;
+}
+/// 0, or the reason why the device cannot hold a file of this size.
+int ReserveRoom(std::FILE* stream, std::uint64_t size) {
+    if (size == 0) return 0;
+    const int error = ::posix_fallocate(::fileno(stream), 0, static_cast<off_t>(size));
+    // Any other reason means that this device cannot be asked beforehand.
+    return IsLackOfRoom(error) || error == EFBIG ? error : 0;
 }
 #endif
 
-/// Where the bytes go.
-class CTarget {
+/// One write from beginning to end.
+class CWriting {
 public:
-    fs::path path;  ///< links followed
-    fs::file_status status;
-
-    bool IsNew() const { return status.type() == fs::file_type::not_found; }
-    bool IsRegular() const { return status.type() == fs::file_type::regular; }
-    bool IsFolder() const { return status.type() == fs::file_type::directory; }
-};
-
-/// The file that a chain of links whose end does not exist yet would create.
-std::optional<fs::path> EndOfLinks(fs::path path) {
-    std::error_code error;
-    for (int i = 0; i < kLongestLinkChain; ++i) {
-        if (!fs::is_symlink(fs::symlink_status(path, error))) return path;
-        path = path.parent_path() / fs::read_symlink(path, error);
-        if (error) return std::nullopt;
-    }
-    return std::nullopt;
-}
-
-fs::path FolderOfTarget(const fs::path& path) {
-    return path.has_parent_path() ? path.parent_path() : fs::path(".");
-}
-
-std::optional<CTarget> FindTarget(const std::string& path) {
-    CTarget target{NativePath(path), {}};
-    if (target.path.empty()) return std::nullopt;
-    std::error_code error;
-    target.status = fs::status(target.path, error);
-
-    if (target.IsNew()) {
-        const std::optional<fs::path> end = EndOfLinks(target.path);
-        if (!end.has_value() || !end->has_filename()) return std::nullopt;
-        target.path = *end;
-    } else if (target.IsRegular()) {
-        target.path = fs::canonical(target.path, error);
-        if (error) return std::nullopt;
-    }
-    return target;
-}
-
-bool TargetCanBeWritten(const CTarget& target) {
-    if (target.IsFolder() || target.status.type() == fs::file_type::none) return false;
-    if (!target.IsNew() && !MayWrite(target.path)) return false;
-    if (!target.IsNew() && !target.IsRegular()) return true;
-    // The new file is made in the folder, whether or not an old one is there.
-    std::error_code error;
-    const fs::path folder = FolderOfTarget(target.path);
-    return fs::is_directory(folder, error) && MayWrite(folder);
-}
-
-/// A new file beside the target, removed again unless it was put in the target's place.
-class CTemporaryFile {
-public:
-    explicit CTemporaryFile(const CTarget& target) : m_target(target) {}
-    CTemporaryFile(const CTemporaryFile&) = delete;
-    CTemporaryFile& operator=(const CTemporaryFile&) = delete;
-    ~CTemporaryFile() {
+    CWriting(const CWriteTarget& target, const FileMaker& make) : m_target(target), m_make(make) {}
+    CWriting(const CWriting&) = delete;
+    CWriting& operator=(const CWriting&) = delete;
+    ~CWriting() {
         m_stream.reset();
         if (m_path.empty()) return;
         std::error_code ignored;
         fs::remove(m_path, ignored);
     }
 
-    bool Create();
-    bool KeepPermissions();
-    bool Fill(std::span<const std::byte> bytes);
-    bool TakeThePlace();
+    WriteResult Replace();
+    WriteResult WriteDirectly();
+    const CWriteTrouble& Trouble() const { return m_trouble; }
 
 private:
-    const CTarget& m_target;
-    fs::path m_path;
-    CStream m_stream;
+    bool CreateBeside();
+    bool CreateElsewhere();
+    int Fill();
+    int TakeThePlace();
+    WriteResult CopyIntoThePlace();
+    int CopyInto(std::FILE* old);
+    WriteResult NotCompleted(int error);
+
+    const CWriteTarget& m_target;
+    const FileMaker& m_make;
+    CWriteTrouble m_trouble;
+    fs::path m_path;  ///< of the temporary file; empty for one that has no name
+    Stream m_stream;  ///< the temporary file
+    std::uint64_t m_size = 0;
 };
 
-bool CTemporaryFile::Create() {
+WriteResult CWriting::NotCompleted(int error) {
+    m_trouble.isDeviceFull = IsLackOfRoom(error);
+    return WriteResult::NotCompleted;
+}
+
+WriteResult CWriting::Replace() {
+    const bool isMade = CreateBeside() || (!m_target.IsNew() && CreateElsewhere());
+    if (!isMade) return WriteResult::NotOpened;
+    if (const int error = Fill(); error != 0) return NotCompleted(error);
+    const bool needsCopy = m_path.empty() || m_target.HasSeveralNames();
+    const int refusal = needsCopy ? 0 : TakeThePlace();
+    if (!needsCopy && refusal == 0) return WriteResult::Written;
+    return m_target.IsNew() ? NotCompleted(refusal) : CopyIntoThePlace();
+}
+
+WriteResult CWriting::WriteDirectly() {
+    Stream stream = OpenOld(m_target.Path());
+    if (stream == nullptr) return WriteResult::NotOpened;
+    CFileSink sink(stream.get());
+    m_make(sink);
+    const int closing = std::fclose(stream.release()) == 0 ? 0 : LastError();
+    const int error = sink.HasFailed() ? sink.Error() : closing;
+    return error == 0 ? WriteResult::Written : NotCompleted(error);
+}
+
+bool CWriting::CreateBeside() {
     std::random_device random;
     for (int i = 0; i < kTemporaryNameTries; ++i) {
         // A short name of its own: the target's may already be as long as the system allows.
-        const fs::path path = FolderOfTarget(m_target.path) / (".quorvel-" + std::to_string(random()) + ".tmp");
+        const fs::path path = m_target.Folder() / (".quorvel-" + std::to_string(random()) + ".tmp");
         m_stream = CreateNew(path);
         if (m_stream != nullptr) {
             m_path = path;
@@ -163,54 +168,95 @@ bool CTemporaryFile::Create() {
     return false;
 }
 
-bool CTemporaryFile::KeepPermissions() {
-    if (m_target.IsNew()) return true;
-    std::error_code error;
-    fs::permissions(m_path, m_target.status.permissions(), error);
-    return !error;
+/// A file without a name, which ends with its stream.
+bool CWriting::CreateElsewhere() {
+    m_stream.reset(std::tmpfile());
+    return m_stream != nullptr;
 }
 
-bool CTemporaryFile::Fill(std::span<const std::byte> bytes) {
-    const bool written = std::fwrite(bytes.data(), 1, bytes.size(), m_stream.get()) == bytes.size() &&
-                         std::fflush(m_stream.get()) == 0 && ReachesTheDisk(m_stream.get());
-    return std::fclose(m_stream.release()) == 0 && written;
+/// 0, or the reason for the failure.
+int CWriting::Fill() {
+    CFileSink sink(m_stream.get());
+    m_make(sink);
+    m_size = sink.Size();
+    if (sink.HasFailed()) return sink.Error();
+    return std::fflush(m_stream.get()) == 0 && FlushToDisk(m_stream.get()) ? 0 : LastError();
 }
 
-bool CTemporaryFile::TakeThePlace() {
+/// Puts the temporary file in the place of the target: 0, or the reason why that cannot be.
+int CWriting::TakeThePlace() {
     std::error_code error;
-    fs::rename(m_path, m_target.path, error);
+    if (!m_target.IsNew()) fs::permissions(m_path, m_target.Permissions(), error);
+    if (error) return error.value();
+#ifdef _WIN32
+    m_stream.reset();  // an open file keeps its name there
+#endif
+    fs::rename(m_path, m_target.Path(), error);
     if (!error) m_path.clear();
-    return !error;
+    return error.value();
 }
 
-WriteResult WriteDirectly(const fs::path& path, std::span<const std::byte> bytes) {
-    CStream stream = OpenSpecial(path);
-    if (stream == nullptr) return WriteResult::NotOpened;
-    const bool written = std::fwrite(bytes.data(), 1, bytes.size(), stream.get()) == bytes.size();
-    const bool closed = std::fclose(stream.release()) == 0;
-    return written && closed ? WriteResult::Written : WriteResult::NotCompleted;
+WriteResult CWriting::CopyIntoThePlace() {
+#ifdef _WIN32
+    if (m_stream == nullptr) m_stream.reset(_wfopen(m_path.c_str(), L"rb"));
+    if (m_stream == nullptr) return NotCompleted(LastError());
+#endif
+    std::error_code error;
+    const std::uintmax_t oldSize = fs::file_size(m_target.Path(), error);
+    const Stream old = OpenOld(m_target.Path());
+    if (error || old == nullptr) return WriteResult::NotOpened;
+
+    // Before the first old byte is lost: there has to be room for all of the new ones.
+    if (const int refusal = ReserveRoom(old.get(), m_size); refusal != 0) {
+        SetSize(old.get(), oldSize);
+        return NotCompleted(refusal);
+    }
+    const int failure = CopyInto(old.get());
+    m_trouble.isOldFileLost = failure != 0;
+    return failure == 0 ? WriteResult::Written : NotCompleted(failure);
+}
+
+/// 0, or the reason for the failure.
+int CWriting::CopyInto(std::FILE* old) {
+    std::array<char, kBytesAtATime> buffer{};
+    std::rewind(m_stream.get());
+    while (const std::size_t count = std::fread(buffer.data(), 1, buffer.size(), m_stream.get())) {
+        if (std::fwrite(buffer.data(), 1, count, old) != count) return LastError();
+    }
+    const bool isDone =
+        std::ferror(m_stream.get()) == 0 && std::fflush(old) == 0 && SetSize(old, m_size) && FlushToDisk(old);
+    return isDone ? 0 : LastError();
 }
 
 }  // namespace
 
+void CFileSink::Put(std::string_view text) {
+    if (HasFailed()) return;
+    if (std::fwrite(text.data(), 1, text.size(), m_stream) != text.size()) m_error = LastError();
+    m_size += text.size();
+}
+
 bool CanWrite(const std::string& path) {
-    const std::optional<CTarget> target = FindTarget(path);
-    return target.has_value() && TargetCanBeWritten(*target);
+    const std::optional<CWriteTarget> target = CWriteTarget::Find(path);
+    return target.has_value() && target->CanBeWritten();
 }
 
-WriteResult WriteFile(const std::string& path, std::span<const std::byte> bytes) {
-    const std::optional<CTarget> target = FindTarget(path);
-    if (!target.has_value() || !TargetCanBeWritten(*target)) return WriteResult::NotOpened;
-    if (!target->IsNew() && !target->IsRegular()) return WriteDirectly(target->path, bytes);
-
-    CTemporaryFile file(*target);
-    if (!file.Create()) return WriteResult::NotOpened;
-    const bool complete = file.KeepPermissions() && file.Fill(bytes) && file.TakeThePlace();
-    return complete ? WriteResult::Written : WriteResult::NotCompleted;
+WriteResult WriteFile(const std::string& path, const FileMaker& make, CWriteTrouble* trouble) {
+    const std::optional<CWriteTarget> target = CWriteTarget::Find(path);
+    if (!target.has_value() || !target->CanBeWritten()) return WriteResult::NotOpened;
+    CWriting writing(*target, make);
+    const bool isFile = target->IsNew() || target->IsRegular();
+    const WriteResult result = isFile ? writing.Replace() : writing.WriteDirectly();
+    if (trouble != nullptr) *trouble = writing.Trouble();
+    return result;
 }
 
-WriteResult WriteFile(const std::string& path, std::string_view text) {
-    return WriteFile(path, std::as_bytes(std::span(text)));
+WriteResult WriteFile(const std::string& path, std::string_view text, CWriteTrouble* trouble) {
+    return WriteFile(path, FileMaker([text](CFileSink& sink) { sink.Put(text); }), trouble);
+}
+
+WriteResult WriteFile(const std::string& path, std::span<const std::byte> bytes, CWriteTrouble* trouble) {
+    return WriteFile(path, std::string_view(reinterpret_cast<const char*>(bytes.data()), bytes.size()), trouble);
 }
 
 }  // namespace ks

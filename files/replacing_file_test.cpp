@@ -7,9 +7,11 @@
 
 #include <csignal>
 #include <filesystem>
+#include <new>
 #include <string>
 #include <system_error>
 
+#include "files/messages.h"
 #include "tests/support/failing_disk.h"
 #include "tests/support/temp_folder.h"
 
@@ -202,17 +204,146 @@ TEST_F(Unwritable, IsAReadOnlyFile) {
     EXPECT_EQ(ReadAll(path), "text");
 }
 
-TEST_F(Unwritable, IsAFileInAReadOnlyFolder) {
-    const std::string path = m_folder.Write("file", "text");
-    fs::permissions(path, fs::perms(0666));
+TEST_F(Unwritable, IsANewFileInAReadOnlyFolder) {
     fs::permissions(m_folder.Path("."), fs::perms(0555));
     {
         const COrdinaryUser user;
-        ExpectNotOpened(path);
         ExpectNotOpened(m_folder.Path("new"));
     }
     fs::permissions(m_folder.Path("."), fs::perms(0755));
-    EXPECT_EQ(m_folder.Listing(), "file\n");
+    EXPECT_EQ(m_folder.Listing(), "");
+}
+
+/// A file that everybody may write, in a folder of the given permissions.
+class InPlace : public testing::Test {
+protected:
+    void ExpectWrittenInPlace(unsigned folderMode) {
+        const std::string path = m_folder.Write("old", "a longer text than the new one");
+        fs::permissions(path, fs::perms(0666));
+        fs::permissions(m_folder.Path("."), fs::perms(folderMode));
+        const ino_t before = FileNumber(path);
+        {
+            const COrdinaryUser user;
+            EXPECT_TRUE(CanWrite(path));
+            EXPECT_EQ(WriteFile(path, "new"), WriteResult::Written);
+            EXPECT_EQ(WriteFile(path, std::string(200000, 'n')), WriteResult::Written);
+            EXPECT_EQ(WriteFile(path, "new"), WriteResult::Written);
+        }
+        fs::permissions(m_folder.Path("."), fs::perms(0755));
+        EXPECT_EQ(ReadAll(path), "new");
+        EXPECT_EQ(FileNumber(path), before);
+        EXPECT_EQ(fs::status(path).permissions(), fs::perms(0666));
+        EXPECT_EQ(m_folder.Listing(), "old\n");
+    }
+    static ino_t FileNumber(const std::string& path) {
+        struct stat status {};
+        EXPECT_EQ(stat(path.c_str(), &status), 0);
+        return status.st_ino;
+    }
+    CTempFolder m_folder;
+};
+
+// The folder was asked for its permission before: the file was refused.
+TEST_F(InPlace, IsAFileInAReadOnlyFolderWritten) {
+    ExpectWrittenInPlace(0555);
+}
+
+// Where everybody may make files, a user may replace nobody else's: the exchange was refused, and the file with it.
+TEST_F(InPlace, IsAFileWrittenWhoseExchangeTheSystemRefuses) {
+    if (geteuid() != 0) GTEST_SKIP() << "only a superuser can leave a file to another user";
+    ExpectWrittenInPlace(01777);
+}
+
+// The exchange left the other names with the old content.
+TEST_F(InPlace, IsAFileOfSeveralNamesWritten) {
+    const std::string path = m_folder.Write("old", "old");
+    fs::create_hard_link(path, m_folder.Path("other name"));
+
+    EXPECT_EQ(WriteFile(path, "the new text"), WriteResult::Written);
+
+    EXPECT_EQ(ReadAll(m_folder.Path("other name")), "the new text");
+    EXPECT_EQ(fs::hard_link_count(path), 2U);
+    EXPECT_EQ(m_folder.Listing(), "old\nother name\n");
+}
+
+TEST_F(InPlace, LosesNothingWhenTheNewFileDoesNotFit) {
+    const std::string path = m_folder.Write("old", "the old text");
+    fs::create_hard_link(path, m_folder.Path("other name"));
+    CWriteTrouble trouble;
+    {
+        const CFileSizeLimit limit(1000);
+        EXPECT_EQ(WriteFile(path, std::string(100000, 'x'), &trouble), WriteResult::NotCompleted);
+    }
+    EXPECT_FALSE(trouble.isDeviceFull);
+    EXPECT_FALSE(trouble.isOldFileLost);
+    EXPECT_EQ(ReadAll(path), "the old text");
+    EXPECT_EQ(m_folder.Listing(), "old\nother name\n");
+}
+
+// Pieces.
+
+TEST(WriteFile, TakesItsBytesPieceByPiece) {
+    const CTempFolder folder;
+    const std::string path = folder.Write("old", "old");
+    const auto make = [&path](CFileSink& sink) {
+        for (int i = 0; i < 3; ++i) sink.Put("a\0b"s);
+        EXPECT_EQ(sink.Size(), 9U);
+        EXPECT_EQ(ReadAll(path), "old");  // until the last piece is there
+    };
+    EXPECT_EQ(WriteFile(path, make), WriteResult::Written);
+    EXPECT_EQ(ReadAll(path), "a\0ba\0ba\0b"s);
+}
+
+TEST(WriteFile, KeepsTheOldFileWhenItsBytesCannotBeMade) {
+    const CTempFolder folder;
+    const std::string path = folder.Write("old", "the old text");
+    const auto make = [](CFileSink& sink) {
+        sink.Put("a part");
+        throw std::bad_alloc();
+    };
+    EXPECT_THROW(static_cast<void>(WriteFile(path, make)), std::bad_alloc);
+    EXPECT_EQ(ReadAll(path), "the old text");
+    EXPECT_EQ(folder.Listing(), "old\n");
+}
+
+TEST(WriteFile, TellsTheMakerThatTheRestIsLost) {
+    const CTempFolder folder;
+    int pieces = 0;
+    const auto make = [&pieces](CFileSink& sink) {
+        while (!sink.HasFailed() && pieces < 1000) {
+            sink.Put(std::string(100000, 'x'));
+            ++pieces;
+        }
+    };
+    {
+        const CFileSizeLimit fullDisk(1000000);
+        EXPECT_EQ(WriteFile(folder.Path("new"), make), WriteResult::NotCompleted);
+    }
+    EXPECT_LE(pieces, 12);
+    EXPECT_EQ(folder.Listing(), "");
+}
+
+// What there is to tell.
+
+TEST(WriteTrouble, IsAFullDeviceOnlyWhereThereIsNoRoom) {
+    if (!fs::is_character_file("/dev/full")) GTEST_SKIP() << "no /dev/full here";
+    CWriteTrouble trouble;
+    EXPECT_EQ(WriteFile("/dev/full", "text", &trouble), WriteResult::NotCompleted);
+    EXPECT_TRUE(trouble.isDeviceFull);
+
+    const CTempFolder folder;
+    const CFileSizeLimit limit(1000);
+    EXPECT_EQ(WriteFile(folder.Path("new"), std::string(100000, 'x'), &trouble), WriteResult::NotCompleted);
+    EXPECT_FALSE(trouble.isDeviceFull);
+}
+
+TEST(WriteTrouble, DecidesTheSentence) {
+    EXPECT_EQ(udswrite::NotCompleted("f", {true, false}),
+              "Failure to complete the file: f. The device may be full; an existing file was kept.");
+    EXPECT_EQ(udswrite::NotCompleted("f", {false, false}),
+              "Failure to complete the file: f. An existing file was kept.");
+    EXPECT_EQ(udswrite::NotCompleted("f", {false, true}),
+              "Failure to complete the file: f. The existing file is damaged.");
 }
 
 TEST(CanWrite, TouchesNothing) {

@@ -49,9 +49,10 @@ void CUDSFile::Write(const std::string& path) {
     if (!CanWrite(path)) throw CError(udswrite::kNotOpened);
 
     const std::vector<std::byte> image = MakeCheckedImage();
-    const WriteResult result = WriteFile(path, image);
+    CWriteTrouble trouble;
+    const WriteResult result = WriteFile(path, image, &trouble);
     if (result == WriteResult::NotOpened) throw CError(udswrite::kNotOpened);
-    if (result == WriteResult::NotCompleted) throw CError(udswrite::NotCompleted(path));
+    if (result == WriteResult::NotCompleted) throw CError(udswrite::NotCompleted(path, trouble));
     m_imageSize = image.size();
 }
 

@@ -1,9 +1,12 @@
+#include <exception>
+#include <new>
 #include <utility>
 
 #include "files/error.h"
 #include "files/uds_file.h"
 #include "signal/channel_class.h"
 #include "signal/data.h"
+#include "signal/messages.h"
 
 namespace ks {
 
@@ -19,6 +22,8 @@ void CData::SaveUDS(const std::string& path) const {
         CUDS1992 file;
         ToUDSFields(file);
         file.Write(path);
+    } catch (const std::bad_alloc&) {
+        throw CError(signal_message::NoMemoryToSave(path));
     } catch (const std::exception& error) {
         throw CError(error.what());
     }

@@ -12,6 +12,7 @@
 #include "files/uds_file.h"
 #include "signal/data.h"
 #include "tests/support/allocation_count.h"
+#include "tests/support/memory_limit.h"
 #include "tests/support/temp_folder.h"
 #include "tests/support/uds_bytes.h"
 
@@ -175,6 +176,24 @@ TEST(FromUDSFields, RefusesAFileWithoutPointsAndKeepsTheRecord) {
     EXPECT_THAT([&] { data.FromUDSFields(empty); }, ThrowsMessage<CError>("No Information."));
     EXPECT_THAT(data.GetY(), SizeIs(3));
     EXPECT_EQ(data.GetTITLE(), "");
+}
+
+// The sentence was "std::bad_alloc".
+TEST(SaveUDS, SaysInASentenceThatMemoryIsMissing) {
+    if (!CMemoryLimit::IsUsable()) GTEST_SKIP() << "a sanitizer takes the memory";
+    constexpr std::size_t kCount = 4 * 1024 * 1024;
+    CData data;
+    data.Setdelt(0.5);
+    data.SetNLP(kCount - 1);
+    data.SetData(std::vector<double>(kCount, 1.0));
+    const CTempFolder folder;
+    const std::string path = folder.Write("old.uds", "old");
+    {
+        const CMemoryLimit limit(16 * 1024 * 1024);
+        EXPECT_THAT([&] { data.SaveUDS(path); },
+                    ThrowsMessage<CError>("There is not enough memory to write the file: " + path + "."));
+    }
+    EXPECT_EQ(ReadAll(path), "old");
 }
 
 // Saving into a file object.

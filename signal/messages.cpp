@@ -19,6 +19,10 @@ std::string NoSuchChannel(std::string_view channel) {
     return "The file has no channel of this name: " + std::string(channel);
 }
 
+std::string NoMemoryToSave(const std::string& path) {
+    return "There is not enough memory to write the file: " + path + ".";
+}
+
 std::string PointNotFinite(std::size_t index, std::size_t count) {
     return "Point " + boost::lexical_cast<std::string>(index + 1) + " of " + boost::lexical_cast<std::string>(count) +
            " holds no finite number; an ASCII file cannot hold it.";

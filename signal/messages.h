@@ -42,6 +42,9 @@ inline constexpr const char* kIndicesOutOfRange = "Unable to provide requested s
 // Loading.
 std::string NoSuchChannel(std::string_view channel);
 
+// Saving.
+std::string NoMemoryToSave(const std::string& path);
+
 // Export of the points as text.
 std::string PointNotFinite(std::size_t index, std::size_t count);
 

@@ -2,14 +2,18 @@
 
 #include <QFontMetricsF>
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <limits>
 #include <memory>
 #include <span>
 #include <string>
 
+#include "chart/chart_control.h"
 #include "chart/chart_style.h"
-#include "chart/qcustomplot/qcustomplot_chart.h"
+#include "chart/make_chart.h"
+#include "signal/data.h"
+#include "viewer/page.h"
 
 namespace {
 
@@ -35,7 +39,7 @@ std::string Shortened(const QString& title, double inches) {
 CPage::Picture CurvePlot(const ks::CData& record, const QString& name, QSizeF size) {
     constexpr std::size_t kMostPoints = std::numeric_limits<std::int32_t>::max();
     const std::size_t points = std::min({record.GetX().size(), record.GetY().size(), kMostPoints});
-    const auto chart = std::make_shared<CQCustomPlotChart>();
+    const std::shared_ptr<CChartControl> chart = MakeChartControl();
     chart->Create({});
     chart->SetInteger(ChartProperty::SeriesCount, 1);
     chart->SetInteger(ChartProperty::PointCount, static_cast<std::int32_t>(points));

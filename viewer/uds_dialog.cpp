@@ -12,6 +12,7 @@
 #include <string>
 #include <utility>
 
+#include "files/file_request.h"
 #include "files/path_text.h"
 #include "files/same_file.h"
 #include "signal/ascii_export.h"
@@ -31,16 +32,15 @@ namespace {
 
 constexpr const char* kPointsExtension = ".txt";
 
-CViewerSaveRequest PointsRequest(const QString& fileName) {
+ks::CFileRequest PointsRequest(const QString& fileName) {
     const QString extension = QString::fromLatin1(kPointsExtension);
-    CViewerSaveRequest request;
-    request.title = CUDSDialog::tr("Export Points");
+    ks::CFileRequest request = ks::SaveRequest(CUDSDialog::tr("Export Points").toStdString());
     request.filters = {
-        {CUDSDialog::tr("ASCI Files (*%1)").arg(extension), QLatin1Char('*') + extension},
-        {CUDSDialog::tr("All Files (*.*)"), QStringLiteral("*.*")},
+        {CUDSDialog::tr("ASCI Files (*%1)").arg(extension).toStdString(), std::string("*") + kPointsExtension},
+        {CUDSDialog::tr("All Files (*.*)").toStdString(), "*.*"},
     };
-    request.suggestedName = fileName + extension;
-    request.defaultExtension = extension.mid(1);
+    request.suggestedName = (fileName + extension).toStdString();
+    request.defaultExtension = extension.mid(1).toStdString();
     return request;
 }
 
@@ -151,7 +151,7 @@ void CUDSDialog::AddPages() {
     SetTabOrder();
 }
 
-/// The pages were made last; the keyboard reaches them behind their tabs and before what stands below.
+/// The pages were made last; the keyboard reaches them after their tabs and before what is below.
 void CUDSDialog::SetTabOrder() {
     QWidget* before = m_previewer->LastControl();
     for (QWidget* const next : std::initializer_list<QWidget*>{m_ui->modeBox, m_ui->printButton, m_ui->xButton,

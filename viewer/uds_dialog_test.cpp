@@ -447,14 +447,14 @@ private slots:
     void TheSavePickerOffersTextFiles() {
         Export("xyButton", {});
         QCOMPARE(m_host->saveRequests.size(), std::size_t{1});
-        const CViewerSaveRequest& request = m_host->saveRequests.front();
+        const ks::CFileRequest& request = m_host->saveRequests.front();
         QCOMPARE(request.filters.size(), std::size_t{2});
-        QCOMPARE(request.filters[0].text, QString("ASCI Files (*.txt)"));
-        QCOMPARE(request.filters[0].pattern, QString("*.txt"));
-        QCOMPARE(request.filters[1].text, QString("All Files (*.*)"));
-        QCOMPARE(request.filters[1].pattern, QString("*.*"));
-        QCOMPARE(request.defaultExtension, QString("txt"));
-        QCOMPARE(request.suggestedName, QString("two.uds.txt"));
+        QCOMPARE(request.filters[0].text, std::string("ASCI Files (*.txt)"));
+        QCOMPARE(request.filters[0].pattern, std::string("*.txt"));
+        QCOMPARE(request.filters[1].text, std::string("All Files (*.*)"));
+        QCOMPARE(request.filters[1].pattern, std::string("*.*"));
+        QCOMPARE(request.defaultExtension, std::string("txt"));
+        QCOMPARE(request.suggestedName, std::string("two.uds.txt"));
         QCOMPARE(m_host->errors, QStringList());
     }
 
@@ -480,7 +480,7 @@ private slots:
     void TheFileOnShowIsNotReplacedByItsPoints() {
         const QString sameFile = Text(m_folder.Path("./two.uds"));
         Export("xyButton", sameFile);
-        QCOMPARE(m_host->errors, QStringList({sameFile + " is the file on show. Please choose another name."}));
+        QCOMPARE(m_host->errors, QStringList({sameFile + " is the file shown here. Please choose another name."}));
         QVERIFY(ReadAll(m_path.toStdString()) == TwoComponentFile());
     }
 
@@ -561,7 +561,7 @@ private slots:
             return true;
         };
         Click("printButton");
-        QCOMPARE(m_host->errors, QStringList({m_path + " is the file on show. Please choose another name."}));
+        QCOMPARE(m_host->errors, QStringList({m_path + " is the file shown here. Please choose another name."}));
         QVERIFY(ReadAll(m_path.toStdString()) == TwoComponentFile());
     }
 
@@ -635,7 +635,7 @@ private slots:
     }
 
 private:
-    /// Every tab of the sheet and of its pages, each while it is on show.
+    /// Every tab of the sheet and of its pages, each while it is shown.
     void ForEachTab(const std::function<void(QWidget& tab)>& look) { ForEachTab(*Child<QTabWidget>("pages"), look); }
     static void ForEachTab(QTabWidget& tabs, const std::function<void(QWidget& tab)>& look) {
         for (int index = 0; index < tabs.count(); ++index) {
@@ -669,7 +669,7 @@ private:
         return hasOwnName ? widget.objectName() : widget.accessibleName();
     }
 
-    /// Notes below the fields of a page that are on show when the page is.
+    /// Notes below the fields of a page that are shown when the page is.
     static QStringList Notes(const QWidget& page) {
         QStringList notes;
         const auto labels = page.findChildren<QLabel*>();

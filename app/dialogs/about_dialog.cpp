@@ -4,9 +4,9 @@
 #include <QIcon>
 #include <QStringList>
 
-#include "app/ui_about_dialog.h"
 #include "app/resources.h"
-#include "compare/plots/page_ids.h"
+#include "app/ui_about_dialog.h"
+#include "compare/plots/page_table.h"
 
 namespace {
 
@@ -14,7 +14,7 @@ constexpr int kIconSize = 64;
 
 QString QuotedPageNames() {
     QStringList names;
-    for (std::int32_t id = page::kSummary; id <= page::kCrossCorrelation; ++id) {
+    for (const std::int32_t id : PageIds()) {
         names.append(QStringLiteral("'%1'").arg(QString::fromUtf8(PageName(id))));
     }
     return names.join(QStringLiteral(", "));

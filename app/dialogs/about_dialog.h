@@ -18,7 +18,7 @@ public:
 /// Title and version of this build.
 CAboutTexts AboutTextsOfBuild();
 
-/// One sentence on what the program is for, with the names of all eleven pages.
+/// One sentence on what the program is for, with the names of all pages.
 QString AboutDescription();
 
 /// "About: " and the title: the about box.

@@ -5,7 +5,7 @@
 
 namespace {
 
-const CFileFilter& CurrentDataType(const CSettings& settings) {
+const ks::CFileFilter& CurrentDataType(const CSettings& settings) {
     const int stored = settings.Get(setting::kDataType);
     const bool isListed = stored >= 1 && stored <= static_cast<int>(DataTypeFilters().size());
     const int type = isListed ? stored : 1;  // as the pickers do
@@ -14,11 +14,11 @@ const CFileFilter& CurrentDataType(const CSettings& settings) {
 
 }  // namespace
 
-const std::vector<CFileFilter>& DataTypeFilters() {
-    static const std::vector<CFileFilter> filters = {
+const std::vector<ks::CFileFilter>& DataTypeFilters() {
+    static const std::vector<ks::CFileFilter> filters = {
         {"UDS Acceleration Data (*aa0.*)", "*aa0.*"}, {"UDS Displacement Data (*da0.*)", "*da0.*"},
         {"UDS Force Data (*fa0.*)", "*fa0.*"},        {"UDS Moment Data (*ta0.*)", "*ta0.*"},
-        {"Processed UDS Data (*.uds)", "*.uds"},      {"All Files (*.*)", "*.*"}};
+        {"Processed UDS Data (*.uds)", "*.uds"},      AllFilesFilter()};
     return filters;
 }
 
@@ -30,7 +30,11 @@ QString CurrentDataTypeText(const CSettings& settings) {
     return QString::fromStdString(CurrentDataType(settings).text);
 }
 
-const std::vector<CFileFilter>& HitListFilters() {
-    static const std::vector<CFileFilter> filters = {{"Hit list files (*.hit)", "*.hit"}};
+ks::CFileFilter AllFilesFilter() {
+    return {"All Files (*.*)", "*.*"};
+}
+
+const std::vector<ks::CFileFilter>& HitListFilters() {
+    static const std::vector<ks::CFileFilter> filters = {{"Hit list files (*.hit)", "*.hit"}};
     return filters;
 }

@@ -3,12 +3,12 @@
 #include <QString>
 #include <vector>
 
-#include "compare/document_host.h"
+#include "files/file_request.h"
 
 class CSettings;
 
 /// The filters of the signal-file pickers; the setting "DataType" is a 1-based index into them.
-const std::vector<CFileFilter>& DataTypeFilters();
+const std::vector<ks::CFileFilter>& DataTypeFilters();
 
 /// The wildcard of the data type that the settings hold; that of the first one when they hold none of the six: the
 /// pickers start with it, too.
@@ -17,5 +17,8 @@ QString CurrentDataTypeWildcard(const CSettings& settings);
 /// The text of that data type, as the pickers show it.
 QString CurrentDataTypeText(const CSettings& settings);
 
+/// The filter that every save picker ends with.
+ks::CFileFilter AllFilesFilter();
+
 /// The filter of the hit-list pickers.
-const std::vector<CFileFilter>& HitListFilters();
+const std::vector<ks::CFileFilter>& HitListFilters();

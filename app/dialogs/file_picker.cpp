@@ -9,24 +9,24 @@
 
 namespace {
 
-/// The toolkit takes its pattern from the last parentheses and, told to hide details, shows what stands before them:
+/// The toolkit takes its pattern from the last parentheses and, told to hide details, shows what comes before them:
 /// so the filter's own text appears letter for letter, its own parentheses included.
-QString DialogFilter(const CFileFilter& filter) {
+QString DialogFilter(const ks::CFileFilter& filter) {
     return QString::fromStdString(filter.text) + QStringLiteral(" (") + Wildcard(filter.pattern) + QLatin1Char(')');
 }
 
-QStringList DialogFilters(const std::vector<CFileFilter>& filters) {
+QStringList DialogFilters(const std::vector<ks::CFileFilter>& filters) {
     QStringList texts;
-    for (const CFileFilter& filter : filters) texts.append(DialogFilter(filter));
+    for (const ks::CFileFilter& filter : filters) texts.append(DialogFilter(filter));
     return texts;
 }
 
-QFileDialog::FileMode FileModeOf(const CFileRequest& request) {
-    if (request.kind == PickerKind::Save || !request.fileMustExist) return QFileDialog::AnyFile;
-    return request.kind == PickerKind::OpenSeveral ? QFileDialog::ExistingFiles : QFileDialog::ExistingFile;
+QFileDialog::FileMode FileModeOf(const ks::CFileRequest& request) {
+    if (request.kind == ks::PickerKind::Save || !request.fileMustExist) return QFileDialog::AnyFile;
+    return request.kind == ks::PickerKind::OpenSeveral ? QFileDialog::ExistingFiles : QFileDialog::ExistingFile;
 }
 
-void SetFilters(QFileDialog& dialog, const CFileRequest& request) {
+void SetFilters(QFileDialog& dialog, const ks::CFileRequest& request) {
     if (request.filters.empty()) return;
     const QStringList texts = DialogFilters(request.filters);
     dialog.setNameFilters(texts);
@@ -35,10 +35,10 @@ void SetFilters(QFileDialog& dialog, const CFileRequest& request) {
 }
 
 /// The toolkit names the filter by its own text or by that of the request, depending on the kind of dialog.
-int SelectedFilter(const QFileDialog& dialog, const CFileRequest& request) {
+int SelectedFilter(const QFileDialog& dialog, const ks::CFileRequest& request) {
     const QString selected = dialog.selectedNameFilter();
     for (std::size_t i = 0; i < request.filters.size(); ++i) {
-        const CFileFilter& filter = request.filters[i];
+        const ks::CFileFilter& filter = request.filters[i];
         if (selected == DialogFilter(filter) || selected == QString::fromStdString(filter.text)) {
             return static_cast<int>(i) + 1;
         }
@@ -54,23 +54,24 @@ QStringList NativePaths(const QStringList& paths) {
 
 }  // namespace
 
-std::unique_ptr<QFileDialog> CFileDialogs::MakeDialog(QWidget* parent, const CFileRequest& request, Style style) {
-    auto dialog = std::make_unique<QFileDialog>(parent, request.title, ExistingFolder(request.folder));
+std::unique_ptr<QFileDialog> CFileDialogs::MakeDialog(QWidget* parent, const ks::CFileRequest& request, Style style) {
+    auto dialog = std::make_unique<QFileDialog>(parent, QString::fromStdString(request.title),
+                                                ExistingFolder(QString::fromStdString(request.folder)));
     dialog->setOption(QFileDialog::DontUseNativeDialog, style == Style::Drawn);
     dialog->setOption(QFileDialog::HideNameFilterDetails);
     dialog->setOption(QFileDialog::DontConfirmOverwrite, !request.askBeforeOverwriting);
-    dialog->setAcceptMode(request.kind == PickerKind::Save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+    dialog->setAcceptMode(request.kind == ks::PickerKind::Save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     dialog->setFileMode(FileModeOf(request));
     SetFilters(*dialog, request);
-    dialog->setDefaultSuffix(request.defaultExtension);
-    if (!request.suggestedName.isEmpty()) dialog->selectFile(request.suggestedName);
+    dialog->setDefaultSuffix(QString::fromStdString(request.defaultExtension));
+    if (!request.suggestedName.empty()) dialog->selectFile(QString::fromStdString(request.suggestedName));
     const QSize wanted =
         dialog->sizeHint().expandedTo(QSize(820, 500));  // Qt's own dialogs start too narrow for details
     dialog->resize(WithinScreen(wanted, *dialog));
     return dialog;
 }
 
-std::optional<CPickedFiles> CFileDialogs::Pick(QWidget* parent, const CFileRequest& request) {
+std::optional<CPickedFiles> CFileDialogs::Pick(QWidget* parent, const ks::CFileRequest& request) {
     const std::unique_ptr<QFileDialog> dialog = MakeDialog(parent, request, m_style);
     if (dialog->exec() != QDialog::Accepted || dialog->selectedFiles().isEmpty()) return std::nullopt;
     CPickedFiles picked;

@@ -5,34 +5,14 @@
 #include <memory>
 #include <optional>
 #include <string>
-#include <vector>
 
-#include "compare/document_host.h"
+#include "files/file_request.h"
 
 class QFileDialog;
 class QWidget;
 
-/// What a picker is to choose.
-enum class PickerKind { OpenOne, OpenSeveral, Save };
-
-/// What a file picker is asked to do.
-class CFileRequest {
-public:
-    PickerKind kind = PickerKind::OpenOne;
-    QString title;
-    std::vector<CFileFilter> filters;  ///< may be empty: every file
-    int filterIndex = 1;               ///< filter at the start, 1-based; the first when out of range
-    QString folder;                    ///< where to start; the home folder when it does not exist
-    QString suggestedName;             ///< of the file to save, without a folder; may be empty
-    QString defaultExtension;          ///< put behind a saved name that has none; none when empty
-    bool fileMustExist = false;        ///< without effect when saving
-    bool hideReadOnly = true;          ///< for dialogs with a read-only box; those of the toolkit have none
-    bool askBeforeOverwriting = false;
-};
-
 /// What the user chose in a picker.
-class CPickedFiles {
-public:
+struct CPickedFiles {
     QStringList paths;    ///< absolute, in native form; never empty
     int filterIndex = 1;  ///< the filter the user ended on, 1-based
 };
@@ -42,7 +22,7 @@ class CFilePicker {
 public:
     virtual ~CFilePicker() = default;
     /// No value: cancelled.
-    virtual std::optional<CPickedFiles> Pick(QWidget* parent, const CFileRequest& request) = 0;
+    virtual std::optional<CPickedFiles> Pick(QWidget* parent, const ks::CFileRequest& request) = 0;
 };
 
 /// The file dialogs of the platform.
@@ -52,10 +32,10 @@ public:
 
     /// Drawn dialogs are Qt's own; they can be driven without a screen.
     explicit CFileDialogs(Style style = Style::Native) : m_style(style) {}
-    std::optional<CPickedFiles> Pick(QWidget* parent, const CFileRequest& request) override;
+    std::optional<CPickedFiles> Pick(QWidget* parent, const ks::CFileRequest& request) override;
 
     /// The dialog that Pick shows.
-    static std::unique_ptr<QFileDialog> MakeDialog(QWidget* parent, const CFileRequest& request, Style style);
+    static std::unique_ptr<QFileDialog> MakeDialog(QWidget* parent, const ks::CFileRequest& request, Style style);
 
 private:
     Style m_style;

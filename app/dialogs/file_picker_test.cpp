@@ -44,7 +44,7 @@ private slots:
     }
 
     void ThePickerShowsTheFiltersLetterForLetter() {
-        CFileRequest request = Request(PickerKind::OpenSeveral);
+        ks::CFileRequest request = Request(ks::PickerKind::OpenSeveral);
         request.filterIndex = 2;
         const auto dialog = CFileDialogs::MakeDialog(nullptr, request, CFileDialogs::Style::Drawn);
         QCOMPARE(dialog->windowTitle(), QString("Select Uds File(s) to Evaluate"));
@@ -61,7 +61,7 @@ private slots:
 
     void AFilterIndexOutOfRangeSelectsTheFirst() {
         for (const int index : {-1, 0, 7}) {
-            CFileRequest request = Request(PickerKind::OpenOne);
+            ks::CFileRequest request = Request(ks::PickerKind::OpenOne);
             request.filterIndex = index;
             const auto dialog = CFileDialogs::MakeDialog(nullptr, request, CFileDialogs::Style::Drawn);
             QCOMPARE(dialog->findChild<QComboBox*>("fileTypeCombo")->currentIndex(), 0);
@@ -70,7 +70,8 @@ private slots:
     }
 
     void ThePickerStartsWithinTheScreen() {
-        const auto dialog = CFileDialogs::MakeDialog(nullptr, Request(PickerKind::OpenOne), CFileDialogs::Style::Drawn);
+        const auto dialog =
+            CFileDialogs::MakeDialog(nullptr, Request(ks::PickerKind::OpenOne), CFileDialogs::Style::Drawn);
         const QSize screen = dialog->screen()->availableSize();
         QVERIFY(dialog->width() < screen.width() && dialog->height() < screen.height());
         QVERIFY(dialog->width() == 820 || dialog->width() > screen.width() - 60);  // no smaller than it must be
@@ -84,7 +85,8 @@ private slots:
             window.findChild<QLineEdit*>("fileNameEdit")->setText("\"a.uds\" \"b.uds\"");
             OpenButton(window).click();
         });
-        const auto picked = CFileDialogs(CFileDialogs::Style::Drawn).Pick(nullptr, Request(PickerKind::OpenSeveral));
+        const auto picked =
+            CFileDialogs(CFileDialogs::Style::Drawn).Pick(nullptr, Request(ks::PickerKind::OpenSeveral));
         QVERIFY(picked);
         QCOMPARE(picked->paths, Native({"a.uds", "b.uds"}));
         QCOMPARE(picked->filterIndex, 5);
@@ -92,7 +94,7 @@ private slots:
 
     void TheFilterChosenAtTheStartComesBackUntouched() {
         for (int index = 1; index <= 6; ++index) {
-            CFileRequest request = Request(PickerKind::OpenOne);
+            ks::CFileRequest request = Request(ks::PickerKind::OpenOne);
             request.filterIndex = index;
             // A file that the filter shows; for any file, one without a dot.
             const std::string& pattern = request.filters[static_cast<std::size_t>(index - 1)].pattern;
@@ -121,16 +123,16 @@ private slots:
             QVERIFY(window.isVisible());
             window.close();
         });
-        QVERIFY(!CFileDialogs(CFileDialogs::Style::Drawn).Pick(nullptr, Request(PickerKind::OpenOne)));
+        QVERIFY(!CFileDialogs(CFileDialogs::Style::Drawn).Pick(nullptr, Request(ks::PickerKind::OpenOne)));
     }
 
     void CancelGivesNothing() {
         m_dialogs.Expect([](QWidget& window) { window.close(); });
-        QVERIFY(!CFileDialogs(CFileDialogs::Style::Drawn).Pick(nullptr, Request(PickerKind::OpenOne)));
+        QVERIFY(!CFileDialogs(CFileDialogs::Style::Drawn).Pick(nullptr, Request(ks::PickerKind::OpenOne)));
     }
 
     void SavingTakesANewNameEvenWhereAFileMustExist() {
-        CFileRequest request = Request(PickerKind::Save);
+        ks::CFileRequest request = Request(ks::PickerKind::Save);
         m_dialogs.Expect([](QWidget& window) {
             window.findChild<QLineEdit*>("fileNameEdit")->setText("new.hit");
             OpenButton(window).click();
@@ -141,7 +143,7 @@ private slots:
     }
 
     void SavingOverAFileAsksOnlyWhenTold() {
-        CFileRequest request = Request(PickerKind::Save);
+        ks::CFileRequest request = Request(ks::PickerKind::Save);
         const auto quiet = CFileDialogs::MakeDialog(nullptr, request, CFileDialogs::Style::Drawn);
         QVERIFY(quiet->testOption(QFileDialog::DontConfirmOverwrite));
         request.askBeforeOverwriting = true;
@@ -160,13 +162,13 @@ private slots:
     }
 
 private:
-    CFileRequest Request(PickerKind kind) const {
-        CFileRequest request;
+    ks::CFileRequest Request(ks::PickerKind kind) const {
+        ks::CFileRequest request;
         request.kind = kind;
         request.title = "Select Uds File(s) to Evaluate";
         request.filters = DataTypeFilters();
         request.filterIndex = 6;
-        request.folder = m_folder->path();
+        request.folder = m_folder->path().toStdString();
         request.fileMustExist = true;
         return request;
     }

@@ -13,6 +13,7 @@
 #include "app/testing/error_list_watcher.h"
 #include "app/testing/recorded_messages.h"
 #include "app/testing/widget_probe.h"
+#include "compare/plots/page_table.h"
 
 namespace {
 
@@ -137,6 +138,20 @@ private slots:
         QVERIFY(m_messages.said.isEmpty());
     }
 
+    void EveryCriterionHasItsField() {
+        CCriticalValues values;
+        double number = 0.0;
+        QStringList expected;
+        for (const CCriterion& criterion : Criteria()) {
+            values.*criterion.limit = ++number;
+            expected.append(QString::number(number));
+        }
+        const ksres::CCriticalValuesDlg dialog(values, m_messages);
+        QStringList shown;
+        for (const QLineEdit* const edit : dialog.findChildren<QLineEdit*>()) shown.append(edit->text());
+        QCOMPARE(shown, expected);
+    }
+
     void CancelKeepsTheLimits() {
         ksres::CCriticalValuesDlg dialog({}, m_messages);
         dialog.show();
@@ -152,7 +167,7 @@ private slots:
         QTest::addColumn<QString>("name");
         QTest::newRow("1") << kAverageResidualId << "Average Residual";
         QTest::newRow("2") << kStandardDeviationId << "Standard Deviation";
-        QTest::newRow("3") << kCorridorShareId << "Share outside the corridor";
+        QTest::newRow("3") << kCorridorShareId << QString::fromUtf8("Less than … % outside 4 G corridor");
         QTest::newRow("4") << kCorrelationId << "Correlation Factor";
         QTest::newRow("5") << kTStatisticId << "T Statistic";
         QTest::newRow("6") << kMomentId << "Moment Differences";
@@ -260,10 +275,21 @@ private slots:
         QVERIFY(QRegularExpression("^\\d+\\.\\d+\\.\\d+$").match(AboutTextsOfBuild().version).hasMatch());
     }
 
-    void TheDescriptionIsOneSentenceWithAllElevenPages() {
-        QVERIFY(AboutDescription().endsWith(
-            "'Summary', 'Input Data', 'Standard Deviation', 'Corridor', '90 Percentile Corridor', 'Residuals', "
-            "'Acceleration', 'Velocity', 'Displacement', 'Cummulative Density', 'Cross Correlation', ..."));
+    /// The fixed line names major and minor version, the other one all three numbers.
+    void TheAboutBoxShowsOneVersion() {
+        const CKsAboutDlg dialog(AboutTextsOfBuild());
+        const QString fixed = dialog.findChild<QLabel*>("staticLabel")->text();
+        const QString full = dialog.findChild<QLabel*>("versionLabel")->text();
+        QCOMPARE(fixed, QString("Quorvel, Version 1.0"));
+        QVERIFY2(full.startsWith("Version: " + fixed.section(' ', -1) + '.'), qPrintable(full));
+    }
+
+    void TheDescriptionIsOneSentenceWithAllPages() {
+        QVERIFY(AboutDescription().contains(
+            " 'Summary', 'Input Data', 'Standard Deviation', 'Corridor', '90 Percentile Corridor', 'Residuals', "
+            "'Acceleration', 'Velocity', 'Displacement', 'Cummulative Density', 'Cross Correlation', "));
+        QVERIFY(AboutDescription().endsWith("', ..."));
+        QCOMPARE(AboutDescription().count('\''), 2 * static_cast<qsizetype>(PageTable().size()));
         QCOMPARE(AboutDescription().count('.'), qsizetype{3});
     }
 

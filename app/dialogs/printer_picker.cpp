@@ -1,6 +1,8 @@
 #include "app/dialogs/printer_picker.h"
 
 #include <QPrintDialog>
+#include <QPrinter>
+#include <QPrinterInfo>
 
 std::unique_ptr<QPrintDialog> CPrinterDialogs::MakeDialog(QWidget* parent, QPrinter& printer, int pageCount) {
     auto dialog = std::make_unique<QPrintDialog>(&printer, parent);
@@ -17,4 +19,11 @@ std::unique_ptr<QPrintDialog> CPrinterDialogs::MakeDialog(QWidget* parent, QPrin
 
 bool CPrinterDialogs::Pick(QWidget* parent, QPrinter& printer, int pageCount) {
     return MakeDialog(parent, printer, pageCount)->exec() == QDialog::Accepted;
+}
+
+bool CPrinterDialogs::TakeDefault(QPrinter& printer) {
+    const QPrinterInfo info = QPrinterInfo::defaultPrinter();
+    if (info.isNull()) return false;
+    printer.setPrinterName(info.printerName());
+    return true;
 }

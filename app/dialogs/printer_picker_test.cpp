@@ -5,6 +5,7 @@
 #include <QLineEdit>
 #include <QPrintDialog>
 #include <QPrinter>
+#include <QPrinterInfo>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSpinBox>
@@ -34,6 +35,13 @@ private slots:
         const auto* const range = dialog->findChild<QRadioButton*>("printRange");
         QVERIFY(range);
         QCOMPARE(range->isEnabled(), several);
+    }
+
+    void TheDefaultPrinterIsThatOfTheMachine() {
+        QPrinter printer(QPrinter::HighResolution);
+        const QPrinterInfo expected = QPrinterInfo::defaultPrinter();
+        QCOMPARE(CPrinterDialogs().TakeDefault(printer), !expected.isNull());
+        if (!expected.isNull()) QCOMPARE(printer.printerName(), expected.printerName());
     }
 
     void TheRangeEndsWithTheLastPage() {

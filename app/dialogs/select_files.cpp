@@ -96,7 +96,8 @@ void CSelectFiles::ConnectControls() {
     connect(m_ui->readHitListButton, &QPushButton::clicked, this, &CSelectFiles::ReadHitList);
     connect(m_ui->saveHitListButton, &QPushButton::clicked, this, &CSelectFiles::SaveHitList);
     connect(m_ui->browseButton, &QPushButton::clicked, this, &CSelectFiles::BrowseReference);
-    connect(m_ui->fileList, &CFileList::PathsDropped, this, &CSelectFiles::TakeDropped);
+    // Queued: the program that the files come from waits until the drop has ended, and a message may come up.
+    connect(m_ui->fileList, &CFileList::PathsDropped, this, &CSelectFiles::TakeDropped, Qt::QueuedConnection);
     connect(m_ui->fileList, &CFileList::itemSelectionChanged, this, &CSelectFiles::EnableListButtons);
     connect(m_ui->averageRadio, &QRadioButton::toggled, this, &CSelectFiles::EnableControls);
     connect(m_ui->filterCheck, &QCheckBox::toggled, this, &CSelectFiles::EnableControls);
@@ -112,7 +113,7 @@ void CSelectFiles::EnableControls() {
     const bool isCut = m_ui->truncateCheck->isChecked();
     m_ui->minTimeEdit->setEnabled(isCut);
     m_ui->maxTimeEdit->setEnabled(isCut);
-    if (!isCut) RestoreTimesOfNoUse();
+    if (!isCut) ResetInvalidTimes();
 }
 
 void CSelectFiles::EnableListButtons() {
@@ -121,14 +122,14 @@ void CSelectFiles::EnableListButtons() {
     m_ui->moveDownButton->setEnabled(isAnySelected);
 }
 
-void CSelectFiles::RestoreTimesOfNoUse() {
+void CSelectFiles::ResetInvalidTimes() {
     // OK reads the times even when they are not used; what is no number could not be corrected in a disabled field.
     if (!NumberFromText(m_ui->minTimeEdit->text())) m_ui->minTimeEdit->setText(NumberText(m_selection.windowStart));
     if (!NumberFromText(m_ui->maxTimeEdit->text())) m_ui->maxTimeEdit->setText(NumberText(m_selection.windowEnd));
 }
 
-CFileRequest CSelectFiles::SignalFileRequest() const {
-    CFileRequest request;
+ks::CFileRequest CSelectFiles::SignalFileRequest() const {
+    ks::CFileRequest request;
     request.filters = DataTypeFilters();
     request.filterIndex = m_settings.Get(setting::kDataType);
     request.fileMustExist = true;
@@ -136,10 +137,10 @@ CFileRequest CSelectFiles::SignalFileRequest() const {
 }
 
 void CSelectFiles::AddFiles() {
-    CFileRequest request = SignalFileRequest();
-    request.kind = PickerKind::OpenSeveral;
-    request.title = tr("Select Uds File(s) to Evaluate");
-    request.folder = m_settings.Get(setting::kInputDir);
+    ks::CFileRequest request = SignalFileRequest();
+    request.kind = ks::PickerKind::OpenSeveral;
+    request.title = tr("Select Uds File(s) to Evaluate").toStdString();
+    request.folder = m_settings.Get(setting::kInputDir).toStdString();
     const auto picked = m_picker.Pick(this, request);
     if (!picked) return;
     m_settings.Set(setting::kDataType, picked->filterIndex);
@@ -148,9 +149,9 @@ void CSelectFiles::AddFiles() {
 }
 
 void CSelectFiles::BrowseReference() {
-    CFileRequest request = SignalFileRequest();
-    request.title = tr("Select Reference Uds File");
-    request.folder = m_settings.Get(setting::kReferenceDir);
+    ks::CFileRequest request = SignalFileRequest();
+    request.title = tr("Select Reference Uds File").toStdString();
+    request.folder = m_settings.Get(setting::kReferenceDir).toStdString();
     const auto picked = m_picker.Pick(this, request);
     if (!picked) return;
     m_settings.Set(setting::kDataType, picked->filterIndex);
@@ -158,17 +159,17 @@ void CSelectFiles::BrowseReference() {
     m_settings.Set(setting::kReferenceDir, DriveAndFolder(picked->paths.first()));
 }
 
-CFileRequest CSelectFiles::HitListRequest() const {
-    CFileRequest request;
+ks::CFileRequest CSelectFiles::HitListRequest() const {
+    ks::CFileRequest request;
     request.filters = HitListFilters();
-    request.folder = m_settings.Get(setting::kHitlistDir);
+    request.folder = m_settings.Get(setting::kHitlistDir).toStdString();
     request.fileMustExist = true;
     return request;
 }
 
 void CSelectFiles::ReadHitList() {
-    CFileRequest request = HitListRequest();
-    request.title = tr("Select Hit List");
+    ks::CFileRequest request = HitListRequest();
+    request.title = tr("Select Hit List").toStdString();
     const auto picked = m_picker.Pick(this, request);
     if (!picked) return;
     const QString path = picked->paths.first();
@@ -182,9 +183,9 @@ void CSelectFiles::ReadHitList() {
 }
 
 void CSelectFiles::SaveHitList() {
-    CFileRequest request = HitListRequest();
-    request.kind = PickerKind::Save;
-    request.title = tr("Save Hit List as");
+    ks::CFileRequest request = HitListRequest();
+    request.kind = ks::PickerKind::Save;
+    request.title = tr("Save Hit List as").toStdString();
     const auto picked = m_picker.Pick(this, request);
     if (!picked) return;
     const QString path = picked->paths.first();
@@ -196,7 +197,9 @@ void CSelectFiles::SaveHitList() {
             m_messages.ShowError(this, HitListUnreadable());
             break;
         case ks::WriteResult::NotCompleted:
-            m_messages.ShowError(this, tr("The hit list could not be written to the end; an older file is as it was."));
+            m_messages.ShowError(
+                this,
+                tr("Writing the hit list failed before it was complete. An older file of this name is unchanged."));
             break;
     }
 }
@@ -207,10 +210,10 @@ void CSelectFiles::RememberHitList(const QString& path) {
 }
 
 void CSelectFiles::TakeDropped(const QStringList& paths, int row) {
-    const CDroppedFiles dropped = ExpandDropped(paths, CurrentDataTypeWildcard(m_settings));
+    const CDroppedFiles dropped = TakeDroppedFiles(paths, m_settings, m_messages, this);
     m_ui->fileList->InsertFiles(row, dropped.files);
-    for (const QString& hitList : dropped.hitLists) m_settings.AddRecentFile(hitList);
-    if (!dropped.unreadableHitLists.isEmpty()) m_messages.ShowError(this, HitListUnreadable());
+    if (!dropped.files.empty() || !dropped.unreadableHitLists.isEmpty()) return;
+    m_messages.Show(this, MessageIcon::Information, windowTitle(), NothingDropped(CurrentDataTypeText(m_settings)));
 }
 
 void CSelectFiles::accept() {

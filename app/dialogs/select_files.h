@@ -4,9 +4,9 @@
 #include <memory>
 
 #include "compare/document_host.h"
+#include "files/file_request.h"
 
 class CFilePicker;
-class CFileRequest;
 class CMessages;
 class CSettings;
 namespace Ui {
@@ -44,7 +44,7 @@ private:
     void ConnectControls();
     void EnableControls();
     void EnableListButtons();
-    void RestoreTimesOfNoUse();
+    void ResetInvalidTimes();
     bool ReadTimes();
     bool CheckReference();
     bool CheckFiles();
@@ -56,8 +56,8 @@ private:
     void SaveHitList();
     void TakeDropped(const QStringList& paths, int row);
     void RememberHitList(const QString& path);
-    CFileRequest SignalFileRequest() const;
-    CFileRequest HitListRequest() const;
+    ks::CFileRequest SignalFileRequest() const;
+    ks::CFileRequest HitListRequest() const;
 
     std::unique_ptr<Ui::CSelectFiles> m_ui;
     CFileSelection m_selection;

@@ -212,13 +212,13 @@ private slots:
         Open({});
         Button(kAddFilesId).click();
         QCOMPARE(m_picker.requests.size(), std::size_t{1});
-        const CFileRequest& request = m_picker.requests[0];
-        QCOMPARE(request.kind, PickerKind::OpenSeveral);
-        QCOMPARE(request.title, QString("Select Uds File(s) to Evaluate"));
+        const ks::CFileRequest& request = m_picker.requests[0];
+        QCOMPARE(request.kind, ks::PickerKind::OpenSeveral);
+        QCOMPARE(request.title, std::string("Select Uds File(s) to Evaluate"));
         QVERIFY(request.fileMustExist && request.hideReadOnly);
         CheckSignalFilters(request);
         QCOMPARE(request.filterIndex, 3);
-        QCOMPARE(request.folder, QString("Q:\\uds\\vehdb"));
+        QCOMPARE(request.folder, std::string("Q:\\uds\\vehdb"));
     }
 
     void AddedFilesGoBehindTheOthersWithoutACheckForDuplicates() {
@@ -232,7 +232,7 @@ private slots:
         Button(kAddFilesId).click();
         QCOMPARE(Files(), QString("first /one/z.001 /one/a.001 /two/first /one/z.001"));
         QCOMPARE(m_picker.requests[1].filterIndex, 5);
-        QCOMPARE(m_picker.requests[1].folder, QString("/two/"));
+        QCOMPARE(m_picker.requests[1].folder, std::string("/two/"));
         QCOMPARE(m_store->allKeys(), QStringList({"Settings/DataType", "Settings/InputDir"}));
     }
 
@@ -251,7 +251,7 @@ private slots:
         m_settings->Set(setting::kInputDir, "/gone/with/the/wind/");
         Open({});
         Button(kAddFilesId).click();
-        QCOMPARE(ExistingFolder(m_picker.requests[0].folder), QDir::homePath());
+        QCOMPARE(ExistingFolder(QString::fromStdString(m_picker.requests[0].folder)), QDir::homePath());
         QCOMPARE(m_settings->Get(setting::kInputDir), QString("/gone/with/the/wind/"));
     }
 
@@ -279,13 +279,13 @@ private slots:
         Open({});
         Button(kBrowseReferenceId).click();
         QCOMPARE(m_picker.requests.size(), std::size_t{1});
-        const CFileRequest& request = m_picker.requests[0];
-        QCOMPARE(request.kind, PickerKind::OpenOne);
-        QCOMPARE(request.title, QString("Select Reference Uds File"));
+        const ks::CFileRequest& request = m_picker.requests[0];
+        QCOMPARE(request.kind, ks::PickerKind::OpenOne);
+        QCOMPARE(request.title, std::string("Select Reference Uds File"));
         QVERIFY(request.fileMustExist && request.hideReadOnly);
         CheckSignalFilters(request);
         QCOMPARE(request.filterIndex, 4);
-        QCOMPARE(request.folder, QString("Q:\\uds\\vehdb"));
+        QCOMPARE(request.folder, std::string("Q:\\uds\\vehdb"));
     }
 
     void TheChosenReferenceIsShownAndItsFolderRemembered() {
@@ -311,7 +311,7 @@ private slots:
     void ReadHitListAsksForAHitList() {
         Open({});
         Button(kReadHitListId).click();
-        CheckHitListRequest("Select Hit List", PickerKind::OpenOne);
+        CheckHitListRequest("Select Hit List", ks::PickerKind::OpenOne);
     }
 
     void ReadHitListSkipsEmptyLinesAndAppendsTheOthers() {
@@ -338,7 +338,7 @@ private slots:
     void SaveHitListAsksForAHitList() {
         Open({});
         Button(kSaveHitListId).click();
-        CheckHitListRequest("Save Hit List as", PickerKind::Save);
+        CheckHitListRequest("Save Hit List as", ks::PickerKind::Save);
         QVERIFY(!m_picker.requests[0].askBeforeOverwriting);
     }
 
@@ -400,7 +400,7 @@ private slots:
         const std::string run = QDir::toNativeSeparators(m_folder->filePath("run/")).toStdString();
         const std::vector<std::string> expected = {"first",       "/x.001",      "one.001", "two.001",
                                                    run + "a.uds", run + "b.uds", "last"};
-        QCOMPARE(List().Files(), expected);
+        QTRY_COMPARE(List().Files(), expected);
         QCOMPARE(m_settings->RecentFiles(), QStringList({list}));
         QVERIFY(m_messages.said.isEmpty());
     }
@@ -408,9 +408,25 @@ private slots:
     void ADroppedHitListThatCannotBeReadSaysSoOnce() {
         Open({});
         emit List().PathsDropped({"/gone/a.hit", "/gone/b.hit", "/x.001"}, 0);
-        QCOMPARE(m_messages.said, QStringList({kUnreadable}));
+        QTRY_COMPARE(m_messages.said, QStringList({kUnreadable}));
         QCOMPARE(Files(), QString("/x.001"));
         QVERIFY(m_settings->RecentFiles().isEmpty());
+    }
+
+    void ADroppedFolderWithoutMatchingFilesSaysSo() {
+        Write("run/a.txt", "x");
+        Open(WithFiles({"first"}));
+        emit List().PathsDropped({m_folder->filePath("run")}, 0);
+        QTRY_COMPARE(m_messages.said,
+                     QStringList({"information|Select Uds Files|Nothing to compare was dropped. Folders add their "
+                                  "files of the type UDS Force Data (*fa0.*)."}));
+        QCOMPARE(Files(), QString("first"));
+    }
+
+    void ADroppedHitListThatCannotBeReadIsToldOnlyOnce() {
+        Open({});
+        emit List().PathsDropped({"/gone/a.hit"}, 0);
+        QTRY_COMPARE(m_messages.said, QStringList({kUnreadable}));
     }
 
     // OK.
@@ -675,7 +691,7 @@ private slots:
             const std::size_t before = m_picker.requests.size();
             QTest::keyClick(m_dialog.get(), key, Qt::AltModifier);
             QTRY_COMPARE(m_picker.requests.size(), before + 1);
-            titles.append(m_picker.requests.back().title);
+            titles.append(QString::fromStdString(m_picker.requests.back().title));
         }
         QCOMPARE(titles, QStringList({"Select Uds File(s) to Evaluate", "Select Reference Uds File", "Select Hit List",
                                       "Save Hit List as"}));
@@ -743,22 +759,22 @@ private:
         QVERIFY(List().isEnabled());
     }
 
-    static void CheckSignalFilters(const CFileRequest& request) {
+    static void CheckSignalFilters(const ks::CFileRequest& request) {
         QCOMPARE(request.filters.size(), std::size_t{6});
         for (std::size_t i = 0; i < 6; ++i) QCOMPARE(request.filters[i].text, DataTypeFilters()[i].text);
     }
 
-    void CheckHitListRequest(const QString& title, PickerKind kind) {
+    void CheckHitListRequest(const QString& title, ks::PickerKind kind) {
         QCOMPARE(m_picker.requests.size(), std::size_t{1});
-        const CFileRequest& request = m_picker.requests[0];
+        const ks::CFileRequest& request = m_picker.requests[0];
         QCOMPARE(request.kind, kind);
-        QCOMPARE(request.title, title);
+        QCOMPARE(QString::fromStdString(request.title), title);
         QVERIFY(request.fileMustExist && request.hideReadOnly);
         QCOMPARE(request.filters.size(), std::size_t{1});
         QCOMPARE(request.filters[0].text, std::string("Hit list files (*.hit)"));
         QCOMPARE(request.filters[0].pattern, std::string("*.hit"));
         QCOMPARE(request.filterIndex, 1);
-        QCOMPARE(request.folder, QString("c:\\"));
+        QCOMPARE(request.folder, std::string("c:\\"));
     }
 
     QAbstractButton* OkButton() { return m_dialog->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok); }

@@ -11,9 +11,9 @@
 class CScriptedPicker : public CFilePicker {
 public:
     std::deque<std::optional<CPickedFiles>> answers;
-    std::vector<CFileRequest> requests;
+    std::vector<ks::CFileRequest> requests;
 
-    std::optional<CPickedFiles> Pick(QWidget*, const CFileRequest& request) override {
+    std::optional<CPickedFiles> Pick(QWidget*, const ks::CFileRequest& request) override {
         requests.push_back(request);
         if (answers.empty()) return std::nullopt;
         m_answer = std::move(answers.front());

@@ -30,7 +30,7 @@
 #include "app/testing/scripted_picker.h"
 #include "app/testing/widget_probe.h"
 
-/// Prints to a PDF file, or cancels while none is named.
+/// Prints to a PDF file, also as the default printer; while none is named it cancels, and there is no default printer.
 class CPdfPicker : public CPrinterPicker {
 public:
     QString path;
@@ -38,10 +38,14 @@ public:
     QList<int> pageCounts;              ///< of what was to be printed so far
     bool Pick(QWidget*, QPrinter& printer, int pageCount) override {
         pageCounts.append(pageCount);
+        if (!TakeDefault(printer)) return false;
+        if (layout) printer.setPageLayout(*layout);
+        return true;
+    }
+    bool TakeDefault(QPrinter& printer) override {
         if (path.isEmpty()) return false;
         printer.setOutputFormat(QPrinter::PdfFormat);
         printer.setOutputFileName(path);
-        if (layout) printer.setPageLayout(*layout);
         return true;
     }
 };

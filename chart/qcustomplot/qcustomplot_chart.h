@@ -1,25 +1,22 @@
 #pragma once
 
-#include <QObject>
 #include <QPointer>
 #include <QString>
 #include <QWidget>
+#include <functional>
 #include <memory>
 
 #include "chart/chart_control.h"
 
 class CChartModel;
 class CPlotWidget;
-struct CPlotContents;
 
-/// The chart control of the desktop program. On the screen it follows the desktop's palette; exported, copied and
-/// printed charts are always on white. Wheel: zoom at the pointer; drag: pan; double click: reset. Keys: "+" and "-"
-/// zoom, arrows pan, "0" and Home reset, Page Up and Page Down scroll a legend that has more names than room.
-class CQCustomPlotChart final : public QObject, public CChartControl {
-    Q_OBJECT
-
+/// The chart control that MakeChartControl gives.
+class CQCustomPlotChart final : public CChartControl {
 public:
-    explicit CQCustomPlotChart(QObject* parent = nullptr);
+    using ShowReadout = std::function<void(const QString& text)>;
+
+    explicit CQCustomPlotChart(ShowReadout showReadout = {});
     ~CQCustomPlotChart() override;
 
     void Create(const CChartCreation& creation) override;
@@ -39,22 +36,11 @@ public:
     void Resized(std::int32_t width, std::int32_t height) override;
     void PaintOnto(QPainter& painter, const QRectF& area) override;
 
-    /// The window on the screen; none while no chart exists. It passes the context menu on to its parent.
-    [[nodiscard]] QWidget* Widget() const;
-    /// Shows all the data again.
-    void ResetZoom();
-
-signals:
-    /// The pointer stands at these data coordinates: text for a status bar, empty when it left the curves' area.
-    void ReadoutChanged(const QString& text);
-
 private:
-    [[nodiscard]] CPlotWidget* Plot() const;
-    /// The same part of the same data, without a window, on white.
-    [[nodiscard]] std::unique_ptr<CPlotWidget> OnPaper(double scale) const;
-    [[nodiscard]] std::string Metafile(CChartSize size) const;
+    [[nodiscard]] CPlotWidget& Plot() const;
+    void ShowModel();
 
+    ShowReadout m_showReadout;
     std::unique_ptr<CChartModel> m_model;
-    std::shared_ptr<const CPlotContents> m_contents;
-    QPointer<QWidget> m_window;  ///< gone with its parent, or with Destroy
+    QPointer<QWidget> m_window;  ///< a CPlotWidget; gone with its parent, or with Destroy
 };

@@ -7,8 +7,10 @@
 #include <QPainter>
 #include <QTemporaryDir>
 #include <QWidget>
+#include <memory>
 
 #include "chart/chart_sequences.h"
+#include "chart/make_chart.h"
 #include "chart/testing/sample_blocks.h"
 
 namespace {
@@ -39,10 +41,10 @@ void PageChange(benchmark::State& state) {
     QWidget window;
     window.resize(kWindow.width, kWindow.height);
     window.show();
-    CQCustomPlotChart chart;
+    const std::unique_ptr<CChartControl> chart = MakeChartControl();
     CLineStyles styles;
     for (auto _ : state) {
-        ShowChart(chart, &window, kWindow, page.block, page.names, styles);
+        ShowChart(*chart, &window, kWindow, page.block, page.names, styles);
         window.repaint();
     }
     CountPoints(state);
@@ -53,22 +55,22 @@ void Redraw(benchmark::State& state) {
     QWidget window;
     window.resize(kWindow.width, kWindow.height);
     window.show();
-    CQCustomPlotChart chart;
+    const std::unique_ptr<CChartControl> chart = MakeChartControl();
     CLineStyles styles;
-    ShowChart(chart, &window, kWindow, page.block, page.names, styles);
-    for (auto _ : state) chart.Draw(0, 0);
+    ShowChart(*chart, &window, kWindow, page.block, page.names, styles);
+    for (auto _ : state) chart->Draw(0, 0);
     CountPoints(state);
 }
 
 void Metafile(benchmark::State& state) {
     const CSamplePage page = PageOf(state);
-    CQCustomPlotChart chart;
+    const std::unique_ptr<CChartControl> chart = MakeChartControl();
     CLineStyles styles;
-    ShowChart(chart, nullptr, kWindow, page.block, page.names, styles);
+    ShowChart(*chart, nullptr, kWindow, page.block, page.names, styles);
     const QTemporaryDir folder;
     const std::string path = folder.filePath("chart.wmf").toStdString();
     for (auto _ : state)
-        if (chart.ExportMetafile(kMetafileSize, path) != ks::WriteResult::Written) state.SkipWithError("not written");
+        if (chart->ExportMetafile(kMetafileSize, path) != ks::WriteResult::Written) state.SkipWithError("not written");
     CountPoints(state);
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -28,8 +29,8 @@ struct CReadText {
     int advance = 0;  ///< sum over the characters
     int height = 0;   ///< as stored: negative for the height of the letters
     int tenthsOfDegree = 0;
-    bool bold = false;
-    bool italic = false;
+    bool isBold = false;
+    bool isItalic = false;
     std::uint32_t rgb = 0;
 };
 
@@ -44,8 +45,8 @@ struct CWmfPicture {
     std::string fault;  ///< the first thing wrong with the file; empty when it is sound
 
     [[nodiscard]] bool HasText(std::string_view text) const;
-    /// Points of all lines of one colour.
-    [[nodiscard]] std::size_t PointsOfColour(std::uint32_t rgb) const;
+    /// Points of all lines of one color.
+    [[nodiscard]] std::size_t PointsOfColor(std::uint32_t rgb) const;
 };
 
 /// Reads every record and checks what a strict reader would: checksum, sizes, slots of objects, that drawing records

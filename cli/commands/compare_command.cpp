@@ -3,8 +3,10 @@
 #include "cli/cli_host.h"
 #include "cli/commands/compare_options.h"
 #include "cli/commands/file_input.h"
+#include "cli/commands/output_conflicts.h"
 #include "cli/output/csv_table.h"
 #include "cli/output/json_results.h"
+#include "cli/output/notes.h"
 #include "cli/output/outputs.h"
 #include "cli/output/page_outputs.h"
 #include "cli/output/table_report.h"
@@ -68,19 +70,19 @@ void RefuseOverwritingInputs(const CCompareOptions& options, const std::vector<s
 
 void WriteTables(const CCompareOptions& options, const CSummaryTable& table, COutputs& outputs) {
     if (options.html) {
-        outputs.Write("The HTML report", *options.html, HtmlReport(table));
+        outputs.Write("The HTML report", *options.html, [&table] { return HtmlReport(table); });
     }
     if (options.csv) {
-        outputs.Write("The CSV table", *options.csv, CsvTable(table));
+        outputs.Write("The CSV table", *options.csv, [&table] { return CsvTable(table); });
     }
 }
 
 void PrintReports(const CCompareOptions& options, const CQuorvelDoc& document, const CSummaryTable& table,
                   CConsole& console) {
-    if (options.talk == CTalk::Verbose) {
+    if (options.verbosity == Verbosity::Verbose) {
         console.Note(VerboseReport(document));
     }
-    if (options.talk != CTalk::Quiet && !options.UsesStandardOutput()) {
+    if (options.verbosity != Verbosity::Quiet && !options.UsesStandardOutput()) {
         console.Print(TableReport(options, document, table, {console.Width(), console.Color()}));
     }
 }
@@ -97,7 +99,7 @@ CExitStatus Status(const COutputs& outputs, bool inputFailed, bool badFound) {
 
 void WriteJson(const CCompareOptions& options, CJsonResults& json, COutputs& outputs) {
     if (options.json) {
-        outputs.Write("The JSON results", *options.json, json.Finish(options.pages));
+        outputs.Write("The JSON results", *options.json, [&] { return json.Finish(options.pages); });
     }
 }
 
@@ -115,7 +117,7 @@ void NameUnreadFiles(const CQuorvelDoc& document, CConsole& console) {
 
 CExitStatus FinishStopped(const CCompareOptions& options, const CResults& results, const CSignal& reference,
                           CConsole& console) {
-    if (options.talk != CTalk::Quiet) {
+    if (options.verbosity != Verbosity::Quiet) {
         console.Note("Nothing was compared.");
     }
     COutputs outputs(console);
@@ -150,6 +152,7 @@ CExitStatus RunCompare(const std::vector<std::string>& arguments, CConsole& cons
     const CInput input = CollectFiles(options);
     const std::vector<std::string> inputs = AllInputs(options, input.files);
     RefuseOverwritingInputs(options, inputs);
+    RefuseSharedOutputs(options);
 
     CCliHost host(options, input.files, console);
     CQuorvelDoc document(host);
@@ -168,11 +171,12 @@ CExitStatus RunCompare(const std::vector<std::string>& arguments, CConsole& cons
 
     // The document collects these and shows them nowhere.
     console.ComplainAll(document.ReferenceMessages());
-    const CResults results{document.ErrorMessages(), document.ReferenceMessages(), {}};
+    ComplainOfNoCommonTime(document, console);
+    const CResults results{document.ErrorMessages(), document.ReferenceMessages(), {}, document.Notes()};
     if (!observer.Completed()) {
         NameUnreadFiles(document, console);
         return FinishStopped(options, results, document.Reference(), console);
     }
-    return FinishCompleted(options, {results.errors, results.referenceErrors, document.PageList()}, inputs, document,
-                           host, console);
+    return FinishCompleted(options, {results.errors, results.referenceErrors, document.PageList(), results.notes},
+                           inputs, document, host, console);
 }

@@ -1,9 +1,9 @@
 #include "cli/output/json_results.h"
 
+#include <new>
 #include <nlohmann/json.hpp>
 
-#include "compare/plots/page_ids.h"
-#include "compare/summary_table.h"
+#include "compare/plots/page_table.h"
 
 namespace {
 
@@ -20,11 +20,23 @@ Json SettingsJson(const CCompareOptions& options) {
     settings["window"] = options.window ? Json::array({options.window->min, options.window->max}) : Json(nullptr);
     settings["corridor"] = options.corridor;
     Json critical;
-    for (const CCriterion& criterion : kCriteria) {
+    for (const CCriterion& criterion : Criteria()) {
         critical[std::string(criterion.name)] = options.critical.*criterion.limit;
     }
     settings["critical"] = std::move(critical);
     return settings;
+}
+
+Json NoteJson(const CNote& note) {
+    Json json;
+    json["kind"] = NameOf(note.kind);
+    json["text"] = note.sentence;
+    return json;
+}
+
+// Without any note there is no member: what is written about such a run is what it was before there were notes.
+void AddNotes(Json& json, const std::vector<CNote>& notes) {
+    for (const CNote& note : notes) json["notes"].push_back(NoteJson(note));
 }
 
 Json ReferenceJson(const CSignal& reference) {
@@ -36,6 +48,7 @@ Json ReferenceJson(const CSignal& reference) {
     json["xUnits"] = record.GetXUNITS();
     json["yUnits"] = record.GetYUNITS();
     json["warnings"] = record.GetWarnings();
+    AddNotes(json, reference.Notes());
     return json;
 }
 
@@ -65,18 +78,20 @@ Json MeasuresJson(const CComparison& measures) {
     return json;
 }
 
-Json SignalJson(const CSignal& signal) {
+Json SignalJson(const CSignal& signal, std::span<const CSummaryColumn> summaryColumns) {
     Json json;
     json["path"] = signal.GetPath();
     json["referenceName"] = signal.GetReferenceName();
     json["pointCount"] = signal.GetPointCount();
     json["warnings"] = signal.Record().GetWarnings();
+    AddNotes(json, signal.Notes());
     json["measures"] = MeasuresJson(signal.Comparison());
     Json columns = Json::array();
     Json verdicts = Json::array();
-    for (int column = 0; column < kSummaryColumnCount; ++column) {
-        columns.push_back(signal.GetColumnText(column));
-        verdicts.push_back(VerdictName(signal.GetColumnColor(column)));
+    for (const CSummaryColumn& column : summaryColumns) {
+        if (!column.isFixed) continue;
+        columns.push_back(column.text(signal));
+        verdicts.push_back(VerdictName(Judge(column, signal)));
     }
     json["columns"] = std::move(columns);
     json["verdicts"] = std::move(verdicts);
@@ -94,6 +109,12 @@ Json PageJson(const CPageView& page, bool chart) {
     json["yTitle"] = page.block.yTitle;
     json["pointCount"] = chart ? page.block.pointCount : 0;
     json["seriesCount"] = chart ? page.block.seriesCount : 0;
+    for (const CPageNote& note : page.notes) {
+        Json item;
+        item["signal"] = note.signal;
+        item.update(NoteJson(note.note));
+        json["notes"].push_back(std::move(item));
+    }
     return json;
 }
 
@@ -120,16 +141,19 @@ void AppendItem(std::string& items, const std::string& item) {
 }  // namespace
 
 CJsonResults::CJsonResults(const CCompareOptions& options, const CResults& results, const CSignal& reference,
-                           const std::vector<CSignal>& signalList) {
+                           const std::vector<CSignal>& signalList, std::span<const CSummaryColumn> columns) {
     AppendMember(m_text, "format", "\"quorvel-compare\"");
     AppendMember(m_text, "version", "1");
     AppendMember(m_text, "settings", Dump(SettingsJson(options)));
     AppendMember(m_text, "errors", Dump(Json(results.errors)));
     AppendMember(m_text, "referenceErrors", Dump(Json(results.referenceErrors)));
+    Json run;
+    AddNotes(run, results.notes);
+    if (!run.empty()) AppendMember(m_text, "notes", Dump(run["notes"]));
     AppendMember(m_text, "reference", Dump(ReferenceJson(reference)));
     AppendMember(m_text, "pageList", Dump(Json(results.pageList)));
     std::string items;
-    for (const CSignal& signal : signalList) AppendItem(items, Dump(SignalJson(signal)));
+    for (const CSignal& signal : signalList) AppendItem(items, Dump(SignalJson(signal, columns)));
     AppendMember(m_text, "signals", "[" + items + "]");
 }
 
@@ -141,11 +165,22 @@ void CJsonResults::BeginPages() {
 }
 
 void CJsonResults::AddPage(const CPageView& page) {
+    if (m_isTooLong) return;
+    try {
+        AppendPage(page);
+    } catch (const std::bad_alloc&) {
+        // The other outputs are still to be made, and can use the memory.
+        m_isTooLong = true;
+        m_text = std::string();
+    }
+}
+
+void CJsonResults::AppendPage(const CPageView& page) {
     BeginPages();
     m_text += m_hasPage ? ",\n  " : "\n  ";
     m_hasPage = true;
     // The summary page keeps the chart block of the page before it; it has no curves of its own.
-    const bool chart = page.id != page::kSummary;
+    const bool chart = HasChart(page.id);
     m_text += Dump(PageJson(page, chart));
     m_text.back() = ',';  // in place of the closing brace
     m_text += "\"series\":[";
@@ -157,6 +192,7 @@ void CJsonResults::AddPage(const CPageView& page) {
 }
 
 std::string CJsonResults::Finish(bool withPages) {
+    if (m_isTooLong) throw std::bad_alloc();
     if (withPages) {
         BeginPages();
         m_text += ']';
@@ -165,13 +201,13 @@ std::string CJsonResults::Finish(bool withPages) {
     return std::move(m_text);
 }
 
-std::string_view VerdictName(CVerdictColor color) {
-    switch (color) {
-        case CVerdictColor::White:
+std::string_view VerdictName(Verdict verdict) {
+    switch (verdict) {
+        case Verdict::None:
             return "none";
-        case CVerdictColor::Green:
+        case Verdict::Good:
             return "good";
-        case CVerdictColor::Red:
+        case Verdict::Bad:
             break;
     }
     return "bad";

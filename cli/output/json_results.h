@@ -3,14 +3,19 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "cli/commands/compare_options.h"
+#include "cli/output/notes.h"
 #include "compare/chart_block.h"
+#include "compare/note.h"
 #include "compare/plots/plot.h"
 #include "compare/signal.h"
+#include "compare/summary_columns.h"
+#include "compare/verdict.h"
 
 /// What a comparison left, as the results file shows it. A stopped run has neither pages nor signals.
 class CResults {
@@ -18,6 +23,7 @@ public:
     std::vector<std::string> errors;           ///< messages of the run
     std::vector<std::string> referenceErrors;  ///< messages of a reference that could not be read
     std::vector<std::int32_t> pageList;
+    std::vector<CNote> notes = {};  ///< notes of the run; those of a signal are with the signal
 };
 
 /// One chart page as the results file shows it.
@@ -28,30 +34,34 @@ public:
     const CChartBlock& block;
     const CSeriesList& series;
     const std::vector<std::string>& names;
+    std::vector<CPageNote> notes = {};  ///< what building the page did to the signals
 };
 
 /// Writes the results file of `quorvel-cli compare`; docs/formats/results.md describes it.
 ///
 /// One line per member, signal and page, so that two files can be compared by eye. Numbers read back bit for bit,
 /// numbers that are not finite are null, and bytes that are not UTF-8 appear as U+FFFD. Members are added in the order
-/// of the functions below; series pass through one at a time, so a long page list needs little memory beside the
+/// of the functions below; series pass through one at a time, so a long page list needs little memory besides the
 /// text itself.
 class CJsonResults {
 public:
     CJsonResults(const CCompareOptions& options, const CResults& results, const CSignal& reference,
-                 const std::vector<CSignal>& signalList);
+                 const std::vector<CSignal>& signalList, std::span<const CSummaryColumn> columns = SummaryColumns());
 
     void AddPage(const CPageView& page);
     /// Ends the text. `withPages` adds the member "pages", empty when no page was added.
+    /// @throws std::bad_alloc when the memory for the text did not suffice, here or before
     std::string Finish(bool withPages);
 
 private:
     void BeginPages();
+    void AppendPage(const CPageView& page);
 
     std::string m_text;
     bool m_inPages = false;
     bool m_hasPage = false;
+    bool m_isTooLong = false;
 };
 
 /// "none", "good" or "bad".
-std::string_view VerdictName(CVerdictColor color);
+std::string_view VerdictName(Verdict verdict);

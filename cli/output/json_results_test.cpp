@@ -8,6 +8,8 @@
 #include <limits>
 #include <nlohmann/json.hpp>
 
+#include "tests/support/summary_samples.h"
+
 namespace {
 
 using nlohmann::json;
@@ -105,6 +107,15 @@ TEST(JsonResults, ShowASignalWithTextsAndVerdicts) {
                                                 "good", "good", "good", "good", "none", "none", "none"}));
 }
 
+TEST(JsonResults, LeaveOutColumnsThatAreNotFixed) {
+    const std::vector<CSummaryColumn> columns = ColumnsWithExtra(), fixed = FixedColumns();
+    const CSignal signal = SignalOf("path", {0.0, 2.0, 4.0, 2.0, 0.0});
+    const std::string text = CJsonResults({}, {}, signal, {signal}, columns).Finish(false);
+    EXPECT_EQ(text, CJsonResults({}, {}, signal, {signal}, fixed).Finish(false));
+    EXPECT_EQ(json::parse(text).at("signals").at(0).at("columns").size(), 16U);
+    EXPECT_EQ(json::parse(text).at("signals").at(0).at("verdicts").size(), 16U);
+}
+
 TEST(JsonResults, ShowTheSummaryPageWithoutCurvesWhateverTheChartBlockHolds) {
     CChartBlock block;
     block.pointCount = 9;
@@ -134,6 +145,29 @@ TEST(JsonResults, ShowAChartPageWithoutSeriesAsNotBuilt) {
     const json page = json::parse(results.Finish(true)).at("pages").at(0);
     EXPECT_EQ(page.at("built"), false);
     EXPECT_TRUE(page.at("error").is_null());
+}
+
+TEST(JsonResults, ShowNotesBesideTheWarnings) {
+    CSignal reference("ref");
+    reference.Notes().push_back({NoteKind::ReferenceResampled, "R."});
+    CSignal signal("a");
+    signal.Notes().push_back({NoteKind::NotFiltered, "S."});
+    signal.Notes().push_back({NoteKind::Resampled, "T."});
+    CJsonResults results({}, {{}, {}, {}, {{NoteKind::AverageIsFirst, "U."}}}, reference, {signal});
+    CPageView page{6, std::nullopt, {}, {}, {}};
+    page.notes.push_back({3, {NoteKind::CutByPage, "V."}});
+    results.AddPage(page);
+    const std::string text = results.Finish(true);
+
+    EXPECT_THAT(text,
+                testing::HasSubstr("\"referenceErrors\": [],\n\"notes\": [{\"kind\":\"average-is-first\",\"text\":"
+                                   "\"U.\"}],\n\"reference\""));
+    EXPECT_THAT(text,
+                testing::HasSubstr("\"warnings\":[],\"notes\":[{\"kind\":\"reference-resampled\",\"text\":\"R.\"}]}"));
+    EXPECT_THAT(text, testing::HasSubstr("\"warnings\":[],\"notes\":[{\"kind\":\"not-filtered\",\"text\":\"S.\"},"
+                                         "{\"kind\":\"resampled\",\"text\":\"T.\"}],\"measures\""));
+    EXPECT_THAT(text, testing::HasSubstr("\"seriesCount\":0,\"notes\":[{\"signal\":3,\"kind\":\"cut-by-page\",\"text\":"
+                                         "\"V.\"}],\"series\":[]"));
 }
 
 TEST(JsonResults, HavePagesOnlyWhenAsked) {

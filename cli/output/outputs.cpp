@@ -1,23 +1,13 @@
 #include "cli/output/outputs.h"
 
+#include <algorithm>
 #include <filesystem>
+#include <new>
+#include <stdexcept>
 #include <system_error>
 
 #include "files/native_path.h"
 #include "files/same_file.h"
-
-namespace {
-
-std::string Utf8(const std::filesystem::path& path) {
-#ifdef _WIN32
-    const std::u8string text = path.u8string();
-    return {text.begin(), text.end()};
-#else
-    return path.string();
-#endif
-}
-
-}  // namespace
 
 void COutputs::Write(std::string_view what, const std::string& path, std::string_view text) {
     if (path == kStandardOutput) {
@@ -25,6 +15,16 @@ void COutputs::Write(std::string_view what, const std::string& path, std::string
         return;
     }
     Note(what, path, ks::WriteFile(path, text));
+}
+
+void COutputs::Write(std::string_view what, const std::string& path, const std::function<std::string()>& make) {
+    try {
+        Write(what, path, make());
+    } catch (const std::bad_alloc&) {
+        Fail(std::string(what) + " could not be written; there is not enough memory: " + path);
+    } catch (const std::length_error&) {  // more than any memory holds
+        Fail(std::string(what) + " could not be written; there is not enough memory: " + path);
+    }
 }
 
 void COutputs::Note(std::string_view what, const std::string& path, ks::WriteResult result) {
@@ -40,14 +40,16 @@ void COutputs::Note(std::string_view what, const std::string& path, ks::WriteRes
     }
 }
 
+bool COutputs::Protects(const std::string& path) const {
+    return std::ranges::any_of(m_inputs, [&path](const std::string& input) { return ks::WouldReplace(path, input); });
+}
+
 bool COutputs::IsInput(const std::string& path) {
-    for (const std::string& input : m_inputs) {
-        if (ks::WouldReplace(path, input)) {
-            Fail("An output would overwrite an input: " + path);
-            return true;
-        }
+    if (!Protects(path)) {
+        return false;
     }
-    return false;
+    Fail("An output would overwrite an input: " + path);
+    return true;
 }
 
 bool COutputs::MakeFolder(const std::string& path) {
@@ -73,5 +75,5 @@ void COutputs::Finish() {
 }
 
 std::string PathIn(const std::string& folder, const std::string& name) {
-    return Utf8(ks::NativePath(folder) / name);
+    return ks::Utf8Path(ks::NativePath(folder) / ks::NativePath(name));
 }

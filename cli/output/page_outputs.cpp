@@ -1,19 +1,22 @@
 #include "cli/output/page_outputs.h"
 
 #include <exception>
+#include <filesystem>
+#include <optional>
+#include <set>
+#include <system_error>
 
 #include "cli/join.h"
+#include "cli/output/notes.h"
+#include "cli/output/page_files.h"
 #include "compare/export.h"
-#include "compare/plots/page_ids.h"
+#include "compare/plots/page_table.h"
+#include "files/native_path.h"
 
 namespace {
 
-std::string PageStem(std::int32_t pageId) {
-    return "page-" + std::to_string(pageId);
-}
-
 void WriteAsciiPage(const std::string& folder, const CQuorvelDoc& document, std::int32_t pageId, COutputs& outputs) {
-    const std::string path = PathIn(folder, PageStem(pageId) + ".txt");
+    const std::string path = AsciiPagePath(folder, pageId);
     if (outputs.IsInput(path)) {
         return;
     }
@@ -21,18 +24,58 @@ void WriteAsciiPage(const std::string& folder, const CQuorvelDoc& document, std:
     outputs.Note("The ASCII table of a page", path, WriteAsciiTable(path, document.ChartBlock(), pageId));
 }
 
-void WriteUdsPage(const std::string& folder, const CQuorvelDoc& document, std::int32_t pageId, COutputs& outputs) {
+/// The UDS files of a run.
+class CUdsPages {
+public:
+    CUdsPages(const std::string& folder, COutputs& outputs) : m_folder(folder), m_outputs(outputs) {}
+
+    void Write(const CQuorvelDoc& document, std::int32_t pageId);
+    /// Removes those of an earlier run, which would pass for this run's.
+    void RemoveOlder();
+
+private:
+    void Save(const ks::CNSignal& series, const std::string& path);
+
+    const std::string& m_folder;
+    COutputs& m_outputs;
+    std::set<std::string> m_paths;  ///< of this run
+};
+
+void CUdsPages::Write(const CQuorvelDoc& document, std::int32_t pageId) {
     std::size_t number = 0;
     for (const auto& series : document.Series()) {
-        const std::string path = PathIn(folder, PageStem(pageId) + "-" + std::to_string(++number) + ".uds");
-        if (outputs.IsInput(path)) {
+        const std::string path = UdsPagePath(m_folder, pageId, ++number);
+        m_paths.insert(path);
+        if (!m_outputs.IsInput(path)) {
+            Save(*series, path);
+        }
+    }
+}
+
+void CUdsPages::Save(const ks::CNSignal& series, const std::string& path) {
+    try {
+        series.SaveUDS(path);
+    } catch (const std::exception& error) {
+        m_outputs.Fail("The series could not be written: " + path + ": " + error.what());
+    }
+}
+
+void CUdsPages::RemoveOlder() {
+    for (const std::string& path : UdsPagesIn(m_folder)) {
+        if (m_paths.contains(path) || m_outputs.Protects(path)) {
             continue;
         }
-        try {
-            series->SaveUDS(path);
-        } catch (const std::exception& error) {
-            outputs.Fail("The series could not be written: " + path + ": " + error.what());
+        std::error_code error;
+        std::filesystem::remove(ks::NativePath(path), error);
+        if (error) {
+            m_outputs.Fail("A file of an earlier run could not be removed: " + path);
         }
+    }
+}
+
+void TellNotes(const CQuorvelDoc& document, const std::vector<CPageNote>& notes, CCliHost& host) {
+    for (const CPageNote& note : notes) {
+        host.TellMore(Join({document.ComputedSignals()[note.signal].GetPath(), ": note: ", note.note.sentence}));
     }
 }
 
@@ -45,25 +88,34 @@ bool WantsPages(const CCompareOptions& options) {
 void WritePages(const CCompareOptions& options, CQuorvelDoc& document, CCliHost& host, CJsonResults& json,
                 COutputs& outputs) {
     const bool ascii = options.asciiFolder && outputs.MakeFolder(*options.asciiFolder);
-    const bool uds = options.udsFolder && outputs.MakeFolder(*options.udsFolder);
+    std::optional<CUdsPages> uds;
+    if (options.udsFolder && outputs.MakeFolder(*options.udsFolder)) {
+        uds.emplace(*options.udsFolder, outputs);
+    }
     if (!options.pages && !ascii && !uds) {
         return;
     }
     host.TakeShownMessages();
     for (const std::int32_t pageId : document.PageList()) {
         host.NameSource(Join({"Page ", std::to_string(pageId), " (", PageName(pageId), ")"}));
+        const CPageNotes pageNotes(document);
         document.SelectPage(pageId);
+        const std::vector<CPageNote> notes = pageNotes.Added();
+        TellNotes(document, notes, host);
         const std::vector<std::string> shown = host.TakeShownMessages();
         if (options.pages) {
             const auto error = shown.empty() ? std::nullopt : std::optional<std::string>(shown.front());
-            json.AddPage({pageId, error, document.ChartBlock(), document.Series(), document.SeriesNames()});
+            json.AddPage({pageId, error, document.ChartBlock(), document.Series(), document.SeriesNames(), notes});
         }
         if (ascii) {
             WriteAsciiPage(*options.asciiFolder, document, pageId, outputs);
         }
         if (uds) {
-            WriteUdsPage(*options.udsFolder, document, pageId, outputs);
+            uds->Write(document, pageId);
         }
+    }
+    if (uds) {
+        uds->RemoveOlder();
     }
     host.NameSource({});
 }

@@ -2,6 +2,7 @@
 
 #include "cli/join.h"
 #include "cli/output/display_text.h"
+#include "cli/output/notes.h"
 #include "files/number_text.h"
 
 namespace {
@@ -30,13 +31,19 @@ std::string PreparationText(const CCompareOptions& options) {
     return text;
 }
 
+// `text` with `number` in place of its %1.
+std::string WithNumber(std::string_view text, double number) {
+    constexpr std::string_view kPlace = "%1";
+    const std::size_t place = text.find(kPlace);
+    return Join({text.substr(0, place), GeneralText(number), text.substr(place + kPlace.size())});
+}
+
 std::string LimitsText(const CCompareOptions& options) {
-    const CCriticalValues& c = options.critical;
-    return Join({"Good is below: average residual ", GeneralText(c.averageResidual), " %, standard deviation ",
-                 GeneralText(c.standardDeviation), " % of the\nreference peak; share of points outside the corridor ",
-                 GeneralText(c.corridor), "; 1 - correlation ", GeneralText(c.correlation), ";\nT statistic ",
-                 GeneralText(c.tStatistic), "; moment differences ", GeneralText(c.moment),
-                 ".\n\"% in Corridor\" is the share of points outside the corridor of +-",
+    std::string text = "Good is below: ";
+    for (const CCriterion& criterion : Criteria()) {
+        text += WithNumber(criterion.phrase, options.critical.*criterion.limit);
+    }
+    return Join({text, "\"% in Corridor\" is the share of points outside the corridor of +-",
                  GeneralText(options.corridor), ".\n"});
 }
 
@@ -54,6 +61,7 @@ std::string WarningsNote(const CQuorvelDoc& document) {
 void AppendSignal(std::string& text, std::string_view role, const CSignal& signal) {
     text += Join({role, " ", signal.GetPath(), ": ", RecordText(signal.Record()), "\n"});
     for (const std::string& warning : signal.Record().GetWarnings()) text += Join({"  warning: ", warning, "\n"});
+    text += NoteLines(signal.Notes(), "  ");
 }
 
 }  // namespace
@@ -73,7 +81,7 @@ std::string TableReport(const CCompareOptions& options, const CQuorvelDoc& docum
 }
 
 std::string VerboseReport(const CQuorvelDoc& document) {
-    std::string text;
+    std::string text = NoteLines(document.Notes(), "");
     AppendSignal(text, "Reference", document.Reference());
     for (const CSignal& signal : document.ComputedSignals()) AppendSignal(text, "Compared", signal);
     text.pop_back();  // the console ends the last line

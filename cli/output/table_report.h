@@ -7,9 +7,10 @@
 #include "compare/document.h"
 
 /// What a completed run prints on standard output: reference and preparation, the numbered paths, the table, and the
-/// limits behind its verdicts.
+/// limits that its verdicts depend on.
 std::string TableReport(const CCompareOptions& options, const CQuorvelDoc& document, const CSummaryTable& table,
                         const CTextTableStyle& style);
 
-/// What --verbose tells on standard error about a completed run: every signal with its points and its warnings.
+/// What --verbose tells on standard error about a completed run: the notes of the run, and every signal with its
+/// points, its warnings and its notes.
 std::string VerboseReport(const CQuorvelDoc& document);

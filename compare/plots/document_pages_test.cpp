@@ -36,9 +36,9 @@ public:
     std::optional<CCriticalValues> EditCriticalValues(const CCriticalValues& /*values*/) override {
         return std::nullopt;
     }
-    std::optional<std::string> AskSavePath(const CSaveRequest& /*request*/) override { return std::nullopt; }
-    std::string ReadSetting(const std::string& /*key*/, const std::string& fallback) override { return fallback; }
-    void StoreSetting(const std::string& /*key*/, const std::string& /*value*/) override {}
+    std::optional<std::string> AskSavePath(const ks::CFileRequest& /*request*/) override { return std::nullopt; }
+    std::string ReadSetting(const CTextSetting& key) override { return key.fallback; }
+    void StoreSetting(const CTextSetting& /*key*/, const std::string& /*value*/) override {}
     void Beep() override {}
     void SetBusy(bool /*busy*/) override {}
     void Progress(std::size_t /*done*/, std::size_t /*total*/, const std::string& /*path*/) override {}

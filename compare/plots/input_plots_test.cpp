@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "compare/plots/page_ids.h"
+#include "compare/plots/page_table.h"
 #include "files/error.h"
 #include "tests/support/page_samples.h"
 

@@ -3,7 +3,7 @@
 #include <cmath>
 #include <string>
 
-#include "compare/plots/page_ids.h"
+#include "compare/plots/page_table.h"
 #include "tests/support/page_samples.h"
 
 namespace {
@@ -27,7 +27,8 @@ void BuildPage(benchmark::State& state) {
 
 void Pages(benchmark::internal::Benchmark* benchmark) {
     benchmark->ArgNames({"page", "samples", "rate"})->Unit(benchmark::kMillisecond);
-    for (std::int32_t pageId = page::kInputData; pageId <= page::kCrossCorrelation; ++pageId) {
+    for (const std::int32_t pageId : PageIds()) {
+        if (!HasChart(pageId)) continue;
         benchmark->Args({pageId, 3000, 10000});
         benchmark->Args({pageId, 300000, 100000});
         benchmark->Args({pageId, 300000, 1000000});

@@ -112,6 +112,34 @@ class Waves(EndToEndTest):
         self.assertEqual(self.compare("--quiet", "--ascii", "old", "--reference", "r", "a").status, 0)
         self.assertNotEqual(self.read("old/page-7.txt"), b"old")
 
+    def test_series_files_of_an_earlier_run_go_and_no_other_file(self):
+        self.assertEqual(self.compare("--quiet", "--uds", "uds", "--reference", "r", "a", "b").status, 0)
+        kept = ["page-7-1.UDS", "page-99-1.uds", "page-7-03.uds", "page-7.txt", "page-7-3.uds.bak", "other.uds"]
+        for name in kept:
+            self.write(f"uds/{name}", b"mine")
+        os.symlink("nowhere", self.folder / "uds/page-2-1.uds")
+        os.mkdir(self.folder / "uds/page-2-2.uds")
+        run = self.compare("--quiet", "--uds", "uds", "--reference", "r", "a")
+        self.assertEqual((run.status, run.err), (0, b""))
+        names = os.listdir(self.folder / "uds")
+        self.assertIn("page-7-2.uds", names)
+        self.assertNotIn("page-7-3.uds", names, "of the second signal of the earlier run")
+        self.assertNotIn("page-2-1.uds", names, "a link of such a name")
+        self.assertTrue(set(kept) | {"page-2-2.uds"} <= set(names))
+
+    def test_an_input_of_such_a_name_is_not_removed(self):
+        os.mkdir(self.folder / "uds")
+        self.write("uds/page-10-9.uds", uds(wave(300), STEP))
+        run = self.compare("--quiet", "--uds", "uds", "--reference", "r", "uds/page-10-9.uds")
+        self.assertEqual((run.status, run.err), (0, b""))
+        self.assertEqual(self.read("uds/page-10-9.uds"), uds(wave(300), STEP))
+
+    def test_a_run_that_stops_removes_nothing(self):
+        os.mkdir(self.folder / "uds")
+        self.write("uds/page-7-1.uds", b"old")
+        self.assertEqual(self.compare("--quiet", "--uds", "uds", "missing").status, 3)
+        self.assertEqual(self.read("uds/page-7-1.uds"), b"old")
+
     def test_a_folder_that_cannot_be_made_stops_only_its_own_files(self):
         run = self.compare("--quiet", "--ascii", "r/x", "--uds", "uds", "--csv", "out.csv", "--reference", "r", "a")
         self.assertEqual(run.status, 4)

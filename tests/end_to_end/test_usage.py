@@ -1,5 +1,6 @@
 """Wrong usage ends with status 2 and a sentence, before anything is read or written."""
 
+import os
 import unittest
 
 from support import ScaledTest
@@ -62,6 +63,49 @@ class WrongUsage(ScaledTest):
     def test_an_option_given_twice_is_refused(self):
         self.assertRefused("Option --reference can be given only once.", "--reference", "reference.uds",
                            "--reference", "reference.uds", "scaled.uds")
+
+    def assertShared(self, a, b, *arguments):
+        self.assertRefused(f"Two outputs would go to one file: {a} and {b}", *arguments, "scaled.uds")
+
+    def test_two_outputs_on_one_path_are_refused(self):
+        self.assertShared("out", "out", "--json", "out", "--csv", "out")
+        self.assertShared("out", "./out", "--html", "out", "--json", "./out")
+        self.assertShared("out", "missing/../out", "--html", "out", "--csv", "missing/../out")
+
+    def test_two_outputs_on_one_file_by_links_are_refused(self):
+        self.write("old", b"old")
+        os.link(self.folder / "old", self.folder / "hard")
+        os.symlink("old", self.folder / "soft")
+        os.symlink("new", self.folder / "waiting")
+        self.assertShared("old", "hard", "--json", "old", "--csv", "hard")
+        self.assertShared("soft", "old", "--html", "soft", "--csv", "old")
+        self.assertShared("waiting", "new", "--html", "waiting", "--csv", "new")
+        self.assertEqual(self.read("old"), b"old")
+
+    def test_an_output_on_the_file_of_a_page_is_refused(self):
+        self.assertShared("dir/page-2.txt", "dir/page-2.txt", "--html", "dir/page-2.txt", "--ascii", "dir")
+        self.assertShared("./dir/page-7-3.uds", "dir/page-7-3.uds", "--csv", "./dir/page-7-3.uds", "--uds", "dir")
+        os.symlink("dir/page-7-3.uds", self.folder / "waiting")
+        self.assertShared("waiting", "dir/page-7-3.uds", "--csv", "waiting", "--uds", "dir")
+        os.mkdir(self.folder / "dir")
+        self.write("dir/page-8-1.uds", b"old")
+        os.link(self.folder / "dir/page-8-1.uds", self.folder / "hard")
+        os.link(self.folder / "dir/page-8-1.uds", self.folder / "dir/page-9-1.uds")
+        self.assertShared("hard", "dir/page-8-1.uds", "--json", "hard", "--uds", "dir")
+        self.assertShared("dir/page-8-1.uds", "dir/page-9-1.uds", "--uds", "dir")
+        os.symlink("page-3.txt", self.folder / "dir/page-4.txt")
+        self.assertShared("dir/page-3.txt", "dir/page-4.txt", "--ascii", "dir")
+        os.symlink("page-8-1.uds", self.folder / "dir/page-5.txt")
+        os.remove(self.folder / "dir/page-4.txt")
+        self.assertShared("dir/page-5.txt", "./dir/page-8-1.uds", "--ascii", "dir", "--uds", "./dir")
+
+    def test_outputs_beside_the_files_of_pages_are_not(self):
+        os.mkdir(self.folder / "dir")
+        run = self.compare("--quiet", "--html", "dir/page-0.txt", "--csv", "dir/page-7-01.uds", "--ascii", "dir", "--uds",
+                           "dir", "--reference", "reference.uds", "scaled.uds")
+        self.assertNotEqual(run.status, 2)
+        self.assertTrue(self.read("dir/page-0.txt").startswith(b"<html>"))
+        self.assertTrue(self.read("dir/page-7-01.uds").startswith(b"Filename,"))
 
     def test_an_output_in_place_of_an_input_is_refused(self):
         before = self.read("scaled.uds")

@@ -55,7 +55,7 @@ class Examples(unittest.TestCase):
         tally = Tally()
         for label, options, words in option_sets():
             check_run(tally, self.tool, TOP, label, options, words)
-        require(self, tally, 2000000, runs=18, finished_runs=18, series=800)
+        require(self, tally, 2000000, runs=18, finished_runs=18, series=800, notes=250)
 
     def test_both_sets_together_show_every_page_without_an_error(self):
         for page_list, options, words in (([1, 7, 8, 9, 4, 3, 5, 6, 10, 11], *option_sets()[0][1:]),

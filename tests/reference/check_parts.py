@@ -8,8 +8,9 @@ import ascii_points
 import measures as measure
 import pages
 from ieee import Fault
+from notes import as_json
 from record import Record
-from tool import Tally
+from tool import Tally, check_notes
 from uds_bytes import read_integer, read_real
 
 
@@ -126,6 +127,18 @@ class Comparison(unittest.TestCase):
         tally.same("text", "a", "b")
         tally.same("type", 1, True)
         self.assertEqual(3, len(tally.faults))
+
+    def test_it_fails_on_notes_that_differ(self):
+        notes = [("resampled", "Text.")]
+        for expected, seen in ((notes, {}), ([], {"notes": []}), ([], {"notes": as_json(notes)}),
+                               (notes, {"notes": as_json([("resampled", "Other.")])})):
+            tally = Tally()
+            check_notes(tally, "notes", expected, seen)
+            self.assertEqual(1, len(tally.faults), (expected, seen))
+        tally = Tally()
+        check_notes(tally, "notes", [], {})
+        check_notes(tally, "notes", notes, {"notes": as_json(notes)})
+        self.assertEqual(([], 1), (tally.faults, tally.notes))
 
     def test_it_accepts_what_agrees(self):
         tally = Tally()

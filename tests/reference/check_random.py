@@ -11,6 +11,7 @@ import tempfile
 import unittest
 from pathlib import Path
 
+from document import Options
 from make_random import RandomRun
 from tool import Tally, check_run, require
 
@@ -18,6 +19,7 @@ from tool import Tally, check_run, require
 ALL_SEEDS = range(1, 201)
 LEAST_NUMBERS = 5000000
 LEAST_FINISHED_RUNS = 120
+LEAST_NOTES = 1200
 
 
 class RandomRuns(unittest.TestCase):
@@ -36,7 +38,23 @@ class RandomRuns(unittest.TestCase):
                     os.chdir(here)
         whole = self.seeds == ALL_SEEDS
         require(self, tally, LEAST_NUMBERS if whole else 0, runs=len(self.seeds),
-                finished_runs=LEAST_FINISHED_RUNS if whole else 0)
+                finished_runs=LEAST_FINISHED_RUNS if whole else 0, notes=LEAST_NOTES if whole else 0)
+
+    def test_signals_seconds_apart_are_told(self):
+        """Points of text, numbered from 0: a resampling carries the late ones back to the early ones' times."""
+        tally, here = Tally(), os.getcwd()
+        with tempfile.TemporaryDirectory() as folder:
+            for name, start in (("early.txt", 0.0), ("late.txt", 5.0)):
+                lines = ["%.3f %g\n" % (start + i / 1000, i % 7) for i in range(100)]
+                Path(folder, name).write_text("".join(lines), encoding="ascii")
+            os.chdir(folder)
+            try:
+                for options in (Options(["late.txt"], "early.txt"), Options(["early.txt", "late.txt"])):
+                    document = check_run(tally, self.tool, folder, "apart", options)
+                    self.assertEqual("no-common-time", document.computed[-1].notes[0][0])
+            finally:
+                os.chdir(here)
+        require(self, tally, 0, finished_runs=2)
 
 
 if __name__ == "__main__":

@@ -5,6 +5,7 @@ import math
 import subprocess
 
 import measures as measure
+import notes as note
 import pages as page_series
 from document import Document
 from ieee import Fault
@@ -23,7 +24,7 @@ class Tally:
     """How many values were compared, how far they were apart at most, and what disagreed."""
 
     def __init__(self):
-        self.values = self.texts = self.runs = self.finished_runs = self.series = self.failed_pages = 0
+        self.values = self.texts = self.runs = self.finished_runs = self.series = self.failed_pages = self.notes = 0
         self.largest, self.where = 0.0, ""
         self.faults = []
 
@@ -60,9 +61,9 @@ class Tally:
             self.near("%s[%d]" % (place, i), value, seen[i], scale)
 
     def report(self):
-        return ("%d runs (%d to the end), %d series, %d refused pages, %d numbers and %d texts compared, "
+        return ("%d runs (%d to the end), %d series, %d refused pages, %d notes, %d numbers and %d texts compared, "
                 "largest deviation %.3g %s" % (self.runs, self.finished_runs, self.series, self.failed_pages,
-                                               self.values, self.texts, self.largest, self.where))
+                                               self.notes, self.values, self.texts, self.largest, self.where))
 
 
 def arguments(options):
@@ -99,6 +100,11 @@ def check_run(tally, tool, folder, label, options, file_words=None):
     for message in document.errors + document.reference_errors:
         if message not in complaints:
             tally.fault(label + " standard error", message, complaints)
+    for message in note.complaints(document):
+        if "quorvel-cli: " + message + "\n" not in complaints:
+            tally.fault(label + " standard error", message, complaints)
+    tally.same(label + " complaints of no common time", len(note.complaints(document)),
+               complaints.count("no time in common") + complaints.count("No time in common"))
     check_head(tally, label, options, document, result)
     if complete:
         tally.finished_runs += 1
@@ -126,6 +132,13 @@ def check_head(tally, label, options, document, result):
     tally.same(label + " errors", document.errors, result["errors"])
     tally.same(label + " referenceErrors", document.reference_errors, result["referenceErrors"])
     tally.same(label + " pageList", document.pages, result["pageList"])
+    check_notes(tally, label, document.notes, result)
+
+
+def check_notes(tally, place, expected, seen):
+    """The member is there where there is something to tell, and only there."""
+    tally.notes += len(expected)
+    tally.same(place + " notes", note.as_json(expected) if expected else None, seen.get("notes"))
 
 
 def check_reference(tally, label, signal, seen):
@@ -135,6 +148,7 @@ def check_reference(tally, label, signal, seen):
     tally.near(label + " timeStep", record.step, seen["timeStep"])
     tally.same(label + " units", [record.x_units, record.y_units], [seen["xUnits"], seen["yUnits"]])
     tally.same(label + " warnings", record.warnings, seen["warnings"])
+    check_notes(tally, label, signal.notes, seen)
 
 
 def check_signals(tally, label, document, seen):
@@ -145,6 +159,7 @@ def check_signals(tally, label, document, seen):
         tally.same(place + " referenceName", signal.reference_name, shown["referenceName"])
         tally.same(place + " pointCount", len(signal.record.y), shown["pointCount"])
         tally.same(place + " warnings", signal.record.warnings, shown["warnings"])
+        check_notes(tally, place, signal.notes, shown)
         check_measures(tally, place, signal.measures, shown["measures"])
         tally.same(place + " columns",
                    measure.column_texts(signal.path, signal.reference_name, signal.measures), shown["columns"])
@@ -164,6 +179,7 @@ def check_pages(tally, label, document, seen, complaints):
     tally.same(label + " pages", document.pages, [shown["id"] for shown in seen])
     for page, shown in zip(document.pages, seen):
         place = "%s page %d" % (label, page)
+        before = [note.Sampling(signal.record) for signal in document.computed]
         try:
             series, error = page_series.build(document, page), None
         except Fault as fault:
@@ -176,7 +192,15 @@ def check_pages(tally, label, document, seen, complaints):
         tally.same(place + " titles", list(page_series.titles(document, page)), [shown["xTitle"], shown["yTitle"]])
         tally.same(place + " counts", [max((len(one.y) for one in series), default=0), len(series)],
                    [shown["pointCount"], shown["seriesCount"]])
+        check_page_notes(tally, place, page_series.NAMES[page], before, document, shown)
         check_series(tally, place, series, shown["series"])
+
+
+def check_page_notes(tally, place, name, before, document, seen):
+    expected = [dict(signal=i, **one) for i, signal in enumerate(document.computed)
+                for one in note.as_json(note.cut_by_page(name, before[i], note.Sampling(signal.record)))]
+    tally.notes += len(expected)
+    tally.same(place + " notes", expected or None, seen.get("notes"))
 
 
 def check_series(tally, place, expected, seen):

@@ -5,7 +5,7 @@
 #include <random>
 #include <utility>
 
-#include "compare/plots/page_ids.h"
+#include "compare/plots/page_table.h"
 
 ks::CNSignal TimeSignal(double timeStep, std::vector<double> y, std::int32_t firstPoint) {
     ks::CNSignal record;

@@ -26,22 +26,22 @@ std::optional<CCriticalValues> CRecordingHost::EditCriticalValues(const CCritica
     return criticalValues;
 }
 
-std::optional<std::string> CRecordingHost::AskSavePath(const CSaveRequest& request) {
+std::optional<std::string> CRecordingHost::AskSavePath(const ks::CFileRequest& request) {
     calls.push_back("save " + request.title);
     saveRequests.push_back(request);
     if (saveRequests.size() > savePaths.size()) return std::nullopt;
     return savePaths[saveRequests.size() - 1];
 }
 
-std::string CRecordingHost::ReadSetting(const std::string& key, const std::string& fallback) {
-    calls.push_back("read " + key);
-    const auto stored = settings.find(key);
-    return stored == settings.end() ? fallback : stored->second;
+std::string CRecordingHost::ReadSetting(const CTextSetting& key) {
+    calls.push_back(std::string("read ") + key.name);
+    const auto stored = settings.find(key.name);
+    return stored == settings.end() ? key.fallback : stored->second;
 }
 
-void CRecordingHost::StoreSetting(const std::string& key, const std::string& value) {
-    calls.push_back("store " + key + "=" + value);
-    settings[key] = value;
+void CRecordingHost::StoreSetting(const CTextSetting& key, const std::string& value) {
+    calls.push_back(std::string("store ") + key.name + "=" + value);
+    settings[key.name] = value;
 }
 
 void CRecordingHost::Beep() {
@@ -54,6 +54,7 @@ void CRecordingHost::SetBusy(bool busy) {
 
 void CRecordingHost::Progress(std::size_t done, std::size_t total, const std::string& path) {
     progress.push_back(std::to_string(done) + "/" + std::to_string(total) + " " + path);
+    whileAtWork();
 }
 
 void CRecordingObserver::OnDocumentUpdate(int hint) {

@@ -1,11 +1,13 @@
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <map>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "compare/critical_values.h"
 #include "compare/document_host.h"
 
 /// A host that answers as it was told and writes down what it was asked.
@@ -18,6 +20,7 @@ public:
     std::vector<std::optional<std::string>> savePaths;  ///< one per request, in order; none left: cancelled
     std::map<std::string, std::string> settings;
     std::function<void()> whileErrorsAreShown = [] {};
+    std::function<void()> whileAtWork = [] {};  ///< at every report of progress
 
     // What happened.
     std::vector<std::string> calls;  ///< in order: "select", "busy on", "busy off", "beep", "errors", "hint 1", "hint
@@ -26,7 +29,7 @@ public:
     std::optional<CFileSelection> offered;
     std::vector<std::vector<std::string>> errorLists;  ///< the sentences of each list
     std::vector<CRunMessage> lastErrors;               ///< the last list
-    std::vector<CSaveRequest> saveRequests;
+    std::vector<ks::CFileRequest> saveRequests;
     double offeredCorridorSize = 0.0;
     CCriticalValues offeredCriticalValues;
 
@@ -34,9 +37,9 @@ public:
     void ShowErrorList(const std::vector<CRunMessage>& messages) override;
     std::optional<double> EditCorridorSize(double size) override;
     std::optional<CCriticalValues> EditCriticalValues(const CCriticalValues& values) override;
-    std::optional<std::string> AskSavePath(const CSaveRequest& request) override;
-    std::string ReadSetting(const std::string& key, const std::string& fallback) override;
-    void StoreSetting(const std::string& key, const std::string& value) override;
+    std::optional<std::string> AskSavePath(const ks::CFileRequest& request) override;
+    std::string ReadSetting(const CTextSetting& key) override;
+    void StoreSetting(const CTextSetting& key, const std::string& value) override;
     void Beep() override;
     void SetBusy(bool busy) override;
     void Progress(std::size_t done, std::size_t total, const std::string& path) override;
@@ -49,7 +52,10 @@ public:
 
     std::function<void(int hint)> alsoDo = [](int) {};
 
+    std::vector<RunState> runs;  ///< as they were told
+
     void OnDocumentUpdate(int hint) override;
+    void OnRunStateChanged(RunState run) override { runs.push_back(run); }
 
 private:
     CRecordingHost& m_host;

@@ -14,7 +14,7 @@ class CRecordedViewerHost : public CViewerHost {
 public:
     QStringList errors;
     bool wasWaiting = false;  ///< the wait cursor was up before an error
-    std::vector<CViewerSaveRequest> saveRequests;
+    std::vector<ks::CFileRequest> saveRequests;
     std::optional<QString> savePath;
     std::function<bool(QPrinter&)> choosePrinter;
     QList<int> pageCounts;  ///< of the reports that were to be printed
@@ -23,7 +23,7 @@ public:
         errors.append(text);
         wasWaiting = wasWaiting || QGuiApplication::overrideCursor() != nullptr;
     }
-    std::optional<QString> AskSavePath(QWidget*, const CViewerSaveRequest& request) override {
+    std::optional<QString> AskSavePath(QWidget*, const ks::CFileRequest& request) override {
         saveRequests.push_back(request);
         return savePath;
     }

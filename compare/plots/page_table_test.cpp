@@ -1,7 +1,8 @@
-#include "compare/plots/page_ids.h"
+#include "compare/plots/page_table.h"
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <limits>
 #include <typeinfo>
 
@@ -12,6 +13,9 @@
 #include "compare/plots/residual_plot.h"
 
 namespace {
+
+using testing::Contains;
+using testing::ElementsAre;
 
 struct Row {
     std::int32_t id;
@@ -25,8 +29,9 @@ class Pages : public testing::TestWithParam<Row> {};
 
 TEST_P(Pages, HaveTheirNameClassKindAndTitles) {
     const Row& row = GetParam();
-    EXPECT_TRUE(IsPageId(row.id));
+    ASSERT_NE(FindPage(row.id), nullptr);
     EXPECT_EQ(PageName(row.id), row.name);
+    EXPECT_EQ(HasChart(row.id), row.id != 1);
     const std::unique_ptr<CPlot> plot = MakePage(row.id);
     const CPlot& page = *plot;
     EXPECT_EQ(typeid(page), row.type);
@@ -38,7 +43,7 @@ TEST_P(Pages, HaveTheirNameClassKindAndTitles) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    PageIds, Pages,
+    PageTable, Pages,
     testing::Values(
         Row{1, "Summary", typeid(CPlot), 0, "", ""},
         Row{2, "Input Data", typeid(CPlotInput), 2, "Time (seconds)", "Unknown Units"},
@@ -53,15 +58,37 @@ INSTANTIATE_TEST_SUITE_P(
         Row{11, "Cross Correlation", typeid(CPlotCrossCorrelation), 11, "Time Offset", "Cross Correlation"}),
     [](const auto& row) { return "Id" + std::to_string(row.param.id); });
 
-TEST(PageIds, AnyOtherIdHasNoNameAndThePlainPage) {
+TEST(PageTable, GivesAnyOtherIdNoNameAndThePlainPage) {
     using Limits = std::numeric_limits<std::int32_t>;
-    for (const std::int32_t id : {0, -1, 12, 100, Limits::min(), Limits::max()}) {
-        EXPECT_FALSE(IsPageId(id)) << id;
+    for (const std::int32_t id : {0, -1, PageIds().back() + 1, Limits::min(), Limits::max()}) {
+        EXPECT_EQ(FindPage(id), nullptr) << id;
         EXPECT_EQ(PageName(id), "") << id;
+        EXPECT_EQ(PageRemark(id), "") << id;
+        EXPECT_FALSE(HasChart(id)) << id;
         const std::unique_ptr<CPlot> plot = MakePage(id);
         const CPlot& page = *plot;
         EXPECT_EQ(typeid(page), typeid(CPlot)) << id;
     }
+}
+
+TEST(PageTable, OffersThePagesOfAnAccelerationInTheirOrder) {
+    EXPECT_THAT(OfferedPages(true), ElementsAre(1, 7, 8, 9, 4, 3, 5, 6, 10, 11));
+}
+
+TEST(PageTable, OffersThePagesOfAnyOtherQuantityInTheirOrder) {
+    EXPECT_THAT(OfferedPages(false), ElementsAre(1, 2, 4, 3, 5, 6, 10, 11));
+}
+
+TEST(PageTable, ListsEveryIdAscending) {
+    const std::vector<std::int32_t> ids = PageIds();
+    EXPECT_EQ(ids.size(), PageTable().size());
+    EXPECT_TRUE(std::ranges::is_sorted(ids));
+    for (std::int32_t id = 1; id <= 11; ++id) EXPECT_THAT(ids, Contains(id));
+}
+
+TEST(PageTable, SaysOfDisplacementAloneWhatItShows) {
+    EXPECT_EQ(PageRemark(9), "Displacement shows the same single integral as the Velocity page.");
+    for (const std::int32_t id : {1, 2, 3, 4, 5, 6, 7, 8, 10, 11}) EXPECT_EQ(PageRemark(id), "") << id;
 }
 
 }  // namespace

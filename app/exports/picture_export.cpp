@@ -1,0 +1,46 @@
+#include "app/exports/picture_export.h"
+
+#include "app/dialogs/data_type_filters.h"
+#include "app/dialogs/file_picker.h"
+#include "app/messages.h"
+#include "files/file_request.h"
+#include "files/replacing_file.h"
+
+#include <optional>
+
+namespace {
+
+ks::CFileRequest PictureRequest(PictureKind kind, const std::string& folder) {
+    if (kind == PictureKind::Bitmap) {
+        return ks::SaveRequest(CPictureExport::tr("Save Bitmap as").toStdString(), folder,
+                               {{"Windows Bitmap(*.bmp)", "*.bmp"}, AllFilesFilter()});
+    }
+    return ks::SaveRequest(CPictureExport::tr("Save Metafile as").toStdString(), folder,
+                           {{"Windows Metafile(*.wmf)", "*.wmf"}, AllFilesFilter()});
+}
+
+ks::WriteResult WritePicture(CChartControl& chart, PictureKind kind, const std::string& path) {
+    return kind == PictureKind::Bitmap ? chart.ExportBitmap(kBitmapSize, path)
+                                       : chart.ExportMetafile(kMetafileSize, path);
+}
+
+}  // namespace
+
+QString CPictureExport::Save(CChartControl& chart, PictureKind kind, QWidget* parent) {
+    if (!chart.Exists()) return {};
+    const std::optional<CPickedFiles> picked = m_services.picker.Pick(parent, PictureRequest(kind, m_folder));
+    if (!picked) return {};
+    const QString& path = picked->paths.front();
+    if (WritePicture(chart, kind, path.toStdString()) != ks::WriteResult::Written) {
+        m_services.messages.ShowError(parent, tr("The plot could not be written to %1.").arg(path));
+        return {};
+    }
+    m_folder = DriveAndFolder(path).toStdString();
+    return tr("The plot was saved as %1.").arg(path);
+}
+
+QString CopyPicture(CChartControl& chart) {
+    if (!chart.Exists()) return {};
+    chart.CopyMetafile(kMetafileSize);
+    return CPictureExport::tr("The plot was copied to the clipboard.");
+}

@@ -1,0 +1,51 @@
+#include "app/exports/table_export.h"
+
+#include "app/dialogs/data_type_filters.h"
+#include "app/dialogs/file_picker.h"
+#include "app/messages.h"
+#include "app/settings.h"
+#include "app/table/summary_list.h"
+#include "compare/export.h"
+#include "files/file_request.h"
+#include "files/replacing_file.h"
+
+#include <QClipboard>
+#include <QCoreApplication>
+#include <QGuiApplication>
+#include <optional>
+
+namespace {
+
+struct CTableExport {
+    Q_DECLARE_TR_FUNCTIONS(CTableExport)
+};
+
+ks::CFileRequest ReportRequest(const CSettings& settings) {
+    return ks::SaveRequest(CTableExport::tr("Save Results to HTML File").toStdString(),
+                           settings.Get(setting::kHtmlOutputDir).toStdString(),
+                           {{"HTML Files (*.html)", "*.html"}, {"HTML Files (*.htm)", "*.htm"}, AllFilesFilter()});
+}
+
+}  // namespace
+
+QString CopyTable(const CSummaryList& list) {
+    QGuiApplication::clipboard()->setText(list.CopyDataText());
+    return CTableExport::tr("The table was copied to the clipboard.");
+}
+
+QString SaveHtmlReport(const CSummaryList& list, const CWindowServices& services, QWidget* parent) {
+    const std::optional<CPickedFiles> picked = services.picker.Pick(parent, ReportRequest(services.settings));
+    if (!picked) return {};
+    const QString& path = picked->paths.front();
+    switch (WriteHtmlReport(path.toStdString(), list.DisplayedTable())) {
+        case ks::WriteResult::NotOpened:
+            return {};
+        case ks::WriteResult::NotCompleted:
+            services.messages.ShowError(parent, CTableExport::tr("The report could not be written to %1.").arg(path));
+            return {};
+        case ks::WriteResult::Written:
+            break;
+    }
+    services.settings.Set(setting::kHtmlOutputDir, DriveAndFolder(path));
+    return CTableExport::tr("The report was saved as %1.").arg(path);
+}

@@ -1,0 +1,34 @@
+#include "app/save_guard.h"
+
+#include "app/loaded_files.h"
+#include "app/messages.h"
+
+#include <QCoreApplication>
+#include <QPrinter>
+
+CWindowServices CSaveGuard::Guarded() {
+    return {m_services.settings, *this, m_services.messages, *this};
+}
+
+std::optional<CPickedFiles> CSaveGuard::Pick(QWidget* parent, const ks::CFileRequest& request) {
+    std::optional<CPickedFiles> picked = m_services.picker.Pick(parent, request);
+    if (picked && request.kind == ks::PickerKind::Save && Refuses(parent, picked->paths.front())) return std::nullopt;
+    return picked;
+}
+
+bool CSaveGuard::Pick(QWidget* parent, QPrinter& printer, int pageCount) {
+    return m_services.printers.Pick(parent, printer, pageCount) && !Refuses(parent, printer.outputFileName());
+}
+
+bool CSaveGuard::TakeDefault(QPrinter& printer) {
+    return m_services.printers.TakeDefault(printer);
+}
+
+bool CSaveGuard::Refuses(QWidget* parent, const QString& path) {
+    if (!WouldReplaceLoadedFile(m_document, path.toStdString())) return false;
+    //: %1 is a path
+    const QString sentence = QCoreApplication::translate(
+        "CSaveGuard", "%1 is one of the files that are being compared. Choose another name.");
+    m_services.messages.ShowError(parent, sentence.arg(path));
+    return true;
+}

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "app/dialogs/file_picker.h"
+#include "app/dialogs/printer_picker.h"
+#include "app/window_services.h"
+
+class CQuorvelDoc;
+
+/// Keeps the user from saving or printing over a file that `document` has loaded, be it a computed signal or the
+/// reference: passes every question on, refuses such an answer with a sentence, and then counts as cancelled.
+class CSaveGuard : public CFilePicker, public CPrinterPicker {
+public:
+    /// All must outlive the guard; `document` may be constructed after it.
+    CSaveGuard(const CWindowServices& services, const CQuorvelDoc& document)
+        : m_services(services), m_document(document) {}
+
+    /// The window's services with the guard in front of the pickers.
+    [[nodiscard]] CWindowServices Guarded();
+
+    std::optional<CPickedFiles> Pick(QWidget* parent, const ks::CFileRequest& request) override;
+    bool Pick(QWidget* parent, QPrinter& printer, int pageCount) override;
+    bool TakeDefault(QPrinter& printer) override;
+
+private:
+    [[nodiscard]] bool Refuses(QWidget* parent, const QString& path);
+
+    CWindowServices m_services;
+    const CQuorvelDoc& m_document;
+};

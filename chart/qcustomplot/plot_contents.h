@@ -1,0 +1,30 @@
+#pragma once
+
+#include <qcustomplot.h>
+
+#include <QSharedPointer>
+#include <QString>
+#include <memory>
+#include <vector>
+
+#include "chart/view_range.h"
+
+class CChartModel;
+
+/// One curve, its points in the form QCustomPlot draws; shared by the window and every export.
+struct CPlotCurve {
+    QString name;
+    int lineStyle = 0;
+    QSharedPointer<QCPGraphDataContainer> byX;      ///< x never falls: the fast way
+    QSharedPointer<QCPCurveDataContainer> byOrder;  ///< set instead when x falls somewhere
+    bool isOnePoint = false;
+};
+
+/// What a chart shows, apart from its looks and its zoom.
+struct CPlotContents {
+    QString xTitle, yTitle, mainTitle, subTitle;
+    std::vector<CPlotCurve> curves;
+    CViewRange xHome, yHome;  ///< the ranges that show all the data
+};
+
+std::shared_ptr<const CPlotContents> ContentsOf(const CChartModel& model);

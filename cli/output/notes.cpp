@@ -1,0 +1,48 @@
+#include "cli/output/notes.h"
+
+#include "cli/join.h"
+
+namespace {
+
+void AddNoCommonTime(std::vector<std::string>& complaints, const std::vector<CNote>& notes, std::string_view path) {
+    for (const CNote& note : notes) {
+        if (note.kind != NoteKind::NoCommonTime) {
+            continue;
+        }
+        complaints.push_back(path.empty() ? note.sentence : Join({path, ": ", note.sentence}));
+    }
+}
+
+}  // namespace
+
+void ComplainOfNoCommonTime(const CQuorvelDoc& document, CConsole& console) {
+    std::vector<std::string> complaints;
+    AddNoCommonTime(complaints, document.Notes(), {});
+    for (const CSignal& signal : document.ComputedSignals()) {
+        AddNoCommonTime(complaints, signal.Notes(), signal.GetPath());
+    }
+    console.ComplainAll(complaints);
+}
+
+std::string NoteLines(const std::vector<CNote>& notes, std::string_view indent) {
+    std::string lines;
+    for (const CNote& note : notes) {
+        if (note.kind != NoteKind::NoCommonTime) {
+            lines += Join({indent, "note: ", note.sentence, "\n"});
+        }
+    }
+    return lines;
+}
+
+CPageNotes::CPageNotes(const CQuorvelDoc& document) : m_document(document) {
+    for (const CSignal& signal : document.ComputedSignals()) m_counts.push_back(signal.Notes().size());
+}
+
+std::vector<CPageNote> CPageNotes::Added() const {
+    std::vector<CPageNote> added;
+    for (std::size_t i = 0; i < m_counts.size(); ++i) {
+        const std::vector<CNote>& notes = m_document.ComputedSignals()[i].Notes();
+        for (std::size_t j = m_counts[i]; j < notes.size(); ++j) added.push_back({i, notes[j]});
+    }
+    return added;
+}

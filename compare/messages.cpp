@@ -1,0 +1,64 @@
+#include "compare/messages.h"
+
+#include "files/number_text.h"
+
+namespace {
+
+/// A resampling rounds to multiples of the step. What reaches further than this many steps was not measured.
+constexpr double kRoundingSteps = 1.5;
+
+std::string RangeText(const CSampling& sampling) {
+    return "from " + ks::GeneralText(sampling.first) + " to " + ks::GeneralText(sampling.last);
+}
+
+std::string PointsText(const CSampling& sampling) {
+    const std::string_view unit = sampling.points == 1 ? " point " : " points ";
+    return std::to_string(sampling.points) + std::string(unit) + RangeText(sampling);
+}
+
+std::string StepText(const CSampling& sampling) {
+    if (!(sampling.step > 0.0)) return " without a time step";
+    return " at a step of " + ks::GeneralText(sampling.step);
+}
+
+bool ReachesBeyond(const CSampling& before, const CSampling& after) {
+    const double tolerance = kRoundingSteps * after.step;
+    return before.first - after.first > tolerance || after.last - before.last > tolerance;
+}
+
+std::string ResamplingText(const CSampling& before, const CSampling& after) {
+    std::string text = PointsText(before) + StepText(before) + " became " + PointsText(after) + StepText(after) + ".";
+    if (ReachesBeyond(before, after)) text += " Beyond its own points the curve goes on as a straight line.";
+    return text;
+}
+
+std::string CutText(const CSampling& before, const CSampling& after) {
+    return PointsText(before) + " became " + PointsText(after) + ".";
+}
+
+}  // namespace
+
+std::string ReferenceResampledNote(const CSampling& before, const CSampling& after) {
+    return "The reference has no time step and was resampled: " + ResamplingText(before, after);
+}
+
+std::string ResampledNote(const CSampling& before, const CSampling& after) {
+    return "Resampled for the comparison: " + ResamplingText(before, after);
+}
+
+std::string CutToCommonRangeNote(const CSampling& before, const CSampling& after) {
+    return "Cut to the common time range: " + CutText(before, after);
+}
+
+std::string CutByPageNote(std::string_view pageName, const CSampling& before, const CSampling& after) {
+    return "Cut by the page " + std::string(pageName) + ": " + CutText(before, after);
+}
+
+std::string NoCommonTimeNote(const CSampling& signal, std::string_view path, const CSampling& reference) {
+    return "No time in common with " + std::string(path) + ", which runs " + RangeText(reference) +
+           "; this signal runs " + RangeText(signal) + ". Its results mean nothing.";
+}
+
+std::string AverageIsFirstNote(std::string_view path) {
+    return "The reference is the first signal, " + std::string(path) + ", not the mean of all signals.";
+}

@@ -1,0 +1,104 @@
+#include "compare/plots/page_table.h"
+
+#include <algorithm>
+#include <array>
+
+#include "compare/plots/corridor_plots.h"
+#include "compare/plots/cross_correlation_plot.h"
+#include "compare/plots/cumulative_density_plot.h"
+#include "compare/plots/input_plots.h"
+#include "compare/plots/page_ids.h"
+#include "compare/plots/residual_plot.h"
+
+namespace {
+
+template <class Page>
+std::unique_ptr<CPlot> Make() {
+    return std::make_unique<Page>();
+}
+
+constexpr bool kHasChart = true;
+
+constexpr std::array kPages = {
+    CPage{page::kSummary, "Summary", Make<CPlot>, PageLists::Every, !kHasChart},
+    CPage{page::kInputData, "Input Data", Make<CPlotInput>, PageLists::OfOtherQuantities},
+    CPage{page::kAcceleration, "Acceleration", Make<CPlotAcc>, PageLists::OfAccelerations},
+    CPage{page::kVelocity, "Velocity", Make<CPlotVel>, PageLists::OfAccelerations},
+    CPage{page::kDisplacement, "Displacement", Make<CPlotDisp>, PageLists::OfAccelerations, kHasChart,
+          "Displacement shows the same single integral as the Velocity page."},
+    CPage{page::kCorridor, "Corridor", Make<CPlot4GCorridor>, PageLists::Every},
+    CPage{page::kStandardDeviation, "Standard Deviation", Make<CPlotStdDeviation>, PageLists::Every},
+    CPage{page::k90Percentile, "90 Percentile Corridor", Make<CPlot90Percent>, PageLists::Every},
+    CPage{page::kResiduals, "Residuals", Make<CPlotResidual>, PageLists::Every},
+    // Spelled so in older reports.
+    CPage{page::kCumulativeDensity, "Cummulative Density", Make<CPlotCumulativeDensity>, PageLists::Every},
+    CPage{page::kCrossCorrelation, "Cross Correlation", Make<CPlotCrossCorrelation>, PageLists::Every},
+};
+
+constexpr bool HasEveryIdOnce() {
+    for (const CPage& row : kPages) {
+        if (std::ranges::count(kPages, row.id, &CPage::id) != 1) return false;
+    }
+    return true;
+}
+static_assert(HasEveryIdOnce(), "An id stands for one page.");
+
+bool IsOffered(const CPage& row, bool isAcceleration) {
+    switch (row.lists) {
+        case PageLists::Every:
+            return true;
+        case PageLists::OfAccelerations:
+            return isAcceleration;
+        case PageLists::OfOtherQuantities:
+            return !isAcceleration;
+        case PageLists::None:
+            break;
+    }
+    return false;
+}
+
+}  // namespace
+
+std::span<const CPage> PageTable() {
+    return kPages;
+}
+
+const CPage* FindPage(std::int32_t pageId) {
+    const auto* const found = std::ranges::find(kPages, pageId, &CPage::id);
+    return found == kPages.end() ? nullptr : found;
+}
+
+std::string_view PageName(std::int32_t pageId) {
+    const CPage* const row = FindPage(pageId);
+    return row == nullptr ? std::string_view() : row->name;
+}
+
+std::string_view PageRemark(std::int32_t pageId) {
+    const CPage* const row = FindPage(pageId);
+    return row == nullptr ? std::string_view() : row->remark;
+}
+
+bool HasChart(std::int32_t pageId) {
+    const CPage* const row = FindPage(pageId);
+    return row != nullptr && row->hasChart;
+}
+
+std::unique_ptr<CPlot> MakePage(std::int32_t pageId) {
+    const CPage* const row = FindPage(pageId);
+    return row == nullptr ? std::make_unique<CPlot>() : row->make();
+}
+
+std::vector<std::int32_t> PageIds() {
+    std::vector<std::int32_t> ids;
+    for (const CPage& row : kPages) ids.push_back(row.id);
+    std::ranges::sort(ids);
+    return ids;
+}
+
+std::vector<std::int32_t> OfferedPages(bool isAcceleration) {
+    std::vector<std::int32_t> ids;
+    for (const CPage& row : kPages) {
+        if (IsOffered(row, isAcceleration)) ids.push_back(row.id);
+    }
+    return ids;
+}

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+
+namespace ks {
+
+/// Where the bytes of a file go.
+class CWriteTarget {
+public:
+    /// The file at `path` (UTF-8), links followed; also one that does not exist yet, at the end of links that lead
+    /// nowhere. No value when there can be no file.
+    static std::optional<CWriteTarget> Find(const std::string& path);
+
+    const std::filesystem::path& Path() const { return m_path; }
+    std::filesystem::path Folder() const;
+    std::filesystem::perms Permissions() const { return m_status.permissions(); }
+
+    bool IsNew() const { return m_status.type() == std::filesystem::file_type::not_found; }
+    bool IsRegular() const { return m_status.type() == std::filesystem::file_type::regular; }
+    /// Whether a file made beside it and renamed would leave other names with the old content.
+    bool HasSeveralNames() const;
+
+    /// Whether this user may write it, or create it where it is new. Touches nothing.
+    bool CanBeWritten() const;
+
+private:
+    CWriteTarget(std::filesystem::path path, std::filesystem::file_status status)
+        : m_path(std::move(path)), m_status(status) {}
+
+    std::filesystem::path m_path;
+    std::filesystem::file_status m_status;
+};
+
+}  // namespace ks
