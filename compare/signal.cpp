@@ -20,19 +20,18 @@ const CSummaryColumn* FindColumn(int column) {
 CSignal::CSignal(std::string path) : m_path(std::move(path)) {}
 
 bool CSignal::Read() {
-    return ReadWith(ks::kSignalFormats);
+    return Take(ks::LoadSignal(m_path));
 }
 
 bool CSignal::ReadUds() {
-    return ReadWith(std::array{&ks::kUdsFormat});
+    return Take(ks::LoadSignalAs(ks::kUdsFormat, m_path));
 }
 
 bool CSignal::ReadAscii() {
-    return ReadWith(std::array{&ks::kPointsFormat});
+    return Take(ks::LoadSignalAs(ks::kPointsFormat, m_path));
 }
 
-bool CSignal::ReadWith(ks::CFormatList formats) {
-    ks::CLoadedSignal loaded = ks::LoadSignal(m_path, std::string(ks::kOnlyChannel), formats);
+bool CSignal::Take(ks::CLoadedSignal loaded) {
     if (!loaded.IsLoaded()) {
         for (std::string& complaint : loaded.complaints) m_record.AddWarning(std::move(complaint));
         return false;

@@ -59,7 +59,7 @@ public:
     const CComparison& Comparison() const { return m_comparison; }
 
 private:
-    bool ReadWith(ks::CFormatList formats);
+    bool Take(ks::CLoadedSignal loaded);
 
     ks::CNSignal m_record;
     std::string m_path;

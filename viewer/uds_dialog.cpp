@@ -8,7 +8,6 @@
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QUrl>
-#include <array>
 #include <exception>
 #include <string>
 #include <utility>
@@ -111,7 +110,7 @@ bool CUDSDialog::Open(const QString& path) {
     ks::CLoadedSignal loaded;
     {
         const CWaitCursor wait;
-        loaded = ks::LoadSignal(path.toStdString(), std::string(ks::kOnlyChannel), std::array{&ks::kUdsFormat});
+        loaded = ks::LoadSignalAs(ks::kUdsFormat, path.toStdString());
         if (loaded.IsLoaded()) ShowRecord(std::move(loaded.record), path);
     }
     if (loaded.IsLoaded()) return true;
