@@ -30,6 +30,7 @@
 #include "app/specification_picker.h"
 #include "app/status_line.h"
 #include "app/toolbar_row.h"
+#include "compare/plots/page_ids.h"
 #include "compare/plots/page_table.h"
 #include "files/hit_list.h"
 #include "viewer/uds_dialog.h"
