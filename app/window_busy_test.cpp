@@ -11,6 +11,7 @@
 
 #include "app/testing/window_test.h"
 #include "chart/testing/recording_chart_control.h"
+#include "compare/plots/page_ids.h"
 
 namespace {
 
@@ -88,6 +89,45 @@ private slots:
         QCOMPARE(m_window->List()->model()->rowCount(), 2);
         QCOMPARE(m_window->StatusText(), QString("2 signals were compared."));
         QCOMPARE(m_window->PageNames().size(), qsizetype{8});
+    }
+
+    void APageChosenWhileACommandIsAtWorkLeavesSelectorAndViewInAgreement() {
+        m_window->CompareSled();
+        m_window->ChoosePage("Velocity");
+        m_window->dialogs.Expect([this](QWidget& dialog) {
+            m_window->ChoosePage("Summary");
+            CheckPage("Velocity", page::kVelocity);
+            dialog.close();
+        });
+        Trigger(CommandId::CorridorSize);
+        CheckPage("Velocity", page::kVelocity);
+        QVERIFY(Frame().View().IsChartShown());
+    }
+
+    void APageChosenWhileARunIsAtWorkIsRefused() {
+        m_window->CompareSled();
+        const auto& progress = *Frame().findChild<QProgressBar*>("progress");
+        int probes = 0;
+        const auto connection = connect(&progress, &QProgressBar::valueChanged, this, [&] {
+            if (Frame().Document().Run() != RunState::AtWork) return;
+            ++probes;
+            m_window->ChoosePage("Velocity");
+            QCOMPARE(m_window->Pages().currentText(), QString("Summary"));
+        });
+        m_window->CompareForce();
+        disconnect(connection);
+        QVERIFY(probes > 0);
+        CheckPage("Summary", page::kSummary);
+        QVERIFY(m_window->List()->isVisible());
+    }
+
+    void APageChosenAfterARunThatStoppedIsRefused() {
+        m_window->CompareSled();
+        m_window->Compare({m_window->Path("nowhere.001").toStdString()}, Sled(1));
+        m_window->ChoosePage("Velocity");
+        CheckPage("Summary", page::kSummary);
+        QVERIFY(m_window->IsBannerShown());
+        QVERIFY(m_window->List()->isVisible());
     }
 
     void ARunAtWorkIsNotCalledStopped() {
@@ -185,6 +225,11 @@ private slots:
     }
 
 private:
+    void CheckPage(const QString& name, std::int32_t pageId) {
+        QCOMPARE(m_window->Pages().currentText(), name);
+        QCOMPARE(Frame().Document().CurrentPageId(), pageId);
+    }
+
     /// What an impatient user does while a run is at work.
     void TryEverything() {
         QCOMPARE(m_window->EnabledCommands(), QStringList());
@@ -192,7 +237,6 @@ private:
             Frame().RunCommand(command.id);
             Frame().Action(command.id)->trigger();
         }
-        Frame().SelectFiles({Sled(2)});
         for (const Qt::Key key : {Qt::Key_O, Qt::Key_P, Qt::Key_C, Qt::Key_Q}) {
             QTest::keyClick(&Frame(), key, Qt::ControlModifier);
         }

@@ -1,6 +1,8 @@
 #include "chart/chart_clipboard.h"
 
 #include <QByteArray>
+#include <memory>
+#include <string_view>
 
 std::unique_ptr<QMimeData> ChartForClipboard(std::string_view metafile, const QImage& picture) {
     const QByteArray bytes(metafile.data(), static_cast<qsizetype>(metafile.size()));

@@ -18,7 +18,7 @@ enum class ChartProperty : std::int32_t {
     SubTitle = 2110,
     SeriesCount = 2115,
     PointCount = 2120,  ///< of every series
-    Legend = 2125,      ///< all names in one text, a tab behind each
+    Legend = 2125,      ///< all names in one text, a tab after each
     Width = 2200,
     Height = 2205,
     Area = 2210,  ///< left, top, right, bottom
@@ -56,7 +56,7 @@ struct CChartCreation {
 };
 
 /// A chart of one block of series, driven by numbered properties. Properties take effect with Apply, the picture on the
-/// screen follows with Draw. One object stands for one place on the screen: Create and Destroy may alternate. All
+/// screen follows with Draw. One object is one place on the screen: Create and Destroy may alternate. All
 /// other functions do nothing while no chart exists. Texts and paths are UTF-8.
 class CChartControl {
 public:
@@ -73,7 +73,7 @@ public:
     virtual void SetText(ChartProperty property, std::string_view text) = 0;
     virtual void SetArray(ChartProperty property, std::span<const double> values) = 0;
     virtual void SetArray(ChartProperty property, std::span<const std::int32_t> values) = 0;
-    /// `count` texts, each with a tab behind it.
+    /// `count` texts, each with a tab after it.
     virtual void SetArray(ChartProperty property, std::string_view texts, std::int32_t count) = 0;
     /// An array property without values.
     virtual void ClearArray(ChartProperty property) = 0;

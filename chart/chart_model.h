@@ -1,10 +1,10 @@
 #pragma once
 
+#include <array>
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <limits>
-#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -42,22 +42,22 @@ public:
     }
 
     /// Calls take(x, y) for each point to draw, in order. Where points were left out between two others, one call with
-    /// the next point's x and a NaN comes in between; at the ends nothing stands for them.
+    /// the next point's x and a NaN comes in between; points left out at the ends leave no trace.
     template <class Take>
     void ForEachPoint(std::size_t series, Take take) const {
         const std::span<const double> x = X(series);
         const std::span<const double> y = Y(series);
-        bool any = false;
-        bool gap = false;
+        bool hasPoint = false;
+        bool isGap = false;
         for (std::size_t point = 0; point < x.size(); ++point) {
             if (!IsDrawn(x[point], y[point])) {
-                gap = any;
+                isGap = hasPoint;
                 continue;
             }
-            if (gap) take(x[point], std::numeric_limits<double>::quiet_NaN());
+            if (isGap) take(x[point], std::numeric_limits<double>::quiet_NaN());
             take(x[point], y[point]);
-            any = true;
-            gap = false;
+            hasPoint = true;
+            isGap = false;
         }
     }
 
@@ -72,5 +72,5 @@ private:
     std::vector<std::string> m_names;
     std::vector<std::int32_t> m_lineStyles;
     std::string m_xTitle, m_yTitle, m_mainTitle, m_subTitle;
-    double m_noData[2] = {std::numeric_limits<double>::quiet_NaN(), std::numeric_limits<double>::quiet_NaN()};
+    std::array<double, 2> m_noData{std::numeric_limits<double>::quiet_NaN(), std::numeric_limits<double>::quiet_NaN()};
 };

@@ -3,6 +3,13 @@
 #include <gmock/gmock.h>
 
 #include <array>
+#include <cmath>
+#include <cstdint>
+#include <limits>
+#include <string>
+#include <vector>
+
+#include "chart/chart_control.h"
 
 namespace {
 

@@ -2,6 +2,14 @@
 
 #include <algorithm>
 #include <array>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "chart/chart_control.h"
+#include "compare/chart_block.h"
 
 #include "files/one_line.h"
 

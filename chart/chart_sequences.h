@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <span>
 #include <string>
@@ -9,13 +10,13 @@
 #include "chart/chart_control.h"
 #include "compare/chart_block.h"
 
-/// The line-style values handed to the chart, kept between pages: the array grows and never shrinks.
+/// The line-style values handed to the chart, kept between pages. The array grows and never shrinks, so that a mode
+/// which leaves the values as they are finds those of the page before.
 class CLineStyles {
 public:
     /// Sets and gives the first `seriesCount` values. Mode 0: 0 to 6, 9, 10, 11 and again from 0; mode 1: 0; mode 2: 5;
     /// mode 3: 6. Any other mode leaves the values as they are. The span holds until the next call.
     std::span<const std::int32_t> Set(std::int32_t mode, std::int32_t seriesCount);
-    [[nodiscard]] std::size_t Capacity() const { return m_values.size(); }
 
 private:
     std::vector<std::int32_t> m_values;

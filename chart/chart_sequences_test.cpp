@@ -1,8 +1,13 @@
 #include "chart/chart_sequences.h"
 
 #include <gmock/gmock.h>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
 
 #include "chart/testing/recording_chart_control.h"
+#include "compare/chart_block.h"
 
 namespace {
 
@@ -164,12 +169,9 @@ TEST(LineStyles, AnUnknownModeLeavesTheValues) {
 
 TEST(LineStyles, TheArrayGrowsAndNeverShrinks) {
     CLineStyles styles;
-    styles.Set(0, 5);
-    EXPECT_EQ(styles.Capacity(), 5U);
-    EXPECT_EQ(styles.Set(0, 2).size(), 2U);
-    EXPECT_EQ(styles.Capacity(), 5U);
-    styles.Set(0, 7);
-    EXPECT_EQ(styles.Capacity(), 7U);
+    styles.Set(3, 5);
+    EXPECT_THAT(styles.Set(2, 2), ElementsAre(5, 5));
+    EXPECT_THAT(styles.Set(4, 7), ElementsAre(5, 5, 6, 6, 6, 0, 0));
 }
 
 }  // namespace

@@ -4,10 +4,13 @@
 #include <QPalette>
 #include <QWidget>
 #include <cmath>
+#include <cstddef>
+
+#include "chart/line_look.h"
 
 namespace {
 
-constexpr double kGridShare = 0.16;  // of the ink in the grid's colour
+constexpr double kGridShare = 0.16;  // of the ink in the grid's color
 constexpr int kPaperLetterPixels = 13;
 
 QColor Mixed(const QColor& ink, const QColor& background, double share) {
@@ -21,8 +24,8 @@ int CChartStyle::Length(double pixels) const {
     return static_cast<int>(std::lround(pixels * scale));
 }
 
-QPen CChartStyle::Pen(const QColor& colour, double pixels) const {
-    QPen pen(colour, pixels * scale);
+QPen CChartStyle::Pen(const QColor& color, double pixels) const {
+    QPen pen(color, pixels * scale);
     pen.setCapStyle(Qt::FlatCap);
     return pen;
 }
@@ -40,8 +43,8 @@ CChartStyle ScreenStyle(const QWidget& widget) {
     style.background = widget.palette().color(QPalette::Base);
     style.ink = widget.palette().color(QPalette::Text);
     style.grid = Mixed(style.ink, style.background, kGridShare);
-    const bool dark = style.background.lightness() < style.ink.lightness();
-    style.kind = dark ? ChartBackground::Dark : ChartBackground::Light;
+    const bool isDark = style.background.lightness() < style.ink.lightness();
+    style.kind = isDark ? ChartBackground::Dark : ChartBackground::Light;
     style.font = widget.font();
     return style;
 }

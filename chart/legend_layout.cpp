@@ -24,8 +24,8 @@ CLegendLayout LayOutLegend(const CLegendSpace& space) {
     if (space.entryCount <= 0 || !(space.width > 0.0)) return layout;
     for (const double letterScale : {1.0, 0.85, 0.7}) {
         layout = LayOutAt(space, letterScale);
-        const bool whole = layout.columnWidth == space.columnWidth * letterScale;
-        if (whole && layout.shownEntries == space.entryCount) return layout;
+        const bool isWhole = layout.columnWidth == space.columnWidth * letterScale;
+        if (isWhole && layout.shownEntries == space.entryCount) return layout;
     }
     return layout;
 }

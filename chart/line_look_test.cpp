@@ -4,8 +4,11 @@
 
 #include <array>
 #include <cmath>
+#include <cstddef>
+#include <cstdint>
 #include <set>
 #include <tuple>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -52,11 +55,11 @@ TEST(LineLook, TheFirstSeventySeriesAllLookDifferent) {
     }
 }
 
-TEST(LineLook, SeriesOfOneStyleDifferInColour) {
+TEST(LineLook, SeriesOfOneStyleDifferInColor) {
     EXPECT_NE(LookOfLine(5, 0, ChartBackground::Light).rgb, LookOfLine(5, 1, ChartBackground::Light).rgb);
 }
 
-TEST(LineLook, EveryColourStandsOutFromItsBackground) {
+TEST(LineLook, EveryColorStandsOutFromItsBackground) {
     for (std::size_t series = 0; series < 7; ++series) {
         EXPECT_GE(Contrast(LookOfLine(0, series, ChartBackground::Light).rgb, 0xFFFFFF), 3.0) << series;
         EXPECT_GE(Contrast(LookOfLine(0, series, ChartBackground::Dark).rgb, 0x2D2D30), 3.0) << series;

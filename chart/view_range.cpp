@@ -7,7 +7,7 @@ namespace {
 
 constexpr double kBandAroundOneValue = 0.05;
 constexpr double kWidest = 20.0;
-constexpr double kFinest = 1e-12;  // of the largest number on the axis: a thousand steps of a double stay on show
+constexpr double kFinest = 1e-12;  // of the largest number on the axis: a thousand steps of a double stay visible
 
 double LargestNumber(const CViewRange& range) {
     return std::max(std::abs(range.lower), std::abs(range.upper));
@@ -16,7 +16,7 @@ double LargestNumber(const CViewRange& range) {
 }  // namespace
 
 CViewRange RangeToShow(const CDataRange& data, double margin) {
-    if (!data.Any()) return {0.0, 1.0};
+    if (!data.HasValues()) return {0.0, 1.0};
     const CViewRange range = data.Range();
     const double finest = LargestNumber(range) * kFinest;
     if (range.Size() > finest) return {range.lower - margin * range.Size(), range.upper + margin * range.Size()};
@@ -24,8 +24,8 @@ CViewRange RangeToShow(const CDataRange& data, double margin) {
     return {range.lower - band, range.upper + band};
 }
 
-CViewRange Zoomed(const CViewRange& range, double centre, double factor) {
-    return {centre + (range.lower - centre) * factor, centre + (range.upper - centre) * factor};
+CViewRange Zoomed(const CViewRange& range, double center, double factor) {
+    return {center + (range.lower - center) * factor, center + (range.upper - center) * factor};
 }
 
 CViewRange Panned(const CViewRange& range, double share) {
@@ -36,10 +36,10 @@ CViewRange Panned(const CViewRange& range, double share) {
 CViewRange Limited(const CViewRange& range, const CViewRange& home) {
     const double finest = std::max(LargestNumber(home) * kFinest, home.Size() * kFinest);
     const double size = std::clamp(range.Size(), finest, home.Size() * kWidest);
-    double centre = range.lower + 0.5 * range.Size();
-    centre = std::clamp(centre, home.lower - 0.5 * size, home.upper + 0.5 * size);
-    const bool asItIs = size == range.Size() && centre == range.lower + 0.5 * range.Size();
-    return asItIs ? range : CViewRange{centre - 0.5 * size, centre + 0.5 * size};
+    double center = range.lower + 0.5 * range.Size();
+    center = std::clamp(center, home.lower - 0.5 * size, home.upper + 0.5 * size);
+    const bool isUnchanged = size == range.Size() && center == range.lower + 0.5 * range.Size();
+    return isUnchanged ? range : CViewRange{center - 0.5 * size, center + 0.5 * size};
 }
 
 int LabelDigits(const CViewRange& range) {

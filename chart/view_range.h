@@ -12,24 +12,24 @@ struct CViewRange {
 class CDataRange {
 public:
     void Add(double value) {
-        if (!(value >= m_range.lower && m_any)) m_range.lower = value;
-        if (!(value <= m_range.upper && m_any)) m_range.upper = value;
-        m_any = true;
+        if (!(value >= m_range.lower && m_hasValues)) m_range.lower = value;
+        if (!(value <= m_range.upper && m_hasValues)) m_range.upper = value;
+        m_hasValues = true;
     }
-    [[nodiscard]] bool Any() const { return m_any; }
+    [[nodiscard]] bool HasValues() const { return m_hasValues; }
     [[nodiscard]] CViewRange Range() const { return m_range; }
 
 private:
     CViewRange m_range;
-    bool m_any = false;
+    bool m_hasValues = false;
 };
 
 /// The range an axis shows for data: the data's own with `margin` times its size added on both sides; a band around the
 /// value when all data are one value; 0 to 1 without data.
 CViewRange RangeToShow(const CDataRange& data, double margin);
 
-/// `factor` < 1 shows less, > 1 more; `centre` stays where it is.
-CViewRange Zoomed(const CViewRange& range, double centre, double factor);
+/// `factor` < 1 shows less, > 1 more; `center` stays where it is.
+CViewRange Zoomed(const CViewRange& range, double center, double factor);
 
 /// Moved by `share` of its size.
 CViewRange Panned(const CViewRange& range, double share);

@@ -1,6 +1,7 @@
 #include "chart/view_range.h"
 
 #include <gtest/gtest.h>
+#include <initializer_list>
 
 namespace {
 
@@ -16,7 +17,7 @@ void ExpectNear(const CViewRange& actual, const CViewRange& expected) {
 }
 
 TEST(DataRange, HoldsAllValues) {
-    EXPECT_FALSE(Data({}).Any());
+    EXPECT_FALSE(Data({}).HasValues());
     EXPECT_EQ(Data({3.0}).Range(), (CViewRange{3.0, 3.0}));
     EXPECT_EQ(Data({3.0, -1.0, 2.0}).Range(), (CViewRange{-1.0, 3.0}));
 }

@@ -93,9 +93,9 @@ TEST_F(CliHost, NamesTheSourceOfMessagesOnStandardErrorOnly) {
 TEST_F(CliHost, TellsMoreOnlyWhenAsked) {
     CCompareOptions options;
     CCliHost(options, {}, console).TellMore("One");
-    options.talk = CTalk::Quiet;
+    options.verbosity = Verbosity::Quiet;
     CCliHost(options, {}, console).TellMore("Two");
-    options.talk = CTalk::Verbose;
+    options.verbosity = Verbosity::Verbose;
     CCliHost(options, {}, console).TellMore("Three");
     EXPECT_EQ(StandardError(), "Three\n");
 }

@@ -1,27 +1,14 @@
 #include "cli/criteria.h"
 
 #include <algorithm>
-
-const std::array<CCriterion, 6> kCriteria = {{
-    {"residual", &CCriticalValues::averageResidual, 2, 2},
-    {"stddev", &CCriticalValues::standardDeviation, 3, 3},
-    {"corridor", &CCriticalValues::corridor, 4, 4},
-    {"correlation", &CCriticalValues::correlation, 5, 5},
-    {"t", &CCriticalValues::tStatistic, 6, 6},
-    {"moment", &CCriticalValues::moment, 7, 12},
-}};
-
-const CCriterion* FindCriterion(std::string_view name) {
-    const auto* const found = std::find_if(kCriteria.begin(), kCriteria.end(),
-                                           [name](const CCriterion& criterion) { return criterion.name == name; });
-    return found == kCriteria.end() ? nullptr : &*found;
-}
+#include <span>
 
 std::string CriterionNames() {
+    const std::span<const CCriterion> criteria = Criteria();
     std::string names;
-    for (const CCriterion& criterion : kCriteria) {
+    for (const CCriterion& criterion : criteria) {
         if (!names.empty()) {
-            names += &criterion == &kCriteria.back() ? " and " : ", ";
+            names += &criterion == &criteria.back() ? " and " : ", ";
         }
         names += criterion.name;
     }
@@ -30,20 +17,23 @@ std::string CriterionNames() {
 
 namespace {
 
-bool IsBad(const CSummaryRow& row, const CCriterion& criterion) {
-    for (int column = criterion.firstColumn; column <= criterion.lastColumn; ++column) {
-        if (row.colors.at(static_cast<std::size_t>(column)) == CVerdictColor::Red) {
-            return true;
-        }
-    }
-    return false;
+bool IsJudgedBy(const CSummaryColumn& column, const std::vector<const CCriterion*>& criteria) {
+    return column.judgement && std::any_of(criteria.begin(), criteria.end(), [&column](const CCriterion* criterion) {
+               return criterion->limit == column.judgement->limit;
+           });
 }
 
 }  // namespace
 
 bool AnyBad(const CSummaryTable& table, const std::vector<const CCriterion*>& criteria) {
-    return std::any_of(table.rows.begin(), table.rows.end(), [&criteria](const CSummaryRow& row) {
-        return std::any_of(criteria.begin(), criteria.end(),
-                           [&row](const CCriterion* criterion) { return IsBad(row, *criterion); });
-    });
+    for (std::size_t column = 0; column < table.columns.size(); ++column) {
+        const bool isBad = IsJudgedBy(table.columns[column], criteria) &&
+                           std::any_of(table.rows.begin(), table.rows.end(), [column](const CSummaryRow& row) {
+                               return row[column].verdict == Verdict::Bad;
+                           });
+        if (isBad) {
+            return true;
+        }
+    }
+    return false;
 }

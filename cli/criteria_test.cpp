@@ -2,14 +2,15 @@
 
 #include <gmock/gmock.h>
 
+#include "tests/support/summary_samples.h"
+
 namespace {
 
-CSummaryTable TableWithBadColumn(int column) {
+CSummaryTable TableWithBadColumn(std::size_t column) {
     CSummaryTable table;
-    CSummaryRow good;
-    good.colors.fill(CVerdictColor::Green);
+    CSummaryRow good(table.columns.size(), {"", Verdict::Good});
     CSummaryRow bad = good;
-    bad.colors.at(static_cast<std::size_t>(column)) = CVerdictColor::Red;
+    bad.at(column).verdict = Verdict::Bad;
     table.rows = {good, bad};
     return table;
 }
@@ -24,8 +25,8 @@ class Criterion : public testing::TestWithParam<Row> {};
 TEST_P(Criterion, IsBadByItsOwnColumnsOnly) {
     const CCriterion* const criterion = FindCriterion(GetParam().name);
     ASSERT_NE(criterion, nullptr);
-    for (int column = 0; column < kSummaryColumnCount; ++column) {
-        const bool own = column >= GetParam().firstColumn && column <= GetParam().lastColumn;
+    for (std::size_t column = 0; column < FixedColumns().size(); ++column) {
+        const bool own = column >= At(GetParam().firstColumn) && column <= At(GetParam().lastColumn);
         EXPECT_EQ(AnyBad(TableWithBadColumn(column), {criterion}), own) << column;
     }
 }
@@ -35,15 +36,24 @@ INSTANTIATE_TEST_SUITE_P(Names, Criterion,
                                          Row{"correlation", 5, 5}, Row{"t", 6, 6}, Row{"moment", 7, 12}),
                          [](const auto& row) { return row.param.name; });
 
-TEST(Criteria, KnowNoOtherName) {
-    EXPECT_EQ(FindCriterion("peak"), nullptr);
-    EXPECT_EQ(FindCriterion(""), nullptr);
+TEST(Criteria, AreNamedInSentences) {
     EXPECT_EQ(CriterionNames(), "residual, stddev, corridor, correlation, t and moment");
 }
 
 TEST(Criteria, FindNothingBadWithoutCriteriaOrSignals) {
     EXPECT_FALSE(AnyBad(TableWithBadColumn(2), {}));
     EXPECT_FALSE(AnyBad(CSummaryTable(), {FindCriterion("residual")}));
+}
+
+TEST(Criteria, CoverColumnsThatAreNotFixed) {
+    const std::vector<CSummaryColumn> columns = ColumnsWithExtra();
+    CSignal signal("a.uds");  // no points: below the limit that the column wants to be above
+    CSummaryTable table = MakeSummaryTable({signal}, columns);
+    for (CSummaryCell& cell : table.rows[0]) {
+        if (&cell != &table.rows[0][columns.size() - 2]) cell.verdict = Verdict::None;
+    }
+    EXPECT_TRUE(AnyBad(table, {FindCriterion("t")}));
+    EXPECT_FALSE(AnyBad(table, {FindCriterion("moment")}));
 }
 
 }  // namespace

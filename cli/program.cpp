@@ -17,7 +17,7 @@
 
 namespace {
 
-const std::array<CCommand, 5> kCommands = {{
+const std::array<CSubcommand, 5> kCommands = {{
     {"compare", CompareHelp, RunCompare},
     {"show", ShowHelp, RunShow},
     {"export", ExportHelp, RunExport},
@@ -27,9 +27,9 @@ const std::array<CCommand, 5> kCommands = {{
 
 constexpr const char* kVersion = QUORVEL_VERSION;
 
-const CCommand* FindCommand(const std::string& name) {
+const CSubcommand* FindCommand(const std::string& name) {
     const auto* const found = std::find_if(kCommands.begin(), kCommands.end(),
-                                           [&name](const CCommand& command) { return command.name == name; });
+                                           [&name](const CSubcommand& command) { return command.name == name; });
     return found == kCommands.end() ? nullptr : &*found;
 }
 
@@ -60,7 +60,7 @@ CHelpSection EnvironmentHelp() {
 }
 
 // A command's page alone also says what all commands share; the manual page says that once.
-std::string CommandHelp(const CCommand& command) {
+std::string CommandHelp(const CSubcommand& command) {
     CHelpPage page = command.help();
     page.sections.push_back(ExitStatusHelp());
     page.sections.push_back(EnvironmentHelp());
@@ -70,7 +70,7 @@ std::string CommandHelp(const CCommand& command) {
 std::string ManualPage() {
     std::vector<CHelpPage> commands;
     commands.reserve(kCommands.size());
-    for (const CCommand& command : kCommands) {
+    for (const CSubcommand& command : kCommands) {
         commands.push_back(command.help());
     }
     return ManPage(ProgramHelp(), commands, kVersion);
@@ -86,7 +86,7 @@ CExitStatus PrintAndFinish(CConsole& console, const std::string& text) {
     return CExitStatus::Good;
 }
 
-CExitStatus RunCommand(const CCommand& command, const std::vector<std::string>& arguments, CConsole& console) {
+CExitStatus RunCommand(const CSubcommand& command, const std::vector<std::string>& arguments, CConsole& console) {
     if (Asks(arguments, {"--help", "-h"})) {
         return PrintAndFinish(console, CommandHelp(command));
     }
@@ -104,7 +104,7 @@ CExitStatus RunCommand(const CCommand& command, const std::vector<std::string>& 
 
 CExitStatus Dispatch(const std::vector<std::string>& arguments, CConsole& console) {
     const std::string first = arguments.empty() ? std::string() : arguments.front();
-    if (const CCommand* const command = FindCommand(first)) {
+    if (const CSubcommand* const command = FindCommand(first)) {
         return RunCommand(*command, {arguments.begin() + 1, arguments.end()}, console);
     }
     if (first == "--help" || first == "-h") {
@@ -125,7 +125,7 @@ CExitStatus Dispatch(const std::vector<std::string>& arguments, CConsole& consol
 
 CHelpPage ProgramHelp() {
     CHelpSection commands{"Commands", {}};
-    for (const CCommand& command : kCommands) {
+    for (const CSubcommand& command : kCommands) {
         commands.entries.push_back(
             {command.name, Join({command.help().summary, ". See quorvel-cli ", command.name, " --help."})});
     }

@@ -8,7 +8,7 @@
 #include "cli/output/console.h"
 
 /// One command of the program. A new one is a row of the table in program.cpp.
-class CCommand {
+class CSubcommand {
 public:
     std::string name;
     CHelpPage (*help)();

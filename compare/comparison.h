@@ -6,10 +6,16 @@
 #include "compare/sampling.h"
 #include "signal/nsignal.h"
 
-/// The measures of one computed signal against the reference. See docs/measures.md for every formula.
+/// The measures of one computed signal against the reference.
 ///
 /// All start at 0 except the corridor size, 4.0. No value is checked: infinities and not-a-number values come out as
-/// the formulas give them. Values are in Y units where nothing else is said; t(i) = dt (i + 1) stands for time.
+/// the formulas give them.
+///
+/// Source of every formula: docs/measures.md, "The points compared" and "The measures". In the formulas below c(i) and
+/// r(i), i = 0 ... N - 1, are the computed and the reference values, e(i) = c(i) - r(i), t(i) = dt (i + 1) with the
+/// time step dt. sum' leaves the last point out; sumT weighs as the trapezoid rule does: the first and the last point
+/// once, every other one twice. "Y units" are those of the two records, "X units" likewise; "no unit" is a plain
+/// number.
 class CComparison {
 public:
     CComparison() = default;
@@ -22,34 +28,64 @@ public:
     /// Half-width of the corridor, in Y units.
     void SetCorridor(double size) { m_corridorSize = size; }
 
-    /// Compares `computed` with `reference`. Resamples `computed` to the reference's time step and cuts it to the
-    /// common time range, both lasting; the reference is left as it is. A record without Y values leaves every
-    /// measure at 0 and nothing resampled or cut.
+    /// Compares `computed` with `reference`. Resamples `computed` to the reference's time step, cuts it to the common
+    /// time range, and leaves it so; the reference is not changed. With no Y values in either record every measure
+    /// is 0, and nothing is resampled or cut.
     /// @return `computed` as it was resampled and not yet cut
     /// @throws ks::CError from resampling or cutting; every measure is then 0, `computed` as far as it was changed
     CSampling Compute(ks::CNSignal& computed, const ks::CNSignal& reference);
 
+    /// Q / N, with Q of GetResidualSumOfSquares; Y units squared.
     double GetMeanSquareResidual() const { return m_meanSquareResidual; }
+
+    /// Largest |c(i)|, the last point left out; Y units. The first value counts with its sign, so a negative first
+    /// value stays the peak until a larger magnitude follows.
     double GetComputedPeak() const { return m_computedPeak; }
+    /// The same of r(i).
     double GetReferencePeak() const { return m_referencePeak; }
+
+    // Largest and smallest value of the records as compared, the last point included; Y units.
     double GetComputedMaximum() const { return m_computedMaximum; }
     double GetReferenceMaximum() const { return m_referenceMaximum; }
     double GetComputedMinimum() const { return m_computedMinimum; }
     double GetReferenceMinimum() const { return m_referenceMinimum; }
+
+    /// sqrt((Q - S^2 / N) / N), with S of GetResidualSum and Q of GetResidualSumOfSquares; Y units.
     double GetResidualStandardDeviation() const { return m_residualStandardDeviation; }
+    /// S = sum' e; Y units.
     double GetResidualSum() const { return m_residualSum; }
+    /// Q = sum' e^2; Y units squared.
     double GetResidualSumOfSquares() const { return m_residualSumOfSquares; }
-    double GetPercentOutsideCorridor() const { return m_percentOutsideCorridor; }  ///< 0 to 100
-    std::int32_t GetPointCount() const { return m_pointCount; }                    ///< number of points compared
-    /// Relative differences of the moments of order 0 to 5, as fractions of the computed signal's.
+
+    /// 100 (points of sum' with |e| above the corridor size) / N; percent, 0 to 100. The first point is held
+    /// against 4.0 whatever the corridor size is.
+    double GetPercentOutsideCorridor() const { return m_percentOutsideCorridor; }
+
+    /// N, the number of points compared; at least 0.
+    std::int32_t GetPointCount() const { return m_pointCount; }
+
+    /// |(C - R) / C| with C = sumT t^k c and R = sumT t^k r, for the orders k = 0 to 5; no unit, a fraction of the
+    /// computed signal's moment.
     const std::array<double, 6>& GetMomentDifferences() const { return m_momentDifferences; }
+    /// (dt sumT(c r) / 2) / (sqrt(dt sumT(c^2) / 2) sqrt(dt sumT(r^2) / 2)); no unit, -1 to 1 but for rounding.
     double GetCorrelationFactor() const { return m_correlationFactor; }
-    double GetMagnitudeError() const { return m_magnitudeError; }          ///< M
-    double GetPhaseError() const { return m_phaseError; }                  ///< P
-    double GetComprehensiveError() const { return m_comprehensiveError; }  ///< C
+
+    /// M = sqrt(sum r^2) / sqrt(sum c^2) - 1, over every point once; no unit, -1 or greater.
+    double GetMagnitudeError() const { return m_magnitudeError; }
+    /// P = 1 - sqrt(|sum c r|) / sqrt(sqrt(sum r^2) sqrt(sum c^2)), over every point once; no unit, 0 to 1 but for
+    /// rounding.
+    double GetPhaseError() const { return m_phaseError; }
+    /// C = sqrt(M^2 + P^2); no unit, 0 or greater.
+    double GetComprehensiveError() const { return m_comprehensiveError; }
+
+    /// T = (S / N) / (s / sqrt(N)) with s of GetResidualStandardDeviation; no unit. Not a number for equal signals.
     double GetTStatistic() const { return m_tStatistic; }
-    double GetMinimumTime() const { return m_minimumTime; }  ///< common time range, X units
+
+    // The common range: from the later start to the earlier end of both records; X units.
+    double GetMinimumTime() const { return m_minimumTime; }
     double GetMaximumTime() const { return m_maximumTime; }
+
+    /// Half-width of the corridor that the comparison used; Y units.
     double GetCorridorSize() const { return m_corridorSize; }
 
 private:

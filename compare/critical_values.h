@@ -1,8 +1,12 @@
 #pragma once
 
-/// The limits against which summary cells are judged; a value below its limit is good.
-class CCriticalValues {
-public:
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// The limits against which summary cells are judged. See docs/measures.md, "Columns and verdicts".
+struct CCriticalValues {
     double averageResidual = 5.0;     ///< percent of the reference peak
     double standardDeviation = 20.0;  ///< of the residual, percent of the reference peak
     double corridor = 0.1;            ///< share of points outside the corridor, as a fraction
@@ -11,5 +15,30 @@ public:
     double moment = 0.2;              ///< moment differences of order 0 to 5
 };
 
+/// Names one of the critical values.
+using CCriticalValue = double CCriticalValues::*;
+
 /// The one set of limits of the process.
 CCriticalValues& CriticalValues();
+
+/// A criterion: one critical value with the name and the texts about it. In the texts %1 and %2 are places for
+/// numbers.
+struct CCriterion {
+    std::string_view name;     ///< in options and in results; frozen
+    CCriticalValue limit;      ///< its default is that of CCriticalValues
+    std::string_view meaning;  ///< what is held against the limit, with its unit
+    /// Its part of the terminal's sentence on all limits, %1 the limit; ends where that line of the terminal does.
+    std::string_view phrase;
+    std::string_view demand;  ///< what a value below the limit is; good, unless its column is judged otherwise
+    /// The numbers in `demand`, from %1 on.
+    std::vector<std::string> (*demandNumbers)(double limit);
+};
+
+/// The criteria, in the order of the results file and of the dialog.
+std::span<const CCriterion> Criteria();
+
+/// The criterion of that name, or null.
+const CCriterion* FindCriterion(std::string_view name);
+
+/// The criterion of that critical value; every one has one.
+const CCriterion& CriterionOf(CCriticalValue limit);

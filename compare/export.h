@@ -6,7 +6,8 @@
 #include "compare/summary_table.h"
 #include "files/replacing_file.h"
 
-/// The HTML report of a summary table, columns in displayed order, cells coloured by verdict; lines end in CR LF.
+/// The HTML report of a summary table: its fixed columns in displayed order, cells colored by verdict; lines end in CR
+/// LF.
 /// `&`, `<`, `>` and `"` in cell texts are escaped and characters beyond ASCII are numeric references.
 std::string HtmlReport(const CSummaryTable& table);
 

@@ -1,20 +1,25 @@
+#include <cstddef>
+#include <span>
 #include <string_view>
+#include <vector>
 
 #include "compare/export.h"
 #include "compare/html_text.h"
+#include "compare/summary_columns.h"
+#include "compare/verdict.h"
 
 namespace {
 
 constexpr std::string_view kLineEnd = "\r\n";
 
-/// The report's red is darker than the screen's, on purpose: it stands behind black text on paper.
-std::string_view ColorAttribute(CVerdictColor color) {
-    switch (color) {
-        case CVerdictColor::Green:
+/// The report's red is darker than the screen's, on purpose: it is the background of black text on paper.
+std::string_view ColorAttribute(Verdict verdict) {
+    switch (verdict) {
+        case Verdict::Good:
             return "bgcolor=\"#00E000\" ";
-        case CVerdictColor::Red:
+        case Verdict::Bad:
             return "bgcolor=\"#E00000\" ";
-        case CVerdictColor::White:
+        case Verdict::None:
             break;
     }
     return {};
@@ -25,11 +30,11 @@ void AppendLine(std::string& html, std::string_view text) {
     html += kLineEnd;
 }
 
-void AppendHeaderRow(std::string& html, const std::vector<int>& order) {
+void AppendHeaderRow(std::string& html, std::span<const CSummaryColumn> columns, const std::vector<int>& order) {
     AppendLine(html, "<TR ALIGN=CENTER VALIGN=CENTER>");
     for (const int column : order) {
         html += "\t<TD><B>";
-        AppendEscaped(html, kSummaryHeaders.at(static_cast<std::size_t>(column)));
+        AppendEscaped(html, columns[static_cast<std::size_t>(column)].header);
         AppendLine(html, "</B></TD>");
     }
     AppendLine(html, "</TR>");
@@ -38,10 +43,11 @@ void AppendHeaderRow(std::string& html, const std::vector<int>& order) {
 void AppendRow(std::string& html, const CSummaryRow& row, const std::vector<int>& order) {
     AppendLine(html, "<TR ALIGN=CENTER VALIGN=CENTER>");
     for (const int column : order) {
+        const CSummaryCell& cell = row[static_cast<std::size_t>(column)];
         html += "\t<TD ";
-        html += ColorAttribute(row.colors.at(static_cast<std::size_t>(column)));
+        html += ColorAttribute(cell.verdict);
         html += ">";
-        AppendEscaped(html, row.texts.at(static_cast<std::size_t>(column)));
+        AppendEscaped(html, cell.text);
         AppendLine(html, "</TD>");
     }
     AppendLine(html, "</TR>");
@@ -57,8 +63,9 @@ std::string HtmlReport(const CSummaryTable& table) {
     html += "<h1>Quorvel</h1> ";
     AppendLine(html, "<CENTER>");
     AppendLine(html, "<TABLE BORDER=3 CELLPADDING=3 WIDTH=\"90%\" >");
-    AppendHeaderRow(html, table.order);
-    for (const CSummaryRow& row : table.rows) AppendRow(html, row, table.order);
+    const std::vector<int> order = FixedOrder(table.columns, table.order);
+    AppendHeaderRow(html, table.columns, order);
+    for (const CSummaryRow& row : table.rows) AppendRow(html, row, order);
     html += "</TABLE> </CENTER> ";
     html += "</body> ";
     html += "</html> ";

@@ -2,8 +2,10 @@
 
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 #include "compare/export.h"
+#include "tests/support/summary_samples.h"
 #include "tests/support/temp_folder.h"
 
 namespace {
@@ -19,15 +21,12 @@ const std::string kRow = "<TR ALIGN=CENTER VALIGN=CENTER>\r\n";
 
 const std::string kBottom = "</TABLE> </CENTER> </body> </html> ";
 
-/// A table whose cells say their row and column, all of them white.
+/// A table whose cells say their row and column, without verdicts.
 CSummaryTable TableOf(int rowCount) {
     CSummaryTable table = MakeSummaryTable({});
     for (int i = 0; i < rowCount; ++i) {
-        CSummaryRow row;
-        row.colors.fill(CVerdictColor::White);
-        for (std::size_t j = 0; j < row.texts.size(); ++j) {
-            row.texts[j] = std::to_string(i) + ":" + std::to_string(j);
-        }
+        CSummaryRow row(table.columns.size());
+        for (std::size_t j = 0; j < row.size(); ++j) row[j].text = std::to_string(i) + ":" + std::to_string(j);
         table.rows.push_back(row);
     }
     return table;
@@ -36,23 +35,24 @@ CSummaryTable TableOf(int rowCount) {
 TEST(HtmlReport, OfAWholeTableIsByteForByte) {
     CSummaryTable table = TableOf(1);
     CSummaryRow& row = table.rows[0];
-    row.texts = {"a.uds",
-                 "3.0",
-                 "0.000000 (0.00 %)",
-                 "0.707107 (35.36 %)",
-                 "0.00",
-                 "0.934",
-                 "nan",
-                 "0.200",
-                 "0.302",
-                 "0.363",
-                 "0.401",
-                 "0.427",
-                 "0.446",
-                 "ref.uds",
-                 "0.0000",
-                 "0.0030"};
-    for (std::size_t j = 2; j <= 12; ++j) row.colors[j] = j % 2 == 0 ? CVerdictColor::Green : CVerdictColor::Red;
+    const std::vector<std::string> texts = {"a.uds",
+                                            "3.0",
+                                            "0.000000 (0.00 %)",
+                                            "0.707107 (35.36 %)",
+                                            "0.00",
+                                            "0.934",
+                                            "nan",
+                                            "0.200",
+                                            "0.302",
+                                            "0.363",
+                                            "0.401",
+                                            "0.427",
+                                            "0.446",
+                                            "ref.uds",
+                                            "0.0000",
+                                            "0.0030"};
+    for (std::size_t j = 0; j < texts.size(); ++j) row[j].text = texts[j];
+    for (std::size_t j = 2; j <= 12; ++j) row[j].verdict = j % 2 == 0 ? Verdict::Good : Verdict::Bad;
 
     EXPECT_EQ(HtmlReport(table), kTop + kRow +
                                      "\t<TD><B>Filename</B></TD>\r\n"
@@ -96,8 +96,8 @@ TEST(HtmlReport, OfAWholeTableIsByteForByte) {
 TEST(HtmlReport, FollowsTheDisplayedOrderAndColoursEachCellByItsOwnColumn) {
     CSummaryTable table = TableOf(2);
     table.order = {5, 0, 4};
-    table.rows[0].colors[5] = CVerdictColor::Red;
-    table.rows[1].colors[4] = CVerdictColor::Green;
+    table.rows[0][5].verdict = Verdict::Bad;
+    table.rows[1][4].verdict = Verdict::Good;
 
     EXPECT_EQ(HtmlReport(table), kTop + kRow +
                                      "\t<TD><B>Correlation Factor</B></TD>\r\n"
@@ -127,14 +127,22 @@ TEST(HtmlReport, WithoutSignalsHasItsHeaderRow) {
 TEST(HtmlReport, KeepsMarkupInAFileNameInert) {
     CSummaryTable table = TableOf(1);
     table.order = {0};
-    table.rows[0].texts[0] = "<script>\xC3\xA9.uds";
+    table.rows[0][0].text = "<script>\xC3\xA9.uds";
 
     EXPECT_THAT(HtmlReport(table), testing::HasSubstr("\t<TD >&lt;script&gt;&#233;.uds</TD>\r\n"));
 }
 
+TEST(HtmlReport, LeavesOutColumnsThatAreNotFixed) {
+    CSignal signal("a.uds");
+    signal.Compare(signal);
+    const std::vector<CSummaryColumn> columns = ColumnsWithExtra(), fixed = FixedColumns();
+
+    EXPECT_EQ(HtmlReport(MakeSummaryTable({signal}, columns)), HtmlReport(MakeSummaryTable({signal}, fixed)));
+}
+
 TEST(HtmlReport, RefusesAColumnThatDoesNotExist) {
     CSummaryTable table = TableOf(1);
-    table.order = {16};
+    table.order = {static_cast<int>(table.columns.size())};
     EXPECT_THROW(HtmlReport(table), std::out_of_range);
     table.order = {-1};
     EXPECT_THROW(HtmlReport(table), std::out_of_range);

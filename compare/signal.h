@@ -1,39 +1,14 @@
 #pragma once
 
-#include <array>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "compare/comparison.h"
 #include "compare/note.h"
+#include "compare/verdict.h"
 #include "signal/nsignal.h"
 #include "signal/signal_loader.h"
-
-/// Number of columns of the summary table.
-inline constexpr int kSummaryColumnCount = 16;
-
-/// The columns of the summary table.
-enum CSummaryColumn : int {
-    kFilenameColumn = 0,
-    kPeakColumn = 1,
-    kResidualColumn = 2,
-    kDeviationColumn = 3,
-    kCorridorColumn = 4,  ///< share of points outside the corridor, whatever its header says
-    kCorrelationColumn = 5,
-    kTStatisticColumn = 6,
-    kFirstMomentColumn = 7,
-    kLastMomentColumn = 12,
-    kReferenceColumn = 13,
-    kMinimumTimeColumn = 14,
-    kMaximumTimeColumn = 15,
-};
-
-/// The sixteen headers of the summary table, in column order.
-extern const std::array<std::string_view, kSummaryColumnCount> kSummaryHeaders;
-
-/// Verdict on a summary cell, with the colour (0xRRGGBB) that shows it.
-enum class CVerdictColor { White = 0xFFFFFF, Green = 0x00E000, Red = 0xFF0000 };
 
 /// One computed file, or the reference: its record, its path, the reference that it was compared with, the measures,
 /// and notes on its preparation.
@@ -66,11 +41,10 @@ public:
     const std::vector<std::string>& GetMessages() const { return m_record.GetWarnings(); }
     std::size_t GetPointCount() const { return m_record.GetPointCount(); }
 
-    /// Text of one summary column, 0 to 15; empty for any other.
+    /// Text of the summary column at that place of SummaryColumns(); empty for any other.
     std::string GetColumnText(int column) const;
-    /// Verdict on one summary column against the critical values of the moment: white without one, green below its
-    /// limit, red otherwise, so also for not-a-number.
-    CVerdictColor GetColumnColor(int column) const;
+    /// Color of its verdict against the critical values of the moment; white for any other. See Judge.
+    VerdictColor GetColumnColor(int column) const;
 
     ks::CNSignal& Record() { return m_record; }
     const ks::CNSignal& Record() const { return m_record; }
@@ -85,7 +59,7 @@ public:
     const CComparison& Comparison() const { return m_comparison; }
 
 private:
-    bool ReadWith(ks::CFormatList formats);
+    bool Take(ks::CLoadedSignal loaded);
 
     ks::CNSignal m_record;
     std::string m_path;

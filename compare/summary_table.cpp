@@ -1,25 +1,37 @@
 #include "compare/summary_table.h"
 
+#include <cstddef>
 #include <numeric>
+#include <stdexcept>
 
 namespace {
 
-CSummaryRow MakeRow(const CSignal& signal) {
+CSummaryRow MakeRow(const CSignal& signal, std::span<const CSummaryColumn> columns) {
     CSummaryRow row;
-    for (int column = 0; column < kSummaryColumnCount; ++column) {
-        row.texts[static_cast<std::size_t>(column)] = signal.GetColumnText(column);
-        row.colors[static_cast<std::size_t>(column)] = signal.GetColumnColor(column);
-    }
+    row.reserve(columns.size());
+    for (const CSummaryColumn& column : columns) row.push_back({column.text(signal), Judge(column, signal)});
     return row;
 }
 
 }  // namespace
 
-CSummaryTable MakeSummaryTable(const std::vector<CSignal>& signalList) {
+CSummaryTable MakeSummaryTable(const std::vector<CSignal>& signalList, std::span<const CSummaryColumn> columns) {
     CSummaryTable table;
+    table.columns = columns;
     table.rows.reserve(signalList.size());
-    for (const CSignal& signal : signalList) table.rows.push_back(MakeRow(signal));
-    table.order.resize(kSummaryColumnCount);
+    for (const CSignal& signal : signalList) table.rows.push_back(MakeRow(signal, columns));
+    table.order.resize(columns.size());
     std::iota(table.order.begin(), table.order.end(), 0);
     return table;
+}
+
+std::vector<int> FixedOrder(std::span<const CSummaryColumn> columns, const std::vector<int>& order) {
+    std::vector<int> fixed;
+    fixed.reserve(order.size());
+    for (const int column : order) {
+        const auto index = static_cast<std::size_t>(column);
+        if (index >= columns.size()) throw std::out_of_range("The summary table has no such column.");
+        if (columns[index].isFixed) fixed.push_back(column);
+    }
+    return fixed;
 }

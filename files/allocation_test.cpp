@@ -1,8 +1,13 @@
 #include <gtest/gtest.h>
 
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
 #include <string>
+#include <utility>
 
 #include "files/ascii_points.h"
+#include "files/points.h"
 #include "files/uds_file.h"
 #include "tests/support/allocation_count.h"
 #include "tests/support/expect_error.h"

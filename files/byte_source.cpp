@@ -1,6 +1,8 @@
 #include "files/byte_source.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <span>
 
 namespace ks {
 

@@ -15,7 +15,7 @@ public:
     virtual ~CByteSource() = default;
 
     /// Size in bytes of the whole, as it was when the source was opened.
-    virtual std::uint64_t Size() const = 0;
+    [[nodiscard]] virtual std::uint64_t Size() const = 0;
 
     /// Fills `target` from the front with the next bytes.
     /// @return how many there were; fewer than `target` holds only at the end
@@ -27,7 +27,7 @@ class CMemorySource : public CByteSource {
 public:
     explicit CMemorySource(std::span<const std::byte> bytes) : m_size(bytes.size()), m_left(bytes) {}
 
-    std::uint64_t Size() const override { return m_size; }
+    [[nodiscard]] std::uint64_t Size() const override { return m_size; }
     std::size_t Read(std::span<std::byte> target) override;
 
 private:

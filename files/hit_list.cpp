@@ -1,9 +1,15 @@
 #include "files/hit_list.h"
 
+#include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <span>
+#include <string>
+#include <string_view>
+#include <vector>
 
 #include "files/input_file.h"
+#include "files/replacing_file.h"
 
 namespace ks {
 namespace {

@@ -2,9 +2,12 @@
 
 #include <gmock/gmock.h>
 
+#include <filesystem>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "files/replacing_file.h"
 #include "tests/support/temp_folder.h"
 
 namespace ks {

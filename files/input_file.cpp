@@ -1,7 +1,11 @@
 #include "files/input_file.h"
 
+#include <cstddef>
+#include <cstdint>
 #include <filesystem>
 #include <ios>
+#include <span>
+#include <string>
 #include <system_error>
 
 #include "files/native_path.h"

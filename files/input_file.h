@@ -1,6 +1,9 @@
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
 #include <fstream>
+#include <span>
 #include <string>
 
 #include "files/byte_source.h"

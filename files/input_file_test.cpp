@@ -3,10 +3,12 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include <cstddef>
 #include <filesystem>
 #include <span>
 #include <string>
 
+#include "files/byte_source.h"
 #include "tests/support/temp_folder.h"
 
 namespace ks {

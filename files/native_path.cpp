@@ -1,6 +1,8 @@
 #include "files/native_path.h"
 
+#include <filesystem>
 #include <string>
+#include <string_view>
 #include <system_error>
 
 namespace ks {

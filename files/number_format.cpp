@@ -1,7 +1,12 @@
 #include "files/number_format.h"
 
 #include <algorithm>
+#include <array>
 #include <bit>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string_view>
 
 namespace ks {
 namespace {

@@ -4,7 +4,7 @@
 
 #include <bit>
 #include <cmath>
-#include <cstdint>
+#include <cstddef>
 #include <limits>
 #include <ostream>
 #include <random>

@@ -1,10 +1,15 @@
 #include "files/number_text.h"
 
 #include <fast_float/fast_float.h>
+#include <fast_float/parse_number.h>
 
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
 #include <system_error>
 
 namespace ks {

@@ -1,4 +1,6 @@
 #include "files/path_text.h"
+#include <cstddef>
+#include <string_view>
 
 namespace ks {
 namespace {

@@ -1,6 +1,8 @@
 #include "files/points.h"
 
 #include <boost/make_shared.hpp>
+#include <cstddef>
+#include <vector>
 
 namespace ks {
 

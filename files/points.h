@@ -26,7 +26,7 @@ public:
     std::vector<double> y;
     std::vector<double> z;
 
-    std::size_t Count() const { return y.size(); }
+    [[nodiscard]] std::size_t Count() const { return y.size(); }
 };
 
 /// The columns as a list of shared points: one block holds all points, the pointers share its ownership.

@@ -1,4 +1,7 @@
 #include "files/text_encoding.h"
+#include <cstddef>
+#include <string>
+#include <string_view>
 
 #include "files/utf8.h"
 

@@ -4,7 +4,6 @@
 
 #include <ostream>
 #include <string>
-#include <vector>
 
 namespace ks {
 namespace {

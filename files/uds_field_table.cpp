@@ -2,6 +2,12 @@
 
 #include <algorithm>
 #include <array>
+#include <cstddef>
+#include <span>
+#include <string_view>
+
+#include "files/uds_field_list.h"
+#include "files/uds_fields.h"
 
 namespace ks {
 namespace {

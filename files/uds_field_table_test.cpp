@@ -2,11 +2,14 @@
 
 #include <gtest/gtest.h>
 
-#include <ostream>
+#include <cstddef>
 #include <set>
 #include <string>
+#include <string_view>
 #include <variant>
 #include <vector>
+
+#include "files/uds_fields.h"
 
 namespace ks {
 namespace {

@@ -4,14 +4,23 @@
 #include <array>
 #include <bit>
 #include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <span>
 #include <string_view>
 #include <variant>
 #include <vector>
 
+#include "files/byte_source.h"
 #include "files/error.h"
 #include "files/messages.h"
+#include "files/number_format.h"
+#include "files/points.h"
 #include "files/text_encoding.h"
+#include "files/uds_content.h"
 #include "files/uds_field_table.h"
+#include "files/uds_fields.h"
+#include "files/uds_layout.h"
 
 namespace ks {
 namespace {
@@ -89,13 +98,13 @@ public:
 private:
     void FillBuffer(std::size_t size);
     void NextHeaderRecord();
-    std::string_view Tag() const { return Trimmed(std::span(m_buffer).first(m_geometry.tagWidth)); }
+    [[nodiscard]] std::string_view Tag() const { return Trimmed(std::span(m_buffer).first(m_geometry.tagWidth)); }
     void StoreField(const CUDSField& field);
     void StoreFields(CUDSRecord record);
     void NoteLosses(CUDSRecord record);
     void NoteUserReals();
-    std::span<const std::byte> BytesOf(const CUDSField& field) const;
-    std::uint64_t Count() const { return static_cast<std::uint64_t>(CountByIndices(m_content.fields)); }
+    [[nodiscard]] std::span<const std::byte> BytesOf(const CUDSField& field) const;
+    [[nodiscard]] std::uint64_t Count() const { return static_cast<std::uint64_t>(CountByIndices(m_content.fields)); }
 
     template <class ListOf>
     void ReadBlocks(ListOf listOf);

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <limits>
 #include <ostream>
@@ -12,7 +14,10 @@
 #include <utility>
 #include <vector>
 
+#include "files/byte_source.h"
+#include "files/uds_content.h"
 #include "files/uds_file.h"
+#include "files/uds_layout.h"
 #include "tests/support/expect_error.h"
 #include "tests/support/uds_bytes.h"
 

@@ -1,5 +1,6 @@
 #include "signal/signal_loader.h"
 
+#include <array>
 #include <exception>
 #include <new>
 
@@ -33,6 +34,10 @@ CLoadedSignal LoadSignal(const std::string& path, const std::string& channel, CF
     loaded.format = FirstThatReads(formats, path, loaded.complaints,
                                    [&](const CSignalFormat& format) { loaded.record = format.load(path, channel); });
     return loaded;
+}
+
+CLoadedSignal LoadSignalAs(const CSignalFormat& format, const std::string& path) {
+    return LoadSignal(path, std::string(kOnlyChannel), std::array{&format});
 }
 
 CChannelList ListChannels(const std::string& path, CFormatList formats) {

@@ -2,6 +2,7 @@
 
 #include <QFontMetricsF>
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <limits>
 #include <memory>
@@ -11,6 +12,8 @@
 #include "chart/chart_control.h"
 #include "chart/chart_style.h"
 #include "chart/make_chart.h"
+#include "signal/data.h"
+#include "viewer/page.h"
 
 namespace {
 

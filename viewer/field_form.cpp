@@ -5,8 +5,13 @@
 #include <QLabel>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <cstddef>
+#include <span>
+#include <vector>
 
 #include "files/uds_field_table.h"
+#include "signal/data.h"
+#include "signal/header_groups.h"
 #include "viewer/value_edit.h"
 #include "widgets/make_child.h"
 
@@ -60,7 +65,7 @@ void CFieldForm::ShowRecord(const ks::CData& record) {
     m_absentNote->setVisible(isAbsent);
 }
 
-/// The values run down each column; a wide one stands alone in its row.
+/// The values run down each column; a wide one is alone in its row.
 void CFieldForm::AddBox(const QString& title, std::span<const ks::CHeaderGroupId> groups, int columns) {
     auto* const box = MakeChild<QGroupBox>(title, this);
     auto* const grid = MakeChild<QGridLayout>(box);

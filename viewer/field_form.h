@@ -4,6 +4,7 @@
 #include <span>
 #include <vector>
 
+#include "signal/data.h"
 #include "signal/header_groups.h"
 
 class CValueEdit;

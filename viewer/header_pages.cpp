@@ -4,7 +4,10 @@
 #include <initializer_list>
 #include <span>
 
+#include "signal/data.h"
+#include "signal/header_groups.h"
 #include "viewer/field_form.h"
+#include "widgets/make_child.h"
 
 namespace ksres {
 

@@ -5,6 +5,7 @@
 #include <initializer_list>
 #include <vector>
 
+#include "signal/data.h"
 #include "signal/header_groups.h"
 #include "widgets/make_child.h"
 

@@ -23,7 +23,8 @@ inline QString FileNotCompleted(const QString& path) {
 
 inline QString OverwritesItself(const QString& path) {
     //: %1 is a path
-    return QCoreApplication::translate("CUDSDialog", "%1 is the file on show. Please choose another name.").arg(path);
+    return QCoreApplication::translate("CUDSDialog", "%1 is the file shown here. Please choose another name.")
+        .arg(path);
 }
 
 inline QString NoSuchPages(int pageCount) {

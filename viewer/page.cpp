@@ -39,25 +39,25 @@ QString Printable(QString text) {
     return text;
 }
 
-QFont CPrintLetters::Font() const {
+QFont CPrintFont::Font() const {
     QFont font(QStringLiteral("Times New Roman"));
     font.setStyleHint(QFont::Serif);
     font.setHintingPreference(QFont::PreferNoHinting);
     font.setKerning(false);  // widths are then the same on every device
     font.setPixelSize(static_cast<int>(std::lround(points / kPointsPerInch * kUnitsPerInch)));
-    font.setBold(bold);
+    font.setBold(isBold);
     return font;
 }
 
-double CPrintLetters::LineHeight() const {
+double CPrintFont::LineHeight() const {
     return QFontMetricsF(Font()).height() * kLeading / kUnitsPerInch;
 }
 
-double CPrintLetters::Width(const QString& text) const {
+double CPrintFont::Width(const QString& text) const {
     return QFontMetricsF(Font()).horizontalAdvance(Printable(text)) / kUnitsPerInch;
 }
 
-QStringList CPrintLetters::Lines(const QString& text, double width) const {
+QStringList CPrintFont::Lines(const QString& text, double width) const {
     const QString printable = Printable(text);
     QTextLayout layout(printable, Font());
     QTextOption option;
@@ -83,19 +83,19 @@ double CPage::RowTop(double row) const {
 }
 
 QRectF CPage::Body() const {
-    const double belowHeader = RowTop(kHeaderRow) + kTitleLetters.LineHeight();  // counts on low paper
+    const double belowHeader = RowTop(kHeaderRow) + kTitleFont.LineHeight();  // counts on low paper
     return {QPointF(kSideMargin, std::max(RowTop(kFirstBodyRow), belowHeader)),
             QPointF(m_size.width() - kSideMargin, RowTop(kLastBodyRow))};
 }
 
-void CPage::AddText(QPointF place, const QString& text, const CPrintLetters& letters) {
-    m_texts.push_back({place, Printable(text), letters});
+void CPage::AddText(QPointF place, const QString& text, const CPrintFont& font) {
+    m_texts.push_back({place, Printable(text), font});
 }
 
-void CPage::AddLine(double row, Qt::AlignmentFlag alignment, const QString& text, const CPrintLetters& letters) {
-    const double room = m_size.width() - 2.0 * kSideMargin - letters.Width(text);
+void CPage::AddLine(double row, Qt::AlignmentFlag alignment, const QString& text, const CPrintFont& font) {
+    const double room = m_size.width() - 2.0 * kSideMargin - font.Width(text);
     const double share = alignment == Qt::AlignLeft ? 0.0 : alignment == Qt::AlignRight ? 1.0 : 0.5;
-    AddText({kSideMargin + room * share, RowTop(row)}, text, letters);
+    AddText({kSideMargin + room * share, RowTop(row)}, text, font);
 }
 
 void CPage::AddRule(QPointF from, QPointF to) {
@@ -115,7 +115,7 @@ void CPage::Paint(QPainter& painter) const {
     painter.setPen(QPen(Qt::black, kRuleWidth * kUnitsPerInch, Qt::SolidLine, Qt::FlatCap));
     for (const CRule& rule : m_rules) painter.drawLine(Units(rule.from), Units(rule.to));
     for (const CText& text : m_texts) {
-        const QFont font = text.letters.Font();
+        const QFont font = text.font.Font();
         painter.setFont(font);
         painter.drawText(Units(text.place) + QPointF(0.0, QFontMetricsF(font).ascent()), text.text);
     }

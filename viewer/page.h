@@ -14,11 +14,11 @@ class QPainter;
 /// The text with a blank in place of each control character.
 QString Printable(QString text);
 
-/// Letters of a printed text. Sizes on paper do not depend on the device: fonts are made in pixels of the layout, so
+/// The font of a printed text. Sizes on paper do not depend on the device: fonts are made in pixels of the layout, so
 /// that screen, printer and file break lines at the same places.
-struct CPrintLetters {
+struct CPrintFont {
     double points = 10.0;
-    bool bold = false;
+    bool isBold = false;
 
     [[nodiscard]] QFont Font() const;
     /// Height of a line and width of a text, in inches.
@@ -29,13 +29,13 @@ struct CPrintLetters {
     [[nodiscard]] QStringList Lines(const QString& text, double width) const;
 };
 
-/// Letters of the header, the footer and the fields.
-inline constexpr CPrintLetters kTitleLetters{16.0, false};
-inline constexpr CPrintLetters kFooterLetters{12.0, false};
-inline constexpr CPrintLetters kGroupLetters{11.0, true};
-inline constexpr CPrintLetters kFieldLetters{10.0, false};
+/// Fonts of the header, the footer, the groups and the fields.
+inline constexpr CPrintFont kTitleFont{16.0, false};
+inline constexpr CPrintFont kFooterFont{12.0, false};
+inline constexpr CPrintFont kGroupFont{11.0, true};
+inline constexpr CPrintFont kFieldFont{10.0, false};
 
-/// One sheet of paper: what stands where, in inches from its upper left corner. Rows are page units: row 0 is the
+/// One sheet of paper: what is where, in inches from its upper left corner. Rows are page units: row 0 is the
 /// title's line, row kFooterRow the footer's; on paper 11 inches high a row is one inch, on other paper in proportion.
 ///
 /// Paper narrower or lower than usual gets the same page drawn smaller: Size() is then larger than the paper.
@@ -55,9 +55,9 @@ public:
     [[nodiscard]] QRectF Body() const;
 
     /// One line of text whose box begins at `place`.
-    void AddText(QPointF place, const QString& text, const CPrintLetters& letters);
+    void AddText(QPointF place, const QString& text, const CPrintFont& font);
     /// A text in the line at `row`, at the left or right margin or between them.
-    void AddLine(double row, Qt::AlignmentFlag alignment, const QString& text, const CPrintLetters& letters);
+    void AddLine(double row, Qt::AlignmentFlag alignment, const QString& text, const CPrintFont& font);
     /// A thin line.
     void AddRule(QPointF from, QPointF to);
     /// Something that paints itself into `area`, whose coordinates are those of the painter it is given.
@@ -71,7 +71,7 @@ private:
     struct CText {
         QPointF place;
         QString text;
-        CPrintLetters letters;
+        CPrintFont font;
     };
     struct CRule {
         QPointF from, to;

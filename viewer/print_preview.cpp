@@ -10,6 +10,7 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 #include <initializer_list>
+#include <memory>
 
 #include "viewer/printer.h"
 #include "widgets/make_child.h"
@@ -24,7 +25,7 @@ constexpr int kLeastLines = 6;
 constexpr int kPaperCharacters = 10;
 
 QString PlaceText(int page, int count) {
-    //: the page on show, of how many
+    //: the page shown, of how many
     return CViewPrintPreview::tr("Page %1 of %2").arg(page).arg(count);
 }
 
@@ -173,10 +174,10 @@ CPrintPreviewer::~CPrintPreviewer() {
 }
 
 void CPrintPreviewer::Refresh() {
-    m_stale = true;
+    m_isStale = true;
     if (!isVisible() || !m_view->HasPages()) return;
     m_view->Refresh();
-    m_stale = false;
+    m_isStale = false;
 }
 
 QPrinter& CPrintPreviewer::Printer() {
@@ -196,7 +197,7 @@ QSize CPrintPreviewer::sizeHint() const {
 void CPrintPreviewer::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
     if (!m_view->HasPages()) m_view->ShowPages(Printer(), m_paint);
-    if (m_stale) Refresh();
+    if (m_isStale) Refresh();
 }
 
 }  // namespace ksres

@@ -36,7 +36,7 @@ public:
     /// Shows the report's pages from now on. `printer` must outlive the view.
     void ShowPages(QPrinter& printer, const PaintReport& paint);
     [[nodiscard]] bool HasPages() const { return m_view != nullptr; }
-    /// The last that the keyboard reaches, but for the pages, which follow it.
+    /// The last control that the keyboard reaches; only the pages follow it.
     [[nodiscard]] QWidget* LastControl() const { return m_lastControl; }
 
     /// Paints the pages anew, for the printer's paper.
@@ -58,10 +58,10 @@ private:
     QToolButton* m_previous = nullptr;
     QToolButton* m_next = nullptr;
     QLabel* m_placeLabel;
-    QWidget* m_lastControl = nullptr;  ///< behind which the keyboard reaches the pages
+    QWidget* m_lastControl = nullptr;  ///< the keyboard reaches the pages after it
 };
 
-/// The page of the property sheet with the report's preview. Painting waits until the page is on show.
+/// The page of the property sheet with the report's preview. Painting waits until the page is shown.
 class CPrintPreviewer : public QWidget {
     Q_OBJECT
 
@@ -75,7 +75,7 @@ public:
     /// The printer whose paper the preview shows, found when first asked for: that can take a moment.
     QPrinter& Printer();
 
-    /// The last that the keyboard reaches, but for the pages, which follow it.
+    /// The last control that the keyboard reaches; only the pages follow it.
     [[nodiscard]] QWidget* LastControl() const { return m_view->LastControl(); }
 
     /// Enough for the controls and a legible page.
@@ -88,7 +88,7 @@ private:
     PaintReport m_paint;
     std::unique_ptr<QPrinter> m_printer;
     CViewPrintPreview* m_view;
-    bool m_stale = true;
+    bool m_isStale = true;
 };
 
 }  // namespace ksres

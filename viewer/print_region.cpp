@@ -2,6 +2,9 @@
 
 #include <utility>
 
+#include "viewer/page.h"
+#include "viewer/print_table.h"
+
 namespace {
 
 // Inches.
@@ -9,7 +12,7 @@ constexpr double kBelowTitle = 0.02;
 constexpr double kBelowRule = 0.04;
 
 double HeadHeight() {
-    return kGroupLetters.LineHeight() + kBelowTitle + kBelowRule;
+    return kGroupFont.LineHeight() + kBelowTitle + kBelowRule;
 }
 
 }  // namespace
@@ -24,8 +27,8 @@ double CPrintRegion::Height(double width) const {
 }
 
 void CPrintRegion::PlaceOn(CPage& page, QPointF place, double width) const {
-    page.AddText(place, m_title, kGroupLetters);
-    const double ruleY = place.y() + kGroupLetters.LineHeight() + kBelowTitle;
+    page.AddText(place, m_title, kGroupFont);
+    const double ruleY = place.y() + kGroupFont.LineHeight() + kBelowTitle;
     page.AddRule({place.x(), ruleY}, {place.x() + width, ruleY});
     const QPointF contents(place.x(), place.y() + HeadHeight());
     if (m_table) m_table->PlaceOn(page, contents, width);

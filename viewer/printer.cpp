@@ -4,8 +4,11 @@
 #include <QMarginsF>
 #include <QPainter>
 #include <QPrinter>
+#include <string>
 #include <vector>
 
+#include "files/replacing_file.h"
+#include "viewer/report.h"
 #include "widgets/pdf_file.h"
 
 namespace {
@@ -36,8 +39,8 @@ PrintResult AsPrintResult(ks::WriteResult result) {
 }  // namespace
 
 QPageSize UsualPaper() {
-    const bool letter = QLocale().measurementSystem() == QLocale::ImperialUSSystem;
-    return QPageSize(letter ? QPageSize::Letter : QPageSize::A4);
+    const bool isLetter = QLocale().measurementSystem() == QLocale::ImperialUSSystem;
+    return QPageSize(isLetter ? QPageSize::Letter : QPageSize::A4);
 }
 
 int CPrinter::PageCount(const QPageLayout& layout) const {

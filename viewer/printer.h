@@ -5,6 +5,7 @@
 #include <QPageSize>
 #include <string>
 
+#include "files/replacing_file.h"
 #include "viewer/report.h"
 
 class QPagedPaintDevice;
@@ -18,7 +19,7 @@ enum class PrintResult {
     Printed,
     NoPages,      ///< none of the chosen pages is in the report; nothing was opened
     NotOpened,    ///< the printer, or its file, does not take the report
-    NotCompleted  ///< its file could not be written whole; an old one is as it was
+    NotCompleted  ///< its file could not be written completely; an old one is unchanged
 };
 
 /// Puts a report on paper. Printers, previews and PDF files all go this way.

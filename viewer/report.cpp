@@ -2,12 +2,17 @@
 
 #include <QCoreApplication>
 #include <algorithm>
+#include <cstddef>
 #include <utility>
+#include <vector>
 
+#include "signal/data.h"
 #include "signal/header_groups.h"
 #include "viewer/curve_plot.h"
+#include "viewer/page.h"
 #include "viewer/print_region.h"
 #include "viewer/print_table.h"
+#include "viewer/report_pdf.h"
 
 namespace {
 
@@ -29,7 +34,7 @@ struct CReportGroup {
 using CBand = std::vector<CReportGroup>;
 
 const std::vector<CBand>& SpecificationBands() {
-    static const std::vector<CBand> bands = {
+    static const std::vector<CBand> kBands = {
         {{{File}, 4}},
         {{{Test}, 3}},
         {{{VehicleOne}, 1}, {{VehicleTwo}, 1}},
@@ -39,11 +44,11 @@ const std::vector<CBand>& SpecificationBands() {
         {{{CurveData, Sensor}, 2}},
         {{{CurveUserData}, 5}},
     };
-    return bands;
+    return kBands;
 }
 
 const std::vector<CBand>& FurtherBands() {
-    static const std::vector<CBand> bands = {
+    static const std::vector<CBand> kBands = {
         {{{OtherFile}, 1}, {{OtherTest}, 2}},
         {{{OtherVehicleOne}, 1}, {{OtherVehicleTwo}, 1}},
         {{{OtherInjury}, 3}},
@@ -51,7 +56,7 @@ const std::vector<CBand>& FurtherBands() {
         {{{OtherSensor}, 3}},
         {{{Extrema}, 2}},
     };
-    return bands;
+    return kBands;
 }
 
 /// The lines of a group; of one that the file lacks only the labels.
@@ -104,17 +109,17 @@ private:
     }
 
     void AddHeaderAndFooter(CPage& page, int number) const {
-        const bool full = m_subject.mode == ReportMode::Full;
-        page.AddLine(0.0, Qt::AlignHCenter, full ? "Full UDS File Report" : "UDS File Specification Report",
-                     kTitleLetters);
+        const bool isFull = m_subject.mode == ReportMode::Full;
+        page.AddLine(0.0, Qt::AlignHCenter, isFull ? "Full UDS File Report" : "UDS File Specification Report",
+                     kTitleFont);
         page.AddLine(CPage::kHeaderRow, Qt::AlignHCenter,
                      QString::asprintf("Test Number: %d        Curve Number: %d", m_subject.record.GetTSTNO(),
                                        m_subject.record.GetCURNO()),
-                     kTitleLetters);
-        page.AddLine(CPage::kFooterRow, Qt::AlignLeft, QString::asprintf("Page: %d", number), kFooterLetters);
+                     kTitleFont);
+        page.AddLine(CPage::kFooterRow, Qt::AlignLeft, QString::asprintf("Page: %d", number), kFooterFont);
         const QDate& date = m_subject.date;
         page.AddLine(CPage::kFooterRow, Qt::AlignRight,
-                     QString::asprintf("Date: %d/%d/%d", date.month(), date.day(), date.year()), kFooterLetters);
+                     QString::asprintf("Date: %d/%d/%d", date.month(), date.day(), date.year()), kFooterFont);
     }
 
     void AddBand(const CBand& band) {

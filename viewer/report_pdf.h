@@ -9,7 +9,7 @@
 
 /// How much of a file the printed report holds. The preview's choice is in this order.
 enum class ReportMode {
-    Specification,  ///< the labelled header fields
+    Specification,  ///< the labeled header fields
     Full            ///< every header field, the extrema and a plot of the curve
 };
 
@@ -23,7 +23,7 @@ struct CReportFileOptions {
 };
 
 /// Writes the printed report of `record` as a PDF file to `path` (UTF-8). An old file is replaced only when the new one
-/// is complete. `filePath` is the record's file: its name becomes the document's title and stands beside the plot.
+/// is complete. `filePath` is the record's file: its name becomes the document's title and the plot's legend.
 ///
 /// A QApplication must exist, on any platform; "offscreen" is enough.
 [[nodiscard]] ks::WriteResult WriteReportPdf(const std::string& path, const ks::CData& record,

@@ -7,10 +7,14 @@
 #include <QScopeGuard>
 #include <QTest>
 #include <algorithm>
-#include <array>
+#include <chrono>
 #include <cmath>
+#include <cstddef>
 #include <filesystem>
+#include <string>
+#include <vector>
 
+#include "files/replacing_file.h"
 #include "signal/nsignal.h"
 #include "tests/support/temp_folder.h"
 #include "viewer/printer.h"
@@ -35,7 +39,7 @@ ks::CNSignal Loaded(const CTempFolder& folder, const std::string& bytes) {
     return record;
 }
 
-/// A cell of a laid-out line is what stands between gaps.
+/// A cell of a laid-out line is what is between gaps.
 bool HasCell(const std::vector<CPdfPage>& pages, const QString& cell) {
     const QRegularExpression pattern("(^| {2,})" + QRegularExpression::escape(cell) + "( {2,}|$)");
     return std::any_of(pages.begin(), pages.end(), [&](const CPdfPage& page) {
@@ -64,23 +68,25 @@ QStringList WordsOutsideMargins(const std::vector<CPdfPage>& pages) {
     for (const CPdfPage& page : pages) {
         const QRectF paper(QPointF(), page.size);
         const QRectF inside = paper.adjusted(kSideMargin, kEdge, -kSideMargin, -kEdge).adjusted(-0.5, -0.5, 0.5, 0.5);
-        for (const CPdfWord& word : page.words)
+        for (const CPdfWord& word : page.words) {
             if (!inside.contains(word.box))
                 outside.append(QString("%1 at %2 %3").arg(word.text).arg(word.box.left()).arg(word.box.top()));
+        }
     }
     return outside;
 }
 
-/// Words that stand on each other. Boxes of letters reach above and below what is inked, so they may touch.
+/// Words on top of each other. Boxes of letters reach above and below what is inked, so they may touch.
 QStringList OverlappingWords(const std::vector<CPdfPage>& pages) {
     QStringList overlapping;
     for (const CPdfPage& page : pages) {
-        for (std::size_t i = 0; i < page.words.size(); ++i)
+        for (std::size_t i = 0; i < page.words.size(); ++i) {
             for (std::size_t j = i + 1; j < page.words.size(); ++j) {
                 const QRectF common = page.words[i].box.intersected(page.words[j].box);
                 if (common.width() > 1.0 && common.height() > 2.0)
                     overlapping.append(page.words[i].text + '/' + page.words[j].text);
             }
+        }
     }
     return overlapping;
 }
@@ -156,7 +162,7 @@ private slots:
         m_wideRecord = Loaded(m_folder, WideTextFile());
     }
 
-    // What stands on the pages, for every mode and paper.
+    // What is on the pages, for every mode and paper.
 
     void TheReportHoldsEveryLabelAndValue_data() { AddKinds(); }
     void TheReportHoldsEveryLabelAndValue() {
@@ -217,7 +223,7 @@ private slots:
     void NoLetterOfAWideTextIsLost() {
         // Labelled texts of the file, in letters: test 15 + 10 + 3 + 25 + 70, vehicles 2 (15 + 25 + 4 + 25), occupants
         // 2 (6 + 1 + 2 + 20 + 20), AIS 1, curve 12 + 30 + 3 20, curve data 70 + 20 + 70, sensor 2 + 2. The label
-        // "Weight:" stands there four times.
+        // "Weight:" is there four times.
         const qsizetype expected = 123 + 2 * 69 + 2 * 49 + 1 + 102 + 160 + 4 + 4;
         for (const ReportPaper paper : {ReportPaper::Letter, ReportPaper::A4})
             QCOMPARE(LettersOf(Pages(m_wideRecord, ReportMode::Specification, paper), 'W'), expected);
@@ -407,9 +413,10 @@ private slots:
 
     void ThePagesCanBeCountedForEveryPaper() {
         const CPrinter report({m_record, "a.uds", ReportMode::Full, QDate(2024, 2, 9)});
-        for (const QPageSize::PageSizeId paper : {QPageSize::Letter, QPageSize::A4})
+        for (const QPageSize::PageSizeId paper : {QPageSize::Letter, QPageSize::A4}) {
             QCOMPARE(report.PageCount(QPageLayout(QPageSize(paper), QPageLayout::Portrait, QMarginsF(20, 20, 20, 20))),
                      2);
+        }
         QCOMPARE(CPrinter({m_record, "a.uds", ReportMode::Specification, QDate(2024, 2, 9)})
                      .PageCount(QPageLayout(QPageSize(QPageSize::A4), QPageLayout::Portrait, {})),
                  1);
@@ -469,12 +476,13 @@ private:
     void AddKinds() {
         QTest::addColumn<int>("mode");
         QTest::addColumn<int>("paper");
-        for (const ReportMode mode : {ReportMode::Specification, ReportMode::Full})
+        for (const ReportMode mode : {ReportMode::Specification, ReportMode::Full}) {
             for (const ReportPaper paper : {ReportPaper::Letter, ReportPaper::A4}) {
                 const QByteArray name = QByteArray(mode == ReportMode::Full ? "full" : "specification") + " on " +
                                         (paper == ReportPaper::A4 ? "A4" : "Letter");
                 QTest::newRow(name.constData()) << static_cast<int>(mode) << static_cast<int>(paper);
             }
+        }
     }
     /// Of the row at work.
     static int Column(const char* name) { return *static_cast<const int*>(QTest::qData(name, QMetaType::Int)); }

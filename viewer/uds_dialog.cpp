@@ -8,7 +8,6 @@
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QUrl>
-#include <array>
 #include <exception>
 #include <string>
 #include <utility>
@@ -111,7 +110,7 @@ bool CUDSDialog::Open(const QString& path) {
     ks::CLoadedSignal loaded;
     {
         const CWaitCursor wait;
-        loaded = ks::LoadSignal(path.toStdString(), std::string(ks::kOnlyChannel), std::array{&ks::kUdsFormat});
+        loaded = ks::LoadSignalAs(ks::kUdsFormat, path.toStdString());
         if (loaded.IsLoaded()) ShowRecord(std::move(loaded.record), path);
     }
     if (loaded.IsLoaded()) return true;
@@ -152,7 +151,7 @@ void CUDSDialog::AddPages() {
     SetTabOrder();
 }
 
-/// The pages were made last; the keyboard reaches them behind their tabs and before what stands below.
+/// The pages were made last; the keyboard reaches them after their tabs and before what is below.
 void CUDSDialog::SetTabOrder() {
     QWidget* before = m_previewer->LastControl();
     for (QWidget* const next : std::initializer_list<QWidget*>{m_ui->modeBox, m_ui->printButton, m_ui->xButton,

@@ -20,7 +20,7 @@ class CUDSDialog;
 class CHeaderPage;
 class CPrintPreviewer;
 
-/// "UDS File Specification - NAME": every labelled header field of one file on pages, its report in preview and on
+/// "UDS File Specification - NAME": every labeled header field of one file on pages, its report in preview and on
 /// paper, and its points as an ASCII file. A file dropped on the sheet takes the place of the one shown.
 class CUDSDialog : public QDialog {
     Q_OBJECT
@@ -55,7 +55,7 @@ private:
     void FitSize();
     void PrintReport();
     void ExportPoints();
-    /// Whether a path leads to the very file on show, which no output may replace.
+    /// Whether a path leads to the very file shown, which no output may replace.
     [[nodiscard]] bool IsShownFile(const QString& path) const;
 
     std::unique_ptr<Ui::CUDSDialog> m_ui;

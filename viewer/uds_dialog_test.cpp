@@ -480,7 +480,7 @@ private slots:
     void TheFileOnShowIsNotReplacedByItsPoints() {
         const QString sameFile = Text(m_folder.Path("./two.uds"));
         Export("xyButton", sameFile);
-        QCOMPARE(m_host->errors, QStringList({sameFile + " is the file on show. Please choose another name."}));
+        QCOMPARE(m_host->errors, QStringList({sameFile + " is the file shown here. Please choose another name."}));
         QVERIFY(ReadAll(m_path.toStdString()) == TwoComponentFile());
     }
 
@@ -561,7 +561,7 @@ private slots:
             return true;
         };
         Click("printButton");
-        QCOMPARE(m_host->errors, QStringList({m_path + " is the file on show. Please choose another name."}));
+        QCOMPARE(m_host->errors, QStringList({m_path + " is the file shown here. Please choose another name."}));
         QVERIFY(ReadAll(m_path.toStdString()) == TwoComponentFile());
     }
 
@@ -635,7 +635,7 @@ private slots:
     }
 
 private:
-    /// Every tab of the sheet and of its pages, each while it is on show.
+    /// Every tab of the sheet and of its pages, each while it is shown.
     void ForEachTab(const std::function<void(QWidget& tab)>& look) { ForEachTab(*Child<QTabWidget>("pages"), look); }
     static void ForEachTab(QTabWidget& tabs, const std::function<void(QWidget& tab)>& look) {
         for (int index = 0; index < tabs.count(); ++index) {
@@ -669,7 +669,7 @@ private:
         return hasOwnName ? widget.objectName() : widget.accessibleName();
     }
 
-    /// Notes below the fields of a page that are on show when the page is.
+    /// Notes below the fields of a page that are shown when the page is.
     static QStringList Notes(const QWidget& page) {
         QStringList notes;
         const auto labels = page.findChildren<QLabel*>();

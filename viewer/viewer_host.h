@@ -17,8 +17,8 @@ public:
     /// Shows a sentence until the user has confirmed it.
     virtual void ShowError(QWidget* parent, const QString& text) = 0;
     /// Lets the user name a file to write, in the folder for ASCII output at first, and asks before one is replaced.
-    /// No value: cancelled.
+    /// No value: canceled.
     virtual std::optional<QString> AskSavePath(QWidget* parent, const ks::CFileRequest& request) = 0;
-    /// Lets the user choose printer, paper and some of the `pageCount` pages; false: cancelled.
+    /// Lets the user choose printer, paper and some of the `pageCount` pages; false: canceled.
     virtual bool AskPrinter(QWidget* parent, QPrinter& printer, int pageCount) = 0;
 };

@@ -3,7 +3,11 @@
 #include <QBuffer>
 #include <QPdfWriter>
 #include <QPrinter>
+#include <cstddef>
+#include <string>
 #include <string_view>
+
+#include "files/replacing_file.h"
 
 namespace {
 

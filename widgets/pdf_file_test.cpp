@@ -6,7 +6,9 @@
 #include <QRegularExpression>
 #include <QTest>
 #include <cmath>
+#include <string>
 
+#include "files/replacing_file.h"
 #include "tests/support/failing_disk.h"
 #include "tests/support/temp_folder.h"
 

@@ -1,9 +1,9 @@
 #pragma once
 
 #include <QDialog>
-#include <array>
 #include <memory>
 #include <utility>
+#include <vector>
 
 #include "compare/critical_values.h"
 
@@ -16,7 +16,7 @@ namespace Ui {
 class CCriticalValuesDlg;
 }
 
-/// "Edit Critical Values": edits a copy of the six limits. Any finite number is taken.
+/// "Edit Critical Values": edits a copy of the critical values. Any finite number is taken.
 class CCriticalValuesDlg : public QDialog {
     Q_OBJECT
 
@@ -25,7 +25,7 @@ public:
     CCriticalValuesDlg(const CCriticalValues& values, CMessages& messages, QWidget* parent = nullptr);
     ~CCriticalValuesDlg() override;
 
-    /// The values given, or all six as edited once the dialog was closed with OK.
+    /// The values given, or all as edited once the dialog was closed with OK.
     const CCriticalValues& Values() const { return m_values; }
 
 public slots:
@@ -33,8 +33,9 @@ public slots:
     void accept() override;
 
 private:
-    using CField = std::pair<QLineEdit*, double CCriticalValues::*>;
-    std::array<CField, 6> Fields() const;
+    using CField = std::pair<QLineEdit*, CCriticalValue>;
+    /// One per criterion, from top to bottom.
+    std::vector<CField> Fields() const;
 
     std::unique_ptr<Ui::CCriticalValuesDlg> m_ui;
     CCriticalValues m_values;

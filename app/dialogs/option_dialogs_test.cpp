@@ -138,6 +138,20 @@ private slots:
         QVERIFY(m_messages.said.isEmpty());
     }
 
+    void EveryCriterionHasItsField() {
+        CCriticalValues values;
+        double number = 0.0;
+        QStringList expected;
+        for (const CCriterion& criterion : Criteria()) {
+            values.*criterion.limit = ++number;
+            expected.append(QString::number(number));
+        }
+        const ksres::CCriticalValuesDlg dialog(values, m_messages);
+        QStringList shown;
+        for (const QLineEdit* const edit : dialog.findChildren<QLineEdit*>()) shown.append(edit->text());
+        QCOMPARE(shown, expected);
+    }
+
     void CancelKeepsTheLimits() {
         ksres::CCriticalValuesDlg dialog({}, m_messages);
         dialog.show();
@@ -153,7 +167,7 @@ private slots:
         QTest::addColumn<QString>("name");
         QTest::newRow("1") << kAverageResidualId << "Average Residual";
         QTest::newRow("2") << kStandardDeviationId << "Standard Deviation";
-        QTest::newRow("3") << kCorridorShareId << "Share outside the corridor";
+        QTest::newRow("3") << kCorridorShareId << QString::fromUtf8("Less than … % outside 4 G corridor");
         QTest::newRow("4") << kCorrelationId << "Correlation Factor";
         QTest::newRow("5") << kTStatisticId << "T Statistic";
         QTest::newRow("6") << kMomentId << "Moment Differences";
@@ -259,6 +273,15 @@ private slots:
     void TheBuildKnowsItsTitleAndVersion() {
         QCOMPARE(AboutTextsOfBuild().title, QString("Quorvel"));
         QVERIFY(QRegularExpression("^\\d+\\.\\d+\\.\\d+$").match(AboutTextsOfBuild().version).hasMatch());
+    }
+
+    /// The fixed line names major and minor version, the other one all three numbers.
+    void TheAboutBoxShowsOneVersion() {
+        const CKsAboutDlg dialog(AboutTextsOfBuild());
+        const QString fixed = dialog.findChild<QLabel*>("staticLabel")->text();
+        const QString full = dialog.findChild<QLabel*>("versionLabel")->text();
+        QCOMPARE(fixed, QString("Quorvel, Version 1.0"));
+        QVERIFY2(full.startsWith("Version: " + fixed.section(' ', -1) + '.'), qPrintable(full));
     }
 
     void TheDescriptionIsOneSentenceWithAllPages() {

@@ -96,7 +96,8 @@ void CSelectFiles::ConnectControls() {
     connect(m_ui->readHitListButton, &QPushButton::clicked, this, &CSelectFiles::ReadHitList);
     connect(m_ui->saveHitListButton, &QPushButton::clicked, this, &CSelectFiles::SaveHitList);
     connect(m_ui->browseButton, &QPushButton::clicked, this, &CSelectFiles::BrowseReference);
-    connect(m_ui->fileList, &CFileList::PathsDropped, this, &CSelectFiles::TakeDropped);
+    // Queued: the program that the files come from waits until the drop has ended, and a message may come up.
+    connect(m_ui->fileList, &CFileList::PathsDropped, this, &CSelectFiles::TakeDropped, Qt::QueuedConnection);
     connect(m_ui->fileList, &CFileList::itemSelectionChanged, this, &CSelectFiles::EnableListButtons);
     connect(m_ui->averageRadio, &QRadioButton::toggled, this, &CSelectFiles::EnableControls);
     connect(m_ui->filterCheck, &QCheckBox::toggled, this, &CSelectFiles::EnableControls);
@@ -112,7 +113,7 @@ void CSelectFiles::EnableControls() {
     const bool isCut = m_ui->truncateCheck->isChecked();
     m_ui->minTimeEdit->setEnabled(isCut);
     m_ui->maxTimeEdit->setEnabled(isCut);
-    if (!isCut) RestoreTimesOfNoUse();
+    if (!isCut) ResetInvalidTimes();
 }
 
 void CSelectFiles::EnableListButtons() {
@@ -121,7 +122,7 @@ void CSelectFiles::EnableListButtons() {
     m_ui->moveDownButton->setEnabled(isAnySelected);
 }
 
-void CSelectFiles::RestoreTimesOfNoUse() {
+void CSelectFiles::ResetInvalidTimes() {
     // OK reads the times even when they are not used; what is no number could not be corrected in a disabled field.
     if (!NumberFromText(m_ui->minTimeEdit->text())) m_ui->minTimeEdit->setText(NumberText(m_selection.windowStart));
     if (!NumberFromText(m_ui->maxTimeEdit->text())) m_ui->maxTimeEdit->setText(NumberText(m_selection.windowEnd));
@@ -196,7 +197,9 @@ void CSelectFiles::SaveHitList() {
             m_messages.ShowError(this, HitListUnreadable());
             break;
         case ks::WriteResult::NotCompleted:
-            m_messages.ShowError(this, tr("The hit list could not be written to the end; an older file is as it was."));
+            m_messages.ShowError(
+                this,
+                tr("Writing the hit list failed before it was complete. An older file of this name is unchanged."));
             break;
     }
 }
@@ -209,6 +212,8 @@ void CSelectFiles::RememberHitList(const QString& path) {
 void CSelectFiles::TakeDropped(const QStringList& paths, int row) {
     const CDroppedFiles dropped = TakeDroppedFiles(paths, m_settings, m_messages, this);
     m_ui->fileList->InsertFiles(row, dropped.files);
+    if (!dropped.files.empty() || !dropped.unreadableHitLists.isEmpty()) return;
+    m_messages.Show(this, MessageIcon::Information, windowTitle(), NothingDropped(CurrentDataTypeText(m_settings)));
 }
 
 void CSelectFiles::accept() {

@@ -44,7 +44,7 @@ private:
     void ConnectControls();
     void EnableControls();
     void EnableListButtons();
-    void RestoreTimesOfNoUse();
+    void ResetInvalidTimes();
     bool ReadTimes();
     bool CheckReference();
     bool CheckFiles();

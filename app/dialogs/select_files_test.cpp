@@ -400,7 +400,7 @@ private slots:
         const std::string run = QDir::toNativeSeparators(m_folder->filePath("run/")).toStdString();
         const std::vector<std::string> expected = {"first",       "/x.001",      "one.001", "two.001",
                                                    run + "a.uds", run + "b.uds", "last"};
-        QCOMPARE(List().Files(), expected);
+        QTRY_COMPARE(List().Files(), expected);
         QCOMPARE(m_settings->RecentFiles(), QStringList({list}));
         QVERIFY(m_messages.said.isEmpty());
     }
@@ -408,9 +408,25 @@ private slots:
     void ADroppedHitListThatCannotBeReadSaysSoOnce() {
         Open({});
         emit List().PathsDropped({"/gone/a.hit", "/gone/b.hit", "/x.001"}, 0);
-        QCOMPARE(m_messages.said, QStringList({kUnreadable}));
+        QTRY_COMPARE(m_messages.said, QStringList({kUnreadable}));
         QCOMPARE(Files(), QString("/x.001"));
         QVERIFY(m_settings->RecentFiles().isEmpty());
+    }
+
+    void ADroppedFolderWithoutMatchingFilesSaysSo() {
+        Write("run/a.txt", "x");
+        Open(WithFiles({"first"}));
+        emit List().PathsDropped({m_folder->filePath("run")}, 0);
+        QTRY_COMPARE(m_messages.said,
+                     QStringList({"information|Select Uds Files|Nothing to compare was dropped. Folders add their "
+                                  "files of the type UDS Force Data (*fa0.*)."}));
+        QCOMPARE(Files(), QString("first"));
+    }
+
+    void ADroppedHitListThatCannotBeReadIsToldOnlyOnce() {
+        Open({});
+        emit List().PathsDropped({"/gone/a.hit"}, 0);
+        QTRY_COMPARE(m_messages.said, QStringList({kUnreadable}));
     }
 
     // OK.

@@ -14,9 +14,9 @@
 namespace {
 
 constexpr int kControlId = 101;
-constexpr int kBarHeight = 2;  // pixels, of the bars that show the selection of a coloured cell
+constexpr int kBarHeight = 2;  // pixels, of the bars that show the selection of a colored cell
 
-/// Draws a judged cell in its colour even when its row is selected; two bars then show the selection.
+/// Draws a judged cell in its color even when its row is selected; two bars then show the selection.
 class CVerdictDelegate : public QStyledItemDelegate {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
@@ -36,13 +36,13 @@ protected:
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
         QStyledItemDelegate::initStyleOption(option, index);
         if (IsJudged(index)) option->state.setFlag(QStyle::State_Selected, false);
-        const bool isPath = index.column() == kFilenameColumn || index.column() == kReferenceColumn;
-        if (isPath) option->textElideMode = Qt::ElideMiddle;  // the file's name stays in sight
+        if (index.data(kIsNameRole).toBool())
+            option->textElideMode = Qt::ElideMiddle;  // the file's name stays in sight
     }
 
 private:
     static bool IsJudged(const QModelIndex& index) {
-        return index.data(kVerdictRole).toInt() != static_cast<int>(CVerdictColor::White);
+        return index.data(kVerdictRole).toInt() != static_cast<int>(Verdict::None);
     }
 };
 
@@ -92,8 +92,9 @@ void CSummaryList::DescribeState() {
 
 std::vector<int> CSummaryList::DisplayedOrder() const {
     std::vector<int> order;
-    order.reserve(kSummaryColumnCount);
-    for (int place = 0; place < kSummaryColumnCount; ++place) order.push_back(horizontalHeader()->logicalIndex(place));
+    const int count = horizontalHeader()->count();
+    order.reserve(static_cast<std::size_t>(count));
+    for (int place = 0; place < count; ++place) order.push_back(horizontalHeader()->logicalIndex(place));
     return order;
 }
 
@@ -104,7 +105,7 @@ CSummaryTable CSummaryList::DisplayedTable() const {
 }
 
 QString CSummaryList::CopyDataText() const {
-    const std::vector<int> order = DisplayedOrder();
+    const std::vector<int> order = FixedOrder(Snapshot().table.columns, DisplayedOrder());
     QString text;
     const auto appendLine = [&](const auto& cellText) {
         QStringList cells;
@@ -151,7 +152,7 @@ void CSummaryList::MoveCurrentColumn(int step) {
     if (!currentIndex().isValid()) return;
     const int place = horizontalHeader()->visualIndex(currentIndex().column());
     const int target = place + step;
-    if (target < 0 || target >= kSummaryColumnCount) return;
+    if (target < 0 || target >= horizontalHeader()->count()) return;
     horizontalHeader()->moveSection(place, target);
     scrollTo(currentIndex());
 }

@@ -5,7 +5,7 @@
 
 #include "app/table/summary_model.h"
 
-/// The summary on show: the sixteen columns of CSummaryModel, which the user may drag into another order. That order
+/// The summary on show: all columns of CSummaryModel, which the user may drag into another order. That order
 /// and the columns live as long as the list, whatever is shown in it.
 ///
 /// Keys: arrows move, Alt+Left and Alt+Right move the current column, the menu key asks for the context menu.
@@ -21,12 +21,12 @@ public:
     /// Marks the results as those of the previous run, or takes the mark away.
     void MarkPreviousRun(bool isPreviousRun);
 
-    /// Columns (CSummaryColumn) in the order shown.
+    /// Columns in the order shown, each by its place in the table.
     std::vector<int> DisplayedOrder() const;
     /// The table on show with its columns' order.
     CSummaryTable DisplayedTable() const;
-    /// The table on show as text: the headers, then the rows, columns in the order shown, separated by tabs; every
-    /// line ends in CR LF. A tab or line end within a file's name becomes a blank.
+    /// The fixed columns of the table on show as text: the headers, then the rows, columns in the order shown,
+    /// separated by tabs; every line ends in CR LF. A tab or line end within a file's name becomes a blank.
     QString CopyDataText() const;
 
     /// The row at a point of the screen; -1 where none is.

@@ -17,7 +17,15 @@
 
 namespace {
 
-const std::vector<int> kThirdFirst = {2, 0, 1, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15};
+const int kColumnCount = static_cast<int>(ColumnCount());
+
+/// All columns, the third in front of the first.
+const std::vector<int> kThirdFirst = [] {
+    std::vector<int> order(ColumnCount());
+    std::iota(order.begin(), order.end(), 0);
+    std::rotate(order.begin(), order.begin() + 2, order.begin() + 3);
+    return order;
+}();
 
 }  // namespace
 
@@ -65,7 +73,7 @@ private slots:
 
     void ATabOrLineEndInANameDoesNotBreakTheCopiedTable() {
         CSummarySnapshot snapshot = PlainSnapshot({"x"});
-        snapshot.table.rows[0].texts[kFilenameColumn] = "a\tb\r\nc";
+        snapshot.table.rows[0][At(kFilenameColumn)].text = "a\tb\r\nc";
         m_list->SetSnapshot(snapshot);
         QCOMPARE(CopiedLines().size(), qsizetype{2});
         QCOMPARE(CopiedLines()[1].section('\t', 0, 1), QString("a b  c\tx.1"));
@@ -76,9 +84,17 @@ private slots:
         m_list->SetSnapshot(MakeSummarySnapshot(signalList));
         const QStringList cells = CopiedLines()[2].split('\t');
         QCOMPARE(cells.size(), qsizetype{16});
-        for (int column = 0; column < kSummaryColumnCount; ++column) {
+        for (int column = 0; column < cells.size(); ++column) {
             QCOMPARE(cells[column], QString::fromStdString(signalList[1].GetColumnText(column)));
         }
+    }
+
+    void AColumnThatIsNotFixedIsShownAndNotCopied() {
+        const std::vector<CSummaryColumn> columns = ColumnsWithExtra(), fixed = FixedColumns();
+        const QString expected = CopiedFrom(fixed);
+        QCOMPARE(CopiedFrom(columns), expected);
+        QVERIFY(expected.startsWith("Filename\tPeak Value\t"));
+        QCOMPARE(expected.count('\t'), qsizetype{3 * 15});
     }
 
     void DraggingTheThirdColumnToTheFrontPutsItFirstOnEveryLine() {
@@ -98,8 +114,7 @@ private slots:
         const CSummaryTable table = m_list->DisplayedTable();
         QCOMPARE(table.order, kThirdFirst);
         QCOMPARE(table.rows.size(), std::size_t{1});
-        QVERIFY(table.rows[0].texts == PlainRow("x").texts);
-        QVERIFY(table.rows[0].colors == PlainRow("x").colors);
+        QVERIFY(table.rows[0] == PlainRow("x"));
     }
 
     void TheOrderSurvivesNewRunsAndHiding() {
@@ -126,7 +141,7 @@ private slots:
         for (int i = 0; i < 3; ++i) QTest::keyClick(m_list.get(), Qt::Key_Left, Qt::AltModifier);  // stops in front
         QCOMPARE(m_list->DisplayedOrder(), kThirdFirst);
         QCOMPARE(m_list->currentIndex(), m_list->model()->index(0, 2));
-        for (int i = 0; i < 20; ++i) QTest::keyClick(m_list.get(), Qt::Key_Right, Qt::AltModifier);
+        for (int i = 0; i < kColumnCount; ++i) QTest::keyClick(m_list.get(), Qt::Key_Right, Qt::AltModifier);
         QCOMPARE(m_list->DisplayedOrder().back(), 2);
         QCOMPARE(m_list->DisplayedOrder().front(), 0);
     }
@@ -177,14 +192,14 @@ private slots:
         names.back() = "a name that is far longer than every other one and out of sight";
         m_list->SetSnapshot(PlainSnapshot(names));
         const QFontMetrics metrics(m_list->font());
-        for (int column = 0; column < kSummaryColumnCount; ++column) {
+        for (int column = 0; column < kColumnCount; ++column) {
             const QString widest = QString::fromStdString(names.back()) + "." + QString::number(column);
             const int width = m_list->columnWidth(column);
             QVERIFY(width > metrics.horizontalAdvance(widest));
             QVERIFY(width < metrics.horizontalAdvance(widest) + 40);
         }
         m_list->SetSnapshot(PlainSnapshot({"x"}));
-        for (int column = 0; column < kSummaryColumnCount; ++column) {
+        for (int column = 0; column < kColumnCount; ++column) {
             const QString header = m_list->model()->headerData(column, Qt::Horizontal).toString();
             QVERIFY(m_list->columnWidth(column) > metrics.horizontalAdvance(header));
             QVERIFY(m_list->columnWidth(column) < metrics.horizontalAdvance(header) + 60);
@@ -193,8 +208,8 @@ private slots:
 
     void AJudgedCellKeepsItsColourWhenItsRowIsSelected() {
         CSummarySnapshot snapshot = PlainSnapshot({"x", "y"});
-        snapshot.table.rows[0].colors[kResidualColumn] = CVerdictColor::Green;
-        snapshot.table.rows[1].colors[kResidualColumn] = CVerdictColor::Red;
+        snapshot.table.rows[0][At(kResidualColumn)].verdict = Verdict::Good;
+        snapshot.table.rows[1][At(kResidualColumn)].verdict = Verdict::Bad;
         m_list->SetSnapshot(snapshot);
         Show();
         QCOMPARE(Pixel(0, kResidualColumn), QColor(0, 224, 0));
@@ -233,7 +248,7 @@ private slots:
         QVERIFY(list && list->tableInterface());
         QAccessibleTableInterface& table = *list->tableInterface();
         QCOMPARE(table.rowCount(), 2);
-        QCOMPARE(table.columnCount(), 16);
+        QCOMPARE(table.columnCount(), kColumnCount);
         QCOMPARE(table.columnDescription(1), QString("Peak Value"));
         QCOMPARE(table.cellAt(1, 1)->text(QAccessible::Name), QString("Peak Value: y.1"));
     }
@@ -295,6 +310,16 @@ private:
         const QRect cell = m_list->visualRect(m_list->model()->index(row, column));
         const QImage image = m_list->viewport()->grab().toImage();
         return image.pixelColor(cell.left() + 1, y < 0 ? cell.center().y() : cell.top() + y);
+    }
+
+    /// Copied data of a list that shows two signals in these columns.
+    static QString CopiedFrom(const std::vector<CSummaryColumn>& columns) {
+        CSummarySnapshot snapshot = MakeSummarySnapshot(ComparedSignals());
+        snapshot.table = MakeSummaryTable(ComparedSignals(), columns);
+        CSummaryList list;
+        list.SetSnapshot(snapshot);
+        [&] { QCOMPARE(list.DisplayedOrder().size(), columns.size()); }();
+        return list.CopyDataText();
     }
 
     QPair<QPoint, int> MenuAsked(QWidget& widget, const QPoint& globalPosition,

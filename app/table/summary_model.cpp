@@ -2,55 +2,55 @@
 
 #include <QBrush>
 #include <QColor>
+#include <QCoreApplication>
 #include <QGuiApplication>
 #include <QPalette>
 #include <QStringList>
+#include <span>
+#include <string_view>
 #include <utility>
 
 #include "files/number_text.h"
 
 namespace {
 
-QString HeaderText(int column) {
-    return QString::fromUtf8(kSummaryHeaders[static_cast<std::size_t>(column)]);
+/// A sentence of the core in the user's language, with the numbers in place of its %1, %2, ...
+QString Sentence(std::string_view text, const std::vector<std::string>& numbers) {
+    QString sentence = QCoreApplication::translate("CCriterion", std::string(text).c_str());
+    for (const std::string& number : numbers) sentence = sentence.arg(QString::fromStdString(number));
+    return sentence;
 }
 
-/// A limit as it was given.
-QString Given(double limit) {
-    return QString::fromStdString(ks::ShortestText(limit));
+QString HeaderText(const CSummaryColumn& column) {
+    return QString::fromUtf8(column.header);
 }
 
-/// A number derived from a limit; six digits, for the shortest text of 0.07 * 100 is 7.000000000000001.
-QString Derived(double value) {
-    return QString::fromStdString(ks::GeneralText(value));
-}
-
-bool IsPathColumn(int column) {
-    return column == kFilenameColumn || column == kReferenceColumn;
-}
-
-Qt::Alignment ColumnAlignment(int column) {
-    return Qt::AlignVCenter | (IsPathColumn(column) ? Qt::AlignLeft : Qt::AlignRight);
+Qt::Alignment ColumnAlignment(const CSummaryColumn& column) {
+    return Qt::AlignVCenter | (column.isName ? Qt::AlignLeft : Qt::AlignRight);
 }
 
 /// Good or bad in words; empty without a verdict.
-QString VerdictWord(CVerdictColor verdict) {
+QString VerdictWord(Verdict verdict) {
     switch (verdict) {
-        case CVerdictColor::Green:
+        case Verdict::Good:
             return CSummaryModel::tr("good");
-        case CVerdictColor::Red:
+        case Verdict::Bad:
             return CSummaryModel::tr("bad");
         default:
             return {};
     }
 }
 
-/// The verdict's colour, mixed with as much white when it is an old one.
-QColor CellColor(CVerdictColor verdict, bool isPreviousRun) {
-    const QColor color = QColor::fromRgb(static_cast<QRgb>(verdict));
+/// The verdict's color; of a previous run, mixed with as much white.
+QColor CellColor(Verdict verdict, bool isPreviousRun) {
+    const QColor color = QColor::fromRgb(static_cast<QRgb>(ColorOf(verdict)));
     if (!isPreviousRun) return color;
     constexpr int kWhite = 255;
     return {(color.red() + kWhite) / 2, (color.green() + kWhite) / 2, (color.blue() + kWhite) / 2};
+}
+
+bool AreSame(std::span<const CSummaryColumn> a, std::span<const CSummaryColumn> b) {
+    return a.data() == b.data() && a.size() == b.size();
 }
 
 }  // namespace
@@ -64,27 +64,13 @@ CSummarySnapshot MakeSummarySnapshot(const std::vector<CSignal>& signalList) {
     return snapshot;
 }
 
-QString LimitText(int column, const CCriticalValues& limits) {
-    if (column >= kFirstMomentColumn && column <= kLastMomentColumn) {
-        return CSummaryModel::tr("below %1").arg(Given(limits.moment));
+QString LimitText(const CSummaryColumn& column, const CCriticalValues& limits) {
+    if (!column.judgement) return {};
+    const CCriterion& criterion = CriterionOf(column.judgement->limit);
+    if (column.judgement->goodSide == GoodSide::Above) {
+        return CSummaryModel::tr("above %1").arg(QString::fromStdString(ks::ShortestText(limits.*criterion.limit)));
     }
-    switch (column) {
-        case kResidualColumn:
-            return CSummaryModel::tr("below %1 % of the reference peak").arg(Given(limits.averageResidual));
-        case kDeviationColumn:
-            return CSummaryModel::tr("below %1 % of the reference peak").arg(Given(limits.standardDeviation));
-        case kCorridorColumn:
-            return CSummaryModel::tr("below %1 % of the points outside the corridor")
-                .arg(Derived(limits.corridor * 100.0));
-        case kCorrelationColumn:
-            //: %1 is the smallest correlation factor, %2 the critical value that it comes from
-            return CSummaryModel::tr("above %1 (1 minus %2)")
-                .arg(Derived(1.0 - limits.correlation), Given(limits.correlation));
-        case kTStatisticColumn:
-            return CSummaryModel::tr("below %1").arg(Given(limits.tStatistic));
-        default:
-            return {};
-    }
+    return Sentence(criterion.demand, criterion.demandNumbers(limits.*criterion.limit));
 }
 
 QString PreviousRunText() {
@@ -93,7 +79,7 @@ QString PreviousRunText() {
 
 void CSummaryModel::SetSnapshot(CSummarySnapshot snapshot) {
     snapshot.paths.resize(snapshot.table.rows.size());
-    if (snapshot.paths == m_snapshot.paths) {
+    if (snapshot.paths == m_snapshot.paths && AreSame(snapshot.table.columns, m_snapshot.table.columns)) {
         m_snapshot = std::move(snapshot);
         TellThatCellsChanged();
         return;
@@ -110,9 +96,9 @@ void CSummaryModel::MarkPreviousRun(bool isPreviousRun) {
 }
 
 void CSummaryModel::TellThatCellsChanged() {
-    emit headerDataChanged(Qt::Horizontal, 0, kSummaryColumnCount - 1);  // the limits in its tool tips
+    emit headerDataChanged(Qt::Horizontal, 0, columnCount() - 1);  // the limits in its tool tips
     if (rowCount() == 0) return;
-    emit dataChanged(index(0, 0), index(rowCount() - 1, kSummaryColumnCount - 1));
+    emit dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
 }
 
 int CSummaryModel::rowCount(const QModelIndex& parent) const {
@@ -120,7 +106,7 @@ int CSummaryModel::rowCount(const QModelIndex& parent) const {
 }
 
 int CSummaryModel::columnCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : kSummaryColumnCount;
+    return parent.isValid() ? 0 : static_cast<int>(m_snapshot.table.columns.size());
 }
 
 QVariant CSummaryModel::data(const QModelIndex& index, int role) const {
@@ -137,9 +123,11 @@ QVariant CSummaryModel::data(const QModelIndex& index, int role) const {
         case Qt::AccessibleTextRole:
             return AccessibleText(index);
         case Qt::TextAlignmentRole:
-            return QVariant::fromValue(ColumnAlignment(index.column()));
+            return QVariant::fromValue(ColumnAlignment(Column(index.column())));
+        case kIsNameRole:
+            return Column(index.column()).isName;
         case kVerdictRole:
-            return static_cast<int>(Verdict(index));
+            return static_cast<int>(Cell(index).verdict);
         default:
             return {};
     }
@@ -147,43 +135,47 @@ QVariant CSummaryModel::data(const QModelIndex& index, int role) const {
 
 QVariant CSummaryModel::headerData(int section, Qt::Orientation orientation, int role) const {
     if (orientation != Qt::Horizontal) return QAbstractTableModel::headerData(section, orientation, role);
-    if (section < 0 || section >= kSummaryColumnCount) return {};
-    if (role == Qt::DisplayRole) return HeaderText(section);
-    if (role == Qt::TextAlignmentRole) return QVariant::fromValue(ColumnAlignment(section));
+    if (section < 0 || section >= columnCount()) return {};
+    const CSummaryColumn& column = Column(section);
+    if (role == Qt::DisplayRole) return HeaderText(column);
+    if (role == Qt::TextAlignmentRole) return QVariant::fromValue(ColumnAlignment(column));
     if (role != Qt::ToolTipRole) return {};
-    const QString limit = LimitText(section, m_snapshot.limits);
+    const QString limit = LimitText(column, m_snapshot.limits);
     //: %1 is the name of a column, %2 a limit such as "below 0.2"
-    return limit.isEmpty() ? HeaderText(section) : tr("%1\nGood: %2").arg(HeaderText(section), limit);
+    return limit.isEmpty() ? HeaderText(column) : tr("%1\nGood: %2").arg(HeaderText(column), limit);
+}
+
+const CSummaryColumn& CSummaryModel::Column(int section) const {
+    return m_snapshot.table.columns[static_cast<std::size_t>(section)];
+}
+
+const CSummaryCell& CSummaryModel::Cell(const QModelIndex& index) const {
+    const CSummaryRow& row = m_snapshot.table.rows[static_cast<std::size_t>(index.row())];
+    return row[static_cast<std::size_t>(index.column())];
 }
 
 QString CSummaryModel::Text(const QModelIndex& index) const {
-    const CSummaryRow& row = m_snapshot.table.rows[static_cast<std::size_t>(index.row())];
-    return QString::fromStdString(row.texts[static_cast<std::size_t>(index.column())]);
-}
-
-CVerdictColor CSummaryModel::Verdict(const QModelIndex& index) const {
-    const CSummaryRow& row = m_snapshot.table.rows[static_cast<std::size_t>(index.row())];
-    return row.colors[static_cast<std::size_t>(index.column())];
+    return QString::fromStdString(Cell(index).text);
 }
 
 QVariant CSummaryModel::Background(const QModelIndex& index) const {
-    const CVerdictColor verdict = Verdict(index);
-    if (verdict == CVerdictColor::White) return {};  // the theme's own background
+    const Verdict verdict = Cell(index).verdict;
+    if (verdict == Verdict::None) return {};  // the theme's own background
     return QBrush(CellColor(verdict, m_snapshot.isPreviousRun));
 }
 
 QVariant CSummaryModel::Foreground(const QModelIndex& index) const {
-    if (Verdict(index) != CVerdictColor::White) return QBrush(Qt::black);
+    if (Cell(index).verdict != Verdict::None) return QBrush(Qt::black);
     if (m_snapshot.isPreviousRun) return QGuiApplication::palette().brush(QPalette::PlaceholderText);
     return {};
 }
 
 QString CSummaryModel::ToolTip(const QModelIndex& index) const {
     // The value is not on the first line: a path with a "<" there would make the whole a rich text.
-    QStringList lines = {HeaderText(index.column()), Text(index)};
-    const QString verdict = VerdictWord(Verdict(index));
+    QStringList lines = {HeaderText(Column(index.column())), Text(index)};
+    const QString verdict = VerdictWord(Cell(index).verdict);
     if (!verdict.isEmpty()) {
-        lines.append(tr("Limit: %1").arg(LimitText(index.column(), m_snapshot.limits)));
+        lines.append(tr("Limit: %1").arg(LimitText(Column(index.column()), m_snapshot.limits)));
         lines.append(tr("Verdict: %1").arg(verdict));
     }
     if (m_snapshot.isPreviousRun) lines.append(PreviousRunText());
@@ -191,9 +183,9 @@ QString CSummaryModel::ToolTip(const QModelIndex& index) const {
 }
 
 QString CSummaryModel::AccessibleText(const QModelIndex& index) const {
-    const QString name = HeaderText(index.column());
-    const QString verdict = VerdictWord(Verdict(index));
-    const QString limit = LimitText(index.column(), m_snapshot.limits);
+    const QString name = HeaderText(Column(index.column()));
+    const QString verdict = VerdictWord(Cell(index).verdict);
+    const QString limit = LimitText(Column(index.column()), m_snapshot.limits);
     //: %1 is a column's name, %2 a value
     const QString text = verdict.isEmpty() ? tr("%1: %2").arg(name, Text(index))
                                            //: %1 is a column's name, %2 a value, %3 good or bad, %4 the limit

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "compare/critical_values.h"
+#include "compare/summary_columns.h"
 #include "compare/summary_table.h"
 
 /// What the summary shows of one run: the texts and verdicts, the limits that gave these verdicts, and the files.
@@ -22,19 +23,20 @@ public:
 CSummarySnapshot MakeSummarySnapshot(const std::vector<CSignal>& signalList);
 
 /// What each judged column demands, for example "below 5 % of the reference peak"; empty for a column without verdict.
-QString LimitText(int column, const CCriticalValues& limits);
+QString LimitText(const CSummaryColumn& column, const CCriticalValues& limits);
 
 /// Says that results are those of the previous run.
 QString PreviousRunText();
 
-/// What the summary's model tells besides the roles of Qt.
-enum CSummaryRole : int {
-    kVerdictRole = Qt::UserRole + 1,  ///< int of the cell's CVerdictColor
+/// What the summary's model offers in addition to the roles of Qt.
+enum SummaryRole : int {
+    kVerdictRole = Qt::UserRole + 1,  ///< int of the cell's Verdict
+    kIsNameRole,                      ///< whether the cell is of a column of paths
 };
 
-/// The summary table: a row per computed signal and always the sixteen columns of CSummaryColumn.
+/// The summary table: a row per computed signal, and always all columns of the snapshot, SummaryColumns() at first.
 ///
-/// Cells are coloured by their verdict, black on the colour so that they can be read in light and dark themes. Tool tip
+/// Cells are colored by their verdict, black on the color so that they can be read in light and dark themes. Tool tip
 /// and accessible text say the same in words: column, value, limit, good or bad. Results of the previous run are pale.
 class CSummaryModel : public QAbstractTableModel {
     Q_OBJECT
@@ -42,7 +44,7 @@ class CSummaryModel : public QAbstractTableModel {
 public:
     using QAbstractTableModel::QAbstractTableModel;
 
-    /// Shows `snapshot`. One of the same files in the same order keeps selection and position of the views.
+    /// Shows `snapshot`. One of the same columns and files in the same order keeps selection and position of the views.
     void SetSnapshot(CSummarySnapshot snapshot);
     const CSummarySnapshot& Snapshot() const { return m_snapshot; }
     /// Marks the results as those of the previous run, or takes the mark away.
@@ -56,7 +58,8 @@ public:
 private:
     void TellThatCellsChanged();
     QString Text(const QModelIndex& index) const;
-    CVerdictColor Verdict(const QModelIndex& index) const;
+    const CSummaryColumn& Column(int section) const;
+    const CSummaryCell& Cell(const QModelIndex& index) const;
     QVariant Background(const QModelIndex& index) const;
     QVariant Foreground(const QModelIndex& index) const;
     QString ToolTip(const QModelIndex& index) const;

@@ -12,6 +12,12 @@
 #include "app/testing/contrast.h"
 #include "app/testing/summary_samples.h"
 
+namespace {
+
+const int kColumnCount = static_cast<int>(ColumnCount());
+
+}  // namespace
+
 class CSummaryModelTest : public QObject {
     Q_OBJECT
 
@@ -27,20 +33,19 @@ private slots:
         m_model.reset();
     }
 
-    void AnEmptyTableHasTheSixteenColumns() {
+    void AnEmptyTableHasAllColumns() {
         QCOMPARE(m_model->rowCount(), 0);
-        QCOMPARE(m_model->columnCount(), 16);
+        QCOMPARE(m_model->columnCount(), kColumnCount);
         m_model->SetSnapshot({});
         QCOMPARE(m_model->rowCount(), 0);
-        QCOMPARE(m_model->columnCount(), 16);
+        QCOMPARE(m_model->columnCount(), kColumnCount);
     }
 
     void TheHeadersAreTheSharedColumnNames() {
         QCOMPARE(Header(0), QString("Filename"));
         QCOMPARE(Header(4), QString("% in Corridor"));
-        for (int column = 0; column < kSummaryColumnCount; ++column) {
-            const std::string name(kSummaryHeaders[static_cast<std::size_t>(column)]);
-            QCOMPARE(Header(column), QString::fromStdString(name));
+        for (int column = 0; column < kColumnCount; ++column) {
+            QCOMPARE(Header(column), QString::fromUtf8(SummaryColumns()[At(column)].header));
             QVERIFY(Header(column).size() <= 127);  // longer ones would be cut when data is copied
         }
     }
@@ -51,11 +56,10 @@ private slots:
         const CSummaryTable table = MakeSummaryTable(signalList);
         QCOMPARE(m_model->rowCount(), 2);
         for (int row = 0; row < 2; ++row) {
-            for (int column = 0; column < kSummaryColumnCount; ++column) {
-                const CSummaryRow& expected = table.rows[static_cast<std::size_t>(row)];
-                const auto place = static_cast<std::size_t>(column);
-                QCOMPARE(Cell(row, column).toString(), QString::fromStdString(expected.texts[place]));
-                QCOMPARE(Cell(row, column, kVerdictRole).toInt(), static_cast<int>(expected.colors[place]));
+            for (int column = 0; column < kColumnCount; ++column) {
+                const CSummaryCell& expected = table.rows[At(row)][At(column)];
+                QCOMPARE(Cell(row, column).toString(), QString::fromStdString(expected.text));
+                QCOMPARE(Cell(row, column, kVerdictRole).toInt(), static_cast<int>(expected.verdict));
             }
         }
         QCOMPARE(Cell(0, kFilenameColumn).toString(), QString("/a/close.uds"));
@@ -98,8 +102,8 @@ private slots:
         QFETCH(QString, name);
         QFETCH(QString, limit);
         CSummarySnapshot snapshot = PlainSnapshot({"x", "y"});
-        snapshot.table.rows[0].colors[static_cast<std::size_t>(column)] = CVerdictColor::Green;
-        snapshot.table.rows[1].colors[static_cast<std::size_t>(column)] = CVerdictColor::Red;
+        snapshot.table.rows[0][At(column)].verdict = Verdict::Good;
+        snapshot.table.rows[1][At(column)].verdict = Verdict::Bad;
         m_model->SetSnapshot(snapshot);
         const QString good = "x." + QString::number(column), bad = "y." + QString::number(column);
         QCOMPARE(ToolTip(0, column), name + "\n" + good + "\nLimit: " + limit + "\nVerdict: good");
@@ -126,7 +130,7 @@ private slots:
         CCriticalValues limits;
         limits.averageResidual = limits.standardDeviation = limits.corridor = limit;
         limits.correlation = limits.tStatistic = limits.moment = limit;
-        QCOMPARE(LimitText(column, limits), text);
+        QCOMPARE(LimitText(SummaryColumns()[At(column)], limits), text);
     }
 
     void ACellWithoutAVerdictTellsNameAndValue() {
@@ -150,7 +154,7 @@ private slots:
 
     void AToolTipIsPlainTextWhateverTheFileIsCalled() {
         CSummarySnapshot snapshot = PlainSnapshot({"x"});
-        snapshot.table.rows[0].texts[kFilenameColumn] = "/a/<b>bold</b>&lt;.uds";
+        snapshot.table.rows[0][At(kFilenameColumn)].text = "/a/<b>bold</b>&lt;.uds";
         m_model->SetSnapshot(snapshot);
         QCOMPARE(ToolTip(0, kFilenameColumn), QString("Filename\n/a/<b>bold</b>&lt;.uds"));
         QVERIFY(!Qt::mightBeRichText(ToolTip(0, kFilenameColumn)));
@@ -206,7 +210,7 @@ private slots:
         QCOMPARE(reset.size(), qsizetype{0});
         QCOMPARE(changed.size(), qsizetype{1});
         QCOMPARE(changed[0][0].toModelIndex(), m_model->index(0, 0));
-        QCOMPARE(changed[0][1].toModelIndex(), m_model->index(1, 15));
+        QCOMPARE(changed[0][1].toModelIndex(), m_model->index(1, kColumnCount - 1));
         QVERIFY(cell.isValid());
 
         m_model->SetSnapshot(PlainSnapshot({"y", "x"}));
@@ -216,8 +220,8 @@ private slots:
 
     void NumbersAlignRightAndFileNamesLeft() {
         m_model->SetSnapshot(PlainSnapshot({"x"}));
-        for (int column = 0; column < kSummaryColumnCount; ++column) {
-            const bool isName = column == kFilenameColumn || column == kReferenceColumn;
+        for (int column = 0; column < kColumnCount; ++column) {
+            const bool isName = SummaryColumns()[At(column)].isName;
             const auto expected = Qt::AlignVCenter | (isName ? Qt::AlignLeft : Qt::AlignRight);
             QVERIFY(Cell(0, column, Qt::TextAlignmentRole).value<Qt::Alignment>() == expected);
             const QVariant header = m_model->headerData(column, Qt::Horizontal, Qt::TextAlignmentRole);
@@ -225,10 +229,29 @@ private slots:
         }
     }
 
+    void AColumnOfAnotherTableIsShownAndJudged() {
+        m_model->SetSnapshot(PlainSnapshot({"x"}));
+        const QSignalSpy reset(m_model.get(), &CSummaryModel::modelReset);
+        const std::vector<CSummaryColumn> columns = ColumnsWithExtra();
+        CSummarySnapshot snapshot = PlainSnapshot({"x"});
+        snapshot.table = MakeSummaryTable(ComparedSignals(), columns);
+        snapshot.table.rows.pop_back();
+        m_model->SetSnapshot(snapshot);
+        const int extra = kColumnCount - 1;    // in front of the last one
+        QCOMPARE(reset.size(), qsizetype{1});  // other columns, though the same file
+        QCOMPARE(m_model->columnCount(), kColumnCount + 1);
+        QCOMPARE(Header(extra), QString("Extra"));
+        QCOMPARE(Cell(0, extra).toString(), QString("4 points"));
+        QCOMPARE(Background(0, extra), QColor(0, 224, 0));
+        QCOMPARE(Spoken(0, extra), QString("Extra: 4 points, good, limit: above 2.58"));
+        m_tester.reset();
+        m_model.reset();  // before the columns
+    }
+
     void ThereIsNothingOutsideTheTable() {
         m_model->SetSnapshot(PlainSnapshot({"x"}));
         QVERIFY(!m_model->data(QModelIndex()).isValid());
-        QVERIFY(!m_model->headerData(16, Qt::Horizontal).isValid());
+        QVERIFY(!m_model->headerData(kColumnCount, Qt::Horizontal).isValid());
         QVERIFY(!m_model->headerData(-1, Qt::Horizontal).isValid());
         QCOMPARE(m_model->rowCount(m_model->index(0, 0)), 0);
         QVERIFY(!m_model->flags(m_model->index(0, 0)).testFlag(Qt::ItemIsEditable));
@@ -238,8 +261,8 @@ private:
     /// Rows "x" and "y", good and bad in the column of the corridor.
     static CSummarySnapshot Judged() {
         CSummarySnapshot snapshot = PlainSnapshot({"x", "y"});
-        snapshot.table.rows[0].colors[kCorridorColumn] = CVerdictColor::Green;
-        snapshot.table.rows[1].colors[kCorridorColumn] = CVerdictColor::Red;
+        snapshot.table.rows[0][At(kCorridorColumn)].verdict = Verdict::Good;
+        snapshot.table.rows[1][At(kCorridorColumn)].verdict = Verdict::Bad;
         return snapshot;
     }
 

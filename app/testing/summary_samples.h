@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "app/table/summary_model.h"
+#include "tests/support/summary_samples.h"
 #include "tests/support/test_signals.h"
 
 /// Two signals that were compared with "ref.uds": "/a/close.uds" follows it closely, "/a/distant.uds" does not.
@@ -15,16 +16,6 @@ inline std::vector<CSignal> ComparedSignals() {
     close.Compare(reference);
     distant.Compare(reference);
     return {close, distant};
-}
-
-/// A row whose column k holds "`name`.k" and has no verdict.
-inline CSummaryRow PlainRow(const std::string& name) {
-    CSummaryRow row;
-    for (std::size_t column = 0; column < row.texts.size(); ++column) {
-        row.texts[column] = name + "." + std::to_string(column);
-    }
-    row.colors.fill(CVerdictColor::White);
-    return row;
 }
 
 /// A snapshot with a plain row per name.

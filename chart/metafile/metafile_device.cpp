@@ -1,7 +1,10 @@
 #include "chart/metafile/metafile_device.h"
 
 #include <cmath>
+#include <memory>
+#include <string>
 
+#include "chart/chart_control.h"
 #include "chart/metafile/metafile_engine.h"
 
 CMetafileDevice::CMetafileDevice(CChartSize size)
@@ -18,9 +21,9 @@ std::string CMetafileDevice::Finish() {
 }
 
 int CMetafileDevice::metric(PaintDeviceMetric metric) const {
-    constexpr double kMillimetresPerInch = 25.4;
-    const auto millimetres = [](int units) {
-        return static_cast<int>(std::lround(units * kMillimetresPerInch / kUnitsPerInch));
+    constexpr double kMillimetersPerInch = 25.4;
+    const auto millimeters = [](int units) {
+        return static_cast<int>(std::lround(units * kMillimetersPerInch / kUnitsPerInch));
     };
     switch (metric) {
         case PdmWidth:
@@ -28,9 +31,9 @@ int CMetafileDevice::metric(PaintDeviceMetric metric) const {
         case PdmHeight:
             return m_size.height;
         case PdmWidthMM:
-            return millimetres(m_size.width);
+            return millimeters(m_size.width);
         case PdmHeightMM:
-            return millimetres(m_size.height);
+            return millimeters(m_size.height);
         case PdmNumColors:
             return 1 << 24;
         case PdmDepth:

@@ -9,7 +9,7 @@
 class CMetafileEngine;
 
 /// A paint device that turns what a QPainter draws into a placeable Windows metafile: lines, filled areas and text;
-/// images are left out, colours are opaque. Painter coordinates are the metafile's logical units. Lay text out in
+/// images are left out, colors are opaque. Painter coordinates are the metafile's logical units. Lay text out in
 /// Liberation Sans: it is written as "Arial", whose letters are as wide.
 class CMetafileDevice : public QPaintDevice {
 public:

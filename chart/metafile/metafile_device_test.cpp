@@ -5,6 +5,7 @@
 #include <QPainterPath>
 #include <QTest>
 #include <cmath>
+#include <vector>
 
 #include "chart/testing/wmf_reader.h"
 
@@ -38,7 +39,7 @@ private slots:
         QCOMPARE(picture.unitsPerInch, 1440);
     }
 
-    void aLineKeepsItsEndsWidthAndColour() {
+    void aLineKeepsItsEndsWidthAndColor() {
         const CWmfPicture picture = Painted([](QPainter& painter) {
             painter.setPen(Pen(7.0));
             painter.drawLine(QLineF(10, 20, 300, 400));
@@ -144,7 +145,7 @@ private slots:
             QVERIFY(std::abs(std::hypot(place.x - 500, place.y - 250) - 200.0) < 1.5);
     }
 
-    void aTextKeepsPlaceSizeColourAndWidth() {
+    void aTextKeepsPlaceSizeColorAndWidth() {
         const CWmfPicture picture = Painted([](QPainter& painter) {
             painter.setPen(QColor(200, 100, 50));
             painter.drawText(QPointF(120, 230), "Time (seconds)");
@@ -181,8 +182,8 @@ private slots:
             painter.setFont(font);
             painter.drawText(QPointF(10, 100), "Title");
         });
-        QVERIFY(picture.texts.at(0).bold);
-        QVERIFY(picture.texts[0].italic);
+        QVERIFY(picture.texts.at(0).isBold);
+        QVERIFY(picture.texts[0].isItalic);
     }
 
     void westernLettersStayText() {

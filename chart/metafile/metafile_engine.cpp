@@ -5,13 +5,23 @@
 #include <QtMath>
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <utility>
+#include <vector>
 
+#include "chart/chart_control.h"
 #include "chart/metafile/code_page_1252.h"
+#include "chart/metafile/plane_geometry.h"
+#include "chart/metafile/wmf_writer.h"
 
 namespace {
 
-std::uint32_t Rgb(const QColor& colour) {
-    return colour.rgb() & 0xFFFFFFU;
+std::uint32_t Rgb(const QColor& color) {
+    return color.rgb() & 0xFFFFFFU;
 }
 
 CPlaneBox Box(const QRectF& rect) {
@@ -123,8 +133,8 @@ void CMetafileEngine::drawTextItem(const QPointF& baseline, const QTextItem& ite
     text.font.pixelHeight = static_cast<std::int16_t>(std::lround(PixelHeight(item.font(), *paintDevice()) * Scale()));
     const double degrees = qRadiansToDegrees(std::atan2(-m_transform.m12(), m_transform.m11()));
     text.font.tenthsOfDegree = static_cast<std::int16_t>(std::lround(degrees * 10.0));
-    text.font.bold = item.font().bold();
-    text.font.italic = item.font().italic();
+    text.font.isBold = item.font().bold();
+    text.font.isItalic = item.font().italic();
     text.rgb = Rgb(pen.color());
     m_writer.Text(text);
 }
@@ -149,10 +159,10 @@ void CMetafileEngine::Fill(std::span<const CPolyline> outlines) {
     if (m_brush.style() != Qt::NoBrush) FillWith(outlines, m_brush.color());
 }
 
-void CMetafileEngine::FillWith(std::span<const CPolyline> outlines, const QColor& colour) {
+void CMetafileEngine::FillWith(std::span<const CPolyline> outlines, const QColor& color) {
     std::vector<CPolyline> inside;
     for (const CPolyline& outline : outlines) inside.push_back(ClippedPolygon(outline, m_clip));
-    m_writer.Fill(inside, Rgb(colour));
+    m_writer.Fill(inside, Rgb(color));
 }
 
 CPolyline CMetafileEngine::Transformed(const QPointF* points, int pointCount) const {

@@ -2,11 +2,14 @@
 
 #include <QPaintEngine>
 #include <QTransform>
+#include <span>
+#include <string>
 
 #include "chart/chart_control.h"
+#include "chart/metafile/plane_geometry.h"
 #include "chart/metafile/wmf_writer.h"
 
-/// The engine behind CMetafileDevice. It claims every feature, so that QPainter hands over curves and text unsplit, and
+/// The engine of CMetafileDevice. It claims every feature, so that QPainter hands over curves and text unsplit, and
 /// applies the transform itself; clips every line and area geometrically, since metafile readers differ about clip
 /// records; and builds dashes as short lines, since metafile pens have four fixed patterns. Text is not clipped.
 class CMetafileEngine final : public QPaintEngine {
@@ -29,7 +32,7 @@ private:
     void Narrow(const QRectF& box, Qt::ClipOperation operation);
     void Stroke(std::span<const CPlanePoint> points);
     void Fill(std::span<const CPolyline> outlines);
-    void FillWith(std::span<const CPolyline> outlines, const QColor& colour);
+    void FillWith(std::span<const CPolyline> outlines, const QColor& color);
     [[nodiscard]] CPolyline Transformed(const QPointF* points, int pointCount) const;
     [[nodiscard]] double Scale() const;
 

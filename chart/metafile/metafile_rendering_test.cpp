@@ -5,12 +5,17 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
 
+#include "chart/chart_control.h"
 #include "chart/chart_sequences.h"
 #include "chart/line_look.h"
 #include "chart/make_chart.h"
 #include "chart/testing/sample_blocks.h"
 #include "chart/testing/wmf_reader.h"
+#include "files/replacing_file.h"
 
 namespace {
 
@@ -23,9 +28,10 @@ bool IsDark(QRgb pixel) {
 int DarkPixels(const QImage& image, const QRect& part) {
     const QRect inside = part & image.rect();
     int count = 0;
-    for (int y = inside.top(); y <= inside.bottom(); ++y)
+    for (int y = inside.top(); y <= inside.bottom(); ++y) {
         for (int x = inside.left(); x <= inside.right(); ++x)
             if (IsDark(image.pixel(x, y))) ++count;
+    }
     return count;
 }
 
@@ -48,12 +54,13 @@ QRect Quarter(const CReadText& text, bool first) {
     return {all.left(), first ? all.bottom() - all.height() / 4 : all.top(), all.width(), all.height() / 4};
 }
 
-bool HasColourNear(const QImage& image, const QPoint& place, QRgb colour) {
-    for (int dy = -1; dy <= 1; ++dy)
+bool HasColorNear(const QImage& image, const QPoint& place, QRgb color) {
+    for (int dy = -1; dy <= 1; ++dy) {
         for (int dx = -1; dx <= 1; ++dx) {
             const QPoint at = place + QPoint(dx, dy);
-            if (image.rect().contains(at) && (image.pixel(at) & 0xFFFFFFU) == colour) return true;
+            if (image.rect().contains(at) && (image.pixel(at) & 0xFFFFFFU) == color) return true;
         }
+    }
     return false;
 }
 
@@ -101,16 +108,16 @@ private slots:
 
     void everyCurveRunsThroughItsPoints() {
         for (std::size_t series = 0; series < 4; ++series) {
-            const std::uint32_t colour = LookOfLine(5, series, ChartBackground::Light).rgb;
+            const std::uint32_t color = LookOfLine(5, series, ChartBackground::Light).rgb;
             int points = 0;
             int seen = 0;
             for (const CReadLine& line : m_written.lines) {
-                if (line.rgb != colour || line.points.size() < 10) continue;
+                if (line.rgb != color || line.points.size() < 10) continue;
                 for (const CWmfPlace& place : line.points) {
                     ++points;
                     const QPoint pixel(static_cast<int>(place.x * kPixelsPerUnit),
                                        static_cast<int>(place.y * kPixelsPerUnit));
-                    if (HasColourNear(m_drawn, pixel, colour)) ++seen;
+                    if (HasColorNear(m_drawn, pixel, color)) ++seen;
                 }
             }
             QVERIFY(points > 300);

@@ -3,8 +3,12 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstddef>
 #include <numeric>
 #include <optional>
+#include <span>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -36,10 +40,11 @@ std::optional<CSegment> ClippedSegment(const CPlanePoint& from, const CPlanePoin
             continue;
         }
         const double share = distance[side] / direction[side];
-        if (direction[side] < 0.0)
+        if (direction[side] < 0.0) {
             enter = std::max(enter, share);
-        else
+        } else {
             leave = std::min(leave, share);
+        }
     }
     if (!(enter <= leave)) return std::nullopt;
     // The ends themselves are kept exactly, so that the parts of an unclipped polyline join up.
@@ -131,19 +136,19 @@ CPlaneBox Intersection(const CPlaneBox& a, const CPlaneBox& b) {
 
 std::vector<CPolyline> ClippedPolyline(std::span<const CPlanePoint> points, const CPlaneBox& box) {
     std::vector<CPolyline> parts;
-    bool joins = false;
+    bool isJoined = false;
     for (std::size_t index = 1; index < points.size(); ++index) {
         const CPlanePoint& from = points[index - 1];
         const CPlanePoint& to = points[index];
-        const bool drawn = IsFinite(from) && IsFinite(to);
-        const std::optional<CSegment> segment = drawn ? ClippedSegment(from, to, box) : std::nullopt;
+        const bool isDrawn = IsFinite(from) && IsFinite(to);
+        const std::optional<CSegment> segment = isDrawn ? ClippedSegment(from, to, box) : std::nullopt;
         if (!segment) {
-            joins = false;
+            isJoined = false;
             continue;
         }
-        if (!joins || !(segment->from == from)) parts.push_back({segment->from});
+        if (!isJoined || !(segment->from == from)) parts.push_back({segment->from});
         parts.back().push_back(segment->to);
-        joins = segment->to == to;
+        isJoined = segment->to == to;
     }
     return parts;
 }
@@ -159,9 +164,9 @@ CPolyline ClippedPolygon(std::span<const CPlanePoint> points, const CPlaneBox& b
 
 std::vector<CPolyline> DashedPolyline(std::span<const CPlanePoint> points, std::span<const double> pattern) {
     if (points.size() < 2) return {};
-    const bool usable = std::all_of(pattern.begin(), pattern.end(), [](double length) { return length >= 0.0; }) &&
-                        std::accumulate(pattern.begin(), pattern.end(), 0.0) > 0.0;
-    if (!usable) return {CPolyline(points.begin(), points.end())};
+    const bool isUsable = std::all_of(pattern.begin(), pattern.end(), [](double length) { return length >= 0.0; }) &&
+                          std::accumulate(pattern.begin(), pattern.end(), 0.0) > 0.0;
+    if (!isUsable) return {CPolyline(points.begin(), points.end())};
     CDasher dasher(pattern);
     dasher.Start(points[0]);
     for (std::size_t index = 1; index < points.size(); ++index) dasher.LineTo(points[index - 1], points[index]);

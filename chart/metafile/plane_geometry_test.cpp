@@ -4,7 +4,9 @@
 
 #include <array>
 #include <cmath>
+#include <cstddef>
 #include <limits>
+#include <vector>
 
 namespace {
 
@@ -97,9 +99,10 @@ TEST(DashedPolyline, TheDashesOfALongLineAddUpToThePatternsShare) {
     for (int step = 0; step <= 3600; ++step)
         circle.push_back({std::cos(step / 572.957795), std::sin(step / 572.957795)});
     double drawn = 0.0;
-    for (const CPolyline& dash : Dashed(circle, {0.003, 0.001}))
+    for (const CPolyline& dash : Dashed(circle, {0.003, 0.001})) {
         for (std::size_t index = 1; index < dash.size(); ++index)
             drawn += std::hypot(dash[index].x - dash[index - 1].x, dash[index].y - dash[index - 1].y);
+    }
     EXPECT_NEAR(drawn, 0.75 * 2.0 * 3.14159265, 0.004);
 }
 

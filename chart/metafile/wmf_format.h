@@ -9,7 +9,6 @@
 namespace wmf {
 
 inline constexpr std::uint32_t kPlaceableKey = 0x9AC6CDD7;
-inline constexpr std::size_t kPlaceableBytes = 22;
 inline constexpr std::size_t kHeaderBytes = 18;
 inline constexpr std::uint16_t kVersion = 0x0300;
 inline constexpr std::uint16_t kPolyPointLimit = 8000;  ///< some readers take no more in one record
@@ -21,7 +20,7 @@ enum Function : std::uint16_t {
     SelectObject = 0x012D,
     SetTextAlign = 0x012E,
     DeleteObject = 0x01F0,
-    SetTextColour = 0x0209,
+    SetTextColor = 0x0209,
     SetWindowOrigin = 0x020B,
     SetWindowExtent = 0x020C,
     CreatePen = 0x02FA,

@@ -1,10 +1,16 @@
 #include "chart/metafile/wmf_writer.h"
 
 #include <algorithm>
-#include <array>
 #include <cassert>
 #include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string_view>
+#include <vector>
 
+#include "chart/metafile/plane_geometry.h"
 #include "chart/metafile/wmf_format.h"
 
 namespace {
@@ -28,7 +34,7 @@ public:
         U16(value >> 16U);
     }
     /// Red is the lowest byte in a metafile.
-    void Colour(std::uint32_t rgb) { U32(((rgb >> 16U) & 0xFFU) | (rgb & 0xFF00U) | ((rgb & 0xFFU) << 16U)); }
+    void Color(std::uint32_t rgb) { U32(((rgb >> 16U) & 0xFFU) | (rgb & 0xFF00U) | ((rgb & 0xFFU) << 16U)); }
     void PadToWord() {
         if (m_bytes.size() % 2 != 0) m_bytes += '\0';
     }
@@ -50,9 +56,10 @@ std::string PlaceableHeader(std::int16_t width, std::int16_t height, std::uint16
     header.U32(0);
     std::uint32_t checksum = 0;
     const std::string& bytes = header.Bytes();
-    for (std::size_t position = 0; position < bytes.size(); position += 2)
+    for (std::size_t position = 0; position < bytes.size(); position += 2) {
         checksum ^= static_cast<std::uint32_t>(static_cast<unsigned char>(bytes[position])) |
                     static_cast<std::uint32_t>(static_cast<unsigned char>(bytes[position + 1])) << 8U;
+    }
     header.U16(checksum);
     return header.Bytes();
 }
@@ -73,8 +80,8 @@ std::string FileHeader(std::uint32_t fileWords, std::size_t objectCount, std::ui
 void DropClosingPoint(std::size_t start, std::vector<std::int16_t>& coordinates) {
     const std::size_t end = coordinates.size();
     if (end - start < 4) return;
-    const bool closed = coordinates[start] == coordinates[end - 2] && coordinates[start + 1] == coordinates[end - 1];
-    if (closed) coordinates.resize(end - 2);
+    const bool isClosed = coordinates[start] == coordinates[end - 2] && coordinates[start + 1] == coordinates[end - 1];
+    if (isClosed) coordinates.resize(end - 2);
 }
 
 }  // namespace
@@ -127,8 +134,8 @@ void CWmfWriter::Fill(std::span<const CPolyline> outlines, std::uint32_t rgb) {
         RoundInto(outline, m_coordinates);
         DropClosingPoint(before, m_coordinates);
         const std::size_t count = (m_coordinates.size() - before) / 2;
-        const bool tooMany = m_coordinates.size() / 2 > wmf::kPolyPointLimit;
-        if (count < 3 || tooMany) {
+        const bool isTooLong = m_coordinates.size() / 2 > wmf::kPolyPointLimit;
+        if (count < 3 || isTooLong) {
             m_coordinates.resize(before);
             continue;
         }
@@ -152,7 +159,7 @@ void CWmfWriter::Text(const CWmfText& text) {
     if (text.bytes.empty()) return;
     assert(text.bytes.size() == text.advances.size());
     UseFont(text.font);
-    UseTextColour(text.rgb);
+    UseTextColor(text.rgb);
     CRecord record(wmf::ExtendedTextOut);
     record.I16(static_cast<std::int16_t>(std::lround(text.baseline.y)));
     record.I16(static_cast<std::int16_t>(std::lround(text.baseline.x)));
@@ -197,7 +204,7 @@ void CWmfWriter::UsePen(const std::optional<CWmfPen>& pen) {
     creation.U16(pen ? wmf::kPenSolid : wmf::kPenNone);
     creation.U16(pen ? pen->width : 0);
     creation.U16(0);
-    creation.Colour(pen ? pen->rgb : 0);
+    creation.Color(pen ? pen->rgb : 0);
     Replace(creation, m_penSlot);
     m_selected.pen = pen;
 }
@@ -206,7 +213,7 @@ void CWmfWriter::UseBrush(std::uint32_t rgb) {
     if (m_brushSlot && m_selected.brush == rgb) return;
     CRecord creation(wmf::CreateBrush);
     creation.U16(wmf::kBrushSolid);
-    creation.Colour(rgb);
+    creation.Color(rgb);
     creation.U16(0);
     Replace(creation, m_brushSlot);
     m_selected.brush = rgb;
@@ -219,8 +226,8 @@ void CWmfWriter::UseFont(const CWmfFont& font) {
     creation.I16(0);
     creation.I16(font.tenthsOfDegree);
     creation.I16(font.tenthsOfDegree);
-    creation.I16(font.bold ? kBoldWeight : kNormalWeight);
-    creation.Byte(font.italic ? '\1' : '\0');
+    creation.I16(font.isBold ? kBoldWeight : kNormalWeight);
+    creation.Byte(font.isItalic ? '\1' : '\0');
     creation.Text(std::string_view("\0\0\0\0\0\0", 6));  // no lines, western letters, default precision and quality
     creation.Byte(kSwissVariablePitch);
     creation.Text(kFace);
@@ -228,12 +235,12 @@ void CWmfWriter::UseFont(const CWmfFont& font) {
     m_selected.font = font;
 }
 
-void CWmfWriter::UseTextColour(std::uint32_t rgb) {
-    if (m_selected.textColour == rgb) return;
-    CRecord record(wmf::SetTextColour);
-    record.Colour(rgb);
+void CWmfWriter::UseTextColor(std::uint32_t rgb) {
+    if (m_selected.textColor == rgb) return;
+    CRecord record(wmf::SetTextColor);
+    record.Color(rgb);
     Append(record);
-    m_selected.textColour = rgb;
+    m_selected.textColor = rgb;
 }
 
 void CWmfWriter::Replace(const CRecord& creation, std::optional<std::uint16_t>& slot) {

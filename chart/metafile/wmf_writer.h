@@ -18,8 +18,8 @@ struct CWmfPen {
 struct CWmfFont {
     std::int16_t pixelHeight = 1;     ///< of the em square, logical units
     std::int16_t tenthsOfDegree = 0;  ///< of the baseline, counter-clockwise
-    bool bold = false;
-    bool italic = false;
+    bool isBold = false;
+    bool isItalic = false;
     bool operator==(const CWmfFont&) const = default;
 };
 
@@ -54,7 +54,7 @@ private:
         std::optional<CWmfPen> pen;  ///< none: the pen that draws nothing
         std::optional<std::uint32_t> brush;
         std::optional<CWmfFont> font;
-        std::optional<std::uint32_t> textColour;
+        std::optional<std::uint32_t> textColor;
     };
 
     void Append(const CRecord& record);
@@ -62,7 +62,7 @@ private:
     void UsePen(const std::optional<CWmfPen>& pen);
     void UseBrush(std::uint32_t rgb);
     void UseFont(const CWmfFont& font);
-    void UseTextColour(std::uint32_t rgb);
+    void UseTextColor(std::uint32_t rgb);
     /// Creates an object in the lowest free slot, selects it and deletes the one it replaces.
     void Replace(const CRecord& creation, std::optional<std::uint16_t>& slot);
     void RoundInto(std::span<const CPlanePoint> points, std::vector<std::int16_t>& coordinates) const;

@@ -3,7 +3,13 @@
 #include <gmock/gmock.h>
 
 #include <array>
+#include <cstddef>
+#include <cstdint>
+#include <initializer_list>
+#include <string>
+#include <vector>
 
+#include "chart/metafile/plane_geometry.h"
 #include "chart/testing/wmf_reader.h"
 
 namespace {

@@ -6,7 +6,12 @@
 #include <QWheelEvent>
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
 #include <utility>
+#include <vector>
+
+#include "chart/chart_style.h"
+#include "chart/legend_layout.h"
 
 namespace {
 
@@ -110,10 +115,11 @@ double CLegendElement::Gap() const {
 
 QFont CLegendElement::Font() const {
     QFont font = m_style.font;
-    if (font.pixelSize() > 0)
+    if (font.pixelSize() > 0) {
         font.setPixelSize(std::max(1, qRound(font.pixelSize() * m_layout.letterScale)));
-    else
+    } else {
         font.setPointSizeF(font.pointSizeF() * m_layout.letterScale);
+    }
     return font;
 }
 

@@ -1,7 +1,10 @@
 #include "chart/make_chart.h"
 
+#include <functional>
+#include <memory>
 #include <utility>
 
+#include "chart/chart_control.h"
 #include "chart/qcustomplot/qcustomplot_chart.h"
 
 std::unique_ptr<CChartControl> MakeChartControl(std::function<void(const QString& text)> showReadout) {

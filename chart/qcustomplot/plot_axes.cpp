@@ -8,7 +8,9 @@
 #include <algorithm>
 #include <cmath>
 
+#include "chart/chart_style.h"
 #include "chart/qcustomplot/plot_contents.h"
+#include "chart/view_range.h"
 
 namespace {
 

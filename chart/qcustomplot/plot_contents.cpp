@@ -4,9 +4,11 @@
 #include <QList>
 #include <cmath>
 #include <cstddef>
+#include <memory>
 #include <string>
 
 #include "chart/chart_model.h"
+#include "chart/view_range.h"
 
 namespace {
 

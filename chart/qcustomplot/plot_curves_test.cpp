@@ -1,4 +1,3 @@
-#include "chart/qcustomplot/plot_curves.h"
 
 #include <QImage>
 #include <QPoint>
@@ -19,7 +18,7 @@ class PlotCurvesTest : public CChartWindowTest {
 private slots:
     void cleanup() { Close(); }
 
-    void everySeriesIsDrawnAtItsValuesInItsColour() {
+    void everySeriesIsDrawnAtItsValuesInItsColor() {
         ShowThick(FlatPage(3));
         const QImage image = Picture();
         for (std::size_t series = 0; series < 3; ++series) {

@@ -6,7 +6,9 @@
 #include <QPicture>
 #include <QRectF>
 #include <memory>
+#include <string>
 
+#include "chart/chart_control.h"
 #include "chart/chart_style.h"
 #include "chart/metafile/metafile_device.h"
 #include "chart/qcustomplot/plot_widget.h"

@@ -26,6 +26,7 @@
 #include "chart/testing/chart_window.h"
 #include "chart/testing/sample_blocks.h"
 #include "chart/testing/wmf_reader.h"
+#include "files/replacing_file.h"
 
 namespace {
 
@@ -97,19 +98,21 @@ private slots:
         const auto isFrame = [](const CReadLine& line) { return line.rgb == 0 && line.points.front().x < 8000; };
         CWmfPlace low{10000, 5000};
         CWmfPlace high{0, 0};
-        for (const CReadLine& line : picture.lines)
+        for (const CReadLine& line : picture.lines) {
             for (const CWmfPlace& place : line.points) {
                 if (!isFrame(line)) continue;
                 low = {std::min(low.x, place.x), std::min(low.y, place.y)};
                 high = {std::max(high.x, place.x), std::max(high.y, place.y)};
             }
+        }
         std::size_t curvePoints = 0;
-        for (const CReadLine& line : picture.lines)
+        for (const CReadLine& line : picture.lines) {
             for (const CWmfPlace& place : line.points) {
                 if (line.rgb != LookOfLine(6, 1, ChartBackground::Light).rgb || place.x > 8100) continue;
                 ++curvePoints;
                 QVERIFY(place.x >= low.x && place.x <= high.x && place.y >= low.y && place.y <= high.y);
             }
+        }
         QVERIFY(curvePoints > 50);
         QVERIFY(high.x < 8500 && high.y < 4900);
     }
@@ -155,11 +158,12 @@ private slots:
         QVERIFY(picture.HasText("Reference"));
         QVERIFY(picture.PointsOfColor(LookOfLine(6, 1, ChartBackground::Light).rgb) > 100);
         int right = 0;
-        for (const CReadLine& line : picture.lines)
+        for (const CReadLine& line : picture.lines) {
             for (const CWmfPlace& place : line.points) {
                 QVERIFY(place.x >= 1000 && place.x <= 9000 && place.y >= 2000 && place.y <= 6000);
                 right = std::max(right, place.x);
             }
+        }
         QVERIFY(right > 7000);
         // Thirteen pixels of 1/96 inch at 1440 units an inch.
         for (const CReadText& text : picture.texts) QVERIFY(IsNear(-text.height, 195.0, 5.0));

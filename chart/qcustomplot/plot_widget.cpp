@@ -10,8 +10,12 @@
 #include <QStringList>
 #include <QToolTip>
 #include <cstddef>
+#include <memory>
 #include <utility>
+#include <vector>
 
+#include "chart/chart_control.h"
+#include "chart/chart_style.h"
 #include "chart/qcustomplot/legend_element.h"
 #include "chart/qcustomplot/plot_contents.h"
 #include "chart/qcustomplot/plot_curves.h"
@@ -126,10 +130,11 @@ void CPlotWidget::changeEvent(QEvent* event) {
 }
 
 void CPlotWidget::keyPressEvent(QKeyEvent* event) {
-    if (ObeyKey(event->key()))
+    if (ObeyKey(event->key())) {
         replot(rpQueuedReplot);
-    else
+    } else {
         QCustomPlot::keyPressEvent(event);
+    }
 }
 
 /// False for a key without a meaning here.

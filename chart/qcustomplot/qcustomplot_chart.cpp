@@ -6,14 +6,21 @@
 #include <QImage>
 #include <QMimeData>
 #include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
 #include <utility>
 
 #include "chart/chart_clipboard.h"
+#include "chart/chart_control.h"
 #include "chart/chart_model.h"
 #include "chart/chart_style.h"
 #include "chart/qcustomplot/plot_contents.h"
 #include "chart/qcustomplot/plot_paper.h"
 #include "chart/qcustomplot/plot_widget.h"
+#include "files/replacing_file.h"
 
 CQCustomPlotChart::CQCustomPlotChart(ShowReadout showReadout)
     : m_showReadout(std::move(showReadout)), m_model(std::make_unique<CChartModel>()) {}

@@ -24,6 +24,7 @@
 #include "chart/make_chart.h"
 #include "chart/testing/chart_window.h"
 #include "chart/testing/sample_blocks.h"
+#include "files/replacing_file.h"
 
 /// The chart as a whole: its life, its looks, what it tells.
 class QCustomPlotChartTest : public CChartWindowTest {

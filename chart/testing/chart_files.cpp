@@ -4,6 +4,8 @@
 #include <QIODevice>
 #include <QTemporaryDir>
 
+#include "chart/chart_control.h"
+#include "chart/testing/wmf_reader.h"
 #include "files/replacing_file.h"
 
 QByteArray FileBytes(const QString& path) {

@@ -10,11 +10,15 @@
 #include <QWheelEvent>
 #include <clocale>
 #include <cmath>
+#include <cstddef>
+#include <cstdint>
 #include <limits>
-#include <utility>
+#include <memory>
 
 #include "chart/chart_sequences.h"
+#include "chart/line_look.h"
 #include "chart/make_chart.h"
+#include "chart/testing/sample_blocks.h"
 
 namespace {
 
@@ -33,9 +37,10 @@ QRgb SeriesColor(std::size_t series, ChartBackground background) {
 
 QRect BoxOfColor(const QImage& image, QRgb color, const QRect& part) {
     QRect box;
-    for (int y = part.top(); y <= part.bottom(); ++y)
+    for (int y = part.top(); y <= part.bottom(); ++y) {
         for (int x = part.left(); x <= part.right(); ++x)
             if (image.pixel(x, y) == color) box |= QRect(x, y, 1, 1);
+    }
     return box;
 }
 

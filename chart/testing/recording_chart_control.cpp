@@ -2,7 +2,14 @@
 
 #include <array>
 #include <charconv>
+#include <cstdint>
 #include <initializer_list>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "chart/chart_control.h"
+#include "files/replacing_file.h"
 
 namespace {
 

@@ -1,4 +1,10 @@
 #include "chart/testing/sample_blocks.h"
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <functional>
+#include <string>
 
 namespace {
 

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cmath>
-#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <string>
@@ -23,5 +22,5 @@ CSamplePage SamplePage(std::int32_t seriesCount, std::int32_t pointCount, double
 /// so on.
 CSamplePage PulsePage(std::int32_t seriesCount, std::int32_t pointCount);
 
-/// Makes the last `count` points of a series padding, as behind the end of a shorter series.
+/// Makes the last `count` points of a series padding, as after the end of a shorter series.
 void PadEnd(CChartBlock& block, std::int32_t series, std::int32_t count);

@@ -1,10 +1,15 @@
 #include "chart/testing/wmf_reader.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <cstdint>
 #include <map>
 #include <optional>
 #include <stdexcept>
+#include <string_view>
+#include <utility>
 #include <variant>
+#include <vector>
 
 #include "chart/metafile/wmf_format.h"
 
@@ -38,11 +43,11 @@ public:
         const std::uint32_t low = U16();
         return low | static_cast<std::uint32_t>(U16()) << 16U;
     }
-    std::uint32_t Colour() {
+    std::uint32_t Color() {
         const std::uint32_t red = U8();
         const std::uint32_t green = U8();
         const std::uint32_t blue = U8();
-        Require(U8() == 0, "A colour is not a plain one.");
+        Require(U8() == 0, "A color is not a plain one.");
         return red << 16U | green << 8U | blue;
     }
     std::string_view Take(std::size_t count) {
@@ -68,8 +73,8 @@ struct CBrush {
 struct CFont {
     int height = 0;
     int tenthsOfDegree = 0;
-    bool bold = false;
-    bool italic = false;
+    bool isBold = false;
+    bool isItalic = false;
 };
 using Object = std::variant<CPen, CBrush, CFont>;
 
@@ -140,8 +145,8 @@ private:
                 Require(record.I16() == m_picture.height && record.I16() == m_picture.width,
                         "Window and picture differ in size.");
                 break;
-            case wmf::SetTextColour:
-                m_textColour = record.Colour();
+            case wmf::SetTextColor:
+                m_textColor = record.Color();
                 break;
             case wmf::CreatePen:
                 Add(ReadPen(record));
@@ -182,13 +187,13 @@ private:
         pen.draws = style == wmf::kPenSolid;
         pen.width = record.I16();
         record.U16();
-        pen.rgb = record.Colour();
+        pen.rgb = record.Color();
         return pen;
     }
 
     static Object ReadBrush(CCursor& record) {
         Require(record.U16() == wmf::kBrushSolid, "A brush is not solid.");
-        const CBrush brush{record.Colour()};
+        const CBrush brush{record.Color()};
         record.U16();
         return brush;
     }
@@ -199,8 +204,8 @@ private:
         Require(record.I16() == 0, "A font has a width.");
         font.tenthsOfDegree = record.I16();
         Require(record.I16() == font.tenthsOfDegree, "Letters and line of a font differ in direction.");
-        font.bold = record.I16() >= 700;
-        font.italic = record.U8() != 0;
+        font.isBold = record.I16() >= 700;
+        font.isItalic = record.U8() != 0;
         Require(record.U8() == 0 && record.U8() == 0 && record.U8() == 0, "A font is underlined or foreign.");
         record.Take(4);
         const std::string_view face = record.Take(record.Left());
@@ -282,9 +287,9 @@ private:
         for (unsigned character = 0; character < count; ++character) text.advance += record.I16();
         text.height = font.height;
         text.tenthsOfDegree = font.tenthsOfDegree;
-        text.bold = font.bold;
-        text.italic = font.italic;
-        text.rgb = m_textColour;
+        text.isBold = font.isBold;
+        text.isItalic = font.isItalic;
+        text.rgb = m_textColor;
         m_picture.texts.push_back(std::move(text));
     }
 
@@ -293,7 +298,7 @@ private:
     CWmfPicture m_picture;
     std::vector<std::optional<Object>> m_objects;
     std::map<std::size_t, unsigned> m_selected;  ///< slot by kind of object
-    std::uint32_t m_textColour = 0;
+    std::uint32_t m_textColor = 0;
     std::uint32_t m_largestRecord = 0;
     std::uint32_t m_largestRecordSaid = 0;
     bool m_ended = false;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -28,8 +29,8 @@ struct CReadText {
     int advance = 0;  ///< sum over the characters
     int height = 0;   ///< as stored: negative for the height of the letters
     int tenthsOfDegree = 0;
-    bool bold = false;
-    bool italic = false;
+    bool isBold = false;
+    bool isItalic = false;
     std::uint32_t rgb = 0;
 };
 

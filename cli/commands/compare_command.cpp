@@ -79,10 +79,10 @@ void WriteTables(const CCompareOptions& options, const CSummaryTable& table, COu
 
 void PrintReports(const CCompareOptions& options, const CQuorvelDoc& document, const CSummaryTable& table,
                   CConsole& console) {
-    if (options.talk == CTalk::Verbose) {
+    if (options.verbosity == Verbosity::Verbose) {
         console.Note(VerboseReport(document));
     }
-    if (options.talk != CTalk::Quiet && !options.UsesStandardOutput()) {
+    if (options.verbosity != Verbosity::Quiet && !options.UsesStandardOutput()) {
         console.Print(TableReport(options, document, table, {console.Width(), console.Color()}));
     }
 }
@@ -117,7 +117,7 @@ void NameUnreadFiles(const CQuorvelDoc& document, CConsole& console) {
 
 CExitStatus FinishStopped(const CCompareOptions& options, const CResults& results, const CSignal& reference,
                           CConsole& console) {
-    if (options.talk != CTalk::Quiet) {
+    if (options.verbosity != Verbosity::Quiet) {
         console.Note("Nothing was compared.");
     }
     COutputs outputs(console);

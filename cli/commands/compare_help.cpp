@@ -1,5 +1,8 @@
 #include "cli/commands/compare_help.h"
 
+#include "cli/join.h"
+#include "compare/critical_values.h"
+#include "files/number_text.h"
 #include "signal/channel_class.h"
 
 namespace {
@@ -8,7 +11,7 @@ CHelpSection Signals() {
     return {"Signals",
             {{"FILE...",
               "Computed signals, compared in the order given. Each is a UDS-1992 file or an ASCII point file. "
-              "A FILE whose name begins with - stands behind --."},
+              "A FILE whose name begins with - goes after --."},
              {"--hit-list PATH",
               "Append the paths that a hit list names, one per line, after the FILEs. May be repeated. Relative paths "
               "are relative to the current folder."},
@@ -29,30 +32,31 @@ CHelpSection Preparation() {
 }
 
 CHelpSection Judgement() {
-    return {"Judgement",
-            {{"--corridor SIZE", "Corridor size in units of Y, greater than 0. Default: 4.0."},
-             {"--critical NAME=VALUE",
-              "Set a critical value; a result is good while it is below it. May be repeated. The names stand below."},
-             {"--fail-on-bad[=NAME,...]",
-              "End with status 1 when a verdict is bad; with names, when a verdict of one of these names is. In a run "
-              "without --reference the first file is compared with itself, so its T statistic is not a number and "
-              "counts as bad: name the others, or give a reference."}}};
+    return {
+        "Judgement",
+        {{"--corridor SIZE", "Corridor size in units of Y, greater than 0. Default: 4.0."},
+         {"--critical NAME=VALUE",
+          "Set a critical value; a result is good while it is below it. May be repeated. The NAMEs are listed below."},
+         {"--fail-on-bad[=NAME,...]",
+          "End with status 1 when a verdict is bad; with names, when a verdict of one of these names is. In a run "
+          "without --reference the first file is compared with itself, so its T statistic is not a number and "
+          "counts as bad: name the others, or give a reference."}}};
 }
 
 CHelpSection CriticalValueNames() {
-    return {"Critical values",
-            {{"residual", "Average residual, in percent of the reference peak. Default: 5."},
-             {"stddev", "Standard deviation of the residual, in percent of the reference peak. Default: 20."},
-             {"corridor", "Share of the points outside the corridor, as a fraction. Default: 0.1."},
-             {"correlation", "1 minus the correlation factor. Default: 0.05."},
-             {"t", "Magnitude of the T statistic. Default: 2.58."},
-             {"moment", "Each of the six moment differences. Default: 0.2."}}};
+    const CCriticalValues defaults;
+    CHelpSection section{"Critical values", {}};
+    for (const CCriterion& criterion : Criteria()) {
+        const std::string value = ks::ShortestText(defaults.*criterion.limit);
+        section.entries.push_back({std::string(criterion.name), Join({criterion.meaning, ". Default: ", value, "."})});
+    }
+    return section;
 }
 
 CHelpSection Outputs() {
     return {"Outputs",
             {{"",
-              "Standard output is the table: the sixteen columns of each signal, with verdicts. A PATH of - is "
+              "Standard output is the table: every column of each signal, with verdicts. A PATH of - is "
               "standard output in place of the table; only one output can go there."},
              {"--html PATH", "Write the HTML report of the table."},
              {"--json PATH", "Write the results as JSON."},
@@ -74,10 +78,10 @@ CHelpSection Stopping() {
     return {
         "Runs that stop",
         {{"",
-          "A file or a hit list that cannot be read, or a signal that cannot be prepared, stops the run behind the "
-          "step at work; every message goes to standard error. A stopped run still writes its JSON, with the messages "
-          "and no signals, but no table, report, CSV, ASCII or UDS file. A chart page that cannot be built "
-          "leaves the exit status as it is; its message stands in the JSON and on standard error. No output takes "
+          "A file or a hit list that cannot be read, or a signal that cannot be prepared, stops the run after the "
+          "step that failed; every message goes to standard error. A stopped run still writes its JSON, with the "
+          "messages and no signals, but no table, report, CSV, ASCII or UDS file. A chart page that cannot be built "
+          "leaves the exit status as it is; its message is in the JSON and on standard error. No output takes "
           "the place of a file that was read."}}};
 }
 

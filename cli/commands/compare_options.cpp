@@ -106,7 +106,7 @@ std::vector<const CCriterion*> ReadFailOnBad(const CArguments& arguments) {
     std::vector<const CCriterion*> criteria;
     for (std::string_view names : arguments.Values("--fail-on-bad")) {
         if (names.empty()) {
-            for (const CCriterion& criterion : kCriteria) criteria.push_back(&criterion);
+            for (const CCriterion& criterion : Criteria()) criteria.push_back(&criterion);
             continue;
         }
         while (true) {
@@ -119,15 +119,15 @@ std::vector<const CCriterion*> ReadFailOnBad(const CArguments& arguments) {
     return criteria;
 }
 
-CTalk ReadTalk(const CArguments& arguments) {
+Verbosity ReadVerbosity(const CArguments& arguments) {
     const bool quiet = arguments.Has("--quiet");
     if (quiet && arguments.Has("--verbose")) {
         throw CUsageError("Options --quiet and --verbose exclude each other.");
     }
     if (quiet) {
-        return CTalk::Quiet;
+        return Verbosity::Quiet;
     }
-    return arguments.Has("--verbose") ? CTalk::Verbose : CTalk::Usual;
+    return arguments.Has("--verbose") ? Verbosity::Verbose : Verbosity::Usual;
 }
 
 bool IsStandardOutput(const std::optional<std::string>& path) {
@@ -175,7 +175,7 @@ CCompareOptions ParseCompareOptions(const std::vector<std::string>& arguments) {
     options.asciiFolder = given.Value("--ascii");
     options.udsFolder = given.Value("--uds");
     options.failOnBad = ReadFailOnBad(given);
-    options.talk = ReadTalk(given);
+    options.verbosity = ReadVerbosity(given);
     if (options.files.empty() && options.hitLists.empty()) {
         throw CUsageError("At least one FILE to compare is needed.");
     }

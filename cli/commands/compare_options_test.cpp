@@ -32,7 +32,7 @@ TEST(CompareOptions, HaveTheirDefaults) {
     EXPECT_FALSE(options.UsesStandardOutput());
     EXPECT_FALSE(options.pages);
     EXPECT_TRUE(options.failOnBad.empty());
-    EXPECT_EQ(options.talk, CTalk::Usual);
+    EXPECT_EQ(options.verbosity, Verbosity::Usual);
 }
 
 TEST(CompareOptions, FilterTheReferenceOnlyWithAClassAndUnlessForbidden) {

@@ -1,6 +1,7 @@
 #include "cli/output/csv_table.h"
 
 #include <cstddef>
+#include <vector>
 
 std::string CsvField(std::string_view text) {
     if (text.find_first_of(",\"\r\n") == std::string_view::npos) {
@@ -19,15 +20,16 @@ std::string CsvField(std::string_view text) {
 
 namespace {
 
-template <class Texts>
-void AppendLine(std::string& csv, const std::vector<int>& order, const Texts& texts) {
+// `textOf` gives the text of a column.
+template <class TextOf>
+void AppendLine(std::string& csv, const std::vector<int>& order, TextOf textOf) {
     bool first = true;
     for (const int column : order) {
         if (!first) {
             csv += ',';
         }
         first = false;
-        csv += CsvField(texts.at(static_cast<std::size_t>(column)));
+        csv += CsvField(textOf(static_cast<std::size_t>(column)));
     }
     csv += "\r\n";
 }
@@ -35,10 +37,11 @@ void AppendLine(std::string& csv, const std::vector<int>& order, const Texts& te
 }  // namespace
 
 std::string CsvTable(const CSummaryTable& table) {
+    const std::vector<int> order = FixedOrder(table.columns, table.order);
     std::string csv;
-    AppendLine(csv, table.order, kSummaryHeaders);
+    AppendLine(csv, order, [&table](std::size_t column) { return table.columns[column].header; });
     for (const CSummaryRow& row : table.rows) {
-        AppendLine(csv, table.order, row.texts);
+        AppendLine(csv, order, [&row](std::size_t column) { return std::string_view(row[column].text); });
     }
     return csv;
 }

@@ -8,6 +8,6 @@
 /// One CSV field as RFC 4180 has it: in quotes, inner quotes doubled, when it holds a comma, a quote or a line end.
 std::string CsvField(std::string_view text);
 
-/// The summary table as CSV: the sixteen headers, then one line per signal, columns in displayed order, lines ended by
-/// CR LF. Bytes of file names are kept as they are.
+/// The fixed columns of the summary table as CSV: the headers, then one line per signal, columns in displayed order,
+/// lines ended by CR LF. Bytes of file names are kept as they are.
 std::string CsvTable(const CSummaryTable& table);

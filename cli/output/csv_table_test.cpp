@@ -2,15 +2,15 @@
 
 #include <gmock/gmock.h>
 
-#include <numeric>
+#include <utility>
+
+#include "tests/support/summary_samples.h"
 
 namespace {
 
 CSummaryTable TableOf(std::vector<CSummaryRow> rows) {
-    CSummaryTable table;
+    CSummaryTable table = MakeSummaryTable({});
     table.rows = std::move(rows);
-    table.order.resize(kSummaryColumnCount);
-    std::iota(table.order.begin(), table.order.end(), 0);
     return table;
 }
 
@@ -37,23 +37,24 @@ TEST(CsvTable, IsTheHeaderLineAloneWithoutSignals) {
 }
 
 TEST(CsvTable, HasOneLinePerSignal) {
-    CSummaryRow row;
-    for (std::size_t i = 0; i < row.texts.size(); ++i) row.texts[i] = std::to_string(i);
+    const CSummaryRow row = PlainRow("x");
     CSummaryRow quoted = row;
-    quoted.texts[0] = std::string("a,b.uds");
-    EXPECT_EQ(CsvTable(TableOf({row, quoted})), std::string(kHeaderLine) +
-                                                    "0,1,2,3,4,5,6,7,8,9,10,11,12,13,14,15\r\n"
-                                                    "\"a,b.uds\",1,2,3,4,5,6,7,8,9,10,11,12,13,14,"
-                                                    "15\r\n");
+    quoted[0].text = "a,b.uds";
+    const std::string rest = "x.1,x.2,x.3,x.4,x.5,x.6,x.7,x.8,x.9,x.10,x.11,x.12,x.13,x.14,x.15\r\n";
+    EXPECT_EQ(CsvTable(TableOf({row, quoted})), kHeaderLine + ("x.0," + rest) + "\"a,b.uds\"," + rest);
 }
 
 TEST(CsvTable, FollowsTheDisplayedOrder) {
-    CSummaryRow row;
-    row.texts[0] = std::string("a");
-    row.texts[15] = std::string("z");
-    CSummaryTable table = TableOf({row});
+    CSummaryTable table = TableOf({PlainRow("x")});
     table.order = {15, 0};
-    EXPECT_EQ(CsvTable(table), "Max Time,Filename\r\nz,a\r\n");
+    EXPECT_EQ(CsvTable(table), "Max Time,Filename\r\nx.15,x.0\r\n");
+}
+
+TEST(CsvTable, LeavesOutColumnsThatAreNotFixed) {
+    const std::vector<CSummaryColumn> columns = ColumnsWithExtra(), fixed = FixedColumns();
+    const CSignal signal("a.uds");
+    EXPECT_EQ(CsvTable(MakeSummaryTable({signal}, columns)), CsvTable(MakeSummaryTable({signal}, fixed)));
+    EXPECT_THAT(CsvTable(MakeSummaryTable({signal}, columns)), testing::StartsWith(kHeaderLine));
 }
 
 }  // namespace

@@ -4,7 +4,6 @@
 #include <nlohmann/json.hpp>
 
 #include "compare/plots/page_table.h"
-#include "compare/summary_table.h"
 
 namespace {
 
@@ -21,7 +20,7 @@ Json SettingsJson(const CCompareOptions& options) {
     settings["window"] = options.window ? Json::array({options.window->min, options.window->max}) : Json(nullptr);
     settings["corridor"] = options.corridor;
     Json critical;
-    for (const CCriterion& criterion : kCriteria) {
+    for (const CCriterion& criterion : Criteria()) {
         critical[std::string(criterion.name)] = options.critical.*criterion.limit;
     }
     settings["critical"] = std::move(critical);
@@ -79,7 +78,7 @@ Json MeasuresJson(const CComparison& measures) {
     return json;
 }
 
-Json SignalJson(const CSignal& signal) {
+Json SignalJson(const CSignal& signal, std::span<const CSummaryColumn> summaryColumns) {
     Json json;
     json["path"] = signal.GetPath();
     json["referenceName"] = signal.GetReferenceName();
@@ -89,9 +88,10 @@ Json SignalJson(const CSignal& signal) {
     json["measures"] = MeasuresJson(signal.Comparison());
     Json columns = Json::array();
     Json verdicts = Json::array();
-    for (int column = 0; column < kSummaryColumnCount; ++column) {
-        columns.push_back(signal.GetColumnText(column));
-        verdicts.push_back(VerdictName(signal.GetColumnColor(column)));
+    for (const CSummaryColumn& column : summaryColumns) {
+        if (!column.isFixed) continue;
+        columns.push_back(column.text(signal));
+        verdicts.push_back(VerdictName(Judge(column, signal)));
     }
     json["columns"] = std::move(columns);
     json["verdicts"] = std::move(verdicts);
@@ -141,7 +141,7 @@ void AppendItem(std::string& items, const std::string& item) {
 }  // namespace
 
 CJsonResults::CJsonResults(const CCompareOptions& options, const CResults& results, const CSignal& reference,
-                           const std::vector<CSignal>& signalList) {
+                           const std::vector<CSignal>& signalList, std::span<const CSummaryColumn> columns) {
     AppendMember(m_text, "format", "\"quorvel-compare\"");
     AppendMember(m_text, "version", "1");
     AppendMember(m_text, "settings", Dump(SettingsJson(options)));
@@ -153,7 +153,7 @@ CJsonResults::CJsonResults(const CCompareOptions& options, const CResults& resul
     AppendMember(m_text, "reference", Dump(ReferenceJson(reference)));
     AppendMember(m_text, "pageList", Dump(Json(results.pageList)));
     std::string items;
-    for (const CSignal& signal : signalList) AppendItem(items, Dump(SignalJson(signal)));
+    for (const CSignal& signal : signalList) AppendItem(items, Dump(SignalJson(signal, columns)));
     AppendMember(m_text, "signals", "[" + items + "]");
 }
 
@@ -201,13 +201,13 @@ std::string CJsonResults::Finish(bool withPages) {
     return std::move(m_text);
 }
 
-std::string_view VerdictName(CVerdictColor color) {
-    switch (color) {
-        case CVerdictColor::White:
+std::string_view VerdictName(Verdict verdict) {
+    switch (verdict) {
+        case Verdict::None:
             return "none";
-        case CVerdictColor::Green:
+        case Verdict::Good:
             return "good";
-        case CVerdictColor::Red:
+        case Verdict::Bad:
             break;
     }
     return "bad";

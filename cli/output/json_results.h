@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -13,6 +14,8 @@
 #include "compare/note.h"
 #include "compare/plots/plot.h"
 #include "compare/signal.h"
+#include "compare/summary_columns.h"
+#include "compare/verdict.h"
 
 /// What a comparison left, as the results file shows it. A stopped run has neither pages nor signals.
 class CResults {
@@ -38,12 +41,12 @@ public:
 ///
 /// One line per member, signal and page, so that two files can be compared by eye. Numbers read back bit for bit,
 /// numbers that are not finite are null, and bytes that are not UTF-8 appear as U+FFFD. Members are added in the order
-/// of the functions below; series pass through one at a time, so a long page list needs little memory beside the
+/// of the functions below; series pass through one at a time, so a long page list needs little memory besides the
 /// text itself.
 class CJsonResults {
 public:
     CJsonResults(const CCompareOptions& options, const CResults& results, const CSignal& reference,
-                 const std::vector<CSignal>& signalList);
+                 const std::vector<CSignal>& signalList, std::span<const CSummaryColumn> columns = SummaryColumns());
 
     void AddPage(const CPageView& page);
     /// Ends the text. `withPages` adds the member "pages", empty when no page was added.
@@ -61,4 +64,4 @@ private:
 };
 
 /// "none", "good" or "bad".
-std::string_view VerdictName(CVerdictColor color);
+std::string_view VerdictName(Verdict verdict);

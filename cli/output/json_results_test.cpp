@@ -8,6 +8,8 @@
 #include <limits>
 #include <nlohmann/json.hpp>
 
+#include "tests/support/summary_samples.h"
+
 namespace {
 
 using nlohmann::json;
@@ -103,6 +105,15 @@ TEST(JsonResults, ShowASignalWithTextsAndVerdicts) {
     EXPECT_EQ(read.at("columns").at(6), "nan");
     EXPECT_EQ(read.at("verdicts"), json::array({"none", "none", "good", "good", "good", "good", "bad", "good", "good",
                                                 "good", "good", "good", "good", "none", "none", "none"}));
+}
+
+TEST(JsonResults, LeaveOutColumnsThatAreNotFixed) {
+    const std::vector<CSummaryColumn> columns = ColumnsWithExtra(), fixed = FixedColumns();
+    const CSignal signal = SignalOf("path", {0.0, 2.0, 4.0, 2.0, 0.0});
+    const std::string text = CJsonResults({}, {}, signal, {signal}, columns).Finish(false);
+    EXPECT_EQ(text, CJsonResults({}, {}, signal, {signal}, fixed).Finish(false));
+    EXPECT_EQ(json::parse(text).at("signals").at(0).at("columns").size(), 16U);
+    EXPECT_EQ(json::parse(text).at("signals").at(0).at("verdicts").size(), 16U);
 }
 
 TEST(JsonResults, ShowTheSummaryPageWithoutCurvesWhateverTheChartBlockHolds) {

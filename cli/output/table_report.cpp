@@ -31,13 +31,19 @@ std::string PreparationText(const CCompareOptions& options) {
     return text;
 }
 
+// `text` with `number` in place of its %1.
+std::string WithNumber(std::string_view text, double number) {
+    constexpr std::string_view kPlace = "%1";
+    const std::size_t place = text.find(kPlace);
+    return Join({text.substr(0, place), GeneralText(number), text.substr(place + kPlace.size())});
+}
+
 std::string LimitsText(const CCompareOptions& options) {
-    const CCriticalValues& c = options.critical;
-    return Join({"Good is below: average residual ", GeneralText(c.averageResidual), " %, standard deviation ",
-                 GeneralText(c.standardDeviation), " % of the\nreference peak; share of points outside the corridor ",
-                 GeneralText(c.corridor), "; 1 - correlation ", GeneralText(c.correlation), ";\nT statistic ",
-                 GeneralText(c.tStatistic), "; moment differences ", GeneralText(c.moment),
-                 ".\n\"% in Corridor\" is the share of points outside the corridor of +-",
+    std::string text = "Good is below: ";
+    for (const CCriterion& criterion : Criteria()) {
+        text += WithNumber(criterion.phrase, options.critical.*criterion.limit);
+    }
+    return Join({text, "\"% in Corridor\" is the share of points outside the corridor of +-",
                  GeneralText(options.corridor), ".\n"});
 }
 

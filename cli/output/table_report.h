@@ -7,7 +7,7 @@
 #include "compare/document.h"
 
 /// What a completed run prints on standard output: reference and preparation, the numbered paths, the table, and the
-/// limits behind its verdicts.
+/// limits that its verdicts depend on.
 std::string TableReport(const CCompareOptions& options, const CQuorvelDoc& document, const CSummaryTable& table,
                         const CTextTableStyle& style);
 

@@ -10,9 +10,7 @@
 namespace {
 
 constexpr std::size_t kGap = 2;             // between columns
-constexpr std::size_t kMostTextWidth = 34;  // of a path; numbers are never cut
-constexpr int kFileNameColumn = 0;
-constexpr int kReferenceColumn = 13;
+constexpr std::size_t kMostNameWidth = 34;  // of a path; numbers are never cut
 constexpr std::string_view kGood = "good";
 constexpr std::string_view kBad = "BAD";
 
@@ -23,8 +21,8 @@ constexpr std::string_view kPlain = "\x1b[0m";
 
 struct CCell {
     std::string value;
-    CVerdictColor verdict = CVerdictColor::White;
-    std::string_view word;  // the verdict behind the value
+    Verdict verdict = Verdict::None;
+    std::string_view word;  // the verdict after the value
 };
 
 // One column of the table, ready to print.
@@ -38,13 +36,13 @@ struct CColumn {
     std::size_t Width() const { return valueWidth + wordWidth; }
 };
 
-std::string_view VerdictWord(CVerdictColor verdict) {
+std::string_view VerdictWord(Verdict verdict) {
     switch (verdict) {
-        case CVerdictColor::White:
+        case Verdict::None:
             return "";
-        case CVerdictColor::Green:
+        case Verdict::Good:
             return kGood;
-        case CVerdictColor::Red:
+        case Verdict::Bad:
             break;
     }
     return kBad;
@@ -53,7 +51,7 @@ std::string_view VerdictWord(CVerdictColor verdict) {
 void Measure(CColumn& column) {
     for (const CCell& cell : column.cells) {
         column.valueWidth = std::max(column.valueWidth, DisplayWidth(cell.value));
-        // "good" and "BAD" stand in line over the whole table, whichever of them a column has.
+        // "good" and "BAD" line up over the whole table, whichever of them a column has.
         column.wordWidth = std::max(column.wordWidth, cell.word.empty() ? 0 : 1 + kGood.size());
     }
     const std::size_t headerWidth = DisplayWidth(column.header);
@@ -62,15 +60,16 @@ void Measure(CColumn& column) {
     }
 }
 
-CColumn MakeColumn(const CSummaryTable& table, int index) {
-    const auto cell = static_cast<std::size_t>(index);
+CColumn MakeColumn(const CSummaryTable& table, std::size_t index) {
+    const CSummaryColumn& source = table.columns[index];
     CColumn column;
-    column.header = kSummaryHeaders.at(cell);
-    column.leftAligned = index == kFileNameColumn || index == kReferenceColumn;
+    column.header = source.header;
+    column.leftAligned = source.isName;
     for (const CSummaryRow& row : table.rows) {
-        const CVerdictColor verdict = row.colors.at(cell);
+        const CSummaryCell& cell = row[index];
+        const std::string shown = DisplayText(cell.text);
         column.cells.push_back(
-            {ElideFront(DisplayText(row.texts.at(cell)), kMostTextWidth), verdict, VerdictWord(verdict)});
+            {source.isName ? ElideFront(shown, kMostNameWidth) : shown, cell.verdict, VerdictWord(cell.verdict)});
     }
     Measure(column);
     return column;
@@ -79,7 +78,7 @@ CColumn MakeColumn(const CSummaryTable& table, int index) {
 CColumn NumberColumn(std::size_t count) {
     CColumn column;
     for (std::size_t i = 1; i <= count; ++i)
-        column.cells.push_back({Join({"(", std::to_string(i), ")"}), CVerdictColor::White, {}});
+        column.cells.push_back({Join({"(", std::to_string(i), ")"}), Verdict::None, {}});
     Measure(column);
     return column;
 }
@@ -88,12 +87,13 @@ CColumn BalanceColumn(const CSummaryTable& table) {
     CColumn column;
     column.header = "Bad verdicts";
     for (const CSummaryRow& row : table.rows) {
-        const auto count = [&row](CVerdictColor verdict) {
-            return std::count(row.colors.begin(), row.colors.end(), verdict);
+        const auto count = [&row](Verdict verdict) {
+            return std::count_if(row.begin(), row.end(),
+                                 [verdict](const CSummaryCell& cell) { return cell.verdict == verdict; });
         };
-        const auto bad = count(CVerdictColor::Red);
-        const auto judged = bad + count(CVerdictColor::Green);
-        const CVerdictColor verdict = bad > 0 ? CVerdictColor::Red : CVerdictColor::Green;
+        const auto bad = count(Verdict::Bad);
+        const auto judged = bad + count(Verdict::Good);
+        const Verdict verdict = bad > 0 ? Verdict::Bad : Verdict::Good;
         column.cells.push_back({Join({std::to_string(bad), " of ", std::to_string(judged)}), verdict, {}});
     }
     Measure(column);
@@ -108,13 +108,13 @@ std::string Painted(std::string_view text, std::string_view paint, bool color) {
     return color ? Join({paint, text, kPlain}) : std::string(text);
 }
 
-// Fills the column's width, so that the next column stands in line.
+// Fills the column's width, so that the next column lines up.
 std::string CellText(const CColumn& column, const CCell& cell, bool color) {
     const std::string pad = Blanks(column.valueWidth - DisplayWidth(cell.value));
     const std::string rest = Blanks(column.wordWidth - (cell.word.empty() ? 0 : 1 + cell.word.size()));
     std::string shown = cell.word.empty() ? cell.value : Join({cell.value, " ", cell.word});
-    if (cell.verdict != CVerdictColor::White) {
-        shown = Painted(shown, cell.verdict == CVerdictColor::Green ? kGreen : kRed, color);
+    if (cell.verdict != Verdict::None) {
+        shown = Painted(shown, cell.verdict == Verdict::Good ? kGreen : kRed, color);
     }
     return column.leftAligned ? Join({shown, pad, rest}) : Join({pad, shown, rest});
 }
@@ -177,7 +177,7 @@ std::string TextTable(const CSummaryTable& table, const CTextTableStyle& style) 
     }
     const CColumn number = NumberColumn(table.rows.size());
     std::vector<CColumn> columns;
-    for (const int index : table.order) columns.push_back(MakeColumn(table, index));
+    for (const int index : table.order) columns.push_back(MakeColumn(table, static_cast<std::size_t>(index)));
     columns.push_back(BalanceColumn(table));
     std::string text;
     for (const CBand& band : Bands(number, columns, style.width)) {

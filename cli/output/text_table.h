@@ -9,11 +9,11 @@
 class CTextTableStyle {
 public:
     std::size_t width = 80;  ///< columns to fit into; a single column of the table may still exceed it
-    bool color = false;      ///< colour verdicts and headings by terminal sequences
+    bool color = false;      ///< color verdicts and headings by terminal sequences
 };
 
-/// The summary table, one line per signal, numbered from 1. What does not fit beside the columns before starts a new
-/// band of columns below them; each band repeats the numbers. Verdicts are the words "good" and "BAD" behind the
-/// values; a last column counts the bad ones. Long paths are cut at their front. Every line is ended by LF; a table
-/// without rows is an empty text.
+/// All columns of the summary table, one line per signal, numbered from 1. What does not fit next to the columns before
+/// it starts a new band of columns below them; each band repeats the numbers. Verdicts are the words "good" and "BAD"
+/// after the values; a last column counts the bad ones. Long paths are cut at their front. Every line is ended by LF; a
+/// table without rows is an empty text.
 std::string TextTable(const CSummaryTable& table, const CTextTableStyle& style);

@@ -135,9 +135,14 @@ class Checker:
             return None
         return self.fault_of_ours(path, row, header) if is_ours else self.fault_of_library(path, row, header)
 
+    def allowed(self, path, row):
+        """What the row allows; a test in a folder below another may use what the one above may."""
+        above = self.table.rows.get(row.split("/")[0], set()) if is_test(path) else set()
+        return self.table.rows[row] | above
+
     def fault_of_library(self, path, row, header):
         library = library_of(header)
-        if library is None or library in self.table.rows[row] or (is_test(path) and library in FOR_TESTS):
+        if library is None or library in self.allowed(path, row) or (is_test(path) and library in FOR_TESTS):
             return None
         return f"<{header}> is {library}, which {row} may not include"
 
@@ -148,7 +153,7 @@ class Checker:
         if is_test(header) or target == TESTS_FOLDER:
             if not (is_test(path) or row == "bench" or path.startswith("tests/")):
                 return f'"{header}" is for tests'
-        if target == row or target in self.table.rows[row]:
+        if target == row or target in self.allowed(path, row):
             return None
         if is_test(path) and (target == TESTS_FOLDER or target.split("/")[0] == row.split("/")[0]):
             return None

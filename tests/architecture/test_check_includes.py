@@ -100,6 +100,7 @@ class CheckIncludes(unittest.TestCase):
 
     def test_tests_may_use_helpers_and_programs_may_not(self):
         self.include("files/a_test.cpp", '"tests/support/b.h"', "<gmock/gmock.h>", '"files/testing/c.h"')
+        self.include("chart/qcustomplot/b_test.cpp", '"signal/e.h"')
         self.include("chart/a_bench.cpp", '"chart/qcustomplot/d.h"', "<benchmark/benchmark.h>")
         self.assert_faults()
         self.include("files/a.cpp", '"tests/support/b.h"', "<gmock/gmock.h>", '"files/testing/c.h"')

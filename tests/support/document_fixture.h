@@ -2,11 +2,16 @@
 
 #include <gmock/gmock.h>
 
+#include <cstddef>
+#include <cstdint>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "compare/comparison.h"
 #include "compare/document.h"
+#include "compare/document_host.h"
+#include "signal/nsignal.h"
 #include "tests/support/recording_host.h"
 #include "tests/support/temp_folder.h"
 #include "tests/support/test_signals.h"

@@ -1,11 +1,13 @@
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <map>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "compare/critical_values.h"
 #include "compare/document_host.h"
 
 /// A host that answers as it was told and writes down what it was asked.

@@ -254,7 +254,7 @@ class Session(WindowTest):
         dialog = self.program.dialog("Edit Critical Values")
         self.assertEqual(dialog.nameless(), [])
         shown = {name: dialog.get("text", name).text for name in
-                 ["Average Residual", "Standard Deviation", "Share outside the corridor", "Correlation Factor",
+                 ["Average Residual", "Standard Deviation", "Less than … % outside 4 G corridor", "Correlation Factor",
                   "T Statistic", "Moment Differences"]}
         self.assertEqual(list(shown.values()), ["5", "20", "0.1", "0.05", "2.58", "0.2"])
         dialog.get("text", "Average Residual").set_text("5 %")

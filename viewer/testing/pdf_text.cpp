@@ -3,6 +3,8 @@
 #include <QProcess>
 #include <QStandardPaths>
 #include <QXmlStreamReader>
+#include <cstddef>
+#include <vector>
 
 namespace {
 

@@ -1,4 +1,7 @@
 #include "viewer/testing/two_component_file.h"
+#include <cstddef>
+#include <cstdint>
+#include <string>
 
 #include "tests/support/uds_bytes.h"
 
