@@ -44,7 +44,7 @@ public:
     /// Text of the summary column at that place of SummaryColumns(); empty for any other.
     std::string GetColumnText(int column) const;
     /// Color of its verdict against the critical values of the moment; white for any other. See Judge.
-    VerdictColor GetColumnColor(int column) const;
+    CVerdictColor GetColumnColor(int column) const;
 
     ks::CNSignal& Record() { return m_record; }
     const ks::CNSignal& Record() const { return m_record; }

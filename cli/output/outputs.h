@@ -24,7 +24,7 @@ public:
     /// The same for a text that is made here: where the memory for it does not suffice, that is the failure's sentence.
     void Write(std::string_view what, const std::string& path, const std::function<std::string()>& make);
     /// Takes note of how a file was written by other hands.
-    void Note(std::string_view what, const std::string& path, ks::WriteResult result);
+    void Note(std::string_view what, const std::string& path, ks::CWriteResult result);
     /// Names the files that no output may replace: a measurement may exist only once.
     void Protect(std::vector<std::string> inputs) { m_inputs = std::move(inputs); }
     /// Whether `path` leads to a protected file.

@@ -41,13 +41,13 @@ struct CIso18571Options {
 /// What is wrong with the options, as a sentence; no value when nothing is.
 std::optional<std::string_view> FaultOf(const CIso18571Options& options);
 
-enum class IsoGrade { Excellent, Good, Fair, Poor };
+enum class CIsoGrade { Excellent, Good, Fair, Poor };
 
 /// R > 0.94 excellent, > 0.80 good, > 0.58 fair, else poor; from a public note on the grades of ISO/TS 18571, to be
 /// confirmed against the standard.
-IsoGrade GradeOf(double r);
+CIsoGrade GradeOf(double r);
 /// "excellent", "good", "fair", "poor".
-std::string_view NameOf(IsoGrade grade);
+std::string_view NameOf(CIsoGrade grade);
 
 /// The scores as the algorithm gives them, degenerate signals included. All from 0 to 1, 1 is perfect.
 struct CIso18571Scores {
@@ -88,7 +88,7 @@ struct CIso18571Rating {
     CValue r, z, ep, em, es;
     CValue lag;  ///< whole number of samples
     CValue correlation;
-    std::optional<IsoGrade> grade;   ///< of R; no value where R is not available
+    std::optional<CIsoGrade> grade;  ///< of R; no value where R is not available
     std::size_t pointCount = 0;      ///< samples rated
     bool isModified = false;         ///< a parameter is not at its default
     bool isResampled = false;        ///< rated at kIsoStepS instead of the signals' own step; set by RateIso18571

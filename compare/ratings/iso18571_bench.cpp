@@ -76,7 +76,7 @@ void LagSearch(benchmark::State& state) {
     const CChannels channels(state);
     const std::size_t maxLag = channels.reference.size() / 5;
     for ([[maybe_unused]] const auto iteration : state) {
-        benchmark::DoNotOptimize(ratings::FindBestLag(channels.View(), maxLag, ratings::Centering::Mean));
+        benchmark::DoNotOptimize(ratings::FindBestLag(channels.View(), maxLag, ratings::CCentering::Mean));
     }
     state.SetItemsProcessed(state.iterations() * state.range(0));
 }

@@ -17,12 +17,12 @@ CSamples OverlapAt(const CSamples& samples, std::int64_t lag);
 struct CLagCorrelation {
     std::int64_t lag = 0;      ///< in samples, positive when the computed signal comes late
     double correlation = 0.0;  ///< Correlation() of the overlap, or by rule
-    /// True where an overlap is flat, so that the correlation is not defined. With Centering::Mean a rule stands in: 1
-    /// for equal parts, else 0. With Centering::None such a lag is passed over; true then means that all were.
+    /// True where an overlap is flat, so that the correlation is not defined. With CCentering::Mean a rule stands in: 1
+    /// for equal parts, else 0. With CCentering::None such a lag is passed over; true then means that all were.
     bool isByRule = false;
 };
 
-CLagCorrelation CorrelationAtLag(const CSamples& samples, std::int64_t lag, Centering centering);
+CLagCorrelation CorrelationAtLag(const CSamples& samples, std::int64_t lag, CCentering centering);
 
 /// The lag of -maxLag ... maxLag whose overlap correlates best.
 ///
@@ -37,6 +37,6 @@ CLagCorrelation CorrelationAtLag(const CSamples& samples, std::int64_t lag, Cent
 /// @param samples  equally many finite values of each, at least one
 /// @param maxLag   below the number of samples
 /// @throws         std::bad_alloc
-CLagCorrelation FindBestLag(const CSamples& samples, std::size_t maxLag, Centering centering);
+CLagCorrelation FindBestLag(const CSamples& samples, std::size_t maxLag, CCentering centering);
 
 }  // namespace ratings

@@ -112,7 +112,7 @@ TEST(RatedPair, AnEmptyRecordIsAReasonToo) {
     const CRatedPair pair = MakeRatedPair(ks::CNSignal(), record);
     EXPECT_TRUE(pair.samples.reference.empty());
     EXPECT_EQ(CountAtStep(pair, 0.0001), 0.0);
-    EXPECT_EQ(RateIso18571(pair).r.State(), ValueState::Unavailable);
+    EXPECT_EQ(RateIso18571(pair).r.State(), CValueState::Unavailable);
 }
 
 TEST(RatedPair, IsInterpolatedOnStraightLinesUpToItsLastSample) {
