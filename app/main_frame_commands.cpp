@@ -9,6 +9,7 @@
 #include <QToolBar>
 #include <exception>
 #include <optional>
+#include <string_view>
 #include <utility>
 
 #include "app/dialogs/about_dialog.h"
@@ -30,6 +31,7 @@
 #include "app/specification_picker.h"
 #include "app/status_line.h"
 #include "app/toolbar_row.h"
+#include "compare/plots/page_ids.h"
 #include "compare/plots/page_table.h"
 #include "files/hit_list.h"
 #include "viewer/uds_dialog.h"
@@ -167,6 +169,8 @@ void CMainFrame::ChoosePage(int pageId) {
         Attempt([this, pageId] {
             m_host.SetBusy(true);  // a page of many long signals takes its time
             m_view->ChoosePage(pageId);
+            const std::string_view remark = PageRemark(pageId);
+            if (!remark.empty()) m_status->ShowMessage(QString::fromUtf8(remark));
         });
     }
     // Tools can choose a page past an open dialog, which is refused: the selector then goes back to the page on show.

@@ -86,6 +86,14 @@ private slots:
         QVERIFY(!m_window->List()->isVisible());
     }
 
+    void TheStatusBarSaysWhatDisplacementShows() {
+        CompareRamp();
+        m_window->ChoosePage("Displacement");
+        QCOMPARE(m_window->StatusText(), QString("Displacement shows the same single integral as the Velocity page."));
+        m_window->ChoosePage("Velocity");
+        QCOMPARE(m_window->StatusText(), QString("Ready"));
+    }
+
     void AnotherPageDestroysTheChartBeforeItCreatesItsOwn() {
         CompareRamp();
         m_window->ChoosePage("Velocity");

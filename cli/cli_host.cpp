@@ -75,7 +75,7 @@ void CCliHost::Progress(std::size_t done, std::size_t total, const std::string& 
 }
 
 void CCliHost::TellMore(std::string_view text) {
-    if (m_options.talk == CTalk::Verbose) {
+    if (m_options.verbosity == Verbosity::Verbose) {
         m_console.Note(text);
     }
 }

@@ -33,6 +33,8 @@ public:
     bool IsInput(const std::string& path);
     /// Makes the folder at `path` with its parents. False when there is none afterwards.
     bool MakeFolder(const std::string& path);
+    /// A sentence about an output that was written, and is of use.
+    void Warn(const std::string& sentence) { m_console.Complain(sentence); }
     /// A failure with a sentence of its own.
     void Fail(const std::string& sentence);
     /// Sends out what went to standard output.
