@@ -9,7 +9,7 @@
 class QAction;
 class QWidget;
 
-/// Stands for a separator in a list of commands.
+/// Marks a separator in a list of commands.
 inline constexpr auto kSeparator = static_cast<CommandId>(0);
 
 /// The actions of all commands, which menus, toolbar and tests find by the command's number or by its name.

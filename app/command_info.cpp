@@ -76,7 +76,7 @@ bool IsKnownSwitch(std::string_view text) {
            ClassOfWord(upper) != 0;
 }
 
-/// The number at the start of `text`, behind white space; 0 when there is none. One too large becomes infinite, one too
+/// The number at the start of `text`, after white space; 0 when there is none. One too large becomes infinite, one too
 /// small 0.
 double LeadingNumber(std::string_view text) {
     text.remove_prefix(std::min(text.find_first_not_of(" \t\n\v\f\r"), text.size()));
@@ -113,7 +113,7 @@ void CMyCommandInfo::TakeSwitch(std::string_view text) {
         return;
     }
     if (first == 'L') {
-        // The whole text comes first: a list file whose name begins with "L" may stand behind the dash.
+        // The whole text comes first: a list file whose name begins with "L" may follow the dash.
         if (!AppendListFile(std::string(text))) AppendListFile(std::string(text.substr(1)));
         return;
     }

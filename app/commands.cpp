@@ -22,7 +22,6 @@ constexpr std::array kCommands = {
     // Kept: users, guides and scripts know the entry by this spelling.
     CCommand{CommandId::UdsSpecification, "UdsSpecification", "UDS Speification", "", "View UDS file specification",
              "uds-specification"},
-    CCommand{CommandId::RecentFile, "RecentFile", "", "", "Select the files of this hit list", ""},
     CCommand{CommandId::Exit, "Exit", "Exit", "Ctrl+Q", "Close the program", ""},
     CCommand{CommandId::Cut, "Cut", "Cu&t", "Ctrl+X", "", ""},
     CCommand{CommandId::Copy, "Copy", "&Copy", "Ctrl+C", "Copy the current plot to the clipboard", "copy"},

@@ -22,7 +22,7 @@ enum class CommandId : std::int32_t {
     Print = 57607,
     PrintDirect = 57608,
     PrintPreview = 57609,
-    RecentFile = 57616,  ///< the first of four
+    RecentFile = 57616,  ///< the first of four, which the menu of recent files makes
     Copy = 57634,
     Cut = 57635,
     Paste = 57637,
@@ -42,7 +42,7 @@ struct CCommand {
     const char* icon;        ///< name of its icon; empty without one
 };
 
-/// Every command of the program; recent files are made from one.
+/// Every command of the program but the recent files, which come and go.
 std::span<const CCommand> Commands();
 
 /// What the commands' availability depends on.

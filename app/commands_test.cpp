@@ -25,7 +25,6 @@ const std::vector<Row> kRows = {
     {57608, "PrintDirect", "Print Directly", "", "Print the current plot on the default printer without a question"},
     {57609, "PrintPreview", "Print Preview", "", "Not available"},
     {32781, "UdsSpecification", "UDS Speification", "", "View UDS file specification"},
-    {57616, "RecentFile", "", "", "Select the files of this hit list"},
     {57665, "Exit", "Exit", "Ctrl+Q", "Close the program"},
     {57635, "Cut", "Cu&t", "Ctrl+X", ""},
     {57634, "Copy", "&Copy", "Ctrl+C", "Copy the current plot to the clipboard"},
@@ -70,9 +69,8 @@ std::set<std::string> Enabled(const CCommandState& state) {
     return names;
 }
 
-const std::set<std::string> kAlways = {"SelectFiles", "UdsSpecification", "RecentFile",     "Exit",
-                                       "Copy",        "CorridorSize",     "CriticalValues", "Toolbar",
-                                       "StatusBar",   "Customize",        "About"};
+const std::set<std::string> kAlways = {"SelectFiles",    "UdsSpecification", "Exit",      "Copy",      "CorridorSize",
+                                       "CriticalValues", "Toolbar",          "StatusBar", "Customize", "About"};
 
 std::set<std::string> AlwaysAnd(std::set<std::string> more) {
     more.insert(kAlways.begin(), kAlways.end());

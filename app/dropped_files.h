@@ -21,7 +21,7 @@ struct CDroppedFiles {
 QStringList LocalPaths(const QMimeData& data);
 
 /// Replaces every hit list (*.hit) by its lines and every folder by its own files that match `wildcard`, sorted by
-/// name; folders inside are not entered. A path that leads nowhere stays as it is.
+/// name; folders inside are not entered. A path that leads nowhere is kept.
 CDroppedFiles ExpandDropped(const QStringList& paths, const QString& wildcard);
 
 /// The same with the data type of `settings`. Hit lists become recent files; those that cannot be read are reported

@@ -13,7 +13,7 @@ std::optional<CKeyboardIndicators> ReadKeyboardIndicators() {
 
 #elif defined(QUORVEL_X11)
 
-// Behind Qt's headers: its macros take over names that Qt uses.
+// After Qt's headers: its macros take over names that Qt uses.
 #include <X11/XKBlib.h>
 
 namespace {

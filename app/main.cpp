@@ -9,11 +9,12 @@
 #include "app/window_services.h"
 
 int main(int argc, char** argv) {
+    CMessageBoxes messages;
     CQuorvelApp application(argc, argv);
+    application.SetMessages(messages);
     const std::unique_ptr<QSettings> store = CQuorvelApp::OpenSettings();
     CSettings settings(*store);
     CFileDialogs picker;
-    CMessageBoxes messages;
     CPrinterDialogs printers;
     CMainFrame frame({settings, picker, messages, printers});
     frame.show();

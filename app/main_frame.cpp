@@ -92,7 +92,7 @@ void CMainFrame::MakeView() {
 void CMainFrame::MakeMenus() {
     QMenu* const file = menuBar()->addMenu(tr("&File"));
     file->addAction(Action(CommandId::SelectFiles));
-    m_actions.AddTo(*file->addMenu(tr("&Save")), kSaveMenu);
+    m_actions.AddTo(*file->addMenu(tr("Save")), kSaveMenu);
     file->addSeparator();
     m_actions.AddTo(*file, kPrintCommands);
     m_loadedMenu = new CPathMenu(tr("UDS Specification &of"), file);
@@ -101,7 +101,7 @@ void CMainFrame::MakeMenus() {
     connect(m_loadedMenu, &CPathMenu::PathChosen, this, &CMainFrame::ShowSpecification);
     file->addMenu(m_loadedMenu);
     file->addSeparator();
-    m_recentMenu = new CPathMenu(tr("&Recent File"), file);
+    m_recentMenu = new CPathMenu(tr("Recent File"), file);
     connect(m_recentMenu, &CPathMenu::PathChosen, this, &CMainFrame::OpenRecentFile);
     file->addMenu(m_recentMenu);
     file->addSeparator();

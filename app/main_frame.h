@@ -40,8 +40,6 @@ public:
 
     /// Chooses a command as its menu entry does: nothing happens while the command is off.
     void RunCommand(CommandId id);
-    /// "Select Uds Files", filled with `files`, and the run that follows.
-    void SelectFiles(std::vector<std::string> files);
 
 protected:
     QMenu* createPopupMenu() override;
@@ -66,6 +64,7 @@ private:
     void Do(CommandId id);
     void Report(const QString& text);
 
+    void CompareOffered(std::vector<std::string> files);
     void FollowRun(RunState run);
     void ChoosePage(int pageId);
     [[nodiscard]] QString PageOnShow() const;

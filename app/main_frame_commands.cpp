@@ -30,6 +30,7 @@
 #include "app/specification_picker.h"
 #include "app/status_line.h"
 #include "app/toolbar_row.h"
+#include "compare/plots/page_ids.h"
 #include "compare/plots/page_table.h"
 #include "files/hit_list.h"
 #include "viewer/uds_dialog.h"
@@ -155,11 +156,10 @@ void CMainFrame::FollowRun(RunState run) {
     }
 }
 
-void CMainFrame::SelectFiles(std::vector<std::string> files) {
-    Attempt([this, &files] {
-        m_host.OfferFiles(std::move(files));
-        m_document.OnCompareFiles();
-    });
+/// "Select Uds Files", filled with `files`, and the run that follows.
+void CMainFrame::CompareOffered(std::vector<std::string> files) {
+    m_host.OfferFiles(std::move(files));
+    m_document.OnCompareFiles();
 }
 
 void CMainFrame::ChoosePage(int pageId) {
@@ -218,8 +218,7 @@ void CMainFrame::OpenRecentFile(const QString& path) {
             return;
         }
         m_services.settings.AddRecentFile(path);
-        m_host.OfferFiles(*files);
-        m_document.OnCompareFiles();
+        CompareOffered(*files);
     });
 }
 
@@ -249,7 +248,6 @@ void CMainFrame::TakeDropped(const QStringList& paths) {
             m_status->ShowMessage(NothingDropped(CurrentDataTypeText(m_services.settings)));
             return;
         }
-        m_host.OfferFiles(dropped.files);
-        m_document.OnCompareFiles();
+        CompareOffered(dropped.files);
     });
 }

@@ -3,6 +3,7 @@
 #include <QComboBox>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QShortcut>
 #include <QSignalBlocker>
 
 #include "compare/plots/page_table.h"
@@ -26,8 +27,12 @@ CDialogPane::CDialogPane(QWidget* parent) : QFrame(parent), m_pages(new QComboBo
     m_pages->setMaximumHeight(kHeight);
     m_pages->setMaxVisibleItems(static_cast<int>(PageTable().size()));
 
-    auto* const label = new QLabel(tr("Plot T&ype:"), this);
+    auto* const label = new QLabel(tr("Plot Type:"), this);
     label->setBuddy(m_pages);
+    label->setToolTip(tr("Choose the page to show (Alt+Y)"));
+    // Not by "&" in the label, whose text is settled.
+    auto* const shortcut = new QShortcut(QKeySequence(Qt::ALT | Qt::Key_Y), this);
+    connect(shortcut, &QShortcut::activated, this, [this] { m_pages->setFocus(Qt::ShortcutFocusReason); });
     auto* const layout = new QHBoxLayout(this);
     layout->setContentsMargins(kMargin, 0, kMargin, 0);
     layout->addWidget(label);

@@ -6,7 +6,7 @@
 
 class QComboBox;
 
-/// "Plot Type:" and the drop-down of the pages that the last run offers.
+/// "Plot Type:" and the drop-down of the pages that the last run offers; Alt+Y gives it the keyboard.
 class CDialogPane : public QFrame {
     Q_OBJECT
 

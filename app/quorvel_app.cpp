@@ -16,7 +16,7 @@
 
 #ifdef _WIN32
 #include <windows.h>
-// Behind windows.h, on which it builds.
+// After windows.h, which it needs.
 #include <shobjidl.h>
 #endif
 
@@ -46,11 +46,6 @@ private:
     std::function<void()> m_act;
 };
 
-CMessages& MessageBoxes() {
-    static CMessageBoxes boxes;
-    return boxes;
-}
-
 void NameApplicationToShell() {
 #ifdef _WIN32
     // Frozen: pins and jump lists on users' machines refer to it.
@@ -60,11 +55,11 @@ void NameApplicationToShell() {
 
 }  // namespace
 
-CQuorvelApp::CQuorvelApp(int& argc, char** argv) : QApplication(argc, argv), m_messages(&MessageBoxes()) {
+CQuorvelApp::CQuorvelApp(int& argc, char** argv) : QApplication(argc, argv) {
     // The application took over the user's locale; numbers in files must not follow it. QLocale keeps the user's.
     std::setlocale(LC_NUMERIC, "C");
     NameApplicationToShell();
-    setOrganizationName(QLatin1String(CSettings::kOrganisation));
+    setOrganizationName(QLatin1String(CSettings::kOrganization));
     setApplicationName(QLatin1String(CSettings::kApplication));
     setDesktopFileName(QStringLiteral("quorvel"));
     setWindowIcon(ApplicationIcon());
@@ -73,7 +68,7 @@ CQuorvelApp::CQuorvelApp(int& argc, char** argv) : QApplication(argc, argv), m_m
 std::unique_ptr<QSettings> CQuorvelApp::OpenSettings() {
     auto store =
         std::make_unique<QSettings>(QSettings::NativeFormat, QSettings::UserScope,
-                                    QLatin1String(CSettings::kOrganisation), QLatin1String(CSettings::kApplication));
+                                    QLatin1String(CSettings::kOrganization), QLatin1String(CSettings::kApplication));
     store->setFallbacksEnabled(false);  // what another user or program stored is none of ours
     return store;
 }
@@ -89,6 +84,7 @@ bool CQuorvelApp::notify(QObject* receiver, QEvent* event) {
     try {
         return QApplication::notify(receiver, event);
     } catch (const std::exception& error) {
+        if (m_messages == nullptr) throw;
         m_messages->ShowError(activeWindow(), QString::fromUtf8(error.what()));
     }
     return false;

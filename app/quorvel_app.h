@@ -18,19 +18,19 @@ public:
     /// As QApplication; removes the toolkit's own arguments from `argv`.
     CQuorvelApp(int& argc, char** argv);
 
-    /// Where what `notify` catches is said; message boxes at first. `messages` must outlive the program.
+    /// Where what `notify` catches is said; before, it is passed on. `messages` must outlive the program.
     void SetMessages(CMessages& messages) { m_messages = &messages; }
 
     /// The program's own store of settings: per user, in the platform's form.
     static std::unique_ptr<QSettings> OpenSettings();
 
-    /// The arguments behind the program's name, UTF-8.
+    /// The arguments after the program's name, UTF-8.
     static std::vector<std::string> ArgumentTexts();
 
     bool notify(QObject* receiver, QEvent* event) override;
 
 private:
-    CMessages* m_messages;
+    CMessages* m_messages = nullptr;
 };
 
 /// Starts in `frame`, which was shown before, what the arguments ask for: without files the dialog that selects some

@@ -14,8 +14,8 @@ public:
     /// `store` must outlive the settings.
     explicit CSettings(QSettings& store) : m_store(store) {}
 
-    /// Organisation and application under which the program's own store lives.
-    static constexpr const char* kOrganisation = "Ostrel Crashworthiness";
+    /// Organization and application under which the program's own store lives.
+    static constexpr const char* kOrganization = "Ostrel Crashworthiness";
     static constexpr const char* kApplication = "Quorvel";
     static constexpr int kRecentFileCount = 4;
 

@@ -398,7 +398,7 @@ private:
         }
         qFatal("no such menu");
     }
-    QMenu& RecentMenu() { return SubMenu("&Recent File"); }
+    QMenu& RecentMenu() { return SubMenu("Recent File"); }
     QMenu& LoadedMenu() { return SubMenu("UDS Specification &of"); }
 
     /// A text file with these lines.

@@ -12,7 +12,8 @@ namespace Ui {
 class CCustomizeDialog;
 }
 
-/// The text of an action as a list shows it: without the mark of its mnemonic and without a shortcut behind a tab.
+/// The text of an action as a list shows it: without the mark of its mnemonic and without the tab and shortcut that may
+/// follow.
 QString PlainActionText(const QString& text);
 
 /// "Customize": which buttons the toolbar shows, one checkable entry per action.

@@ -19,8 +19,7 @@
 
 namespace {
 
-constexpr int kPathRole = Qt::UserRole;         // QByteArray: a path need not be valid UTF-8
-constexpr int kMissingRole = Qt::UserRole + 1;  // bool
+constexpr int kPathRole = Qt::UserRole;  // QByteArray: a path need not be valid UTF-8
 
 /// Rows as wide as the list whatever their text, shortened in the middle: the file's name stays in sight.
 class CPathDelegate : public QStyledItemDelegate {
@@ -113,14 +112,9 @@ void CFileList::RefreshMarks() {
     for (int row = 0; row < count(); ++row) Mark(*item(row));
 }
 
-bool CFileList::IsMarkedMissing(const QListWidgetItem& item) {
-    return item.data(kMissingRole).toBool();
-}
-
 void CFileList::Mark(QListWidgetItem& item) const {
     std::error_code ignored;
     const bool isMissing = !std::filesystem::is_regular_file(ks::NativePath(PathOf(item).toStdString()), ignored);
-    item.setData(kMissingRole, isMissing);
     item.setIcon(isMissing ? style()->standardIcon(QStyle::SP_MessageBoxWarning) : QIcon());
     item.setToolTip(isMissing ? tr("This file is missing: %1").arg(item.text()) : item.text());
     item.setData(Qt::AccessibleTextRole, isMissing ? tr("%1 (missing)").arg(item.text()) : item.text());

@@ -17,7 +17,7 @@ public:
     /// The paths in the order shown, byte for byte as they were given.
     std::vector<std::string> Files() const;
     void AppendFiles(const std::vector<std::string>& files);
-    /// Before the entry `row`; behind the last one when there is none.
+    /// Before the entry `row`; at the end when there is none.
     void InsertFiles(int row, const std::vector<std::string>& files);
     /// Selects a neighbour of the last one removed; without a selection it does nothing.
     void RemoveSelected();
@@ -26,7 +26,6 @@ public:
     void MoveSelectedDown();
     /// Looks again which files are missing.
     void RefreshMarks();
-    static bool IsMarkedMissing(const QListWidgetItem& item);
 
 signals:
     /// Local files or folders were dropped before the entry `row`.

@@ -9,7 +9,7 @@
 
 namespace {
 
-/// The toolkit takes its pattern from the last parentheses and, told to hide details, shows what stands before them:
+/// The toolkit takes its pattern from the last parentheses and, told to hide details, shows what comes before them:
 /// so the filter's own text appears letter for letter, its own parentheses included.
 QString DialogFilter(const ks::CFileFilter& filter) {
     return QString::fromStdString(filter.text) + QStringLiteral(" (") + Wildcard(filter.pattern) + QLatin1Char(')');
