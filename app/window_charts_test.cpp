@@ -86,6 +86,14 @@ private slots:
         QVERIFY(!m_window->List()->isVisible());
     }
 
+    void TheStatusBarSaysWhatDisplacementShows() {
+        CompareRamp();
+        m_window->ChoosePage("Displacement");
+        QCOMPARE(m_window->StatusText(), QString("Displacement shows the same single integral as the Velocity page."));
+        m_window->ChoosePage("Velocity");
+        QCOMPARE(m_window->StatusText(), QString("Ready"));
+    }
+
     void AnotherPageDestroysTheChartBeforeItCreatesItsOwn() {
         CompareRamp();
         m_window->ChoosePage("Velocity");
@@ -190,11 +198,11 @@ private slots:
         QVERIFY(!m_window->List()->isVisible());
         QCOMPARE(m_window->Pages().currentText(), QString("Cross Correlation"));
         QVERIFY(m_window->Pages().isEnabled());
-        for (const CommandId id : {CommandId::SaveBmp, CommandId::SaveWmf, CommandId::Print, CommandId::PrintDirect,
-                                   CommandId::CopyData, CommandId::SaveHtml}) {
+        for (const CCommandId id : {CCommandId::SaveBmp, CCommandId::SaveWmf, CCommandId::Print,
+                                    CCommandId::PrintDirect, CCommandId::CopyData, CCommandId::SaveHtml}) {
             QVERIFY(!m_window->IsEnabled(id));
         }
-        for (const CommandId id : {CommandId::SaveUds, CommandId::SaveAscii}) {
+        for (const CCommandId id : {CCommandId::SaveUds, CCommandId::SaveAscii}) {
             Frame().RunCommand(id);
             QVERIFY(m_window->picker.requests.empty());
             QCOMPARE(m_window->StatusText(), QString("This page has no curves to save."));

@@ -57,10 +57,10 @@ struct CSums {
     std::int64_t outside = 0;
 };
 
-enum class Extrema { Known, Needed };
+enum class CExtrema { Known, Needed };
 
 /// One pass over both; `computed` and `reference` are equally long, at least two values.
 CSums Measure(std::span<const double> computed, std::span<const double> reference, double timeStep, double corridor,
-              Extrema extrema);
+              CExtrema extrema);
 
 }  // namespace bare

@@ -10,6 +10,7 @@
 #include "bench/work_item.h"
 #include "compare/comparison.h"
 #include "compare/plots/page_ids.h"
+#include "compare/plots/page_table.h"
 #include "files/ascii_points.h"
 #include "signal/nsignal.h"
 
@@ -119,9 +120,9 @@ private:
 };
 
 /// One chart page of the first file as the computed signal and the second as the reference.
-class CPage : public CWorkItem {
+class CPageItem : public CWorkItem {
 public:
-    CPage(std::int32_t pageId, const std::vector<std::string>& paths) : m_pageId(pageId), m_reference(paths.at(1)) {
+    CPageItem(std::int32_t pageId, const std::vector<std::string>& paths) : m_pageId(pageId), m_reference(paths.at(1)) {
         m_reference.Record() = Loaded(paths.at(1));
         CSignal signal(paths.at(0));
         signal.Record() = Loaded(paths.at(0));
@@ -147,7 +148,7 @@ CWorkItemMaker Make() {
 }
 
 CWorkItemMaker MakePageItem(std::int32_t pageId) {
-    return [pageId](const std::vector<std::string>& paths) { return std::make_unique<CPage>(pageId, paths); };
+    return [pageId](const std::vector<std::string>& paths) { return std::make_unique<CPageItem>(pageId, paths); };
 }
 
 }  // namespace

@@ -64,7 +64,7 @@ void CCliHost::SetBusy(bool busy) {
 }
 
 void CCliHost::Progress(std::size_t done, std::size_t total, const std::string& path) {
-    if (m_options.verbosity == Verbosity::Quiet) {
+    if (m_options.verbosity == CVerbosity::Quiet) {
         return;
     }
     if (path.empty()) {
@@ -75,7 +75,7 @@ void CCliHost::Progress(std::size_t done, std::size_t total, const std::string& 
 }
 
 void CCliHost::TellMore(std::string_view text) {
-    if (m_options.verbosity == Verbosity::Verbose) {
+    if (m_options.verbosity == CVerbosity::Verbose) {
         m_console.Note(text);
     }
 }

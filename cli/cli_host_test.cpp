@@ -74,7 +74,7 @@ TEST_F(CliHost, ShowsMessagesOnStandardErrorAndRemembersThem) {
     const CCompareOptions options;
     CCliHost host(options, {}, console);
     host.ShowErrorList({{"", "One"}, {"a.uds", "Two"}, {"a.uds", "Two"}, {"b.uds", "One"}});
-    EXPECT_EQ(StandardError(), "quorvel-cli: One\nquorvel-cli: Two\nquorvel-cli: One\n");
+    EXPECT_EQ(StandardError(), "quorvel-cli: One\nquorvel-cli: Two (2 times)\nquorvel-cli: One\n");
     EXPECT_THAT(host.TakeShownMessages(), ElementsAre("One", "Two", "Two", "One"));
     EXPECT_THAT(host.TakeShownMessages(), IsEmpty());
 }
@@ -93,9 +93,9 @@ TEST_F(CliHost, NamesTheSourceOfMessagesOnStandardErrorOnly) {
 TEST_F(CliHost, TellsMoreOnlyWhenAsked) {
     CCompareOptions options;
     CCliHost(options, {}, console).TellMore("One");
-    options.verbosity = Verbosity::Quiet;
+    options.verbosity = CVerbosity::Quiet;
     CCliHost(options, {}, console).TellMore("Two");
-    options.verbosity = Verbosity::Verbose;
+    options.verbosity = CVerbosity::Verbose;
     CCliHost(options, {}, console).TellMore("Three");
     EXPECT_EQ(StandardError(), "Three\n");
 }

@@ -212,7 +212,7 @@ void CQuorvelDoc::OnSaveAscii() {
     const std::string folder = m_host.ReadSetting(setting::kAsciiOutputDir);
     const std::optional<std::string> path = m_host.AskSavePath(ks::SaveRequest("Save ASCII data As", folder));
     if (!path) return;
-    if (WriteAsciiTable(*path, m_block, m_pageId) != ks::WriteResult::Written) {
+    if (WriteAsciiTable(*path, m_block, m_pageId) != ks::CWriteResult::Written) {
         m_errors.assign(1, {{}, AsciiTableNotWritten(*path)});
         ShowErrors();
         return;

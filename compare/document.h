@@ -96,7 +96,7 @@ public:
     // What views and exports read.
 
     /// Whether a run is at work, and how the last one ended.
-    RunState Run() const { return m_run; }
+    CRunState Run() const { return m_run; }
     const std::vector<CSignal>& ComputedSignals() const { return m_computed; }
     const std::vector<boost::shared_ptr<ks::CNSignal>>& SignalCopies() const { return m_copies; }
     const CSignal& Reference() const { return m_reference; }
@@ -126,7 +126,7 @@ private:
     /// Says that a run is at work while `steps` lasts, and how it ended; also when it throws.
     CRunEnd RunSteps(const CFileSelection& selection, CRunEnd (CQuorvelDoc::*steps)(const CFileSelection&));
     void EndRun(CRunEnd end);
-    void SetRun(RunState run);
+    void SetRun(CRunState run);
 
     CFileSelection OfferedSelection() const;
     void TakeSelection(const CFileSelection& selection);
@@ -182,7 +182,7 @@ private:
     std::size_t m_stepsDone = 0;
     std::size_t m_stepsTotal = 0;  ///< 0 outside a run
     std::unique_ptr<CPlot> m_page;
-    RunState m_run = RunState::None;
+    CRunState m_run = CRunState::None;
     bool m_averageReference = false;
     bool m_filter = true;
     bool m_window = false;

@@ -68,7 +68,7 @@ public:
     /// `hint` is kRunCompleted or kPageOrLimitsChanged.
     virtual void OnDocumentUpdate(int hint) = 0;
     /// A run began or ended. A completed one is told by this before its hint.
-    virtual void OnRunStateChanged(RunState /*run*/) {}
+    virtual void OnRunStateChanged(CRunState /*run*/) {}
 };
 
 inline constexpr int kRunCompleted = 1;         ///< after a completed run

@@ -20,19 +20,18 @@ const CSummaryColumn* FindColumn(int column) {
 CSignal::CSignal(std::string path) : m_path(std::move(path)) {}
 
 bool CSignal::Read() {
-    return ReadWith(ks::kSignalFormats);
+    return Take(ks::LoadSignal(m_path));
 }
 
 bool CSignal::ReadUds() {
-    return ReadWith(std::array{&ks::kUdsFormat});
+    return Take(ks::LoadSignalAs(ks::kUdsFormat, m_path));
 }
 
 bool CSignal::ReadAscii() {
-    return ReadWith(std::array{&ks::kPointsFormat});
+    return Take(ks::LoadSignalAs(ks::kPointsFormat, m_path));
 }
 
-bool CSignal::ReadWith(ks::CFormatList formats) {
-    ks::CLoadedSignal loaded = ks::LoadSignal(m_path, std::string(ks::kOnlyChannel), formats);
+bool CSignal::Take(ks::CLoadedSignal loaded) {
     if (!loaded.IsLoaded()) {
         for (std::string& complaint : loaded.complaints) m_record.AddWarning(std::move(complaint));
         return false;
@@ -45,7 +44,7 @@ bool CSignal::ReadWith(ks::CFormatList formats) {
 void CSignal::Compare(const CSignal& reference) {
     const CSampling before = SamplingOf(m_record);
     const CSampling resampled = m_comparison.Compute(m_record, reference.m_record);
-    AppendResampling(m_notes, NoteKind::Resampled, before, resampled);
+    AppendResampling(m_notes, CNoteKind::Resampled, before, resampled);
     AppendCutToCommonRange(m_notes, resampled, SamplingOf(m_record));
     m_referenceName = reference.m_path;
 }
@@ -55,7 +54,7 @@ std::string CSignal::GetColumnText(int column) const {
     return found ? found->text(*this) : std::string();
 }
 
-VerdictColor CSignal::GetColumnColor(int column) const {
+CVerdictColor CSignal::GetColumnColor(int column) const {
     const CSummaryColumn* const found = FindColumn(column);
-    return ColorOf(found ? Judge(*found, *this) : Verdict::None);
+    return ColorOf(found ? Judge(*found, *this) : CVerdict::None);
 }

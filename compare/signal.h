@@ -44,7 +44,7 @@ public:
     /// Text of the summary column at that place of SummaryColumns(); empty for any other.
     std::string GetColumnText(int column) const;
     /// Color of its verdict against the critical values of the moment; white for any other. See Judge.
-    VerdictColor GetColumnColor(int column) const;
+    CVerdictColor GetColumnColor(int column) const;
 
     ks::CNSignal& Record() { return m_record; }
     const ks::CNSignal& Record() const { return m_record; }
@@ -59,7 +59,7 @@ public:
     const CComparison& Comparison() const { return m_comparison; }
 
 private:
-    bool ReadWith(ks::CFormatList formats);
+    bool Take(ks::CLoadedSignal loaded);
 
     ks::CNSignal m_record;
     std::string m_path;

@@ -11,7 +11,7 @@
 /// One cell of the summary table as shown.
 struct CSummaryCell {
     std::string text;
-    Verdict verdict = Verdict::None;
+    CVerdict verdict = CVerdict::None;
 
     bool operator==(const CSummaryCell&) const = default;
 };

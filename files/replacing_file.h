@@ -11,7 +11,7 @@
 namespace ks {
 
 /// How a write ended.
-enum class WriteResult {
+enum class CWriteResult {
     Written,       ///< the file holds exactly the given bytes
     NotOpened,     ///< the target cannot be opened for writing; nothing was touched
     NotCompleted,  ///< writing failed on the way, for example on a full disk; see CWriteTrouble
@@ -57,11 +57,11 @@ using FileMaker = std::function<void(CFileSink& sink)>;
 /// complete temporary file is copied into the old one. A device or a pipe is written directly.
 ///
 /// @param trouble  where not null, told what to say about a write that was not completed
-[[nodiscard]] WriteResult WriteFile(const std::string& path, std::span<const std::byte> bytes,
-                                    CWriteTrouble* trouble = nullptr);
-[[nodiscard]] WriteResult WriteFile(const std::string& path, std::string_view text, CWriteTrouble* trouble = nullptr);
+[[nodiscard]] CWriteResult WriteFile(const std::string& path, std::span<const std::byte> bytes,
+                                     CWriteTrouble* trouble = nullptr);
+[[nodiscard]] CWriteResult WriteFile(const std::string& path, std::string_view text, CWriteTrouble* trouble = nullptr);
 
 /// The same for bytes that need not be in memory together. What `make` throws passes; the old file is then kept.
-[[nodiscard]] WriteResult WriteFile(const std::string& path, const FileMaker& make, CWriteTrouble* trouble = nullptr);
+[[nodiscard]] CWriteResult WriteFile(const std::string& path, const FileMaker& make, CWriteTrouble* trouble = nullptr);
 
 }  // namespace ks

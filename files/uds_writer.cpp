@@ -135,9 +135,9 @@ void CheckIndicesForWriting(const CUDSFields& fields) {
 }
 
 CNumberFormats OutputFormats(bool sunOutput, const CNumberFormats& machine) {
-    const bool unknown = machine.byteOrder == ByteOrder::Unknown || machine.numberFormat == NumberFormat::Unknown;
+    const bool unknown = machine.byteOrder == CByteOrder::Unknown || machine.numberFormat == CNumberFormat::Unknown;
     if (unknown) throw CError(udswrite::kUnknownFormat);
-    return sunOutput ? CNumberFormats{ByteOrder::BigEndian, NumberFormat::Sun} : machine;
+    return sunOutput ? CNumberFormats{CByteOrder::BigEndian, CNumberFormat::Sun} : machine;
 }
 
 std::vector<std::byte> MakeUdsImage(const CUDSContent& content, const CUDSGeometry& geometry,

@@ -23,6 +23,6 @@ std::string AsciiPoints(const CData& record, CAsciiForm form);
 /// Writes AsciiPoints(record, form) to the file at `path` (UTF-8); an old file there is replaced only by a whole new
 /// one.
 /// @throws CError as AsciiPoints; no file is then made or changed
-[[nodiscard]] WriteResult ExportAsciiPoints(const std::string& path, const CData& record, CAsciiForm form);
+[[nodiscard]] CWriteResult ExportAsciiPoints(const std::string& path, const CData& record, CAsciiForm form);
 
 }  // namespace ks

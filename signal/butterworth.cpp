@@ -86,17 +86,17 @@ void CheckFilterInput(std::span<const double> data, double timeStepS, double fre
     if (frequencyHz <= 0.0) throw CError(signal_message::kCutoffNotPositive);
 }
 
-FilterTail FilterInPlace(std::span<double> data, double timeStepS, double frequencyHz) {
+CFilterTail FilterInPlace(std::span<double> data, double timeStepS, double frequencyHz) {
     CheckFilterInput(data, timeStepS, frequencyHz);
-    if (frequencyHz > 0.775 * (0.5 / timeStepS)) return FilterTail::Full;
-    if (data.size() < 3) return FilterTail::Short;
+    if (frequencyHz > 0.775 * (0.5 / timeStepS)) return CFilterTail::Full;
+    if (data.size() < 3) return CFilterTail::Short;
 
     const auto wanted = static_cast<std::size_t>(FilterTailLength(timeStepS, frequencyHz));
     const std::size_t tail = std::min(wanted, data.size() - 2);
     const CFilterSection section = ButterworthSection(timeStepS, frequencyHz);
     RunForwards(section, data, tail);
     RunBackwards(section, data, tail);
-    return tail < wanted ? FilterTail::Short : FilterTail::Full;
+    return tail < wanted ? CFilterTail::Short : CFilterTail::Full;
 }
 
 }  // namespace ks

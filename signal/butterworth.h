@@ -23,7 +23,7 @@ CFilterSection ButterworthSection(double timeStepS, double frequencyHz);
 std::int32_t FilterTailLength(double timeStepS, double frequencyHz);
 
 /// Whether the tails of a filter run were as long as wanted.
-enum class FilterTail {
+enum class CFilterTail {
     Full,   ///< as FilterTailLength says; also when the frequency is too high for anything to be done
     Short,  ///< the data were too few, the tails are as long as they allow
 };
@@ -40,7 +40,7 @@ enum class FilterTail {
 /// @param frequencyHz  > 0
 /// @throws CError "Nonpositive number of Data Points", "Nonpositive time step", "Nonpositive Cutoff Frequency", in this
 ///         order, before the data change
-FilterTail FilterInPlace(std::span<double> data, double timeStepS, double frequencyHz);
+CFilterTail FilterInPlace(std::span<double> data, double timeStepS, double frequencyHz);
 
 /// The checks of FilterInPlace alone.
 void CheckFilterInput(std::span<const double> data, double timeStepS, double frequencyHz);

@@ -342,23 +342,23 @@ TEST(FilterInPlace, LeavesTheDataAboveItsHighestFrequency) {
 TEST(FilterInPlace, LeavesOneAndTwoSamplesWithAShortTail) {
     for (const std::vector<double>& data : {std::vector{4.0}, std::vector{4.0, 9.0}}) {
         std::vector<double> copy = data;
-        EXPECT_EQ(FilterInPlace(copy, 1e-3, 300.0), FilterTail::Short);
+        EXPECT_EQ(FilterInPlace(copy, 1e-3, 300.0), CFilterTail::Short);
         EXPECT_EQ(copy, data);
     }
 }
 
 TEST(FilterInPlace, TellsAShortTail) {
     std::vector<double> twelve(12, 1.0);
-    EXPECT_EQ(FilterInPlace(twelve, 1e-3, 300.0), FilterTail::Full) << "10 samples wanted, 10 there";
+    EXPECT_EQ(FilterInPlace(twelve, 1e-3, 300.0), CFilterTail::Full) << "10 samples wanted, 10 there";
     std::vector<double> eleven(11, 1.0);
-    EXPECT_EQ(FilterInPlace(eleven, 1e-3, 300.0), FilterTail::Short);
+    EXPECT_EQ(FilterInPlace(eleven, 1e-3, 300.0), CFilterTail::Short);
     std::vector<double> tooFast(3, 1.0);
-    EXPECT_EQ(FilterInPlace(tooFast, 1e-3, 499.0), FilterTail::Full) << "nothing is done, so no tail is short";
+    EXPECT_EQ(FilterInPlace(tooFast, 1e-3, 499.0), CFilterTail::Full) << "nothing is done, so no tail is short";
 }
 
 TEST(FilterInPlace, TakesTheLongestTailOfATinyFrequencyWithoutOverflow) {
     std::vector<double> data(20, 2.0);
-    EXPECT_EQ(FilterInPlace(data, 1e-3, 1e-300), FilterTail::Short);
+    EXPECT_EQ(FilterInPlace(data, 1e-3, 1e-300), CFilterTail::Short);
     EXPECT_THAT(data, Each(testing::DoubleNear(2.0, 1e-12)));
 }
 

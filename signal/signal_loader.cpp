@@ -1,5 +1,6 @@
 #include "signal/signal_loader.h"
 
+#include <array>
 #include <exception>
 #include <new>
 
@@ -8,12 +9,13 @@
 namespace ks {
 namespace {
 
-/// The first format for which `attempt` does not throw; null when there is none.
+/// The first format that does not pass the file over and for which `attempt` does not throw; null when there is none.
 template <class Attempt>
 const CSignalFormat* FirstThatReads(CFormatList formats, const std::string& path, std::vector<std::string>& complaints,
                                     Attempt attempt) {
     for (const CSignalFormat* const format : formats) {
         try {
+            if (format->recognizes != nullptr && !format->recognizes(path)) continue;
             attempt(*format);
             return format;
         } catch (const std::bad_alloc&) {
@@ -33,6 +35,10 @@ CLoadedSignal LoadSignal(const std::string& path, const std::string& channel, CF
     loaded.format = FirstThatReads(formats, path, loaded.complaints,
                                    [&](const CSignalFormat& format) { loaded.record = format.load(path, channel); });
     return loaded;
+}
+
+CLoadedSignal LoadSignalAs(const CSignalFormat& format, const std::string& path) {
+    return LoadSignal(path, std::string(kOnlyChannel), std::array{&format});
 }
 
 CChannelList ListChannels(const std::string& path, CFormatList formats) {

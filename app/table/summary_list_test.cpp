@@ -208,8 +208,8 @@ private slots:
 
     void AJudgedCellKeepsItsColourWhenItsRowIsSelected() {
         CSummarySnapshot snapshot = PlainSnapshot({"x", "y"});
-        snapshot.table.rows[0][At(kResidualColumn)].verdict = Verdict::Good;
-        snapshot.table.rows[1][At(kResidualColumn)].verdict = Verdict::Bad;
+        snapshot.table.rows[0][At(kResidualColumn)].verdict = CVerdict::Good;
+        snapshot.table.rows[1][At(kResidualColumn)].verdict = CVerdict::Bad;
         m_list->SetSnapshot(snapshot);
         Show();
         QCOMPARE(Pixel(0, kResidualColumn), QColor(0, 224, 0));

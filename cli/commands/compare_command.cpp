@@ -79,10 +79,10 @@ void WriteTables(const CCompareOptions& options, const CSummaryTable& table, COu
 
 void PrintReports(const CCompareOptions& options, const CQuorvelDoc& document, const CSummaryTable& table,
                   CConsole& console) {
-    if (options.verbosity == Verbosity::Verbose) {
+    if (options.verbosity == CVerbosity::Verbose) {
         console.Note(VerboseReport(document));
     }
-    if (options.verbosity != Verbosity::Quiet && !options.UsesStandardOutput()) {
+    if (options.verbosity != CVerbosity::Quiet && !options.UsesStandardOutput()) {
         console.Print(TableReport(options, document, table, {console.Width(), console.Color()}));
     }
 }
@@ -117,7 +117,7 @@ void NameUnreadFiles(const CQuorvelDoc& document, CConsole& console) {
 
 CExitStatus FinishStopped(const CCompareOptions& options, const CResults& results, const CSignal& reference,
                           CConsole& console) {
-    if (options.verbosity != Verbosity::Quiet) {
+    if (options.verbosity != CVerbosity::Quiet) {
         console.Note("Nothing was compared.");
     }
     COutputs outputs(console);

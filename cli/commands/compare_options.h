@@ -16,7 +16,7 @@ public:
 };
 
 /// How much the command tells beside its results.
-enum class Verbosity { Quiet, Usual, Verbose };
+enum class CVerbosity { Quiet, Usual, Verbose };
 
 /// What `quorvel-cli compare` was asked to do. Paths are UTF-8; "-" is standard output.
 class CCompareOptions {
@@ -33,7 +33,7 @@ public:
     bool pages = false;                          ///< the pages' series go into the JSON
     std::optional<std::string> asciiFolder, udsFolder;
     std::vector<const CCriterion*> failOnBad;  ///< criteria whose bad verdicts make the command fail
-    Verbosity verbosity = Verbosity::Usual;
+    CVerbosity verbosity = CVerbosity::Usual;
 
     /// Whether the reference file is to be filtered.
     bool FiltersReference() const { return cfc.has_value() && filterReference; }

@@ -1,6 +1,5 @@
 #include "cli/commands/file_input.h"
 
-#include <array>
 #include <new>
 #include <utility>
 
@@ -21,7 +20,7 @@ void Complain(const std::string& path, const std::string& sentence, CConsole& co
 }  // namespace
 
 std::optional<std::string> ComplaintOfReadingUds(const std::string& path, CConsole& console, ks::CNSignal& record) {
-    ks::CLoadedSignal loaded = ks::LoadSignal(path, std::string(ks::kOnlyChannel), std::array{&ks::kUdsFormat});
+    ks::CLoadedSignal loaded = ks::LoadSignalAs(ks::kUdsFormat, path);
     if (!loaded.IsLoaded()) {
         Complain(path, loaded.complaints.front(), console);
         return loaded.complaints.front();

@@ -20,7 +20,8 @@ bool CanWritePdfReport() {
     return true;
 }
 
-ks::WriteResult WritePdfReport(const std::string& pdf, const ks::CNSignal& record, const std::string& file, bool full) {
+ks::CWriteResult WritePdfReport(const std::string& pdf, const ks::CNSignal& record, const std::string& file,
+                                bool full) {
     qInstallMessageHandler(ShowOnlyFailures);
     // Whatever the user's desktop asks of Qt programs: a theme plugin may end the program where there is no screen.
     qunsetenv("QT_QPA_PLATFORMTHEME");
@@ -30,5 +31,5 @@ ks::WriteResult WritePdfReport(const std::string& pdf, const ks::CNSignal& recor
     std::array<char*, 4> arguments = {name.data(), option.data(), platform.data(), nullptr};
     int count = 3;
     const QApplication application(count, arguments.data());
-    return WriteReportPdf(pdf, record, file, full ? ReportMode::Full : ReportMode::Specification);
+    return WriteReportPdf(pdf, record, file, full ? CReportMode::Full : CReportMode::Specification);
 }

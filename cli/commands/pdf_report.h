@@ -10,4 +10,4 @@ bool CanWritePdfReport();
 
 /// Writes the report of `record`, read from the file at `file`, as PDF to `pdf` (both UTF-8), without a screen; `full`
 /// asks for the full report. Only where CanWritePdfReport().
-ks::WriteResult WritePdfReport(const std::string& pdf, const ks::CNSignal& record, const std::string& file, bool full);
+ks::CWriteResult WritePdfReport(const std::string& pdf, const ks::CNSignal& record, const std::string& file, bool full);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <charconv>
+#include <cstddef>
 #include <cstdlib>
 #include <system_error>
 
@@ -108,10 +109,13 @@ void CConsole::Complain(std::string_view text) {
 }
 
 void CConsole::ComplainAll(const std::vector<std::string>& texts) {
-    for (std::size_t i = 0; i < texts.size(); ++i) {
-        if (i == 0 || texts[i] != texts[i - 1]) {
-            Complain(texts[i]);
-        }
+    auto first = texts.begin();
+    while (first != texts.end()) {
+        const auto next =
+            std::find_if(first, texts.end(), [&first](const std::string& text) { return text != *first; });
+        const std::ptrdiff_t times = next - first;
+        Complain(times == 1 ? *first : *first + " (" + std::to_string(times) + " times)");
+        first = next;
     }
 }
 

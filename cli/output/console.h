@@ -24,7 +24,8 @@ public:
 
     /// One complaint on standard error, ended by a line feed; it may have several lines.
     void Complain(std::string_view text);
-    /// All of them, each run of equal ones once: both readers of signal files say the same of a missing file.
+    /// All of them, each run of equal ones once and followed by how often: "(2 times)". Both readers of signal files
+    /// say the same of a missing file.
     void ComplainAll(const std::vector<std::string>& texts);
     /// The same as Complain without the program's name in front, for what is no complaint.
     void Note(std::string_view text);

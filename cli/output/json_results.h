@@ -64,4 +64,4 @@ private:
 };
 
 /// "none", "good" or "bad".
-std::string_view VerdictName(Verdict verdict);
+std::string_view VerdictName(CVerdict verdict);

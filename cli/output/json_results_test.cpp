@@ -149,13 +149,13 @@ TEST(JsonResults, ShowAChartPageWithoutSeriesAsNotBuilt) {
 
 TEST(JsonResults, ShowNotesBesideTheWarnings) {
     CSignal reference("ref");
-    reference.Notes().push_back({NoteKind::ReferenceResampled, "R."});
+    reference.Notes().push_back({CNoteKind::ReferenceResampled, "R."});
     CSignal signal("a");
-    signal.Notes().push_back({NoteKind::NotFiltered, "S."});
-    signal.Notes().push_back({NoteKind::Resampled, "T."});
-    CJsonResults results({}, {{}, {}, {}, {{NoteKind::AverageIsFirst, "U."}}}, reference, {signal});
+    signal.Notes().push_back({CNoteKind::NotFiltered, "S."});
+    signal.Notes().push_back({CNoteKind::Resampled, "T."});
+    CJsonResults results({}, {{}, {}, {}, {{CNoteKind::AverageIsFirst, "U."}}}, reference, {signal});
     CPageView page{6, std::nullopt, {}, {}, {}};
-    page.notes.push_back({3, {NoteKind::CutByPage, "V."}});
+    page.notes.push_back({3, {CNoteKind::CutByPage, "V."}});
     results.AddPage(page);
     const std::string text = results.Finish(true);
 

@@ -24,7 +24,7 @@ public:
     /// The same for a text that is made here: where the memory for it does not suffice, that is the failure's sentence.
     void Write(std::string_view what, const std::string& path, const std::function<std::string()>& make);
     /// Takes note of how a file was written by other hands.
-    void Note(std::string_view what, const std::string& path, ks::WriteResult result);
+    void Note(std::string_view what, const std::string& path, ks::CWriteResult result);
     /// Names the files that no output may replace: a measurement may exist only once.
     void Protect(std::vector<std::string> inputs) { m_inputs = std::move(inputs); }
     /// Whether `path` leads to a protected file.
@@ -33,6 +33,8 @@ public:
     bool IsInput(const std::string& path);
     /// Makes the folder at `path` with its parents. False when there is none afterwards.
     bool MakeFolder(const std::string& path);
+    /// A sentence about an output that was written, and is of use.
+    void Warn(const std::string& sentence) { m_console.Complain(sentence); }
     /// A failure with a sentence of its own.
     void Fail(const std::string& sentence);
     /// Sends out what went to standard output.

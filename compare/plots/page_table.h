@@ -9,7 +9,7 @@
 #include "compare/plots/plot.h"
 
 /// In which page lists a page stands.
-enum class PageLists {
+enum class CPageLists {
     Every,              ///< of every run
     OfAccelerations,    ///< only where the reference is an acceleration
     OfOtherQuantities,  ///< only where it is anything else
@@ -21,7 +21,7 @@ struct CPage {
     std::int32_t id = 0;                         ///< frozen
     std::string_view name = {};                  ///< as the page selector shows it
     std::unique_ptr<CPlot> (*make)() = nullptr;  ///< makes a page object
-    PageLists lists = PageLists::None;           ///< the place in a list is that of the row in the table
+    CPageLists lists = CPageLists::None;         ///< the place in a list is that of the row in the table
     bool hasChart = true;                        ///< false: a table; no series, no chart block of its own
     std::string_view remark = {};                ///< a sentence for whoever chooses the page; may be empty
 };

@@ -32,6 +32,13 @@ CBuffer Allocate(std::size_t count) {
     return buffer;
 }
 
+/// FFTW ends the program when it lacks the memory for a plan. A plan's factors take about as much as the transform;
+/// there has to be room for twice that, and some more for its notes.
+void RequireRoomForPlans(std::size_t size) {
+    constexpr std::size_t kNotes = 65536;
+    Allocate(2 * size + kNotes);
+}
+
 CPlan Checked(fftw_plan plan) {
     if (plan == nullptr) throw std::bad_alloc();
     return CPlan(plan);
@@ -114,6 +121,7 @@ class CRealTransform::CPlans {
 public:
     explicit CPlans(std::size_t size)
         : half(size / 2), samples(Allocate(half)), spectrum(Allocate(half + 1)), turns(size) {
+        RequireRoomForPlans(half);
         // The 64-bit interface, since a long signal with its padding may pass the range of int.
         const fftw_iodim64 dimension{static_cast<std::ptrdiff_t>(half), 1, 1};
         fftw_complex* const from = reinterpret_cast<fftw_complex*>(samples.get());

@@ -15,6 +15,11 @@ struct CSignalFormat {
     /// Whether a run filters the signals of such files; false where they are compared as they stand.
     bool shouldFilter = true;
 
+    /// Whether the file at `path` begins as files of this format do. One that does not is passed over without a
+    /// sentence. Null where that is not asked: the format is tried on every file, and its sentence joins those that the
+    /// user reads.
+    bool (*recognizes)(const std::string& path) = nullptr;
+
     /// The names of the channels that the file at `path` holds, in its order. A format whose files hold one signal
     /// gives one name, the empty text.
     /// @throws CError with the user's sentence when the file is none of this format

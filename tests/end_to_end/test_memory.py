@@ -31,7 +31,7 @@ class Memory(EndToEndTest):
     def test_whatever_the_limit_only_sentences_are_printed(self):
         failed = finished = 0
         least = self.least(self.compare_within)
-        for megabytes in range(least, least + 60, 4):
+        for megabytes in range(least, least + 64, 6):
             for name in ("out.html", "out.csv", "ascii/page-11.txt", "out.json"):
                 if (self.folder / name).exists():
                     os.remove(self.folder / name)
@@ -39,7 +39,7 @@ class Memory(EndToEndTest):
                                       "out.csv", "--ascii", "ascii")
             for word in (b"bad_alloc", b"std::", b"length_error", b"terminate"):
                 self.assertNotIn(word, run.err, megabytes)
-            self.assertIn(run.status, (0, 4), megabytes)
+            self.assertIn(run.status, (0, 4), (megabytes, run.complaints))
             if run.status == 4:
                 failed += 1
                 self.assertTrue(run.complaints.endswith(JSON), run.complaints)
@@ -51,8 +51,8 @@ class Memory(EndToEndTest):
         self.assertGreater(finished, 1)
 
     def least(self, run):
-        """The smallest number of megabytes, to the next four, with which a run succeeds."""
-        for megabytes in range(16, 400, 4):
+        """The smallest number of megabytes, to the next eight, with which a run succeeds."""
+        for megabytes in range(16, 400, 8):
             outcome = run(megabytes)
             if (outcome.status, outcome.err) == (0, b""):
                 return megabytes

@@ -1,6 +1,7 @@
 """Chart pages in the JSON, as ASCII tables and as UDS-1992 files."""
 
 import os
+import struct
 import unittest
 
 from support import EndToEndTest, read_uds_y, uds
@@ -253,6 +254,37 @@ class FailedPages(EndToEndTest):
 
     def test_a_bad_verdict_still_counts(self):
         self.assertEqual(self.compare("--quiet", "--pages", "--fail-on-bad=moment", "--reference", "r", "a").status, 1)
+
+
+class LostTimes(EndToEndTest):
+    """A signal of ordinates alone, cut from before its first sample on, is numbered from where the cut began."""
+
+    def test_standard_error_names_the_files_whose_times_are_others(self):
+        self.write("r", uds(wave(300), STEP))
+        self.write("a", uds(wave(300, 1.25), STEP, x=[i * STEP for i in range(300)]))
+        run = self.compare("--quiet", "--window", "-0.015625", "0.03", "--uds", "uds", "--reference", "r", "a")
+        self.assertEqual(run.status, 0)
+        named = [name for name in sorted(os.listdir(self.folder / "uds"))
+                 if f"The times of uds/{name} are not those of its curve." in run.complaints]
+        lying = [name for name in sorted(os.listdir(self.folder / "uds")) if self.first_time(f"uds/{name}") == -0.015625]
+        self.assertIn("page-7-1.uds", named)
+        self.assertEqual(named, lying)
+        self.assertEqual(run.complaints.count("The times of "), len(named))
+        self.assertIn("quorvel-cli: The times of uds/page-7-1.uds are not those of its curve. The file holds the values "
+                      "alone, and point 1, at 0, will be read as at -0.015625.\n", run.complaints)
+
+    def test_a_window_after_the_first_sample_keeps_the_times(self):
+        self.write("r", uds(wave(300), STEP))
+        run = self.compare("--quiet", "--window", "0.015625", "0.03", "--uds", "uds", "--reference", "r", "r")
+        self.assertEqual(run.status, 0)
+        self.assertNotIn("The times of", run.complaints)
+        self.assertEqual(self.first_time("uds/page-7-1.uds"), 0.015625)
+
+    def first_time(self, name):
+        """The time of the first point as the file has it; none in a file of pairs."""
+        content = self.read(name)
+        first, _, step = struct.unpack("<iif", content[512 + 278:512 + 290])
+        return first * step if content[16:26] == b"Y".ljust(10) else None
 
 
 class Forces(EndToEndTest):

@@ -128,7 +128,7 @@ class Terminal(ScaledTest):
 
     def test_complaints_stand_on_lines_of_their_own(self):
         shown = self.on_terminal("scaled.uds", "missing\x1b[2J", stream="stderr")
-        self.assertIn("\r\x1b[Kquorvel-cli: Failure to open file: missing?[2J for reading.\n", shown)
+        self.assertIn("\r\x1b[Kquorvel-cli: Failure to open file: missing?[2J for reading. (2 times)\n", shown)
         self.assertTrue(shown.endswith("Nothing was compared.\n"))
 
 

@@ -52,10 +52,10 @@ public:
 
     std::function<void(int hint)> alsoDo = [](int) {};
 
-    std::vector<RunState> runs;  ///< as they were told
+    std::vector<CRunState> runs;  ///< as they were told
 
     void OnDocumentUpdate(int hint) override;
-    void OnRunStateChanged(RunState run) override { runs.push_back(run); }
+    void OnRunStateChanged(CRunState run) override { runs.push_back(run); }
 
 private:
     CRecordingHost& m_host;

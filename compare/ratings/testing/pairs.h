@@ -1,0 +1,64 @@
+#pragma once
+
+#include <cmath>
+#include <cstddef>
+#include <vector>
+
+#include "compare/ratings/samples.h"
+
+// Signals for the tests of the ratings.
+
+namespace ratings {
+
+/// A reference and a computed signal that own their values.
+struct CPairOfSignals {
+    std::vector<double> reference;
+    std::vector<double> computed;
+
+    CSamples View() const { return {reference, computed}; }
+};
+
+/// curve(0) ... curve(count - 1), the index as a double.
+template <class Curve>
+std::vector<double> Sampled(std::size_t count, Curve curve) {
+    std::vector<double> values(count);
+    for (std::size_t i = 0; i < count; ++i) values[i] = curve(static_cast<double>(i));
+    return values;
+}
+
+template <class Reference, class Computed>
+CPairOfSignals MakePair(std::size_t count, Reference reference, Computed computed) {
+    return {Sampled(count, reference), Sampled(count, computed)};
+}
+
+/// The reference times `gain`, plus `offset`.
+inline CPairOfSignals WithGain(std::vector<double> reference, double gain, double offset = 0.0) {
+    std::vector<double> computed = reference;
+    for (double& value : computed) value = gain * value + offset;
+    return {std::move(reference), std::move(computed)};
+}
+
+/// A pulse with quiet ends: half a sine over a fifth of the samples, its start at a share of them.
+inline std::vector<double> Pulse(std::size_t count, double startShare, double delay = 0.0) {
+    const double n = static_cast<double>(count);
+    return Sampled(count, [=](double i) {
+        const double phase = (i - delay - startShare * n) / (0.2 * n);
+        return phase > 0.0 && phase < 1.0 ? 50.0 * std::sin(3.14159265358979 * phase) : 0.0;
+    });
+}
+
+/// A wave whose reference is neither flat nor periodic in the window.
+inline std::vector<double> Wave(std::size_t count) {
+    return Sampled(count, [](double i) { return 10.0 * std::sin(0.05 * i) * std::exp(-0.004 * i); });
+}
+
+/// The classic analytic pair: e^-(t - start) sin 2 pi (t - start) from `start` on, else 0; t = 0 ... 2 s in steps of
+/// 0.02 s.
+inline std::vector<double> DecayingSine(double startS, double gain = 1.0) {
+    return Sampled(101, [=](double i) {
+        const double t = 0.02 * i - startS;
+        return t > 0.0 ? gain * std::exp(-t) * std::sin(2.0 * 3.14159265358979323846 * t) : 0.0;
+    });
+}
+
+}  // namespace ratings
