@@ -44,7 +44,7 @@ CPart ComparedPart(const ks::CNSignal& computed, const ks::CNSignal& reference, 
 
 /// Two neighbours of single precision may each be half a unit of their last place off.
 bool IsEven(std::span<const double> x, double step) {
-    constexpr double kSinglePlace = std::numeric_limits<float>::epsilon();
+    constexpr auto kSinglePlace = static_cast<double>(std::numeric_limits<float>::epsilon());
     for (std::size_t i = 1; i < x.size(); ++i) {
         const double rounding = kSinglePlace * std::max(std::abs(x[i - 1]), std::abs(x[i]));
         if (!(std::abs((x[i] - x[i - 1]) - step) <= kLargestDeparture * step + rounding)) return false;
