@@ -43,7 +43,7 @@ private slots:
         QVERIFY(ExpandDropped({m_folder->filePath("run")}, "*.uds").files.empty());
     }
 
-    void AHitListGivesItsLinesAsTheyStand() {
+    void AHitListGivesItsLinesUnchanged() {
         const QString list = Write("list.HIT", "one.001\r\n\r\n two.001\r\n");
         const CDroppedFiles dropped = ExpandDropped({Write("a.001"), list, Write("z.001")}, "*.uds");
         std::vector<std::string> expected = Paths({"a.001"});

@@ -175,7 +175,7 @@ private slots:
         QVERIFY(!Frame().findChild<QWidget*>("progress")->isVisible());
     }
 
-    void ThePaneIsLabelledAndNamed() {
+    void ThePaneIsLabeledAndNamed() {
         QCOMPARE(Pane().property("controlId").toInt(), 128);
         QVERIFY(Pane().isVisible());
         const auto* const label = Pane().findChild<QLabel*>();
@@ -228,7 +228,7 @@ private slots:
         QFETCH(QSize, size);
         Frame().resize(size);
         CheckPane(Row());
-        // Every button can be reached: it is not under the pane, or it is in the list behind the last one.
+        // Every button can be reached: it is not under the pane, or it is in the list after the last one.
         const auto* const more = Toolbar().findChild<QToolButton*>("qt_toolbar_ext_button");
         QVERIFY(!more->isVisible() || !InFrame(*more).intersects(InFrame(Pane())));
         for (QAction* const action : Toolbar().actions()) {
@@ -298,7 +298,7 @@ private slots:
         expected.removeOne("SaveBmp");
         expected.removeOne("SaveWmf");
         expected.removeOne("About");
-        expected.removeAt(expected.lastIndexOf("-"));  // no group is left between two separators
+        expected.removeAt(expected.lastIndexOf("-"));  // an empty group has no separators
         QCOMPARE(Names(Toolbar().actions()), expected);
         m_window->Reopen();
         QCOMPARE(Names(Toolbar().actions()), expected);
@@ -318,7 +318,7 @@ private slots:
         QVERIFY(Toolbar().actions().contains(Frame().Action(CCommandId::PrintDirect)));
     }
 
-    void ACancelledCustomizeChangesNothing() {
+    void ACanceledCustomizeChangesNothing() {
         m_window->dialogs.Expect([](QWidget& dialog) {
             dialog.findChild<QListWidget*>()->item(0)->setCheckState(Qt::Unchecked);
             dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Cancel)->click();

@@ -1,4 +1,4 @@
-// What the main window hands on: the clipboard, pictures, reports, signals, tables and paper.
+// What the main window exports: the clipboard, pictures, reports, signals, tables and paper.
 
 #include <QClipboard>
 #include <QHeaderView>
@@ -39,7 +39,7 @@ QByteArray PdfStreams(const QByteArray& pdf) {
     while ((place = pdf.indexOf("stream\n", place)) >= 0) {
         place += 7;
         if (pdf.mid(place, 1) != "x") continue;  // not compressed
-        // qUncompress wants the length of the result first; a wrong one is only a guess at the memory needed.
+        // qUncompress expects the length of the result first; it only sizes the buffer, so a guess is fine.
         contents += qUncompress(QByteArray("\0\1\0\0", 4) + pdf.mid(place, pdf.indexOf("endstream", place) - place));
         place = pdf.indexOf("endstream", place) + 9;
     }
@@ -123,11 +123,11 @@ private slots:
         const QImage image(path);
         QCOMPARE(image.size(), QSize(800, 600));
         QCOMPARE(image.pixelColor(0, 0), QColor(Qt::white));
-        QSet<QRgb> colours;
+        QSet<QRgb> colors;
         for (int y = 0; y < 600; ++y) {
-            for (int x = 0; x < 800; ++x) colours.insert(image.pixel(x, y));
+            for (int x = 0; x < 800; ++x) colors.insert(image.pixel(x, y));
         }
-        QVERIFY(colours.size() > 10);  // four curves, axes and letters, smoothed
+        QVERIFY(colors.size() > 10);  // four curves, axes and letters, smoothed
         QCOMPARE(m_window->StatusText(), "The plot was saved as " + path + ".");
     }
 
@@ -252,7 +252,7 @@ private slots:
         QVERIFY(m_window->picker.requests.empty());
         QCOMPARE(m_window->StatusText(), QString("This page has no curves to save."));
         m_window->ChoosePage("Velocity");
-        m_window->ChoosePage("Summary");  // the document still holds the curves of that page
+        m_window->ChoosePage("Summary");  // the document still holds the curves of the page before
         Trigger(static_cast<CCommandId>(id));
         QVERIFY(m_window->picker.requests.empty());
     }
@@ -290,7 +290,7 @@ private slots:
         m_window->ChoosePage("Velocity");
         Save(CCommandId::SaveBmp, "plot.bmp");
         const QString path = Save(CCommandId::SaveAscii, "no such folder/table.txt");
-        QCOMPARE(m_window->StatusText(), QString("Ready"));  // no success of an earlier command stands there
+        QCOMPARE(m_window->StatusText(), QString("Ready"));  // the message of an earlier command is gone
         QCOMPARE(m_window->errorLists.texts, QStringList({"The ASCII data could not be written to " + path + ".\r\n"}));
         QVERIFY(!m_window->store.contains(kAsciiFolder));
     }
@@ -369,7 +369,7 @@ private slots:
 
     // Cancel.
 
-    void ACancelledPickerWritesAndStoresNothing_data() {
+    void ACanceledPickerWritesAndStoresNothing_data() {
         QTest::addColumn<int>("id");
         QTest::addColumn<QString>("page");
         QTest::newRow("bmp") << CommandNumber(CCommandId::SaveBmp) << "Velocity";
@@ -378,7 +378,7 @@ private slots:
         QTest::newRow("uds") << CommandNumber(CCommandId::SaveUds) << "Velocity";
         QTest::newRow("ascii") << CommandNumber(CCommandId::SaveAscii) << "Velocity";
     }
-    void ACancelledPickerWritesAndStoresNothing() {
+    void ACanceledPickerWritesAndStoresNothing() {
         QFETCH(int, id);
         QFETCH(QString, page);
         m_window->ChoosePage(page);
@@ -420,7 +420,7 @@ private slots:
         const std::vector<CPdfPage> pages = ReadPdf(m_window->printers.path);
         QCOMPARE(pages.size(), std::size_t{1});
         QVERIFY(pages[0].size.width() > pages[0].size.height());
-        // Letters of the turned title stand below each other, so it is looked for without blanks and line ends.
+        // The letters of the rotated title are on separate lines, so blanks and line ends are ignored.
         const QString text = pages[0].lines.join("\n");
         for (const QString& part : {QString("Time (seconds)"), QString("Reference"), QString("s01002aa0.001"),
                                     QString("s01003aa0.001"), QString("s01004aa0.001")}) {
@@ -458,7 +458,7 @@ private slots:
         QCOMPARE(m_window->StatusText(), QString("Ready"));
     }
 
-    void ACancelledPrinterPrintsNothing() {
+    void ACanceledPrinterPrintsNothing() {
         m_window->ChoosePage("Velocity");
         const QString status = m_window->StatusText();
         Trigger(CCommandId::Print);
@@ -483,7 +483,7 @@ private slots:
             QVERIFY2(inside.contains(word.box), qPrintable(word.text));
             used |= word.box;
         }
-        // And it fills them: titles and numbers stand near every edge.
+        // And it fills them: there are titles and numbers near every edge.
         QVERIFY(used.width() > 0.85 * inside.width() && used.height() > 0.85 * inside.height());
     }
 
@@ -493,7 +493,7 @@ private slots:
         CheckNotPrinted("/dev/full");
     }
 
-    /// The toolkit empties the old file first and tells no fault of writing.
+    /// The toolkit empties the existing file first and reports no write errors.
     void APrintThatFailsLeavesTheOldFileAsItIs() {
         const CTempFolder folder;
         const std::string old = folder.Write("plot.pdf", "an old plot");
@@ -504,7 +504,7 @@ private slots:
         }
         QCOMPARE(ReadAll(old), std::string("an old plot"));
         {
-            const COrdinaryUser user;  // who may not write there
+            const COrdinaryUser user;  // without write permission there
             CheckNotPrinted(path);
         }
         QCOMPARE(ReadAll(old), std::string("an old plot"));
@@ -530,7 +530,7 @@ private slots:
     }
 
 private:
-    /// Compares copies of two samples, "signal.001" with "reference.001"; "link.001" leads to the latter.
+    /// Compares copies of two samples, "signal.001" with "reference.001"; "link.001" is a link to the latter.
     void CompareOwnFiles() {
         const QString signal = m_window->Path("signal.001"), reference = m_window->Path("reference.001");
         QVERIFY(QFile::copy(QString::fromStdString(Sled(2)), signal));
@@ -543,9 +543,9 @@ private:
         QVERIFY(Bytes(m_window->Path("reference.001")) == Bytes(QString::fromStdString(Sled(1))));
     }
     static QString Refusal(const QString& path) {
-        return "error|Error|" + path + " is one of the files that are being compared. Choose another name.";
+        return "error|Error|" + path + " is one of the files being compared. Choose another name.";
     }
-    /// The user was told so, nothing was written, and nothing is said to be saved.
+    /// The user was told, nothing was written, and no message claims otherwise.
     void CheckRefused(const QString& path) {
         QCOMPARE(m_window->messages.said, QStringList(Refusal(path)));
         QCOMPARE(m_window->StatusText(), QString("Ready"));
@@ -602,7 +602,7 @@ private:
         QVERIFY(points > 1000);
     }
 
-    /// Every cell of the report, columns in this order, against the table on show.
+    /// Every cell of the report, columns in this order, against the table shown.
     void CheckReport(const QString& report, const std::vector<int>& order) {
         static const QRegularExpression header("<TD><B>([^<]*)</B></TD>\r\n");
         static const QRegularExpression cell("\t<TD (bgcolor=\"(#[0-9A-F]{6})\" )?>([^<]*)</TD>\r\n");
@@ -613,7 +613,7 @@ private:
             QCOMPARE(headers.next().captured(1), model.headerData(column, Qt::Horizontal).toString());
         }
         QVERIFY(!headers.hasNext());
-        const std::map<CVerdict, QString> colours = {
+        const std::map<CVerdict, QString> colors = {
             {CVerdict::None, ""}, {CVerdict::Good, "#00E000"}, {CVerdict::Bad, "#E00000"}};
         QSet<QString> seen;
         auto cells = cell.globalMatch(report);
@@ -623,7 +623,7 @@ private:
                 const QRegularExpressionMatch match = cells.next();
                 const QModelIndex index = model.index(row, column);
                 QCOMPARE(match.captured(3), index.data().toString());
-                QCOMPARE(match.captured(2), colours.at(static_cast<CVerdict>(index.data(kVerdictRole).toInt())));
+                QCOMPARE(match.captured(2), colors.at(static_cast<CVerdict>(index.data(kVerdictRole).toInt())));
                 seen.insert(match.captured(2));
             }
         }
@@ -631,7 +631,7 @@ private:
         QCOMPARE(seen.size(), qsizetype{3});
     }
 
-    /// Every number of an ASCII table against the series: six significant digits, "0.0" twice behind a series' end.
+    /// Every number of an ASCII table against the series: six significant digits, "0.0" twice after a series' end.
     static void CheckTable(const QByteArray& bytes, const CQuorvelDoc& document) {
         QVERIFY(bytes.endsWith(" \r\n"));
         const QList<QByteArray> lines = bytes.chopped(2).split('\n');

@@ -10,12 +10,12 @@
 #include "chart/chart_control.h"
 #include "compare/chart_block.h"
 
-/// The line-style values handed to the chart, kept between pages. The array grows and never shrinks, so that a mode
-/// which leaves the values as they are finds those of the page before.
+/// The line-style values handed to the chart, kept between pages. The array never shrinks, so that a mode that
+/// leaves the values unchanged finds those of the previous page.
 class CLineStyles {
 public:
-    /// Sets and gives the first `seriesCount` values. Mode 0: 0 to 6, 9, 10, 11 and again from 0; mode 1: 0; mode 2: 5;
-    /// mode 3: 6. Any other mode leaves the values as they are. The span holds until the next call.
+    /// Sets and returns the first `seriesCount` values. Mode 0: 0 to 6, 9, 10, 11, repeated; mode 1: 0; mode 2: 5;
+    /// mode 3: 6. Any other mode leaves the values unchanged. The span is valid until the next call.
     std::span<const std::int32_t> Set(std::int32_t mode, std::int32_t seriesCount);
 
 private:
@@ -36,10 +36,10 @@ void CreateChart(CChartControl& chart, QWidget* parent, CChartSize clientArea, d
 void FillChart(CChartControl& chart, const CChartBlock& block, std::span<const std::string> names,
                CLineStyles& lineStyles);
 
-/// Forgets what a previous page set and the new one did not.
+/// Clears what a previous page set and the new one did not.
 void ResetChart(CChartControl& chart);
 
-/// Everything a page change needs: creates, fills and draws.
+/// All that a page change needs: creates, fills, and draws.
 void ShowChart(CChartControl& chart, QWidget* parent, CChartSize clientArea, const CChartBlock& block,
                std::span<const std::string> names, CLineStyles& lineStyles);
 

@@ -75,7 +75,7 @@ private slots:
         QVERIFY(page.Body().isValid());
     }
 
-    void ARuleIsPaintedWhereItStands() {
+    void ARuleIsPaintedAtItsPlace() {
         CPage page(kLetter);
         page.AddRule({1.0, 2.0}, {3.0, 2.0});
         const QRect box = DarkBox(Painted(page, {850, 1100}));

@@ -39,7 +39,7 @@ private slots:
         QCOMPARE(pdf.count("/Type /Page\n"), qsizetype{2});
         static const QRegularExpression paper(R"(/MediaBox \[0 0 792(\.0+)? 612(\.0+)?\])");
         QVERIFY(paper.match(QString::fromLatin1(pdf)).hasMatch());
-        QByteArray title("\xFE\xFF");  // UTF-16, the byte of the higher value first
+        QByteArray title("\xFE\xFF");  // UTF-16, big-endian
         for (const char letter : QByteArray("Velocity")) title.append('\0').append(letter);
         QVERIFY(pdf.contains("/Title (" + title + ")"));
     }
@@ -65,7 +65,7 @@ private slots:
             QVERIFY(WritePdfFile(path, {kSideways, {}}, PaintTwoPages) == ks::CWriteResult::NotCompleted);
         }
         {
-            const COrdinaryUser user;  // who may not write there
+            const COrdinaryUser user;  // without write permission there
             QVERIFY(WritePdfFile(path, {kSideways, {}}, PaintTwoPages) == ks::CWriteResult::NotOpened);
         }
         QCOMPARE(ReadAll(path), std::string("old"));

@@ -38,7 +38,7 @@ CPolyline Zigzag(int count) {
 TEST(WmfWriter, WritesALineByteForByte) {
     CWmfWriter writer = Writer();
     writer.Polyline(CPolyline{{0, 0}, {10, 20}}, kPen);
-    // Laid out by hand after the published format: the placeable header with the exclusive or of its words, the header
+    // Laid out by hand from the published format: the placeable header with the exclusive or of its words, the header
     // with 54 words, one object and a largest record of 8 words, then nine records.
     EXPECT_EQ(
         writer.Finish(),

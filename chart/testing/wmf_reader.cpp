@@ -15,7 +15,7 @@
 
 namespace {
 
-/// Ends the reading; never leaves this file.
+/// Stops reading; never leaves this file.
 struct CFault : std::runtime_error {
     using std::runtime_error::runtime_error;
 };
