@@ -68,7 +68,7 @@ private slots:
         QCOMPARE(LocalPaths(data), QStringList({"/tmp/a b.uds"}));
     }
 
-    void TheSixDataTypesStandInTheirOrder() {
+    void TheSixDataTypesAreInOrder() {
         const std::vector<std::pair<std::string, std::string>> expected = {
             {"UDS Acceleration Data (*aa0.*)", "*aa0.*"}, {"UDS Displacement Data (*da0.*)", "*da0.*"},
             {"UDS Force Data (*fa0.*)", "*fa0.*"},        {"UDS Moment Data (*ta0.*)", "*ta0.*"},

@@ -127,8 +127,8 @@ private slots:
         QCOMPARE(Frame().statusBar()->currentMessage(), statusText);
     }
 
-    void LocksOfTheKeyboardAreShownOnlyWhereThePlatformTellsThem() {
-        if (QGuiApplication::platformName() != "offscreen") QSKIP("This platform may tell them.");
+    void LocksOfTheKeyboardAreShownOnlyWhereThePlatformReportsThem() {
+        if (QGuiApplication::platformName() != "offscreen") QSKIP("This platform may report them.");
         const auto labels = Frame().statusBar()->findChildren<QLabel*>();
         QStringList hidden;
         for (const QLabel* const label : labels) {
@@ -216,7 +216,7 @@ private slots:
         }
     }
 
-    void ThePaneStandsAtTheRightEndOfTheToolbarRow_data() {
+    void ThePaneIsAtTheRightEndOfTheToolbarRow_data() {
         QTest::addColumn<QSize>("size");
         QTest::newRow("usual") << QSize(1000, 600);
         QTest::newRow("wide") << QSize(1700, 900);
@@ -224,7 +224,7 @@ private slots:
         QTest::newRow("narrow") << QSize(640, 480);
         QTest::newRow("as small as it gets") << QSize(1, 1);
     }
-    void ThePaneStandsAtTheRightEndOfTheToolbarRow() {
+    void ThePaneIsAtTheRightEndOfTheToolbarRow() {
         QFETCH(QSize, size);
         Frame().resize(size);
         CheckPane(Row());

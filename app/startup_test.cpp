@@ -193,7 +193,7 @@ private slots:
 
     // Exceptions that escape everything else.
 
-    void AnExceptionOutOfAnEventIsShownAndTheProgramLivesOn() {
+    void AnExceptionOutOfAnEventIsShownAndTheProgramContinues() {
         auto& application = static_cast<CQuorvelApp&>(*qApp);
         application.SetMessages(m_window->messages);
         CThrower thrower;

@@ -186,7 +186,7 @@ private slots:
 
     // Exceptions.
 
-    void AnExceptionOutOfACommandIsShownAndTheProgramLivesOn() {
+    void AnExceptionOutOfACommandIsShownAndTheProgramContinues() {
         OpenWindow(std::make_unique<CFailingChart>());
         m_window->CompareSled();
         m_window->ChoosePage("Velocity");

@@ -437,7 +437,7 @@ private slots:
         QVERIFY(PdfStreams(pdf).count(" l\n") > 400);  // four curves of some hundred visible points each
     }
 
-    void TheDefaultPrinterTakesTheChartWithoutAQuestion() {
+    void TheDefaultPrinterPrintsTheChartWithoutAsking() {
         m_window->ChoosePage("Velocity");
         m_window->printers.path = m_window->Path("plot.pdf");
         Trigger(CCommandId::PrintDirect);

@@ -210,7 +210,7 @@ private slots:
         CheckEnabled({});
     }
 
-    void AfterARunThatStoppedTheTableOfTheRunBeforeStaysMarked() {
+    void AfterAStoppedRunTheOldTableStaysMarked() {
         m_window->CompareSled();
         const QString table = m_window->List()->CopyDataText();
         CSummaryList* const list = m_window->List();
@@ -255,7 +255,7 @@ private slots:
         QVERIFY(!Frame().isVisible());
     }
 
-    void ACompletedRunTakesTheMarkAway() {
+    void ACompletedRunRemovesTheMark() {
         m_window->CompareSled();
         m_window->Compare({Unreadable("junk.001")}, Sled(1));
         m_window->Compare({Sled(5)}, Sled(1));
@@ -267,7 +267,7 @@ private slots:
         CheckEnabled({"SaveHtml", "SaveUds", "SaveAscii", "CopyData"});
     }
 
-    void AReferenceThatCannotBeReadIsToldInTheStatusBarOnly() {
+    void AReferenceThatCannotBeReadIsReportedOnlyInTheStatusBar() {
         m_window->CompareSled();
         const QString table = m_window->List()->CopyDataText();
         m_window->Compare({Sled(2)}, Unreadable("reference.001"));
@@ -280,7 +280,7 @@ private slots:
         CheckEnabled({"CopyData"});
     }
 
-    void AMissingReferenceIsToldTheSameWay() {
+    void AMissingReferenceIsReportedTheSameWay() {
         m_window->Compare({Sled(2)}, m_window->Path("nowhere.001").toStdString());
         QCOMPARE(m_window->StatusText(), QString("The reference could not be read; nothing was compared."));
         QVERIFY(m_window->errorLists.texts.isEmpty());

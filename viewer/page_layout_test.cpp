@@ -83,7 +83,7 @@ private slots:
         QVERIFY(std::abs(box.center().y() - 200) <= 1 && box.height() <= 2);
     }
 
-    void LinesStandAtTheMarginsAndBetweenThem() {
+    void LinesAreAtTheMarginsAndBetweenThem() {
         const auto darkBox = [](Qt::AlignmentFlag alignment) {
             CPage page(kLetter);
             page.AddLine(0.0, alignment, "HHHH", kTitleFont);

@@ -214,8 +214,8 @@ private slots:
         QCOMPARE(WordsOutsideMargins(Written(m_wideRecord)).join(", "), QString());
     }
 
-    void NoTextStandsOnAnother_data() { AddKinds(); }
-    void NoTextStandsOnAnother() {
+    void NoTextOverlapsAnother_data() { AddKinds(); }
+    void NoTextOverlapsAnother() {
         QCOMPARE(OverlappingWords(Written(m_record)).join(", "), QString());
         QCOMPARE(OverlappingWords(Written(m_wideRecord)).join(", "), QString());
     }
@@ -389,7 +389,7 @@ private slots:
     }
 
     /// A blank page was printed, and an existing file was lost.
-    void ARangeOutsideTheReportIsToldAndOpensNothing() {
+    void ARangeOutsideTheReportIsReportedAndOpensNothing() {
         const std::string old = m_folder.Write("old.pdf", "old");
         const CPrinter report({m_record, "a.uds", CReportMode::Full, QDate(2024, 2, 9)});
         for (const std::string& path : {old, m_folder.Path("none.pdf")}) {
@@ -436,7 +436,7 @@ private slots:
         QCOMPARE(OverlappingWords(pages).join(", "), QString());
     }
 
-    void APrinterThatDoesNotOpenIsTold() {
+    void APrinterThatDoesNotOpenIsReported() {
         QPrinter printer;  // no printer and no file
         printer.setPrinterName("no such printer");
         const CPrinter report({m_record, "a.uds", CReportMode::Full, QDate(2024, 2, 9)});
@@ -463,12 +463,12 @@ private slots:
         QVERIFY(ReadAll(path).starts_with("%PDF-"));
     }
 
-    void AMissingFolderIsTold() {
+    void AMissingFolderIsReported() {
         const std::string path = m_folder.Path("nowhere/a.pdf");
         QVERIFY(WriteReportPdf(path, m_record, "a.uds", CReportMode::Full) == ks::CWriteResult::NotOpened);
     }
 
-    void AFullDeviceIsTold() {
+    void AFullDeviceIsReported() {
         QVERIFY(WriteReportPdf("/dev/full", m_record, "a.uds", CReportMode::Full) == ks::CWriteResult::NotCompleted);
     }
 

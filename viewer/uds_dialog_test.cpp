@@ -126,7 +126,7 @@ private slots:
         QCOMPARE(m_sheet->findChildren<ksres::CPrintPreviewer*>().size(), qsizetype{1});
     }
 
-    void SubPagesStandOnTheirPages() {
+    void SubPagesAreOnTheirPages() {
         QVERIFY(Page<ksres::CUDSVehDialog>()->findChild<ksres::CUdsVeh1Dialog*>());
         QVERIFY(Page<ksres::CUDSVehDialog>()->findChild<ksres::CUdsVeh2Dialog*>());
         QVERIFY(Page<ksres::CUDSOCCDialog>()->findChild<ksres::CUdsOcc1Dialog*>());
@@ -565,14 +565,14 @@ private slots:
         QVERIFY(ReadAll(m_path.toStdString()) == TwoComponentFile());
     }
 
-    void TheNumberOfPagesIsToldBeforePrinting() {
+    void TheNumberOfPagesIsGivenBeforePrinting() {
         Click("printButton");
         Child<QComboBox>("modeBox")->setCurrentIndex(1);
         Click("printButton");
         QCOMPARE(m_host->pageCounts, QList<int>({1, 2}));
     }
 
-    void ARangeOutsideTheReportIsToldWithoutAFile() {
+    void ARangeOutsideTheReportIsReportedWithoutAFile() {
         const std::string before = m_folder.Listing();
         m_host->choosePrinter = [&](QPrinter& printer) {
             printer.setOutputFileName(Text(m_folder.Path("outside.pdf")));

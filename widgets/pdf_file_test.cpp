@@ -56,7 +56,7 @@ private slots:
         QVERIFY(std::abs(inches.height() - expected.height()) <= 0.002);
     }
 
-    void AFaultIsToldAndLeavesTheOldFileAsItIs() {
+    void AFaultIsReportedAndLeavesTheOldFileUnchanged() {
         const std::string path = m_folder.Write("old.pdf", "old");
         const PaintPages fail = [](QPagedPaintDevice&) { return false; };
         QVERIFY(WritePdfFile(path, {kSideways, {}}, fail) == ks::CWriteResult::NotCompleted);
@@ -79,7 +79,7 @@ private slots:
         QVERIFY(!isPainted);
     }
 
-    void AFullDeviceIsTold() {
+    void AFullDeviceIsReported() {
         QVERIFY(WritePdfFile("/dev/full", {kSideways, {}}, PaintTwoPages) == ks::CWriteResult::NotCompleted);
     }
 

@@ -215,7 +215,7 @@ private slots:
         QCOMPARE(dialog.Text(), QString("one\r\ntwo\r\n"));
     }
 
-    void MessagesAboutOneFileStandUnderItsPath() {
+    void MessagesAboutOneFileAreUnderItsPath() {
         ksres::CErrorDialog dialog;
         dialog.AddMessages({{"", "first"},
                             {"in/a.uds", "one"},

@@ -221,7 +221,7 @@ private slots:
         QCOMPARE(request.folder, std::string("Q:\\uds\\vehdb"));
     }
 
-    void AddedFilesGoBehindTheOthersWithoutACheckForDuplicates() {
+    void AddedFilesFollowTheOthersWithoutACheckForDuplicates() {
         Open(WithFiles({"first"}));
         m_picker.answers = {CPickedFiles{{"/one/z.001", "/one/a.001", "/two/first"}, 5},
                             CPickedFiles{{"/one/z.001"}, 2}};
@@ -423,7 +423,7 @@ private slots:
         QCOMPARE(Files(), QString("first"));
     }
 
-    void ADroppedHitListThatCannotBeReadIsToldOnlyOnce() {
+    void ADroppedHitListThatCannotBeReadIsReportedOnlyOnce() {
         Open({});
         emit List().PathsDropped({"/gone/a.hit"}, 0);
         QTRY_COMPARE(m_messages.said, QStringList({kUnreadable}));

@@ -78,7 +78,7 @@ private slots:
                               "\nLimit: below 0.5\nVerdict: good");
     }
 
-    void AJudgedCellTellsValueLimitAndVerdictInWords_data() {
+    void AJudgedCellGivesValueLimitAndVerdictInWords_data() {
         QTest::addColumn<int>("column");
         QTest::addColumn<QString>("name");
         QTest::addColumn<QString>("limit");
@@ -97,7 +97,7 @@ private slots:
         QTest::newRow("moment 5") << 12 << "5th Moment Difference"
                                   << "below 0.2";
     }
-    void AJudgedCellTellsValueLimitAndVerdictInWords() {
+    void AJudgedCellGivesValueLimitAndVerdictInWords() {
         QFETCH(int, column);
         QFETCH(QString, name);
         QFETCH(QString, limit);
@@ -133,7 +133,7 @@ private slots:
         QCOMPARE(LimitText(SummaryColumns()[At(column)], limits), text);
     }
 
-    void ACellWithoutAVerdictTellsNameAndValue() {
+    void ACellWithoutAVerdictGivesNameAndValue() {
         m_model->SetSnapshot(PlainSnapshot({"x"}));
         QCOMPARE(ToolTip(0, kPeakColumn), QString("Peak Value\nx.1"));
         QCOMPARE(Spoken(0, kPeakColumn), QString("Peak Value: x.1"));
