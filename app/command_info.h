@@ -40,9 +40,9 @@ public:
 
     explicit CMyCommandInfo(CSlashRule slashRule = kPlatformSlashRule) : m_slashRule(slashRule) {}
 
-    /// Takes the arguments in order, without the program's name.
+    /// Reads the arguments in order, without the program's name.
     void Parse(std::span<const std::string> arguments);
-    /// Takes one argument. "-" begins a switch, and so does "/", by the slash rule. Unknown switches are ignored.
+    /// Reads one argument. "-" begins a switch, and so does "/", by the slash rule. Unknown switches are ignored.
     void ParseArgument(std::string_view argument);
 
 private:

@@ -19,7 +19,7 @@ constexpr std::array kCommands = {
              "Print the current plot on the default printer without asking", "print-direct"},
     // Kept although it is never enabled: the chart pages have no preview, but guides name the entry.
     CCommand{CCommandId::PrintPreview, "PrintPreview", "Print Preview", "", "Not available", ""},
-    // Kept: users, guides and scripts know the entry by this spelling.
+    // Kept: users, guides, and scripts know the entry by this spelling.
     CCommand{CCommandId::UdsSpecification, "UdsSpecification", "UDS Speification", "", "View UDS file specification",
              "uds-specification"},
     CCommand{CCommandId::Exit, "Exit", "Exit", "Ctrl+Q", "Close the program", ""},

@@ -14,7 +14,7 @@ using Calls = std::vector<std::string>;
 
 constexpr const char* kPadding = "2.220446049250313e-16";
 
-/// What every new chart is told before it gets its data.
+/// The calls that every new chart gets before its data.
 Calls Creation(const QSize& size) {
     Calls calls = {"create 304 style 0 area " + std::to_string(size.width()) + " x " + std::to_string(size.height()) +
                    " id 1"};

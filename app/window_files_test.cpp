@@ -180,7 +180,7 @@ private slots:
         }
         QVERIFY(QDir(m_window->folder.path()).mkdir("below"));
         WriteHitList("below/b1fa0.001", {"x"});
-        // Forces at first, then accelerations.
+        // First forces, then accelerations.
         QCOMPARE(Drop({m_window->folder.path()}),
                  QStringList({m_window->Path("a1fa0.001"), m_window->Path("z1fa0.001")}));
         m_window->settings.Set(setting::kDataType, 1);

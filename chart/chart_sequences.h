@@ -31,7 +31,7 @@ std::string_view CutChartText(std::string_view text);
 /// Destroys an old chart and creates a new one over the whole client area of `parent`.
 void CreateChart(CChartControl& chart, QWidget* parent, CChartSize clientArea, double noDataValue);
 
-/// Hands the block over: counts, matrices, titles, legend, line styles. `names` has one text per series; a tab in a
+/// Passes the block on: counts, matrices, titles, legend, line styles. `names` has one text per series; a tab in a
 /// name becomes a blank, since tabs separate the names. Ends with ResetChart.
 void FillChart(CChartControl& chart, const CChartBlock& block, std::span<const std::string> names,
                CLineStyles& lineStyles);

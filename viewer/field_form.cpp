@@ -17,7 +17,7 @@
 
 namespace {
 
-constexpr int kWideField = 40;  // bytes in the file: a value of this width takes the whole row
+constexpr int kWideField = 40;  // bytes in the file: a value of this width fills the whole row
 
 QString Title(ks::CHeaderGroupId id) {
     return QString::fromUtf8(ks::HeaderGroup(id).title);

@@ -72,7 +72,7 @@ std::unique_ptr<QMimeData> Files(const QStringList& paths) {
     return data;
 }
 
-/// Drags `data` over `target` and drops it there where that is allowed.
+/// Drags `data` over `target` and drops it there if that is allowed.
 bool Drop(QWidget& target, const QMimeData& data) {
     const QPoint middle = target.rect().center();
     QDragEnterEvent enter(middle, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);

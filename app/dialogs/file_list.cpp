@@ -178,5 +178,5 @@ void CFileList::paintEvent(QPaintEvent* event) {
     QPainter painter(viewport());
     painter.setPen(palette().color(QPalette::PlaceholderText));
     painter.drawText(viewport()->rect().adjusted(8, 8, -8, -8), Qt::AlignCenter | Qt::TextWordWrap,
-                     tr("Add files, or drop signal files, hit lists or folders here."));
+                     tr("Add files, or drop signal files, hit lists, or folders here."));
 }

@@ -199,7 +199,7 @@ private slots:
         QVERIFY(move.isAccepted());
     }
 
-    /// Told that its files are moved, a file manager deletes them.
+    /// A file manager that is told its files were moved deletes them.
     void FilesThatAreOfferedToBeMovedAreCopied() {
         m_list->AppendFiles({"0", "1"});
         m_list->show();
