@@ -42,7 +42,7 @@ CCommandActions::CCommandActions(QWidget& window, const std::function<void(CComm
     }
     Find(CCommandId::Toolbar)->setCheckable(true);
     Find(CCommandId::StatusBar)->setCheckable(true);
-    Find(CCommandId::Customize)->setIconText(Find(CCommandId::Customize)->text());  // Qt would drop the dots
+    Find(CCommandId::Customize)->setIconText(Find(CCommandId::Customize)->text());  // Qt would remove the dots
     Find(CCommandId::About)->setMenuRole(QAction::AboutRole);
     Find(CCommandId::Exit)->setMenuRole(QAction::QuitRole);
 }

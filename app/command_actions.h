@@ -12,15 +12,15 @@ class QWidget;
 /// Marks a separator in a list of commands.
 inline constexpr auto kSeparator = static_cast<CCommandId>(0);
 
-/// The actions of all commands, which menus, toolbar and tests find by the command's number or by its name.
+/// The actions of all commands. Menus, toolbar, and tests find them by the command's number or name.
 class CCommandActions {
 public:
     /// `window` owns the actions and has their shortcuts; a chosen action calls `run`.
     CCommandActions(QWidget& window, const std::function<void(CCommandId)>& run);
 
-    /// The action of a command; null for a number that no command has.
+    /// The action of a command; null for an unknown number.
     [[nodiscard]] QAction* Find(CCommandId id) const;
-    /// Switches every action on or off.
+    /// Enables or disables every action.
     void Enable(const CCommandState& state) const;
     /// Appends the actions of `ids` and separators to `menu`.
     void AddTo(QWidget& menu, std::span<const CCommandId> ids) const;

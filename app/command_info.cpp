@@ -69,15 +69,15 @@ std::int32_t ClassOfWord(std::string_view upper) {
     return 0;
 }
 
-/// Whether a text that may as well be a path is a switch: one of the rows, spelled in full.
+/// Whether a text that could also be a path is a switch: one of the rows, spelled in full.
 bool IsKnownSwitch(std::string_view text) {
     const std::string upper = UpperText(text);
     return upper == "L" || upper == "O" || upper.starts_with(kCriticalValue) || FindWord(upper) != nullptr ||
            ClassOfWord(upper) != 0;
 }
 
-/// The number at the start of `text`, after white space; 0 when there is none. One too large becomes infinite, one too
-/// small 0.
+/// The number at the start of `text`, after white space; 0 when there is none. A number that is too large becomes
+/// infinite, one that is too small becomes 0.
 double LeadingNumber(std::string_view text) {
     text.remove_prefix(std::min(text.find_first_not_of(" \t\n\v\f\r"), text.size()));
     return ks::ReadLeadingNumber(text).value;

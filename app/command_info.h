@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-/// How an argument that begins with "/" is taken.
+/// How to interpret an argument that begins with "/".
 enum class CSlashRule {
     AlwaysSwitch,  ///< as Windows users expect
     SwitchIfKnown  ///< a switch only when no further "/" follows and the word is a known one; else the path of a file
@@ -20,7 +20,7 @@ inline constexpr CSlashRule kPlatformSlashRule = CSlashRule::SwitchIfKnown;
 #endif
 
 /// The options of the command line. Only the file list and the channel class take effect at start-up; the others are
-/// read and kept, because scripts of users pass them.
+/// read and kept because users' scripts pass them.
 class CMyCommandInfo {
 public:
     bool saeFilter = true;
@@ -40,9 +40,9 @@ public:
 
     explicit CMyCommandInfo(CSlashRule slashRule = kPlatformSlashRule) : m_slashRule(slashRule) {}
 
-    /// Takes the arguments in order, without the program's name.
+    /// Reads the arguments in order, without the program's name.
     void Parse(std::span<const std::string> arguments);
-    /// Takes one argument. "-" begins a switch, so does "/" by the slash rule; a switch that is unknown is ignored.
+    /// Reads one argument. "-" begins a switch, and so does "/", by the slash rule. Unknown switches are ignored.
     void ParseArgument(std::string_view argument);
 
 private:

@@ -18,7 +18,7 @@ CMyCommandInfo Parsed(const std::vector<std::string>& arguments, CSlashRule rule
     return info;
 }
 
-/// Every option in one text, so that a switch is seen to change what it names and nothing else.
+/// Every option in one text, which shows that a switch changes what it names and nothing else.
 std::string Summary(const CMyCommandInfo& info) {
     std::string text;
     const auto add = [&](const std::string& name, const std::string& value) { text += name + "=" + value + " "; };
@@ -192,7 +192,7 @@ TEST(ListFile, ThatCannotBeReadAddsNothingAndIsNoLongerExpected) {
     EXPECT_FALSE(info.listFileExpected);
 }
 
-/// Runs the rest of the test in a folder of its own: names behind the switch are relative to the current folder.
+/// Runs the rest of the test in its own folder: names after the switch are relative to the current folder.
 class AttachedListFile : public testing::Test {
 protected:
     AttachedListFile() { std::filesystem::current_path(std::filesystem::path(m_folder.Path("."))); }

@@ -16,10 +16,10 @@ constexpr std::array kCommands = {
              "save-ascii"},
     CCommand{CCommandId::Print, "Print", "&Print...", "Ctrl+P", "Print the current plot", "print"},
     CCommand{CCommandId::PrintDirect, "PrintDirect", "Print Directly", "",
-             "Print the current plot on the default printer without a question", "print-direct"},
-    // Kept although it is never on: the chart pages have no preview, but guides name the entry.
+             "Print the current plot on the default printer without asking", "print-direct"},
+    // Kept although it is never enabled: the chart pages have no preview, but guides name the entry.
     CCommand{CCommandId::PrintPreview, "PrintPreview", "Print Preview", "", "Not available", ""},
-    // Kept: users, guides and scripts know the entry by this spelling.
+    // Kept: users, guides, and scripts know the entry by this spelling.
     CCommand{CCommandId::UdsSpecification, "UdsSpecification", "UDS Speification", "", "View UDS file specification",
              "uds-specification"},
     CCommand{CCommandId::Exit, "Exit", "Exit", "Ctrl+Q", "Close the program", ""},
@@ -34,7 +34,7 @@ constexpr std::array kCommands = {
     CCommand{CCommandId::Toolbar, "Toolbar", "Toolbar", "", "Show or hide the toolbar", ""},
     CCommand{CCommandId::StatusBar, "StatusBar", "Status Bar", "", "Show or hide the status bar", ""},
     CCommand{CCommandId::Customize, "Customize", "Customize...", "", "Choose the buttons of the toolbar", ""},
-    CCommand{CCommandId::About, "About", "&About Quorvel...", "", "Show version and purpose of the program", "about"},
+    CCommand{CCommandId::About, "About", "&About Quorvel...", "", "Show the program's version and purpose", "about"},
 };
 
 }  // namespace

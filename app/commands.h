@@ -22,7 +22,7 @@ enum class CCommandId : std::int32_t {
     Print = 57607,
     PrintDirect = 57608,
     PrintPreview = 57609,
-    RecentFile = 57616,  ///< the first of four, which the menu of recent files makes
+    RecentFile = 57616,  ///< the first of four, made by the menu of recent files
     Copy = 57634,
     Cut = 57635,
     Paste = 57637,
@@ -32,7 +32,7 @@ enum class CCommandId : std::int32_t {
     StatusBar = 59393,
 };
 
-/// One command as menus, toolbar and status bar show it.
+/// One command as menus, toolbar, and status bar show it.
 struct CCommand {
     CCommandId id;
     const char* name;        ///< object name of its action; frozen, kept in the settings
@@ -42,16 +42,16 @@ struct CCommand {
     const char* icon;        ///< name of its icon; empty without one
 };
 
-/// Every command of the program but the recent files, which come and go.
+/// Every command of the program except the recent files, which change.
 std::span<const CCommand> Commands();
 
 /// What the commands' availability depends on.
 struct CCommandState {
-    bool isBusy = false;        ///< the wait cursor is up: a run is at work, or a page is being made
+    bool isBusy = false;        ///< the wait cursor is shown: a run is in progress, or a page is being built
     bool isTableShown = false;  ///< the summary page with its table
     bool isChartShown = false;  ///< a chart page with its chart
     CRunState run = CRunState::None;
 };
 
-/// Whether the user may choose a command now. Nothing may be chosen while busy.
+/// Whether the user may choose a command now; never while busy.
 bool IsCommandEnabled(CCommandId id, const CCommandState& state);

@@ -13,7 +13,7 @@ struct Row {
     std::string name, text, shortcut, statusText;
 };
 
-// Numbers, names and texts are stored on users' machines, shown to users and written in their notes.
+// Numbers, names, and texts are stored on users' machines, shown to users, and quoted in their notes.
 const std::vector<Row> kRows = {
     {57601, "SelectFiles", "Select &Files...", "Ctrl+O", "Select the Files for processing"},
     {32774, "SaveBmp", "&Bmp", "", "Save the current plot as a bmp file"},
@@ -22,7 +22,7 @@ const std::vector<Row> kRows = {
     {32771, "SaveUds", "UDS", "", "Save every curve of the current page as a UDS file"},
     {32772, "SaveAscii", "ASCII", "", "Save the curves of the current page as one ASCII table"},
     {57607, "Print", "&Print...", "Ctrl+P", "Print the current plot"},
-    {57608, "PrintDirect", "Print Directly", "", "Print the current plot on the default printer without a question"},
+    {57608, "PrintDirect", "Print Directly", "", "Print the current plot on the default printer without asking"},
     {57609, "PrintPreview", "Print Preview", "", "Not available"},
     {32781, "UdsSpecification", "UDS Speification", "", "View UDS file specification"},
     {57665, "Exit", "Exit", "Ctrl+Q", "Close the program"},
@@ -35,7 +35,7 @@ const std::vector<Row> kRows = {
     {59392, "Toolbar", "Toolbar", "", "Show or hide the toolbar"},
     {59393, "StatusBar", "Status Bar", "", "Show or hide the status bar"},
     {32790, "Customize", "Customize...", "", "Choose the buttons of the toolbar"},
-    {57664, "About", "&About Quorvel...", "", "Show version and purpose of the program"},
+    {57664, "About", "&About Quorvel...", "", "Show the program's version and purpose"},
 };
 
 TEST(Commands, AreTheseWithTheirNumbersAndTexts) {

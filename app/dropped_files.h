@@ -10,20 +10,20 @@ class CSettings;
 class QMimeData;
 class QWidget;
 
-/// What the files, hit lists and folders that a user dropped amount to.
+/// The signal files and hit lists among what a user dropped.
 struct CDroppedFiles {
-    std::vector<std::string> files;  ///< signal files in the order dropped; UTF-8, hit-list lines as they stand
+    std::vector<std::string> files;  ///< signal files in the order dropped; UTF-8, hit-list lines unchanged
     QStringList hitLists;            ///< the hit lists that were read
     QStringList unreadableHitLists;
 };
 
-/// The local paths that a drag brings; empty when it brings none.
+/// The local paths in a drag; empty when it has none.
 QStringList LocalPaths(const QMimeData& data);
 
 /// Replaces every hit list (*.hit) by its lines and every folder by its own files that match `wildcard`, sorted by
-/// name; folders inside are not entered. A path that leads nowhere is kept.
+/// name, without subfolders. A path to nothing is kept.
 CDroppedFiles ExpandDropped(const QStringList& paths, const QString& wildcard);
 
-/// The same with the data type of `settings`. Hit lists become recent files; those that cannot be read are reported
-/// once above `parent`.
+/// The same with the data type of `settings`. Hit lists become recent files; one message above `parent` reports
+/// those that cannot be read.
 CDroppedFiles TakeDroppedFiles(const QStringList& paths, CSettings& settings, CMessages& messages, QWidget* parent);

@@ -43,7 +43,7 @@ private slots:
         QVERIFY(ExpandDropped({m_folder->filePath("run")}, "*.uds").files.empty());
     }
 
-    void AHitListGivesItsLinesAsTheyStand() {
+    void AHitListGivesItsLinesUnchanged() {
         const QString list = Write("list.HIT", "one.001\r\n\r\n two.001\r\n");
         const CDroppedFiles dropped = ExpandDropped({Write("a.001"), list, Write("z.001")}, "*.uds");
         std::vector<std::string> expected = Paths({"a.001"});
@@ -68,7 +68,7 @@ private slots:
         QCOMPARE(LocalPaths(data), QStringList({"/tmp/a b.uds"}));
     }
 
-    void TheSixDataTypesStandInTheirOrder() {
+    void TheSixDataTypesAreInOrder() {
         const std::vector<std::pair<std::string, std::string>> expected = {
             {"UDS Acceleration Data (*aa0.*)", "*aa0.*"}, {"UDS Displacement Data (*da0.*)", "*da0.*"},
             {"UDS Force Data (*fa0.*)", "*fa0.*"},        {"UDS Moment Data (*ta0.*)", "*ta0.*"},

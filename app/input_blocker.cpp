@@ -43,7 +43,7 @@ CInputBlocker::~CInputBlocker() {
 }
 
 bool CInputBlocker::eventFilter(QObject* watched, QEvent* event) {
-    // A message that opened meanwhile waits for the user, and while it is up nothing else can be reached.
+    // A message that has opened since waits for the user, and nothing else can be reached while it is open.
     const bool isMessageOpen = QApplication::activeModalWidget() != nullptr;
     if (isMessageOpen || !IsFromUser(event->type())) return QObject::eventFilter(watched, event);
     event->ignore();  // a close event that was filtered but not ignored would close the window

@@ -2,8 +2,8 @@
 
 #include <QObject>
 
-/// While it lives, whatever the user does to a window of the program is dropped, closing included; the windows are
-/// still painted. Only a modal message can be answered. For work that lets events through in between.
+/// While it lives, discards all user input to the program's windows, including closing them; the windows are still
+/// painted. Only a modal message can be answered. For work that processes events along the way.
 class CInputBlocker : public QObject {
     Q_OBJECT
 

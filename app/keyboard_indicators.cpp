@@ -13,7 +13,7 @@ std::optional<CKeyboardIndicators> ReadKeyboardIndicators() {
 
 #elif defined(QUORVEL_X11)
 
-// After Qt's headers: its macros take over names that Qt uses.
+// After Qt's headers: its macros redefine names that Qt uses.
 #include <X11/XKBlib.h>
 
 namespace {
@@ -27,7 +27,7 @@ constexpr unsigned kScrollLockBit = 4U;
 
 std::optional<CKeyboardIndicators> ReadKeyboardIndicators() {
     const auto* const x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    // Without a screen the interface may be there and lead to no server.
+    // Without a screen the interface may exist without a server.
     if (x11 == nullptr || x11->display() == nullptr) return std::nullopt;
     unsigned state = 0;
     if (XkbGetIndicatorState(x11->display(), XkbUseCoreKbd, &state) != 0) return std::nullopt;

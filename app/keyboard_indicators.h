@@ -9,5 +9,5 @@ struct CKeyboardIndicators {
     bool scrollLock = false;
 };
 
-/// The locks as the platform tells them: on Windows and under X11; no value elsewhere.
+/// The locks as the platform reports them, on Windows and under X11; no value elsewhere.
 std::optional<CKeyboardIndicators> ReadKeyboardIndicators();

@@ -69,7 +69,7 @@ CMainFrame::CMainFrame(const CWindowServices& services, std::unique_ptr<CChartCo
 
 CMainFrame::~CMainFrame() {
     qApp->removeEventFilter(this);
-    // The view watches the document and uses the chart, so it goes before both.
+    // The view watches the document and uses the chart, so it must be destroyed before both.
     const std::unique_ptr<QWidget> view(takeCentralWidget());
 }
 

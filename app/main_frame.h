@@ -24,12 +24,12 @@ class CStatusLine;
 class CToolbarRow;
 class QToolBar;
 
-/// The main window: wires menus, toolbar, status bar and page selector to the one document and its one view.
+/// The main window: wires menus, toolbar, status bar, and page selector to the one document and its one view.
 class CMainFrame : public QMainWindow {
     Q_OBJECT
 
 public:
-    /// `chart` shows the chart pages; the frame's own kind when none is given.
+    /// `chart` shows the chart pages; the frame makes its own when none is given.
     explicit CMainFrame(const CWindowServices& services, std::unique_ptr<CChartControl> chart = nullptr);
     ~CMainFrame() override;
 
@@ -38,7 +38,7 @@ public:
     /// The action of a command; null for a number that no command has.
     [[nodiscard]] QAction* Action(CCommandId id) const { return m_actions.Find(id); }
 
-    /// Chooses a command as its menu entry does: nothing happens while the command is off.
+    /// Chooses a command as its menu entry does: nothing happens while the command is disabled.
     void RunCommand(CCommandId id);
 
 protected:
@@ -57,7 +57,7 @@ private:
     void ConnectHost();
     void RestoreLayout();
 
-    /// Runs a command; what it throws ends in a message, and the program lives on.
+    /// Runs a command; shows a message for an exception, and the program continues.
     void Attempt(const std::function<void()>& command);
     void UpdateCommands();
     [[nodiscard]] CCommandState State() const;
@@ -90,6 +90,6 @@ private:
     QToolBar* m_toolbar = nullptr;
     CDialogPane* m_pane = nullptr;
     CPathMenu* m_recentMenu = nullptr;
-    CPathMenu* m_loadedMenu = nullptr;  ///< the loaded signals, to look into their files
+    CPathMenu* m_loadedMenu = nullptr;  ///< the loaded signals, to view their files
     bool m_isCommandAtWork = false;
 };

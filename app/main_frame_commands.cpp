@@ -39,7 +39,7 @@
 
 namespace {
 
-/// True while it lives, also past an exception.
+/// True while it lives; reset even when an exception is thrown.
 class CWhile {
 public:
     explicit CWhile(bool& flag) : m_flag(flag) { m_flag = true; }
@@ -59,11 +59,11 @@ void CMainFrame::RunCommand(CCommandId id) {
 }
 
 void CMainFrame::Attempt(const std::function<void()>& command) {
-    // Tools can trigger commands past a dialog that is open; two at once would work on the same document.
+    // Tools can trigger commands while a dialog is open; two at once would work on the same document.
     if (m_isCommandAtWork) return;
     {
         const CWhile atWork(m_isCommandAtWork);
-        m_status->ShowMessage(tr("Ready"));  // what the last command said is no longer true of this one
+        m_status->ShowMessage(tr("Ready"));  // the last command's message does not apply to this one
         try {
             command();
         } catch (const std::exception& error) {
@@ -71,7 +71,7 @@ void CMainFrame::Attempt(const std::function<void()>& command) {
             m_status->ShowMessage(tr("The command failed."));
             m_services.messages.ShowError(this, QString::fromUtf8(error.what()));
         }
-        m_host.SetBusy(false);  // a run whose reference cannot be read leaves the wait cursor up
+        m_host.SetBusy(false);  // a run whose reference cannot be read leaves the wait cursor on
     }
     m_status->EndProgress();
     FillRecentMenu();
@@ -157,7 +157,7 @@ void CMainFrame::FollowRun(CRunState run) {
     }
 }
 
-/// "Select Uds Files", filled with `files`, and the run that follows.
+/// Opens "Select Uds Files" with `files`, then runs the comparison.
 void CMainFrame::CompareOffered(std::vector<std::string> files) {
     m_host.OfferFiles(std::move(files));
     m_document.OnCompareFiles();
@@ -167,13 +167,13 @@ void CMainFrame::ChoosePage(int pageId) {
     const bool isCompleted = m_document.Run() == CRunState::Completed;
     if (isCompleted) {
         Attempt([this, pageId] {
-            m_host.SetBusy(true);  // a page of many long signals takes its time
+            m_host.SetBusy(true);  // a page of many long signals takes a while
             m_view->ChoosePage(pageId);
             const std::string_view remark = PageRemark(pageId);
             if (!remark.empty()) m_status->ShowMessage(QString::fromUtf8(remark));
         });
     }
-    // Tools can choose a page past an open dialog, which is refused: the selector then goes back to the page on show.
+    // Tools can choose a page while a dialog is open. This is refused: the selector returns to the current page.
     m_pane->ShowPage(isCompleted ? m_document.CurrentPageId() : page::kSummary);
 }
 
@@ -240,7 +240,7 @@ void CMainFrame::dragEnterEvent(QDragEnterEvent* event) {
 
 void CMainFrame::dropEvent(QDropEvent* event) {
     if (!TakeAsCopy(*event)) return;
-    // Later: the program that the files come from waits until the drop has ended.
+    // Later, because the program that the files come from waits until the drop has ended.
     QTimer::singleShot(0, this, [this, paths = LocalPaths(*event->mimeData())] { TakeDropped(paths); });
 }
 

@@ -127,8 +127,8 @@ private slots:
         QCOMPARE(Frame().statusBar()->currentMessage(), statusText);
     }
 
-    void LocksOfTheKeyboardAreShownOnlyWhereThePlatformTellsThem() {
-        if (QGuiApplication::platformName() != "offscreen") QSKIP("This platform may tell them.");
+    void LocksOfTheKeyboardAreShownOnlyWhereThePlatformReportsThem() {
+        if (QGuiApplication::platformName() != "offscreen") QSKIP("This platform may report them.");
         const auto labels = Frame().statusBar()->findChildren<QLabel*>();
         QStringList hidden;
         for (const QLabel* const label : labels) {
@@ -175,7 +175,7 @@ private slots:
         QVERIFY(!Frame().findChild<QWidget*>("progress")->isVisible());
     }
 
-    void ThePaneIsLabelledAndNamed() {
+    void ThePaneIsLabeledAndNamed() {
         QCOMPARE(Pane().property("controlId").toInt(), 128);
         QVERIFY(Pane().isVisible());
         const auto* const label = Pane().findChild<QLabel*>();
@@ -216,7 +216,7 @@ private slots:
         }
     }
 
-    void ThePaneStandsAtTheRightEndOfTheToolbarRow_data() {
+    void ThePaneIsAtTheRightEndOfTheToolbarRow_data() {
         QTest::addColumn<QSize>("size");
         QTest::newRow("usual") << QSize(1000, 600);
         QTest::newRow("wide") << QSize(1700, 900);
@@ -224,11 +224,11 @@ private slots:
         QTest::newRow("narrow") << QSize(640, 480);
         QTest::newRow("as small as it gets") << QSize(1, 1);
     }
-    void ThePaneStandsAtTheRightEndOfTheToolbarRow() {
+    void ThePaneIsAtTheRightEndOfTheToolbarRow() {
         QFETCH(QSize, size);
         Frame().resize(size);
         CheckPane(Row());
-        // Every button can be reached: it is not under the pane, or it is in the list behind the last one.
+        // Every button can be reached: it is not under the pane, or it is in the list after the last one.
         const auto* const more = Toolbar().findChild<QToolButton*>("qt_toolbar_ext_button");
         QVERIFY(!more->isVisible() || !InFrame(*more).intersects(InFrame(Pane())));
         for (QAction* const action : Toolbar().actions()) {
@@ -298,7 +298,7 @@ private slots:
         expected.removeOne("SaveBmp");
         expected.removeOne("SaveWmf");
         expected.removeOne("About");
-        expected.removeAt(expected.lastIndexOf("-"));  // no group is left between two separators
+        expected.removeAt(expected.lastIndexOf("-"));  // an empty group has no separators
         QCOMPARE(Names(Toolbar().actions()), expected);
         m_window->Reopen();
         QCOMPARE(Names(Toolbar().actions()), expected);
@@ -318,7 +318,7 @@ private slots:
         QVERIFY(Toolbar().actions().contains(Frame().Action(CCommandId::PrintDirect)));
     }
 
-    void ACancelledCustomizeChangesNothing() {
+    void ACanceledCustomizeChangesNothing() {
         m_window->dialogs.Expect([](QWidget& dialog) {
             dialog.findChild<QListWidget*>()->item(0)->setCheckState(Qt::Unchecked);
             dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Cancel)->click();

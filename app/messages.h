@@ -4,15 +4,15 @@
 
 class QWidget;
 
-/// Sign beside a message.
+/// Icon of a message box.
 enum class CMessageIcon { Information, Warning, Error };
 
-/// How the program speaks up: message boxes and the beep. Tests put a recorder in its place.
+/// How the program gets the user's attention: message boxes and the beep. Tests replace it with a recorder.
 class CMessages {
 public:
     virtual ~CMessages() = default;
 
-    /// Shows `text` above `parent` until the user has confirmed it.
+    /// Shows `text` above `parent` until the user confirms it.
     virtual void Show(QWidget* parent, CMessageIcon icon, const QString& caption, const QString& text) = 0;
     /// Sounds the default beep.
     virtual void Beep() = 0;

@@ -38,9 +38,9 @@ CDialogPane::CDialogPane(QWidget* parent) : QFrame(parent), m_pages(new QComboBo
     layout->addWidget(label);
     layout->addWidget(m_pages);
 
-    // Large letters may cut a name off in the pane's fixed width.
+    // With a large font, a name may not fit in the pane's fixed width.
     connect(m_pages, &QComboBox::currentTextChanged, m_pages, &QComboBox::setToolTip);
-    // activated, not currentIndexChanged: what the program selects is no choice of the user's. Keys and the wheel
+    // activated, not currentIndexChanged: only the user's choices count, not the program's. Keys and the wheel
     // activate, too.
     connect(m_pages, &QComboBox::activated, this,
             [this](int index) { emit PageChosen(m_pages->itemData(index).toInt()); });

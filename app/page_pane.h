@@ -6,7 +6,7 @@
 
 class QComboBox;
 
-/// "Plot Type:" and the drop-down of the pages that the last run offers; Alt+Y gives it the keyboard.
+/// "Plot Type:" and the drop-down of the pages that the last run offers; Alt+Y moves the focus to it.
 class CDialogPane : public QFrame {
     Q_OBJECT
 
@@ -16,9 +16,9 @@ public:
 
     explicit CDialogPane(QWidget* parent = nullptr);
 
-    /// Refills the drop-down with the names of these pages and selects the first; nobody is told of a choice.
+    /// Refills the drop-down with the names of these pages and selects the first; emits no signal.
     void SetPages(std::span<const std::int32_t> pageIds);
-    /// Selects a page's entry without telling anybody; no entry when the page is not offered.
+    /// Selects a page's entry without emitting a signal; selects none when the page is not in the list.
     void ShowPage(std::int32_t pageId);
 
 signals:

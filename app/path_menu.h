@@ -3,8 +3,8 @@
 #include <QMenu>
 #include <QStringList>
 
-/// A menu of numbered paths. The first nine numbers are mnemonics; a long path is cut in its middle, the status bar
-/// shows it whole.
+/// A menu of numbered paths. The first nine numbers are mnemonics. A long path is shortened in the middle; the status
+/// bar shows all of it.
 class CPathMenu : public QMenu {
     Q_OBJECT
 
@@ -15,6 +15,6 @@ public:
     void SetPaths(const QStringList& paths);
 
 signals:
-    /// Told once the menu has closed.
+    /// Called once the menu has closed.
     void PathChosen(const QString& path);
 };

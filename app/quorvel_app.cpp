@@ -22,7 +22,7 @@
 
 namespace {
 
-/// Does something once, when a window is on the screen and the window manager has given it its place.
+/// Does something once, when a window is on the screen and the window manager has placed it.
 class CWhenExposed : public QObject {
 public:
     CWhenExposed(QWindow& window, std::function<void()> act) : QObject(&window), m_act(std::move(act)) {
@@ -56,7 +56,7 @@ void NameApplicationToShell() {
 }  // namespace
 
 CQuorvelApp::CQuorvelApp(int& argc, char** argv) : QApplication(argc, argv) {
-    // The application took over the user's locale; numbers in files must not follow it. QLocale keeps the user's.
+    // The application adopted the user's locale, which numbers in files must not follow. QLocale keeps it.
     std::setlocale(LC_NUMERIC, "C");
     NameApplicationToShell();
     setOrganizationName(QLatin1String(CSettings::kOrganization));
@@ -69,7 +69,7 @@ std::unique_ptr<QSettings> CQuorvelApp::OpenSettings() {
     auto store =
         std::make_unique<QSettings>(QSettings::NativeFormat, QSettings::UserScope,
                                     QLatin1String(CSettings::kOrganization), QLatin1String(CSettings::kApplication));
-    store->setFallbacksEnabled(false);  // what another user or program stored is none of ours
+    store->setFallbacksEnabled(false);  // do not read what other users or programs stored
     return store;
 }
 

@@ -9,16 +9,17 @@
 class CMainFrame;
 class CMessages;
 
-/// The desktop program: names itself to the desktop, keeps numbers out of the user's locale, and shows an exception
-/// that escaped everything else instead of ending.
+/// The desktop program: tells the desktop its name, keeps numbers independent of the user's locale, and shows a
+/// message for an otherwise uncaught exception instead of ending.
 class CQuorvelApp : public QApplication {
     Q_OBJECT
 
 public:
-    /// As QApplication; removes the toolkit's own arguments from `argv`.
+    /// Like QApplication's; removes the toolkit's own arguments from `argv`.
     CQuorvelApp(int& argc, char** argv);
 
-    /// Where what `notify` catches is said; before, it is passed on. `messages` must outlive the program.
+    /// Reports exceptions that `notify` catches to `messages`; until then they propagate. `messages` must outlive the
+    /// program.
     void SetMessages(CMessages& messages) { m_messages = &messages; }
 
     /// The program's own store of settings: per user, in the platform's form.
@@ -33,7 +34,7 @@ private:
     CMessages* m_messages = nullptr;
 };
 
-/// Starts in `frame`, which was shown before, what the arguments ask for: without files the dialog that selects some
-/// opens once the event loop runs; with files the document's start-up run, which loads nothing and leaves the window
-/// empty.
+/// Starts what the arguments ask for in `frame`, which must already be shown. Without files, the file selection dialog
+/// opens once the event loop runs. With files, the document's start-up run starts; it loads nothing and leaves the
+/// window empty.
 void InitInstance(CMainFrame& frame, const std::vector<std::string>& arguments);

@@ -48,7 +48,7 @@ CQuorvelView::~CQuorvelView() {
 void CQuorvelView::OnDocumentUpdate(int hint) {
     if (hint < kRunCompleted) return;
     const CRunState run = m_document.Run();
-    // What the document holds after a run that stopped is no result: the table of the run before stays.
+    // After a stopped run the document holds no results: the table of the previous run stays.
     if (run == CRunState::AtWork || run == CRunState::Stopped) return;
     const bool hadFocus = HasFocusInside();
     if (m_chart.Exists()) {
@@ -88,7 +88,7 @@ void CQuorvelView::TakeFocus(bool hadFocus) {
     const bool isWanted = hadFocus || m_hadFocusBeforeRun || window()->focusWidget() == nullptr;
     m_hadFocusBeforeRun = false;
     if (!isWanted) return;
-    // A chart is made anew at every update: without this the keyboard would go to the page selector.
+    // Every update makes a new chart: without this the page selector would get the focus.
     QWidget* const shown = ShownTable() != nullptr ? m_list : findChild<QWidget*>(QStringLiteral("chart"));
     if (shown != nullptr) shown->setFocus();
 }
@@ -116,7 +116,7 @@ void CQuorvelView::ShowRunAtWork() {
 
 void CQuorvelView::ShowStoppedRun() {
     if (m_list == nullptr) {
-        ShowHint(tr("Nothing was compared yet. Choose File > Select Files... to compare signals."));
+        ShowHint(tr("Nothing has been compared yet. Choose File > Select Files... to compare signals."));
         return;
     }
     m_banner->setText(tr("The last run stopped. These are the results of the previous run."));

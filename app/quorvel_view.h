@@ -14,11 +14,11 @@ class CQuorvelDoc;
 class CSummaryList;
 class QLabel;
 
-/// What the main window shows of the document: the summary table on page 1, a chart on every other page, a hint of what
-/// to do next where there is nothing to show.
+/// What the main window shows of the document: the summary table on page 1, a chart on every other page, and a hint
+/// about what to do next when there is nothing to show.
 ///
-/// The table is a snapshot of the last completed run. When a later run stops, the document holds what that run left:
-/// the old table then stays, marked, and what would read the document is off until a run completes.
+/// The table is a snapshot of the last completed run. When a later run stops, the document holds only parts of that
+/// run: the old table stays, marked, and commands that read the document are disabled until a run completes.
 class CQuorvelView : public QWidget, public CDocumentObserver {
     Q_OBJECT
 
@@ -30,23 +30,23 @@ public:
     void OnDocumentUpdate(int hint) override;
     void OnRunStateChanged(CRunState run) override;
 
-    /// The table on show, be it of the last run or of the one before; null while none is.
+    /// The table shown, of the last run or an earlier one; null while no table is shown.
     [[nodiscard]] const CSummaryList* ShownTable() const;
     [[nodiscard]] bool IsChartShown() const;
 
-    /// Builds and shows a page; what the document reports about it comes up here.
+    /// Builds and shows a page, with any messages from the document.
     void ChoosePage(std::int32_t pageId);
 
 signals:
-    /// A run began or ended; the view has followed.
+    /// A run began or ended; the view is already up to date.
     void RunStateChanged(CRunState run);
-    /// A run completed: these pages may be chosen, the first is on show.
+    /// A run completed: these pages may be chosen; the first is shown.
     void PagesAvailable(const QList<int>& pageIds);
-    /// The page on show has no curves, or nothing was compared yet. Kept although nothing is connected to it: the frame
-    /// is told whenever the view has nothing to show, and today leaves it at the hint.
+    /// The current page has no curves, or nothing has been compared yet. Kept although nothing is connected to it: it
+    /// tells the frame that the view has nothing to show, and for now the hint is enough.
     void NoDataToShow();
-    /// The context menu was asked for at this place of the screen; `path` is the file of the table's row there, empty
-    /// elsewhere.
+    /// The user asked for the context menu at this point of the screen; `path` is the file of the table's row there,
+    /// empty elsewhere.
     void ContextMenuRequested(const QPoint& position, const QString& path);
 
 protected:

@@ -2,7 +2,7 @@
 
 #include <QFile>
 
-/// The linker drops the resources of a static library unless somebody asks for them, from outside any namespace.
+/// The linker drops the resources of a static library unless they are requested, from outside any namespace.
 static void LoadResources() {
     Q_INIT_RESOURCE(quorvel);
 }

@@ -3,7 +3,7 @@
 #include <QIcon>
 #include <QString>
 
-/// The program's icon, drawn at whatever size is asked for.
+/// The program's icon, which scales to any size.
 QIcon ApplicationIcon();
 
 /// The icon of a command, for light and dark themes alike. `name` is one of select-files, save-bmp, save-wmf,

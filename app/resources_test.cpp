@@ -21,7 +21,7 @@ QImage Drawn(const QString& name, int size) {
     return image;
 }
 
-/// The colours of the pixels that are covered by half at least.
+/// The colors of the pixels that are at least half covered.
 std::vector<QColor> Colors(const QImage& image) {
     std::vector<QColor> colors;
     for (int y = 0; y < image.height(); ++y) {

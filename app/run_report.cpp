@@ -18,7 +18,7 @@ QString RunReport(const CQuorvelDoc& document) {
         return count == 1 ? CRunReport::tr("1 signal was compared.")
                           : CRunReport::tr("%1 signals were compared.").arg(count);
     }
-    // The document keeps the reference's own messages to itself, and without this sentence the run would end silently.
+    // The document does not show the reference's own messages; without this sentence the run would end silently.
     if (document.ErrorMessages().empty() && !document.ReferenceMessages().empty()) {
         return CRunReport::tr("The reference could not be read; nothing was compared.");
     }

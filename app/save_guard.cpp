@@ -27,8 +27,8 @@ bool CSaveGuard::TakeDefault(QPrinter& printer) {
 bool CSaveGuard::Refuses(QWidget* parent, const QString& path) {
     if (!WouldReplaceLoadedFile(m_document, path.toStdString())) return false;
     //: %1 is a path
-    const QString sentence = QCoreApplication::translate(
-        "CSaveGuard", "%1 is one of the files that are being compared. Choose another name.");
+    const QString sentence =
+        QCoreApplication::translate("CSaveGuard", "%1 is one of the files being compared. Choose another name.");
     m_services.messages.ShowError(parent, sentence.arg(path));
     return true;
 }

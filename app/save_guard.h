@@ -6,15 +6,15 @@
 
 class CQuorvelDoc;
 
-/// Keeps the user from saving or printing over a file that `document` has loaded, be it a computed signal or the
-/// reference: passes every question on, refuses such an answer with a sentence, and then counts as cancelled.
+/// Keeps the user from saving or printing over a file that `document` has loaded, whether a computed signal or the
+/// reference. Forwards every question; if the answer names such a file, shows a message and reports a cancel.
 class CSaveGuard : public CFilePicker, public CPrinterPicker {
 public:
     /// All must outlive the guard; `document` may be constructed after it.
     CSaveGuard(const CWindowServices& services, const CQuorvelDoc& document)
         : m_services(services), m_document(document) {}
 
-    /// The window's services with the guard in front of the pickers.
+    /// The window's services, with the guard wrapped around the pickers.
     [[nodiscard]] CWindowServices Guarded();
 
     std::optional<CPickedFiles> Pick(QWidget* parent, const ks::CFileRequest& request) override;

@@ -3,16 +3,16 @@
 #include <QCoreApplication>
 #include <QString>
 
-// The sentences that are said at several places of the window.
+// The messages that the window shows in several places.
 
-/// Kept: saving a hit list fails with the words of reading one, as users know it.
+/// Kept: a failed save of a hit list also shows this text, which users know.
 inline QString HitListUnreadable() {
     return QCoreApplication::translate("Quorvel", "Unable to read Hit list file");
 }
 
 inline QString NothingDropped(const QString& dataType) {
     //: %1 is the text of a file filter
-    return QCoreApplication::translate("Quorvel",
-                                       "Nothing to compare was dropped. Folders add their files of the type %1.")
+    return QCoreApplication::translate(
+               "Quorvel", "The dropped items contain nothing to compare. Folders add only files of type %1.")
         .arg(dataType);
 }

@@ -63,7 +63,7 @@ QStringList CSettings::RecentFiles() const {
 }
 
 void CSettings::AddRecentFile(const QString& path) {
-    m_store.sync();  // another window of the program may have added files meanwhile
+    m_store.sync();  // another window of the program may have added files since
     QStringList files = RecentFiles();
     const QString full = FullNativePath(path);
     RemovePath(files, full);

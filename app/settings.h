@@ -7,7 +7,7 @@
 
 #include "compare/setting_keys.h"
 
-/// What the program remembers for a user: the values of the group "Settings", the recent files in "Recent File List"
+/// What the program remembers for a user: the values of the group "Settings", the recent files in "Recent File List",
 /// and the layout of the main window in "Main Window".
 class CSettings {
 public:
@@ -20,26 +20,26 @@ public:
     static constexpr int kRecentFileCount = 4;
 
     QString Get(const CTextSetting& key) const;
-    /// A stored text that is no whole number counts as never stored.
+    /// A stored text that is not a whole number counts as missing.
     int Get(const CNumberSetting& key) const;
     void Set(const CTextSetting& key, const QString& value);
     void Set(const CNumberSetting& key, int value);
 
     /// Paths of the recent files, newest first, at most four, in native form.
     QStringList RecentFiles() const;
-    /// Puts `path`, made absolute, first; an older entry of the same file goes, and so does the fifth.
+    /// Puts `path`, made absolute, first; removes an older entry of the same file, and the fifth entry.
     void AddRecentFile(const QString& path);
     void RemoveRecentFile(const QString& path);
 
-    /// Layout of the main window as QWidget::saveGeometry and QMainWindow::saveState give it; empty at first.
+    /// Layout of the main window as QWidget::saveGeometry and QMainWindow::saveState give it; initially empty.
     QByteArray WindowGeometry() const;
     QByteArray WindowState() const;
     void SetWindowLayout(const QByteArray& geometry, const QByteArray& state);
-    bool IsToolbarShown() const;  ///< true at first
+    bool IsToolbarShown() const;  ///< initially true
     void SetToolbarShown(bool isShown);
-    bool IsStatusBarShown() const;  ///< true at first
+    bool IsStatusBarShown() const;  ///< initially true
     void SetStatusBarShown(bool isShown);
-    /// Ids of the toolbar's actions that are not shown; at first only "PrintDirect", which prints without a question.
+    /// Ids of the toolbar's actions that are not shown; initially only "PrintDirect", which prints without asking.
     QStringList HiddenToolbarActions() const;
     void SetHiddenToolbarActions(const QStringList& ids);
 

@@ -4,7 +4,7 @@
 #include "viewer/viewer_host.h"
 
 /// The program around the file viewer: its message boxes, pickers and printers are those of the window. It reads the
-/// settings and stores nothing, looking into a file changes nothing.
+/// settings and stores nothing: viewing a file changes nothing.
 class CSpecificationHost : public CViewerHost {
 public:
     explicit CSpecificationHost(const CWindowServices& services) : m_services(services) {}

@@ -7,6 +7,6 @@
 
 class QWidget;
 
-/// Asks above `parent` for a file to look into. Starts in the folder of the computed files and stores nothing: looking
-/// into a file changes no setting. No value: cancelled.
+/// Asks above `parent` for a file to view. Starts in the folder of the computed files and stores nothing: viewing a
+/// file changes no setting. No value when the user canceled.
 [[nodiscard]] std::optional<QString> PickSpecificationFile(const CWindowServices& services, QWidget* parent);

@@ -1,4 +1,4 @@
-// How the program starts: its name, its settings, its arguments and its numbers.
+// How the program starts: its name, settings, arguments, and numbers.
 
 #include <QProcess>
 #include <QProgressBar>
@@ -22,7 +22,7 @@ bool hasCommaLocale = false;  ///< whether the C library knows it
 /// The program's own arguments in this test.
 const std::vector<std::string> kArguments = {"-cfc180", "two words.001", "m\xC3\xBCnchen.001", ""};
 
-/// A command line as `main` has it: the program's name, what concerns the toolkit, and kArguments.
+/// A command line as `main` gets it: the program's name, arguments for the toolkit, and kArguments.
 class CCommandLine {
 public:
     explicit CCommandLine(const char* program) : m_texts{program, "-style", "fusion"} {
@@ -40,7 +40,7 @@ private:
     std::vector<char*> m_pointers;
 };
 
-/// Makes the locale in `folder` when the machine has the sources of it, and tells whether there is one.
+/// Builds the locale in `folder` if the machine has its sources; returns whether it exists.
 bool MakeCommaLocale(const QString& folder) {
     qputenv("LOCPATH", folder.toUtf8());
     QProcess::execute("localedef", {"-i", "de_DE", "-f", "UTF-8", folder + "/" + kCommaLocale});
@@ -78,7 +78,7 @@ private slots:
     void NumbersDoNotFollowTheUsersLocale() {
         QCOMPARE(QLocale().decimalPoint(), QString(","));
         if (!hasCommaLocale) QSKIP("The C library has no locale with a decimal comma here, and localedef made none.");
-        QCOMPARE(std::setlocale(LC_MESSAGES, nullptr), "de_DE.UTF-8");  // the user's locale was taken over
+        QCOMPARE(std::setlocale(LC_MESSAGES, nullptr), "de_DE.UTF-8");  // the user's locale is in effect
         QCOMPARE(std::setlocale(LC_NUMERIC, nullptr), "C");
         QCOMPARE(std::strtod("1.5", nullptr), 1.5);
     }
@@ -153,7 +153,7 @@ private slots:
             dialog.close();
         });
         Start(arguments);
-        QVERIFY(m_window->dialogs.opened.isEmpty());  // not before the window is there
+        QVERIFY(m_window->dialogs.opened.isEmpty());  // not before the window is shown
         QTRY_COMPARE(m_window->dialogs.opened, QStringList({"Select Uds Files"}));
         QTRY_COMPARE(files, QStringList());
     }
@@ -165,7 +165,7 @@ private slots:
         QTest::newRow("two files") << QStringList({first, second});
         QTest::newRow("a class and two files") << QStringList({"-cfc180", first, second});
         QTest::newRow("a list file") << QStringList({"-L", "list.hit"});
-        QTest::newRow("a list file behind its letter") << QStringList({"-Llist.hit"});
+        QTest::newRow("a list file after its letter") << QStringList({"-Llist.hit"});
     }
     void WithFilesTheWindowStaysEmptyAndWaits() {
         QFETCH(QStringList, arguments);
@@ -176,7 +176,7 @@ private slots:
         QVERIFY(m_window->dialogs.opened.isEmpty());
         QVERIFY(m_window->errorLists.texts.isEmpty());
         QVERIFY(m_window->messages.said.isEmpty());
-        // The run at start-up loads nothing; users know the window so.
+        // The run at start-up loads nothing; users expect that.
         QVERIFY(m_window->frame->Document().ComputedSignals().empty());
         QVERIFY(m_window->IsHintShown());
         QVERIFY(m_window->Pages().count() == 0);
@@ -193,7 +193,7 @@ private slots:
 
     // Exceptions that escape everything else.
 
-    void AnExceptionOutOfAnEventIsShownAndTheProgramLivesOn() {
+    void AnExceptionOutOfAnEventIsShownAndTheProgramContinues() {
         auto& application = static_cast<CQuorvelApp&>(*qApp);
         application.SetMessages(m_window->messages);
         CThrower thrower;
@@ -239,7 +239,7 @@ private:
 };
 
 int main(int argc, char** argv) {
-    // A home of its own for the settings, and a user whose numbers have a comma.
+    // A separate home folder for the settings, and a user whose numbers have a comma.
     const QTemporaryDir home;
     qputenv("XDG_CONFIG_HOME", home.path().toUtf8());
     hasCommaLocale = MakeCommaLocale(home.path());

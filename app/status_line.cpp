@@ -36,7 +36,7 @@ CStatusLine::CStatusLine(QStatusBar& bar)
     m_progress->hide();
     bar.addPermanentWidget(m_progress);
     m_readout->setObjectName(QStringLiteral("readout"));
-    // A description, not a name: that would be read out in place of the text.
+    // A description, not a name: screen readers would read a name instead of the text.
     m_readout->setAccessibleDescription(tr("Point under the pointer"));
     bar.addPermanentWidget(m_readout);
     m_indicators = {AddIndicator(bar, tr("CAP"), tr("Caps Lock")), AddIndicator(bar, tr("NUM"), tr("Num Lock")),

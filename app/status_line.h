@@ -8,7 +8,7 @@ class QLabel;
 class QProgressBar;
 class QStatusBar;
 
-/// What the status bar shows: a message, the progress of a run, the chart's readout and the keyboard's locks.
+/// What the status bar shows: a message, the progress of a run, the chart's readout, and the keyboard's locks.
 class CStatusLine {
     Q_DECLARE_TR_FUNCTIONS(CStatusLine)
 
@@ -17,12 +17,12 @@ public:
     explicit CStatusLine(QStatusBar& bar);
 
     void ShowMessage(const QString& text);
-    /// The pointer's place in the chart; empty hides it.
+    /// The pointer's position in the chart; empty hides it.
     void ShowReadout(const QString& text);
-    /// `done` of `total` steps; `path` is the file at work.
+    /// `done` of `total` steps; `path` is the file being processed.
     void ShowProgress(int done, int total, const QString& path);
     void EndProgress();
-    /// Reads the keyboard's locks again; they stay hidden where the platform does not tell.
+    /// Reads the keyboard's locks again; they stay hidden where the platform does not report them.
     void ShowIndicators();
 
 private:

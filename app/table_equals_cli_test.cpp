@@ -1,4 +1,4 @@
-// The window's table against the command line's results for the same choice: two programs, one outcome, cell by cell.
+// The window's table against the command line's results for the same choice: two programs, same results, cell by cell.
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -174,7 +174,7 @@ private:
         }
     }
 
-    /// By the colour that the user sees.
+    /// By the color that the user sees.
     static QString VerdictOnShow(const QModelIndex& cell) {
         const QVariant background = cell.data(Qt::BackgroundRole);
         if (!background.isValid()) return "none";

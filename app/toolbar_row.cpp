@@ -29,7 +29,7 @@ constexpr std::array kCommands = {CCommandId::SelectFiles,
 
 constexpr QSize kIconSize{20, 20};  // pixels
 constexpr int kPaneGap = 4;         // pixels between the buttons and the pane
-/// Name that Qt gives to the button which offers what has no room.
+/// Qt's name for the button that offers the buttons that do not fit.
 constexpr const char* kMoreButton = "qt_toolbar_ext_button";
 
 }  // namespace
@@ -42,7 +42,7 @@ CToolbarRow::CToolbarRow(QWidget* pane, QWidget* parent) : QToolBar(tr("Toolbar"
 
     auto* const row = new QWidget(this);
     row->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
-    // Not a toolbar of the window itself: one of those unfolds over its neighbours when it is short of room.
+    // Not a toolbar of the window itself: those expand over their neighbors when they are short of room.
     m_buttons = new QToolBar(tr("Toolbar"), row);
     m_buttons->setObjectName(QStringLiteral("toolbar"));
     m_buttons->setAccessibleName(tr("Toolbar"));
@@ -69,7 +69,7 @@ QList<QAction*> CToolbarRow::OfferedActions(const CCommandActions& actions) {
 
 void CToolbarRow::ShowCommands(const CCommandActions& actions, const QStringList& hidden) {
     m_buttons->clear();
-    bool isSeparatorDue = false;  // only once a button follows: no group is left between two separators
+    bool isSeparatorDue = false;  // added only before a button: an empty group has no separators
     for (const CCommandId id : kCommands) {
         if (id == kSeparator) {
             isSeparatorDue = !m_buttons->actions().isEmpty();

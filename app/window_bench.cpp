@@ -31,7 +31,7 @@ void NeedApplication() {
     static const QApplication application(argumentCount, arguments);
 }
 
-/// Everything a window needs, settings of its own included.
+/// Everything a window needs, including its own settings.
 struct CWindow {
     QTemporaryDir folder;
     QSettings store{folder.filePath("settings.ini"), QSettings::IniFormat};
@@ -78,7 +78,7 @@ void OpenWindow(benchmark::State& state) {
     }
 }
 
-/// The page's curves are derived, laid out, handed to a new chart and painted.
+/// Derives the page's curves, lays them out, hands them to a new chart, and paints it.
 void PageChange(benchmark::State& state) {
     CWindow& window = LoadedWindow();
     const auto pageId = static_cast<std::int32_t>(state.range(0));

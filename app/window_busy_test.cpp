@@ -1,4 +1,4 @@
-// What the main window does while a command is at work, and what it makes of a command that throws.
+// What the main window does while a command is running, and how it handles a command that throws.
 
 #include <QContextMenuEvent>
 #include <QLabel>
@@ -64,14 +64,14 @@ private slots:
         }
     }
 
-    void ALongRunRefusesWhateverTheUserDoes() {
+    void ALongRunIgnoresUserInput() {
         m_window->CompareSled();
         m_window->List()->setCurrentIndex(m_window->List()->model()->index(0, 0));
         const auto& progress = *Frame().findChild<QProgressBar*>("progress");
         int probes = 0;
         const auto connection = connect(&progress, &QProgressBar::valueChanged, this, [&] {
             QTimer::singleShot(0, this, [&] {
-                if (QApplication::overrideCursor() == nullptr) return;  // the last one, behind the run
+                if (QApplication::overrideCursor() == nullptr) return;  // the last one, after the run
                 ++probes;
                 QCOMPARE(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
                 TryEverything();
@@ -186,7 +186,7 @@ private slots:
 
     // Exceptions.
 
-    void AnExceptionOutOfACommandIsShownAndTheProgramLivesOn() {
+    void AnExceptionOutOfACommandIsShownAndTheProgramContinues() {
         OpenWindow(std::make_unique<CFailingChart>());
         m_window->CompareSled();
         m_window->ChoosePage("Velocity");
@@ -230,7 +230,7 @@ private:
         QCOMPARE(Frame().Document().CurrentPageId(), pageId);
     }
 
-    /// What an impatient user does while a run is at work.
+    /// What an impatient user does during a run.
     void TryEverything() {
         QCOMPARE(m_window->EnabledCommands(), QStringList());
         for (const CCommand& command : Commands()) {

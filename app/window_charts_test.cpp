@@ -15,7 +15,7 @@ using Calls = std::vector<std::string>;
 
 constexpr const char* kPadding = "2.220446049250313e-16";
 
-/// What every new chart is told before it gets its data.
+/// The calls that every new chart gets before its data.
 Calls Creation(const QSize& size) {
     Calls calls = {"create 304 style 0 area " + std::to_string(size.width()) + " x " + std::to_string(size.height()) +
                    " id 1"};
@@ -29,7 +29,7 @@ Calls Creation(const QSize& size) {
     return calls;
 }
 
-/// What follows the data: nothing of the page before may stay, then the chart is drawn.
+/// What follows the data: nothing of the previous page may remain, then the chart is drawn.
 Calls ResetAndDraw() {
     return {"set 3040 = 0",     "set 3605 = 0",     "apply",
             "set 3290 = 0",     "set 3223 = 0",     "set 2623 = 0",
@@ -72,7 +72,7 @@ private slots:
     }
 
     void AChartPageIsCreatedFilledAndDrawn() {
-        // The computed signal is cut where the reference ends, its last sample not kept: two points, and a padded one.
+        // The computed signal is cut where the reference ends, without its last sample: two points and a padded one.
         CompareWithoutFilter({Write("a.uds", {0.0, 2.0, 4.0, 6.0})}, Write("reference.uds", {0.0, 1.0, 2.0}));
         m_chart->calls.clear();
         m_window->ChoosePage("Acceleration");
@@ -129,7 +129,7 @@ private slots:
         QVERIFY(list->isVisible());
         QVERIFY(columns.isEmpty());
         QCOMPARE(list->DisplayedOrder(), ThirdColumnFirst());
-        QCOMPARE(list->model()->rowCount(), 1);  // filled anew, not twice
+        QCOMPARE(list->model()->rowCount(), 1);  // refilled, not filled twice
         QVERIFY(list->columnWidth(4) != 177);    // sized to its contents again
     }
 
@@ -224,7 +224,7 @@ private slots:
         m_chart->calls.clear();
         m_window->ChoosePage("Acceleration");
         QCOMPARE(Call("array 3271"), QString("array 3271 = 0 1 2 3 4 5 6 9 10 11 0 1"));
-        m_window->ChoosePage("Residuals");  // fewer series than the page before
+        m_window->ChoosePage("Residuals");  // fewer series than the previous page
         QCOMPARE(Call("array 3271"), QString("array 3271 = 0 1 2 3 4 5 6 9 10 11 0"));
     }
 

@@ -106,11 +106,11 @@ private slots:
         const QImage image(path);
         QCOMPARE(image.size(), QSize(800, 600));
         QCOMPARE(image.pixelColor(0, 0), QColor(Qt::white));
-        QSet<QRgb> colours;
+        QSet<QRgb> colors;
         for (int y = 0; y < 600; ++y) {
-            for (int x = 0; x < 800; ++x) colours.insert(image.pixel(x, y));
+            for (int x = 0; x < 800; ++x) colors.insert(image.pixel(x, y));
         }
-        QVERIFY(colours.size() > 10);  // four curves, axes and letters, smoothed
+        QVERIFY(colors.size() > 10);  // four curves, axes and letters, smoothed
         QCOMPARE(m_window->StatusText(), "The plot was saved as " + path + ".");
     }
 
@@ -235,7 +235,7 @@ private slots:
         QVERIFY(m_window->picker.requests.empty());
         QCOMPARE(m_window->StatusText(), QString("This page has no curves to save."));
         m_window->ChoosePage("Velocity");
-        m_window->ChoosePage("Summary");  // the document still holds the curves of that page
+        m_window->ChoosePage("Summary");  // the document still holds the curves of the page before
         Trigger(static_cast<CCommandId>(id));
         QVERIFY(m_window->picker.requests.empty());
     }
@@ -273,7 +273,7 @@ private slots:
         m_window->ChoosePage("Velocity");
         Save(CCommandId::SaveBmp, "plot.bmp");
         const QString path = Save(CCommandId::SaveAscii, "no such folder/table.txt");
-        QCOMPARE(m_window->StatusText(), QString("Ready"));  // no success of an earlier command stands there
+        QCOMPARE(m_window->StatusText(), QString("Ready"));  // the message of an earlier command is gone
         QCOMPARE(m_window->errorLists.texts, QStringList({"The ASCII data could not be written to " + path + ".\r\n"}));
         QVERIFY(!m_window->store.contains(kAsciiFolder));
     }
@@ -352,7 +352,7 @@ private slots:
 
     // Cancel.
 
-    void ACancelledPickerWritesAndStoresNothing_data() {
+    void ACanceledPickerWritesAndStoresNothing_data() {
         QTest::addColumn<int>("id");
         QTest::addColumn<QString>("page");
         QTest::newRow("bmp") << CommandNumber(CCommandId::SaveBmp) << "Velocity";
@@ -361,7 +361,7 @@ private slots:
         QTest::newRow("uds") << CommandNumber(CCommandId::SaveUds) << "Velocity";
         QTest::newRow("ascii") << CommandNumber(CCommandId::SaveAscii) << "Velocity";
     }
-    void ACancelledPickerWritesAndStoresNothing() {
+    void ACanceledPickerWritesAndStoresNothing() {
         QFETCH(int, id);
         QFETCH(QString, page);
         m_window->ChoosePage(page);
@@ -406,7 +406,7 @@ private slots:
     }
 
 private:
-    /// Compares copies of two samples, "signal.001" with "reference.001"; "link.001" leads to the latter.
+    /// Compares copies of two samples, "signal.001" with "reference.001"; "link.001" is a link to the latter.
     void CompareOwnFiles() {
         const QString signal = m_window->Path("signal.001"), reference = m_window->Path("reference.001");
         QVERIFY(QFile::copy(QString::fromStdString(Sled(2)), signal));
@@ -419,9 +419,9 @@ private:
         QVERIFY(Bytes(m_window->Path("reference.001")) == Bytes(QString::fromStdString(Sled(1))));
     }
     static QString Refusal(const QString& path) {
-        return "error|Error|" + path + " is one of the files that are being compared. Choose another name.";
+        return "error|Error|" + path + " is one of the files being compared. Choose another name.";
     }
-    /// The user was told so, nothing was written, and nothing is said to be saved.
+    /// The user was told, nothing was written, and no message claims otherwise.
     void CheckRefused(const QString& path) {
         QCOMPARE(m_window->messages.said, QStringList(Refusal(path)));
         QCOMPARE(m_window->StatusText(), QString("Ready"));
@@ -468,7 +468,7 @@ private:
         QVERIFY(points > 1000);
     }
 
-    /// Every cell of the report, columns in this order, against the table on show.
+    /// Every cell of the report, columns in this order, against the table shown.
     void CheckReport(const QString& report, const std::vector<int>& order) {
         static const QRegularExpression header("<TD><B>([^<]*)</B></TD>\r\n");
         static const QRegularExpression cell("\t<TD (bgcolor=\"(#[0-9A-F]{6})\" )?>([^<]*)</TD>\r\n");
@@ -479,7 +479,7 @@ private:
             QCOMPARE(headers.next().captured(1), model.headerData(column, Qt::Horizontal).toString());
         }
         QVERIFY(!headers.hasNext());
-        const std::map<CVerdict, QString> colours = {
+        const std::map<CVerdict, QString> colors = {
             {CVerdict::None, ""}, {CVerdict::Good, "#00E000"}, {CVerdict::Bad, "#E00000"}};
         QSet<QString> seen;
         auto cells = cell.globalMatch(report);
@@ -489,7 +489,7 @@ private:
                 const QRegularExpressionMatch match = cells.next();
                 const QModelIndex index = model.index(row, column);
                 QCOMPARE(match.captured(3), index.data().toString());
-                QCOMPARE(match.captured(2), colours.at(static_cast<CVerdict>(index.data(kVerdictRole).toInt())));
+                QCOMPARE(match.captured(2), colors.at(static_cast<CVerdict>(index.data(kVerdictRole).toInt())));
                 seen.insert(match.captured(2));
             }
         }
@@ -497,7 +497,7 @@ private:
         QCOMPARE(seen.size(), qsizetype{3});
     }
 
-    /// Every number of an ASCII table against the series: six significant digits, "0.0" twice behind a series' end.
+    /// Every number of an ASCII table against the series: six significant digits, "0.0" twice after a series' end.
     static void CheckTable(const QByteArray& bytes, const CQuorvelDoc& document) {
         QVERIFY(bytes.endsWith(" \r\n"));
         const QList<QByteArray> lines = bytes.chopped(2).split('\n');

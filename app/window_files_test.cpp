@@ -1,5 +1,4 @@
-// Ways into the main window beside "Select Files...": recent hit lists, what is dropped on it, and looking into one
-// file.
+// Other ways into the main window than "Select Files...": recent hit lists, drops, and viewing one file.
 
 #include <QContextMenuEvent>
 #include <QMap>
@@ -103,7 +102,7 @@ private slots:
         QTRY_COMPARE(files, QStringList({"a.001", "b c.001"}));
         QCOMPARE(reference, QString::fromStdString(Sled(1)));  // the rest is offered again
         QCOMPARE(m_window->settings.RecentFiles().first(), path);
-        QCOMPARE(m_window->frame->Document().ComputedSignals().size(), std::size_t{3});  // cancelled
+        QCOMPARE(m_window->frame->Document().ComputedSignals().size(), std::size_t{3});  // canceled
     }
 
     void TheFilesOfARecentFileAreOfferedOnce() {
@@ -181,7 +180,7 @@ private slots:
         }
         QVERIFY(QDir(m_window->folder.path()).mkdir("below"));
         WriteHitList("below/b1fa0.001", {"x"});
-        // Forces at first, then accelerations.
+        // First forces, then accelerations.
         QCOMPARE(Drop({m_window->folder.path()}),
                  QStringList({m_window->Path("a1fa0.001"), m_window->Path("z1fa0.001")}));
         m_window->settings.Set(setting::kDataType, 1);
@@ -192,8 +191,9 @@ private slots:
         DropOnly({m_window->folder.path()});
         QVERIFY(m_window->dialogs.opened.isEmpty());
         QVERIFY(m_window->messages.said.isEmpty());
-        QCOMPARE(m_window->StatusText(), QString("Nothing to compare was dropped. Folders add their files of the type "
-                                                 "UDS Force Data (*fa0.*)."));
+        QCOMPARE(m_window->StatusText(),
+                 QString("The dropped items contain nothing to compare. Folders add only files of "
+                         "type UDS Force Data (*fa0.*)."));
     }
 
     void ADroppedHitListThatCannotBeReadSaysSo() {
@@ -323,7 +323,7 @@ private slots:
         asked.filters = {{"ASCI Files (*.txt)", "*.txt"}, {"All Files (*.*)", "*.*"}};
         asked.suggestedName = "a.uds.txt";
         asked.defaultExtension = "txt";
-        QVERIFY(!host.AskSavePath(nullptr, asked));  // cancelled
+        QVERIFY(!host.AskSavePath(nullptr, asked));  // canceled
         m_window->picker.answers = {CPickedFiles{{m_window->Path("points.txt")}, 2}};
         QCOMPARE(host.AskSavePath(nullptr, asked), std::optional<QString>(m_window->Path("points.txt")));
         QCOMPARE(m_window->picker.requests.size(), std::size_t{2});

@@ -82,5 +82,5 @@ void CWindowHost::SetBusy(bool busy) {
 
 void CWindowHost::Progress(std::size_t done, std::size_t total, const std::string& path) {
     emit ProgressChanged(static_cast<int>(done), static_cast<int>(total), QString::fromStdString(path));
-    if (IsBusy()) QCoreApplication::processEvents();  // repaints; the blocker drops what the user did meanwhile
+    if (IsBusy()) QCoreApplication::processEvents();  // repaints; the blocker discards user input
 }

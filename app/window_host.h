@@ -16,8 +16,7 @@ class QWidget;
 
 /// The program around the document: opens the dialogs above a window, reads and stores the settings, shows progress.
 ///
-/// While busy the wait cursor is up and the window is repainted at every step of a run, but whatever the user does is
-/// dropped.
+/// While busy, shows the wait cursor and repaints the window at every step of a run, but discards user input.
 class CWindowHost : public QObject, public CDocumentHost {
     Q_OBJECT
 
@@ -26,7 +25,7 @@ public:
     CWindowHost(QWidget& window, const CWindowServices& services);
     ~CWindowHost() override;
 
-    /// The next selection starts with these files instead of those that the document offers.
+    /// The next selection starts with these files instead of the document's.
     void OfferFiles(std::vector<std::string> files) { m_offeredFiles = std::move(files); }
     /// Forgets the paths and errors of earlier commands.
     void BeginSaving();
@@ -49,7 +48,7 @@ public:
 
 signals:
     void BusyChanged(bool busy);
-    /// `done` of `total` steps of a run are done; `path` is the file at work, empty at the end.
+    /// `done` of `total` steps of a run are done; `path` is the current file, empty when all are done.
     void ProgressChanged(int done, int total, const QString& path);
 
 private:

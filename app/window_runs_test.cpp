@@ -1,4 +1,4 @@
-// Runs as the user of the main window sees them: those that complete and those that stop.
+// Runs as the user of the main window sees them, both completed and stopped.
 
 #include <QCheckBox>
 #include <QClipboard>
@@ -94,7 +94,7 @@ private slots:
         QCOMPARE(m_window->List()->model()->rowCount(), 2);
     }
 
-    void NewLimitsRecolourTheTableAndLeaveTheSelectorAlone() {
+    void NewLimitsRecolorTheTableAndLeaveTheSelectorAlone() {
         m_window->CompareSled();
         QCOMPARE(VerdictAt(0, kResidualColumn), CVerdict::Good);
         m_window->dialogs.Expect([](QWidget& dialog) { FillCriticalValues(dialog, "0.000001"); });
@@ -106,7 +106,7 @@ private slots:
         QCOMPARE(m_window->Pages().currentText(), QString("Summary"));
     }
 
-    void CancelledLimitsChangeNothing() {
+    void CanceledLimitsChangeNothing() {
         m_window->CompareSled();
         m_window->dialogs.Expect([](QWidget& dialog) {
             Control<QLineEdit>(dialog, kAverageResidualId)->setText("0");
@@ -148,7 +148,7 @@ private slots:
         QCOMPARE(m_pages->size(), qsizetype{1});
     }
 
-    void ACancelledSelectionChangesNothing() {
+    void ACanceledSelectionChangesNothing() {
         m_window->CompareSled();
         m_window->ChoosePage("Velocity");
         const QStringList enabled = m_window->EnabledCommands();
@@ -203,14 +203,14 @@ private slots:
         QVERIFY(m_window->List() == nullptr);
         QVERIFY(m_window->IsHintShown());
         QCOMPARE(Frame().findChild<QLabel*>("hint")->text(),
-                 QString("Nothing was compared yet. Choose File > Select Files... to compare signals."));
+                 QString("Nothing has been compared yet. Choose File > Select Files... to compare signals."));
         QCOMPARE(m_window->StatusText(), QString("The run stopped; nothing was compared."));
         QVERIFY(!m_window->Pages().isEnabled());
         QVERIFY(m_pages->isEmpty());
         CheckEnabled({});
     }
 
-    void AfterARunThatStoppedTheTableOfTheRunBeforeStaysMarked() {
+    void AfterAStoppedRunTheOldTableStaysMarked() {
         m_window->CompareSled();
         const QString table = m_window->List()->CopyDataText();
         CSummaryList* const list = m_window->List();
@@ -247,7 +247,7 @@ private slots:
         QCOMPARE(commandsTried, 20);
         QCOMPARE(m_window->dialogs.opened, QStringList({"Select Uds Files", "Enter Corridor Size",
                                                         "Edit Critical Values", "Customize", "About: Quorvel"}));
-        // The one picker is that of the file viewer: nothing asked where to save.
+        // The only picker was the file viewer's: nothing asked where to save.
         QCOMPARE(m_window->picker.requests.size(), std::size_t{1});
         QCOMPARE(m_window->picker.requests[0].title, std::string("Select Uds File to View"));
         QCOMPARE(m_window->messages.said, QStringList({"beep"}));  // of the run that stopped
@@ -255,7 +255,7 @@ private slots:
         QVERIFY(!Frame().isVisible());
     }
 
-    void ACompletedRunTakesTheMarkAway() {
+    void ACompletedRunRemovesTheMark() {
         m_window->CompareSled();
         m_window->Compare({Unreadable("junk.001")}, Sled(1));
         m_window->Compare({Sled(5)}, Sled(1));
@@ -267,7 +267,7 @@ private slots:
         CheckEnabled({"SaveHtml", "SaveUds", "SaveAscii", "CopyData"});
     }
 
-    void AReferenceThatCannotBeReadIsToldInTheStatusBarOnly() {
+    void AReferenceThatCannotBeReadIsReportedOnlyInTheStatusBar() {
         m_window->CompareSled();
         const QString table = m_window->List()->CopyDataText();
         m_window->Compare({Sled(2)}, Unreadable("reference.001"));
@@ -280,7 +280,7 @@ private slots:
         CheckEnabled({"CopyData"});
     }
 
-    void AMissingReferenceIsToldTheSameWay() {
+    void AMissingReferenceIsReportedTheSameWay() {
         m_window->Compare({Sled(2)}, m_window->Path("nowhere.001").toStdString());
         QCOMPARE(m_window->StatusText(), QString("The reference could not be read; nothing was compared."));
         QVERIFY(m_window->errorLists.texts.isEmpty());
@@ -315,7 +315,7 @@ private:
         return file.fileName().toStdString();
     }
 
-    /// What the error list says of it: why it is no UDS file, and why it is no list of points.
+    /// What the error list says about it: why it is not a UDS file, and why it is not a list of points.
     QString UnreadableText(const QString& name) {
         return QDir::toNativeSeparators(m_window->Path(name)) +
                "\r\nFile size not a multiple of 512 bytes.\r\nFailure to parse the file: " + m_window->Path(name) +
@@ -364,7 +364,7 @@ private:
         QCOMPARE(m_window->EnabledCommands(), expected);
     }
 
-    /// The table of the run before is on show, as it was and marked, with a banner above it.
+    /// The table of the previous run is shown, unchanged but marked, with a banner above it.
     void CheckPreviousRun(const QString& table) {
         QVERIFY(m_window->List()->isVisible());
         QCOMPARE(m_window->List()->CopyDataText(), table);

@@ -5,7 +5,7 @@ class CMessages;
 class CPrinterPicker;
 class CSettings;
 
-/// What the window needs of the machine and its user; all must outlive the window. Tests put scripted ones in place.
+/// What the window needs of the machine and its user; all must outlive the window. Tests use scripted ones.
 struct CWindowServices {
     CSettings& settings;
     CFilePicker& picker;

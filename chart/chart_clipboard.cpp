@@ -7,7 +7,7 @@
 std::unique_ptr<QMimeData> ChartForClipboard(std::string_view metafile, const QImage& picture) {
     const QByteArray bytes(metafile.data(), static_cast<qsizetype>(metafile.size()));
     auto data = std::make_unique<QMimeData>();
-    // LibreOffice takes metafiles under its own name only.
+    // LibreOffice accepts metafiles only under its own name.
     data->setData(QStringLiteral("application/x-openoffice-wmf;windows_formatname=\"Image WMF\""), bytes);
     data->setData(QStringLiteral("image/x-wmf"), bytes);
     data->setImageData(picture);

@@ -5,5 +5,5 @@
 #include <memory>
 #include <string_view>
 
-/// The formats under which office programs take a metafile, and the picture for all others.
+/// The formats in which office programs accept a metafile, and the picture for all others.
 std::unique_ptr<QMimeData> ChartForClipboard(std::string_view metafile, const QImage& picture);

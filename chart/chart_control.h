@@ -11,14 +11,14 @@ class QPainter;
 class QRectF;
 class QWidget;
 
-/// Numbers of the chart control's properties. Named are those whose meaning the control must know; every other number
-/// is passed on as it is, by GivenProperty.
+/// Numbers of the chart control's properties. Only those whose meaning the control must know have names; every other
+/// number is passed unchanged, by GivenProperty.
 enum class CChartProperty : std::int32_t {
     MainTitle = 2105,
     SubTitle = 2110,
     SeriesCount = 2115,
     PointCount = 2120,  ///< of every series
-    Legend = 2125,      ///< all names in one text, a tab after each
+    Legend = 2125,      ///< all names in one text, each followed by a tab
     Width = 2200,
     Height = 2205,
     Area = 2210,  ///< left, top, right, bottom
@@ -31,7 +31,7 @@ enum class CChartProperty : std::int32_t {
     SecondNoDataValue = 3656,
 };
 
-/// A property known by its number only.
+/// A property known only by its number.
 constexpr CChartProperty GivenProperty(std::int32_t number) {
     return static_cast<CChartProperty>(number);
 }
@@ -55,8 +55,8 @@ struct CChartCreation {
     std::int32_t identifier = 1;
 };
 
-/// A chart of one block of series, driven by numbered properties. Properties take effect with Apply, the picture on the
-/// screen follows with Draw. One object is one place on the screen: Create and Destroy may alternate. All
+/// A chart of one block of series, driven by numbered properties. Properties take effect with Apply; Draw then
+/// updates the picture on the screen. One object is one place on the screen: Create and Destroy may alternate. All
 /// other functions do nothing while no chart exists. Texts and paths are UTF-8.
 class CChartControl {
 public:
@@ -73,7 +73,7 @@ public:
     virtual void SetText(CChartProperty property, std::string_view text) = 0;
     virtual void SetArray(CChartProperty property, std::span<const double> values) = 0;
     virtual void SetArray(CChartProperty property, std::span<const std::int32_t> values) = 0;
-    /// `count` texts, each with a tab after it.
+    /// `count` texts, each followed by a tab.
     virtual void SetArray(CChartProperty property, std::string_view texts, std::int32_t count) = 0;
     /// An array property without values.
     virtual void ClearArray(CChartProperty property) = 0;
@@ -81,7 +81,7 @@ public:
     virtual void Draw(std::int32_t first, std::int32_t second) = 0;
     virtual void Apply() = 0;
 
-    /// Puts the chart on the clipboard as a metafile of `size`, and as a picture for programs that paste only those.
+    /// Copies the chart to the clipboard as a metafile of `size`, and as a picture for programs that only paste those.
     virtual void CopyMetafile(CChartSize size) = 0;
     /// The chart as it is zoomed, on white. NotOpened while no chart exists.
     [[nodiscard]] virtual ks::CWriteResult ExportMetafile(CChartSize size, const std::string& path) = 0;
@@ -90,7 +90,7 @@ public:
     /// The parent has a new size; the properties Width, Height and Area are already set.
     virtual void Resized(std::int32_t width, std::int32_t height) = 0;
 
-    /// Paints the chart on white into `area` of the painter's coordinates, curves as vectors, letters as large as on
-    /// the screen. The painter's device may be a printer.
+    /// Paints the chart on white into `area` of the painter's coordinates, curves as vectors, text as large as on the
+    /// screen. The painter's device may be a printer.
     virtual void PaintOnto(QPainter& painter, const QRectF& area) = 0;
 };

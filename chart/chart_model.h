@@ -22,7 +22,7 @@ public:
     void SetArray(CChartProperty property, std::string_view texts, std::int32_t count);
     void ClearArray(CChartProperty property);
 
-    /// Number of series whose X and Y values are all there.
+    /// Number of series whose X and Y values are complete.
     [[nodiscard]] std::size_t SeriesCount() const;
     [[nodiscard]] std::span<const double> X(std::size_t series) const { return Row(m_x, series); }
     [[nodiscard]] std::span<const double> Y(std::size_t series) const { return Row(m_y, series); }
@@ -35,14 +35,14 @@ public:
     [[nodiscard]] const std::string& MainTitle() const { return m_mainTitle; }
     [[nodiscard]] const std::string& SubTitle() const { return m_subTitle; }
 
-    /// True for a point that is to be drawn: neither coordinate is the no-data value, both are finite and of a size
-    /// that a drawing can hold (below 1e200).
+    /// True for a point to draw: neither coordinate is the no-data value, both are finite and
+    /// small enough to draw (below 1e200).
     [[nodiscard]] bool IsDrawn(double x, double y) const {
         return IsDrawable(x) && IsDrawable(y) && !IsNoData(x) && !IsNoData(y);
     }
 
     /// Calls take(x, y) for each point to draw, in order. Where points were left out between two others, one call with
-    /// the next point's x and a NaN comes in between; points left out at the ends leave no trace.
+    /// the next point's x and a NaN comes in between; points left out at the ends are ignored.
     template <class Take>
     void ForEachPoint(std::size_t series, Take take) const {
         const std::span<const double> x = X(series);

@@ -76,7 +76,7 @@ TEST(ChartModel, LeavesOutPaddingAtTheEnd) {
     EXPECT_THAT(Drawn({1.0, 2.0, kPadding, kPadding}, {0.0, 0.0, kPadding, kPadding}), ElementsAre("1", "2"));
 }
 
-TEST(ChartModel, OneGapStandsForAnyNumberOfMissingPoints) {
+TEST(ChartModel, OneGapReplacesAnyNumberOfMissingPoints) {
     EXPECT_THAT(Drawn({1.0, 2.0, 3.0, 4.0}, {0.0, kPadding, kPadding, 0.0}), ElementsAre("1", "gap", "4"));
 }
 

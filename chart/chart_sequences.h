@@ -10,12 +10,12 @@
 #include "chart/chart_control.h"
 #include "compare/chart_block.h"
 
-/// The line-style values handed to the chart, kept between pages. The array grows and never shrinks, so that a mode
-/// which leaves the values as they are finds those of the page before.
+/// The line-style values handed to the chart, kept between pages. The array never shrinks, so that a mode that
+/// leaves the values unchanged finds those of the previous page.
 class CLineStyles {
 public:
-    /// Sets and gives the first `seriesCount` values. Mode 0: 0 to 6, 9, 10, 11 and again from 0; mode 1: 0; mode 2: 5;
-    /// mode 3: 6. Any other mode leaves the values as they are. The span holds until the next call.
+    /// Sets and returns the first `seriesCount` values. Mode 0: 0 to 6, 9, 10, 11, repeated; mode 1: 0; mode 2: 5;
+    /// mode 3: 6. Any other mode leaves the values unchanged. The span is valid until the next call.
     std::span<const std::int32_t> Set(std::int32_t mode, std::int32_t seriesCount);
 
 private:
@@ -31,15 +31,15 @@ std::string_view CutChartText(std::string_view text);
 /// Destroys an old chart and creates a new one over the whole client area of `parent`.
 void CreateChart(CChartControl& chart, QWidget* parent, CChartSize clientArea, double noDataValue);
 
-/// Hands the block over: counts, matrices, titles, legend, line styles. `names` has one text per series; a tab in a
+/// Passes the block on: counts, matrices, titles, legend, line styles. `names` has one text per series; a tab in a
 /// name becomes a blank, since tabs separate the names. Ends with ResetChart.
 void FillChart(CChartControl& chart, const CChartBlock& block, std::span<const std::string> names,
                CLineStyles& lineStyles);
 
-/// Forgets what a previous page set and the new one did not.
+/// Clears what a previous page set and the new one did not.
 void ResetChart(CChartControl& chart);
 
-/// Everything a page change needs: creates, fills and draws.
+/// All that a page change needs: creates, fills, and draws.
 void ShowChart(CChartControl& chart, QWidget* parent, CChartSize clientArea, const CChartBlock& block,
                std::span<const std::string> names, CLineStyles& lineStyles);
 

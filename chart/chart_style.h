@@ -9,7 +9,7 @@
 
 class QWidget;
 
-/// Colors, letters and proportions of one drawing of a chart.
+/// Colors, font, and proportions of one drawing of a chart.
 struct CChartStyle {
     CChartBackground kind = CChartBackground::Light;
     QColor background, ink, grid;
@@ -21,8 +21,8 @@ struct CChartStyle {
     [[nodiscard]] QPen CurvePen(int lineStyle, std::size_t index) const;
 };
 
-/// The colors and letters of a widget: light or dark as the desktop has it.
+/// The colors and font of a widget: light or dark like the desktop.
 CChartStyle ScreenStyle(const QWidget& widget);
 
-/// Black on white, letters of 13 pixels.
+/// Black on white, with a 13-pixel font.
 CChartStyle PaperStyle(double scale);

@@ -9,7 +9,7 @@ CLegendLayout For(int entryCount) {
     return LayOutLegend({entryCount, 10.0, 100.0, 100.0, 400.0});
 }
 
-TEST(LegendLayout, FewNamesStandInOneColumn) {
+TEST(LegendLayout, FewNamesFitInOneColumn) {
     EXPECT_EQ(For(10), (CLegendLayout{1, 10, 10, 1.0, 100.0}));
     EXPECT_EQ(For(1), (CLegendLayout{1, 1, 1, 1.0, 100.0}));
 }

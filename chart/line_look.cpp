@@ -36,8 +36,8 @@ const std::array<CStyleRow, 10> kStyles{{{0, kThin, {}},
                                          {10, kThin, kLongShort},
                                          {11, kMedium, kShortDash}}};
 
-// Hues that stay apart for readers with red, green or blue weakness, darkened or lightened until they stand out from
-// the background by a contrast of at least 3:1.
+// Hues that readers with red, green, or blue weakness can distinguish, darkened or lightened to a contrast with the
+// background of at least 3:1.
 constexpr std::array<std::uint32_t, 7> kOnLight{0x000000, 0x0072B2, 0xC44E00, 0x00805C, 0xA8478A, 0x2A87C8, 0xA07000};
 constexpr std::array<std::uint32_t, 7> kOnDark{0xF2F2F2, 0x4FA8E0, 0xFF8A4C, 0x2FC79A, 0xE08CC4, 0x9AD4FF, 0xE6B022};
 

@@ -24,8 +24,8 @@ private:
     bool m_hasValues = false;
 };
 
-/// The range an axis shows for data: the data's own with `margin` times its size added on both sides; a band around the
-/// value when all data are one value; 0 to 1 without data.
+/// The range an axis shows for data: the data's own, extended by `margin` times its size on both sides; a band around
+/// the value when all data are one value; 0 to 1 without data.
 CViewRange RangeToShow(const CDataRange& data, double margin);
 
 /// `factor` < 1 shows less, > 1 more; `center` stays where it is.
@@ -34,9 +34,9 @@ CViewRange Zoomed(const CViewRange& range, double center, double factor);
 /// Moved by `share` of its size.
 CViewRange Panned(const CViewRange& range, double share);
 
-/// The nearest range that is neither finer than doubles can tell apart nor wider than twenty times `home`, and that
-/// still touches `home`.
+/// The nearest range that is neither finer than doubles can resolve nor wider than twenty times `home`, and that still
+/// touches `home`.
 CViewRange Limited(const CViewRange& range, const CViewRange& home);
 
-/// Significant digits with which labels at a thousandth of the range still differ, 6 to 15.
+/// Significant digits needed for labels a thousandth of the range apart to differ, 6 to 15.
 int LabelDigits(const CViewRange& range);

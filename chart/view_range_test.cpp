@@ -39,7 +39,7 @@ TEST(RangeToShow, ShowsZeroToOneWithoutData) {
     EXPECT_EQ(RangeToShow(Data({}), 0.05), (CViewRange{0.0, 1.0}));
 }
 
-TEST(Zoomed, KeepsTheCentreInItsPlace) {
+TEST(Zoomed, KeepsTheCenterInItsPlace) {
     ExpectNear(Zoomed({0.0, 10.0}, 2.0, 0.5), {1.0, 6.0});
     ExpectNear(Zoomed({1.0, 6.0}, 2.0, 2.0), {0.0, 10.0});
 }

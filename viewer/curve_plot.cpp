@@ -17,9 +17,9 @@
 
 namespace {
 
-constexpr double kPixelsPerInch = 96.0;  // in which the chart measures its letters
+constexpr double kPixelsPerInch = 96.0;  // the chart's unit for font sizes
 
-// Of the plot; what is left is for the other axis and the legend.
+// Of the plot; the rest is for the other axis and the legend.
 constexpr double kLongestXTitle = 0.7;
 constexpr double kLongestYTitle = 0.85;
 
@@ -28,7 +28,7 @@ QString AxisTitle(const std::string& quantity, const std::string& units) {
     return Printable(QString::fromStdString(quantity.empty() ? units : quantity + " (" + units + ")"));
 }
 
-/// The chart draws its titles whole, past its edges if need be.
+/// The chart draws its titles in full, even past its edges.
 std::string Shortened(const QString& title, double inches) {
     const QFontMetricsF letters(PaperStyle(1.0).font);
     return letters.elidedText(title, Qt::ElideRight, inches * kPixelsPerInch).toStdString();

@@ -17,7 +17,7 @@
 
 namespace {
 
-constexpr int kWideField = 40;  // bytes in the file: a value of this width takes the whole row
+constexpr int kWideField = 40;  // bytes in the file: a value of this width fills the whole row
 
 QString Title(ks::CHeaderGroupId id) {
     return QString::fromUtf8(ks::HeaderGroup(id).title);
@@ -65,7 +65,7 @@ void CFieldForm::ShowRecord(const ks::CData& record) {
     m_absentNote->setVisible(isAbsent);
 }
 
-/// The values run down each column; a wide one is alone in its row.
+/// The values run down each column; a wide one has a row to itself.
 void CFieldForm::AddBox(const QString& title, std::span<const ks::CHeaderGroupId> groups, int columns) {
     auto* const box = MakeChild<QGroupBox>(title, this);
     auto* const grid = MakeChild<QGridLayout>(box);

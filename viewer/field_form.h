@@ -11,13 +11,13 @@ class CValueEdit;
 class QGridLayout;
 class QLabel;
 
-/// Groups of the header below each other as boxes of labels and values. Each label is the buddy of its value; Tab goes
-/// from value to value in the order of the labels.
+/// Groups of the header, one below the other, as boxes of labels and values. Each label is the buddy of its value; Tab
+/// moves from value to value in the order of the labels.
 class CFieldForm : public QWidget {
     Q_OBJECT
 
 public:
-    /// Neighbours among `groups` that share a title share a box.
+    /// Adjacent `groups` with the same title share a box.
     /// @param columns  pairs of label and value side by side, at least 1
     CFieldForm(std::span<const ks::CHeaderGroupId> groups, int columns, QWidget* parent);
 

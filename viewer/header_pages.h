@@ -13,7 +13,7 @@ class CFieldForm;
 
 namespace ksres {
 
-/// A page of the property sheet that shows groups of the header, with sub-pages below where it has any.
+/// A page of the property sheet that shows groups of the header, with its sub-pages, if any, below.
 class CHeaderPage : public QWidget {
     Q_OBJECT
 
@@ -24,7 +24,7 @@ protected:
     /// @param columns  pairs of label and value side by side
     CHeaderPage(std::initializer_list<ks::CHeaderGroupId> groups, int columns, QWidget* parent);
 
-    /// Adds a sub-page on a tab of its own. The keyboard reaches what is made first first: the tabs, then the page.
+    /// Adds a sub-page on its own tab. The tab order follows the order of creation: the tabs, then the page.
     template <class SubPage>
     void AddSubPage(const QString& title) {
         AddSubPage(MakeChild<SubPage>(&Tabs()), title);

@@ -17,20 +17,19 @@ inline QString FileNotOpened(const QString& path) {
 inline QString FileNotCompleted(const QString& path) {
     //: %1 is a path
     return QCoreApplication::translate(
-               "CUDSDialog", "Writing %1 failed before the file was complete. An older file of this name is unchanged.")
+               "CUDSDialog", "%1 could not be written completely. An existing file with this name is unchanged.")
         .arg(path);
 }
 
 inline QString OverwritesItself(const QString& path) {
     //: %1 is a path
-    return QCoreApplication::translate("CUDSDialog", "%1 is the file shown here. Please choose another name.")
-        .arg(path);
+    return QCoreApplication::translate("CUDSDialog", "%1 is the file shown here. Choose another name.").arg(path);
 }
 
 inline QString NoSuchPages(int pageCount) {
     //: %1 is the number of pages
     return QCoreApplication::translate("CUDSDialog",
-                                       "None of the chosen pages is in the report; its last page is number %1.")
+                                       "The report does not have the pages you chose. Its last page is page %1.")
         .arg(pageCount);
 }
 

@@ -23,8 +23,8 @@ constexpr double kFooterHeight = 0.2;  // a line of its letters
 constexpr double kFirstBodyRow = 0.95;
 constexpr double kLastBodyRow = 10.15;
 
-// The smallest paper on which a page has its natural size: A4 upright is the narrower, and on lower paper than this
-// the lines of title and header would meet.
+// The smallest paper on which a page has its natural size: A4 upright sets the width, and on shorter paper than this
+// the title and header lines would touch.
 constexpr QSizeF kSmallestPaper{8.2, 6.0};
 
 QPointF Units(QPointF inches) {
@@ -83,7 +83,7 @@ double CPage::RowTop(double row) const {
 }
 
 QRectF CPage::Body() const {
-    const double belowHeader = RowTop(kHeaderRow) + kTitleFont.LineHeight();  // counts on low paper
+    const double belowHeader = RowTop(kHeaderRow) + kTitleFont.LineHeight();  // matters on short paper
     return {QPointF(kSideMargin, std::max(RowTop(kFirstBodyRow), belowHeader)),
             QPointF(m_size.width() - kSideMargin, RowTop(kLastBodyRow))};
 }

@@ -14,8 +14,8 @@ class QPainter;
 /// The text with a blank in place of each control character.
 QString Printable(QString text);
 
-/// The font of a printed text. Sizes on paper do not depend on the device: fonts are made in pixels of the layout, so
-/// that screen, printer and file break lines at the same places.
+/// The font of a printed text. Sizes on paper do not depend on the device: fonts are sized in pixels of the layout,
+/// so that screen, printer, and file break lines at the same places.
 struct CPrintFont {
     double points = 10.0;
     bool isBold = false;
@@ -24,7 +24,7 @@ struct CPrintFont {
     /// Height of a line and width of a text, in inches.
     [[nodiscard]] double LineHeight() const;
     [[nodiscard]] double Width(const QString& text) const;
-    /// The text in lines of at most `width` inches, broken between words, within a word where one is too long. At least
+    /// The text in lines of at most `width` inches, broken between words, or within a word that is too long. At least
     /// one line. Control characters become blanks.
     [[nodiscard]] QStringList Lines(const QString& text, double width) const;
 };
@@ -38,7 +38,7 @@ inline constexpr CPrintFont kFieldFont{10.0, false};
 /// One sheet of paper: what is where, in inches from its upper left corner. Rows are page units: row 0 is the
 /// title's line, row kFooterRow the footer's; on paper 11 inches high a row is one inch, on other paper in proportion.
 ///
-/// Paper narrower or lower than usual gets the same page drawn smaller: Size() is then larger than the paper.
+/// On paper narrower or shorter than usual, the same page is drawn smaller: Size() is then larger than the paper.
 class CPage {
 public:
     /// @param paper  width and height in inches, both > 0
@@ -51,7 +51,7 @@ public:
     /// How much smaller the page is drawn: 1 on usual paper.
     [[nodiscard]] double Scale() const { return m_scale; }
     [[nodiscard]] double RowTop(double row) const;
-    /// What lies between header and footer, for the groups.
+    /// The area between header and footer, for the groups.
     [[nodiscard]] QRectF Body() const;
 
     /// One line of text whose box begins at `place`.

@@ -75,7 +75,7 @@ private slots:
         QVERIFY(page.Body().isValid());
     }
 
-    void ARuleIsPaintedWhereItStands() {
+    void ARuleIsPaintedAtItsPlace() {
         CPage page(kLetter);
         page.AddRule({1.0, 2.0}, {3.0, 2.0});
         const QRect box = DarkBox(Painted(page, {850, 1100}));
@@ -83,7 +83,7 @@ private slots:
         QVERIFY(std::abs(box.center().y() - 200) <= 1 && box.height() <= 2);
     }
 
-    void LinesStandAtTheMarginsAndBetweenThem() {
+    void LinesAreAtTheMarginsAndBetweenThem() {
         const auto darkBox = [](Qt::AlignmentFlag alignment) {
             CPage page(kLetter);
             page.AddLine(0.0, alignment, "HHHH", kTitleFont);

@@ -18,7 +18,7 @@
 namespace ksres {
 namespace {
 
-// A page is legible in so many characters and lines, and can be told from another one in so few lines.
+// A page is legible at this many characters and lines, and distinguishable at this few lines.
 constexpr int kUsualCharacters = 100;
 constexpr int kUsualLines = 30;
 constexpr int kLeastLines = 6;
@@ -36,7 +36,7 @@ QString PlaceText(int page, int count) {
 CKsPreviewView::CKsPreviewView(QPrinter& printer, const PaintReport& paint, QWidget* parent)
     : QPrintPreviewWidget(&printer, parent) {
     setObjectName("previewView");
-    setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);  // it takes what room there is
+    setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);  // it takes the available room
     setAccessibleName(tr("Print preview"));
     connect(this, &QPrintPreviewWidget::paintRequested, this, [paint](QPrinter* target) { paint(*target); });
     const auto views = findChildren<QGraphicsView*>();
@@ -108,7 +108,7 @@ QLayout* CViewPrintPreview::MakeZoomControls() {
     QToolButton* const zoomOut = MakeButton("zoomOutButton", tr("Zoom Out"), tr("Show the pages smaller"));
     QToolButton* const fitPage = MakeButton("fitPageButton", tr("Whole Page"), tr("Show one whole page"));
     QToolButton* const fitWidth =
-        MakeButton("fitWidthButton", tr("Page Width"), tr("Show the pages as wide as the window"));
+        MakeButton("fitWidthButton", tr("Page Width"), tr("Fit the page width to the window"));
     connect(zoomIn, &QToolButton::clicked, this, [this] { m_view->zoomIn(); });
     connect(zoomOut, &QToolButton::clicked, this, [this] { m_view->zoomOut(); });
     connect(fitPage, &QToolButton::clicked, this, [this] { m_view->fitInView(); });
@@ -131,7 +131,7 @@ QToolButton* CViewPrintPreview::MakeButton(const char* id, const QString& text, 
     return button;
 }
 
-/// Letter and A4 can always be chosen; another paper stays on offer while the printer has it.
+/// Letter and A4 are always offered; another paper is offered while the printer uses it.
 void CViewPrintPreview::ShowPaper() {
     const QPageSize::PageSizeId current = m_printer->pageLayout().pageSize().id();
     const QSignalBlocker quiet(m_paperBox);
@@ -170,7 +170,7 @@ CPrintPreviewer::CPrintPreviewer(const PaintReport& paint, QWidget* parent)
 }
 
 CPrintPreviewer::~CPrintPreviewer() {
-    const std::unique_ptr<QWidget> gone(m_view);  // before the printer that it shows
+    const std::unique_ptr<QWidget> gone(m_view);  // destroyed before the printer that it shows
 }
 
 void CPrintPreviewer::Refresh() {

@@ -13,7 +13,7 @@ class QToolButton;
 
 namespace ksres {
 
-/// Paints the report onto a printer; the preview gives it one that shows what it would print.
+/// Paints the report onto a printer; the preview passes one that only shows the pages.
 using PaintReport = std::function<void(QPrinter& printer)>;
 
 /// The pages of the report as they would be printed.
@@ -25,21 +25,21 @@ public:
     CKsPreviewView(QPrinter& printer, const PaintReport& paint, QWidget* parent = nullptr);
 };
 
-/// The pages with what belongs around them: paper, zoom, going from page to page. At first without pages, but as large
-/// as with them.
+/// The pages with their controls: paper, zoom, and page navigation. Initially without pages, but as large as with
+/// them.
 class CViewPrintPreview : public QWidget {
     Q_OBJECT
 
 public:
     explicit CViewPrintPreview(QWidget* parent = nullptr);
 
-    /// Shows the report's pages from now on. `printer` must outlive the view.
+    /// Starts showing the report's pages. `printer` must outlive the view.
     void ShowPages(QPrinter& printer, const PaintReport& paint);
     [[nodiscard]] bool HasPages() const { return m_view != nullptr; }
-    /// The last control that the keyboard reaches; only the pages follow it.
+    /// The last control in the tab order before the pages.
     [[nodiscard]] QWidget* LastControl() const { return m_lastControl; }
 
-    /// Paints the pages anew, for the printer's paper.
+    /// Repaints the pages for the printer's paper.
     void Refresh();
 
 private:
@@ -53,12 +53,12 @@ private:
 
     QPrinter* m_printer = nullptr;
     CKsPreviewView* m_view = nullptr;
-    QWidget* m_frame;  ///< holds the view, with a size of its own
+    QWidget* m_frame;  ///< holds the view, with its own size
     QComboBox* m_paperBox;
     QToolButton* m_previous = nullptr;
     QToolButton* m_next = nullptr;
     QLabel* m_placeLabel;
-    QWidget* m_lastControl = nullptr;  ///< the keyboard reaches the pages after it
+    QWidget* m_lastControl = nullptr;  ///< the pages follow it in the tab order
 };
 
 /// The page of the property sheet with the report's preview. Painting waits until the page is shown.
@@ -69,13 +69,13 @@ public:
     explicit CPrintPreviewer(const PaintReport& paint, QWidget* parent = nullptr);
     ~CPrintPreviewer() override;
 
-    /// What would be printed has changed.
+    /// The report or its settings have changed.
     void Refresh();
 
-    /// The printer whose paper the preview shows, found when first asked for: that can take a moment.
+    /// The printer whose paper the preview shows, looked up on first use because that can take a moment.
     QPrinter& Printer();
 
-    /// The last control that the keyboard reaches; only the pages follow it.
+    /// The last control in the tab order before the pages.
     [[nodiscard]] QWidget* LastControl() const { return m_view->LastControl(); }
 
     /// Enough for the controls and a legible page.

@@ -7,7 +7,7 @@
 #include "viewer/page.h"
 #include "viewer/print_table.h"
 
-/// A group on a page: its title above a thin line, and below a table or a picture.
+/// A group on a page: its title above a thin line, then a table or a picture.
 class CPrintRegion {
 public:
     CPrintRegion(const QString& title, CPrintTable table);

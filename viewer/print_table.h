@@ -7,23 +7,23 @@
 
 #include "viewer/page.h"
 
-/// Rows of texts in columns of equal width. A text too wide for its column is broken into lines; its row is then
-/// higher.
+/// Rows of texts in columns of equal width. A text too wide for its column is broken into lines, which makes
+/// its row taller.
 class CPrintTable {
 public:
     /// @param columns  at least 1
     explicit CPrintTable(int columns);
 
     [[nodiscard]] int ColumnCount() const { return m_columns; }
-    /// "Col 1" for column 0. Settled, although no report shows the names so far.
+    /// "Col 1" for column 0. The form is settled, although no report shows the names yet.
     [[nodiscard]] static QString ColumnName(int column);
 
-    /// A row with one text per column; missing ones stay empty, those too many are left out.
+    /// A row with one text per column; missing texts leave empty cells, extra ones are left out.
     void AddRow(QStringList texts);
     /// A row with one text across all columns.
     void AddWideRow(const QString& text);
     /// Adds the texts in order, each in the next free column of a table `width` inches wide; one that is too wide for a
-    /// column gets a row of its own.
+    /// column gets its own row.
     void Flow(const QStringList& texts, double width);
 
     /// Inches.

@@ -11,18 +11,18 @@
 class QPagedPaintDevice;
 class QPrinter;
 
-/// Letter or A4: what is usual in the user's country.
+/// Letter or A4, whichever is usual in the user's country.
 QPageSize UsualPaper();
 
 /// How printing ended.
 enum class CPrintResult {
     Printed,
-    NoPages,      ///< none of the chosen pages is in the report; nothing was opened
-    NotOpened,    ///< the printer, or its file, does not take the report
-    NotCompleted  ///< its file could not be written completely; an old one is unchanged
+    NoPages,      ///< the report has none of the chosen pages; nothing was opened
+    NotOpened,    ///< the printer or its file does not accept the report
+    NotCompleted  ///< its file could not be written completely; an existing one is unchanged
 };
 
-/// Puts a report on paper. Printers, previews and PDF files all go this way.
+/// Puts a report on paper. Printers, previews, and PDF files all use this class.
 class CPrinter {
 public:
     /// The subject's record must outlive the printer.
@@ -33,14 +33,14 @@ public:
 
     /// Paints the report, laid out for the device's paper. The device's origin must be the paper's corner.
     /// @param pages  those to paint, from 1; empty: all. Pages that the report does not have are left out.
-    /// @return       false when the device does not take them, or when there are none
+    /// @return       false when the device does not accept them, or when there are none
     [[nodiscard]] bool PaintOn(QPagedPaintDevice& device, const QPageRanges& pages = {}) const;
 
-    /// Prints on the printer, or into its file, whose old contents are replaced only when the new one is complete;
-    /// follows the page range chosen in a print dialog.
+    /// Prints to the printer or to its file, which is replaced only when the new one is complete; honors the page range
+    /// chosen in a print dialog.
     [[nodiscard]] CPrintResult Print(QPrinter& printer) const;
 
-    /// Writes a PDF file; `layout` is paper and orientation, the report has margins of its own.
+    /// Writes a PDF file; `layout` gives paper and orientation, the report has its own margins.
     [[nodiscard]] ks::CWriteResult WritePdf(const std::string& path, const QPageLayout& layout,
                                             const QPageRanges& pages = {}) const;
 

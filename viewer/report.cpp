@@ -59,7 +59,7 @@ const std::vector<CBand>& FurtherBands() {
     return kBands;
 }
 
-/// The lines of a group; of one that the file lacks only the labels.
+/// The lines of a group; only the labels if the file lacks the group.
 QStringList Lines(const ks::CHeaderGroup& group, const ks::CData& record) {
     QStringList lines;
     const bool isThere = ks::HasHeaderGroup(record, group);

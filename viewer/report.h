@@ -19,7 +19,7 @@ struct CReportSubject {
     QDate date;  ///< in the footer
 };
 
-/// The printed report of one file, laid out for one size of paper. It holds all it shows; the record may go.
+/// The printed report of one file, laid out for one paper size. It copies all it shows; the record need not outlive it.
 class CReport {
 public:
     /// @param paper  width and height in inches, both > 0

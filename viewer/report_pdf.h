@@ -16,14 +16,14 @@ enum class CReportMode {
 /// Paper of a report that is written to a file.
 enum class CReportPaper { Letter, A4 };
 
-/// What a report file depends on beside the record.
+/// What a report file depends on besides the record.
 struct CReportFileOptions {
-    std::optional<CReportPaper> paper;                 ///< none: what is usual in the user's country
-    std::optional<std::chrono::year_month_day> today;  ///< the date in the footer; none: by the local clock
+    std::optional<CReportPaper> paper;                 ///< none: the usual paper in the user's country
+    std::optional<std::chrono::year_month_day> today;  ///< the date in the footer; none: the local date
 };
 
-/// Writes the printed report of `record` as a PDF file to `path` (UTF-8). An old file is replaced only when the new one
-/// is complete. `filePath` is the record's file: its name becomes the document's title and the plot's legend.
+/// Writes the printed report of `record` as a PDF file to `path` (UTF-8). An existing file is replaced only when the
+/// new one is complete. `filePath` is the record's file: its name becomes the document's title and the plot's legend.
 ///
 /// A QApplication must exist, on any platform; "offscreen" is enough.
 [[nodiscard]] ks::CWriteResult WriteReportPdf(const std::string& path, const ks::CData& record,

@@ -55,7 +55,7 @@ QStringList MissingCells(const std::vector<CPdfPage>& pages, const QStringList& 
     return missing;
 }
 
-/// Counted in the words of all pages, with nothing between them.
+/// Counted in the words of all pages, joined without blanks.
 qsizetype LettersOf(const std::vector<CPdfPage>& pages, QChar letter) {
     qsizetype count = 0;
     for (const CPdfPage& page : pages)
@@ -76,7 +76,7 @@ QStringList WordsOutsideMargins(const std::vector<CPdfPage>& pages) {
     return outside;
 }
 
-/// Words on top of each other. Boxes of letters reach above and below what is inked, so they may touch.
+/// Words that overlap. The boxes of letters extend above and below the ink, so they may touch.
 QStringList OverlappingWords(const std::vector<CPdfPage>& pages) {
     QStringList overlapping;
     for (const CPdfPage& page : pages) {
@@ -214,14 +214,14 @@ private slots:
         QCOMPARE(WordsOutsideMargins(Written(m_wideRecord)).join(", "), QString());
     }
 
-    void NoTextStandsOnAnother_data() { AddKinds(); }
-    void NoTextStandsOnAnother() {
+    void NoTextOverlapsAnother_data() { AddKinds(); }
+    void NoTextOverlapsAnother() {
         QCOMPARE(OverlappingWords(Written(m_record)).join(", "), QString());
         QCOMPARE(OverlappingWords(Written(m_wideRecord)).join(", "), QString());
     }
 
     void NoLetterOfAWideTextIsLost() {
-        // Labelled texts of the file, in letters: test 15 + 10 + 3 + 25 + 70, vehicles 2 (15 + 25 + 4 + 25), occupants
+        // Labeled texts of the file, in letters: test 15 + 10 + 3 + 25 + 70, vehicles 2 (15 + 25 + 4 + 25), occupants
         // 2 (6 + 1 + 2 + 20 + 20), AIS 1, curve 12 + 30 + 3 20, curve data 70 + 20 + 70, sensor 2 + 2. The label
         // "Weight:" is there four times.
         const qsizetype expected = 123 + 2 * 69 + 2 * 49 + 1 + 102 + 160 + 4 + 4;
@@ -229,7 +229,7 @@ private slots:
             QCOMPARE(LettersOf(Pages(m_wideRecord, CReportMode::Specification, paper), 'W'), expected);
     }
 
-    // Where header, title and footer stand.
+    // Where header, title, and footer are.
 
     void HeaderTitleAndFooterKeepTheirRowsAndSizes() {
         const std::vector<CPdfPage> pages = Pages(m_record, CReportMode::Specification, CReportPaper::Letter);
@@ -312,7 +312,7 @@ private slots:
         }
     }
 
-    /// They ended the name, which a tab does in a list of names.
+    /// They ended the name, as a tab does in a list of names.
     void ControlCharactersInANameAreBlanks() {
         const std::string path = m_folder.Path("named.pdf");
         const ks::CWriteResult result =
@@ -327,7 +327,7 @@ private slots:
         const CReport report({m_wideRecord, "a.uds", CReportMode::Full, QDate(2024, 2, 9)}, letter);
         const int last = report.PageCount() - 1;
         const QImage first = Picture(report, last, letter);
-        QImage other(100, 130, QImage::Format_Grayscale8);  // of another resolution, in which less room seems to be
+        QImage other(100, 130, QImage::Format_Grayscale8);  // of another resolution, which makes the room look smaller
         QPainter painter(&other);
         report.Paint(painter, last);
         painter.end();
@@ -388,8 +388,8 @@ private slots:
         QVERIFY(HasCell(pages, "Page: 2"));
     }
 
-    /// A blank page was printed, and an old file lost.
-    void ARangeOutsideTheReportIsToldAndOpensNothing() {
+    /// A blank page was printed, and an existing file was lost.
+    void ARangeOutsideTheReportIsReportedAndOpensNothing() {
         const std::string old = m_folder.Write("old.pdf", "old");
         const CPrinter report({m_record, "a.uds", CReportMode::Full, QDate(2024, 2, 9)});
         for (const std::string& path : {old, m_folder.Path("none.pdf")}) {
@@ -436,7 +436,7 @@ private slots:
         QCOMPARE(OverlappingWords(pages).join(", "), QString());
     }
 
-    void APrinterThatDoesNotOpenIsTold() {
+    void APrinterThatDoesNotOpenIsReported() {
         QPrinter printer;  // no printer and no file
         printer.setPrinterName("no such printer");
         const CPrinter report({m_record, "a.uds", CReportMode::Full, QDate(2024, 2, 9)});
@@ -463,12 +463,12 @@ private slots:
         QVERIFY(ReadAll(path).starts_with("%PDF-"));
     }
 
-    void AMissingFolderIsTold() {
+    void AMissingFolderIsReported() {
         const std::string path = m_folder.Path("nowhere/a.pdf");
         QVERIFY(WriteReportPdf(path, m_record, "a.uds", CReportMode::Full) == ks::CWriteResult::NotOpened);
     }
 
-    void AFullDeviceIsTold() {
+    void AFullDeviceIsReported() {
         QVERIFY(WriteReportPdf("/dev/full", m_record, "a.uds", CReportMode::Full) == ks::CWriteResult::NotCompleted);
     }
 
@@ -484,7 +484,7 @@ private:
             }
         }
     }
-    /// Of the row at work.
+    /// Of the current row.
     static int Column(const char* name) { return *static_cast<const int*>(QTest::qData(name, QMetaType::Int)); }
     static bool IsFull() { return Column("mode") == static_cast<int>(CReportMode::Full); }
     static bool IsLetter() { return Column("paper") == static_cast<int>(CReportPaper::Letter); }

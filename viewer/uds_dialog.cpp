@@ -44,7 +44,7 @@ ks::CFileRequest PointsRequest(const QString& fileName) {
     return request;
 }
 
-/// Forgets every size hint inside `window`: hidden pages do not tell that their values changed.
+/// Invalidates every size hint inside `window`: hidden pages do not report that their values changed.
 void ForgetSizeHints(const QWidget& window) {
     const auto widgets = window.findChildren<QWidget*>();
     for (QWidget* const widget : widgets) widget->updateGeometry();
@@ -52,23 +52,23 @@ void ForgetSizeHints(const QWidget& window) {
     for (QLayout* const layout : layouts) layout->invalidate();
 }
 
-/// Scrolls where the screen is too small for the page; wants to be as large as the page.
+/// Scrolls if the screen is too small for the page; prefers to be as large as the page.
 class CPageArea : public QScrollArea {
 public:
     CPageArea(QWidget* page, QWidget* parent) : QScrollArea(parent) {
         setWidget(page);
         setWidgetResizable(true);
         setFrameShape(QFrame::NoFrame);
-        setFocusPolicy(Qt::NoFocus);  // it follows the focus of what it holds
+        setFocusPolicy(Qt::NoFocus);  // it follows the focus of its contents
     }
 
-    /// With room for the upright bar, so that it does not bring the other one.
+    /// Includes room for the vertical scroll bar, so that it does not cause a horizontal one.
     [[nodiscard]] QSize sizeHint() const override {
         return widget()->sizeHint() + QSize(verticalScrollBar()->sizeHint().width(), 0);
     }
 };
 
-/// The wait cursor is up while it lives.
+/// Shows the wait cursor while it lives.
 class CWaitCursor {
 public:
     CWaitCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
@@ -77,7 +77,7 @@ public:
     CWaitCursor& operator=(const CWaitCursor&) = delete;
 };
 
-/// Paper and printer are kept for the next report, but not what was chosen for the pages of the last one.
+/// Keeps paper and printer for the next report, but not the page range of the last one.
 void ForgetLastPrint(QPrinter& printer) {
     printer.setPrintRange(QPrinter::AllPages);
     printer.setFromTo(0, 0);
@@ -86,7 +86,7 @@ void ForgetLastPrint(QPrinter& printer) {
     printer.setPageOrder(QPrinter::FirstPageFirst);
 }
 
-/// The one local file that a drag brings; empty when it brings something else.
+/// The single local file in a drag; empty when the drag has anything else.
 QString DraggedFile(const QMimeData& data) {
     const QList<QUrl> urls = data.urls();
     return urls.size() == 1 && urls.front().isLocalFile() ? urls.front().toLocalFile() : QString();
@@ -121,7 +121,7 @@ bool CUDSDialog::Open(const QString& path) {
 void CUDSDialog::ShowRecord(ks::CNSignal record, const QString& path) {
     m_record = std::move(record);
     m_path = path;
-    // "[*]" is where a caption marks a changed document, unless it is doubled.
+    // A caption shows the mark of a changed document at "[*]", unless it is doubled.
     setWindowTitle(tr("UDS File Specification - %1").arg(FileName().replace("[*]", "[*][*]")));
     for (CHeaderPage* const page : m_pages) page->ShowRecord(m_record);
     m_previewer->Refresh();
@@ -133,7 +133,7 @@ CUDSDialog* CUDSDialog::ShowFile(const QString& path, CViewerHost& host, QWidget
     if (!sheet->Open(path)) return nullptr;
     sheet->setAttribute(Qt::WA_DeleteOnClose);
     sheet->show();
-    return sheet.release();  // goes when closed, or with its parent
+    return sheet.release();  // deleted when closed, or with its parent
 }
 
 void CUDSDialog::AddPages() {
@@ -151,7 +151,7 @@ void CUDSDialog::AddPages() {
     SetTabOrder();
 }
 
-/// The pages were made last; the keyboard reaches them after their tabs and before what is below.
+/// The pages were made last; in the tab order they come after their tabs and before what is below.
 void CUDSDialog::SetTabOrder() {
     QWidget* before = m_previewer->LastControl();
     for (QWidget* const next : std::initializer_list<QWidget*>{m_ui->modeBox, m_ui->printButton, m_ui->xButton,
@@ -169,7 +169,7 @@ QString CUDSDialog::FileName() const {
     return QString::fromStdString(std::string(ks::FileNameOf(m_path.toStdString())));
 }
 
-/// Makes room for every page, as far as the screen has it. Never smaller: the user may have made room.
+/// Grows to fit every page, as far as the screen allows. Never shrinks: the user may have enlarged it.
 void CUDSDialog::FitSize() {
     ForgetSizeHints(*this);
     resize(WithinScreen(sizeHint(), *this).expandedTo(size()));
@@ -198,7 +198,7 @@ void CUDSDialog::PrintReport() {
             m_host.ShowError(this, FileNotCompleted(file));
             break;
     }
-    m_previewer->Refresh();  // the paper may be another
+    m_previewer->Refresh();  // the paper may have changed
 }
 
 void CUDSDialog::ExportPoints() {
@@ -241,7 +241,7 @@ void CUDSDialog::dragMoveEvent(QDragMoveEvent* event) {
     if (!DraggedFile(*event->mimeData()).isEmpty()) TakeAsCopy(*event);
 }
 
-/// The file is opened after the drop: a message would keep the program that the file comes from waiting.
+/// Opens the file after the drop: a message would keep the program that the file comes from waiting.
 void CUDSDialog::dropEvent(QDropEvent* event) {
     const QString path = DraggedFile(*event->mimeData());
     if (path.isEmpty() || !TakeAsCopy(*event)) return;

@@ -21,7 +21,7 @@ class CHeaderPage;
 class CPrintPreviewer;
 
 /// "UDS File Specification - NAME": every labeled header field of one file on pages, its report in preview and on
-/// paper, and its points as an ASCII file. A file dropped on the sheet takes the place of the one shown.
+/// paper, and its points as an ASCII file. A file dropped on the sheet replaces the one shown.
 class CUDSDialog : public QDialog {
     Q_OBJECT
 
@@ -30,16 +30,16 @@ public:
     explicit CUDSDialog(CViewerHost& host, QWidget* parent = nullptr);
     ~CUDSDialog() override;
 
-    /// Reads a UDS-1992 file and shows it. One that cannot be read is reported with the reader's sentence; the sheet
-    /// then keeps what it shows.
+    /// Reads a UDS-1992 file and shows it. If it cannot be read, shows the reader's sentence, and the
+    /// sheet keeps what it shows.
     /// @return whether the file is shown
     bool Open(const QString& path);
 
-    /// Shows a record that was read already; `path` is its file.
+    /// Shows a record that has already been read; `path` is its file.
     void ShowRecord(ks::CNSignal record, const QString& path);
 
-    /// Opens a sheet of its own for the file, above `parent`; it goes when it is closed.
-    /// @return the sheet, on the screen; null for a file that cannot be read, which is reported
+    /// Opens a separate sheet for the file, above `parent`; closing the sheet deletes it.
+    /// @return the sheet, on the screen; null for a file that cannot be read, after reporting it
     static CUDSDialog* ShowFile(const QString& path, CViewerHost& host, QWidget* parent);
 
 protected:
@@ -55,7 +55,7 @@ private:
     void FitSize();
     void PrintReport();
     void ExportPoints();
-    /// Whether a path leads to the very file shown, which no output may replace.
+    /// Whether a path names the file shown, which no output may replace.
     [[nodiscard]] bool IsShownFile(const QString& path) const;
 
     std::unique_ptr<Ui::CUDSDialog> m_ui;

@@ -72,7 +72,7 @@ std::unique_ptr<QMimeData> Files(const QStringList& paths) {
     return data;
 }
 
-/// Drags `data` over `target` and drops it there where that is allowed.
+/// Drags `data` over `target` and drops it there if that is allowed.
 bool Drop(QWidget& target, const QMimeData& data) {
     const QPoint middle = target.rect().center();
     QDragEnterEvent enter(middle, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
@@ -126,7 +126,7 @@ private slots:
         QCOMPARE(m_sheet->findChildren<ksres::CPrintPreviewer*>().size(), qsizetype{1});
     }
 
-    void SubPagesStandOnTheirPages() {
+    void SubPagesAreOnTheirPages() {
         QVERIFY(Page<ksres::CUDSVehDialog>()->findChild<ksres::CUdsVeh1Dialog*>());
         QVERIFY(Page<ksres::CUDSVehDialog>()->findChild<ksres::CUdsVeh2Dialog*>());
         QVERIFY(Page<ksres::CUDSOCCDialog>()->findChild<ksres::CUdsOcc1Dialog*>());
@@ -238,7 +238,7 @@ private slots:
              data + "Scale Factor"});
         row("preview", 4,
             {"paperBox", "Next page", "Show the pages larger", "Show the pages smaller", "Show one whole page",
-             "Show the pages as wide as the window", "Pages of the report"});
+             "Fit the page width to the window", "Pages of the report"});
     }
     void TabGoesFromThePagesTabsThroughEverything() {
         QFETCH(int, page);
@@ -397,7 +397,7 @@ private slots:
         QCOMPARE(Groups(*Page<ksres::CUdsVeh1Dialog>()).front().lines.front(), QString("Make: MAKE A"));
     }
 
-    /// Told that its file is moved, a file manager deletes it.
+    /// A file manager that is told its file was moved deletes it.
     void AFileThatIsOfferedToBeMovedIsCopied() {
         const auto data = Files({m_path});
         const auto checkCopied = [this](QDropEvent& event) {
@@ -480,14 +480,14 @@ private slots:
     void TheFileOnShowIsNotReplacedByItsPoints() {
         const QString sameFile = Text(m_folder.Path("./two.uds"));
         Export("xyButton", sameFile);
-        QCOMPARE(m_host->errors, QStringList({sameFile + " is the file shown here. Please choose another name."}));
+        QCOMPARE(m_host->errors, QStringList({sameFile + " is the file shown here. Choose another name."}));
         QVERIFY(ReadAll(m_path.toStdString()) == TwoComponentFile());
     }
 
-    void AFullDeviceIsTold() {
+    void AFullDeviceIsReported() {
         Export("xyButton", QString("/dev/full"));
-        QCOMPARE(m_host->errors, QStringList({"Writing /dev/full failed before the file was complete. An older file of "
-                                              "this name is unchanged."}));
+        QCOMPARE(m_host->errors, QStringList({"/dev/full could not be written completely. An existing file with this "
+                                              "name is unchanged."}));
     }
 
     void AValueThatIsNotFiniteIsRefused() {
@@ -561,18 +561,18 @@ private slots:
             return true;
         };
         Click("printButton");
-        QCOMPARE(m_host->errors, QStringList({m_path + " is the file shown here. Please choose another name."}));
+        QCOMPARE(m_host->errors, QStringList({m_path + " is the file shown here. Choose another name."}));
         QVERIFY(ReadAll(m_path.toStdString()) == TwoComponentFile());
     }
 
-    void TheNumberOfPagesIsToldBeforePrinting() {
+    void TheNumberOfPagesIsGivenBeforePrinting() {
         Click("printButton");
         Child<QComboBox>("modeBox")->setCurrentIndex(1);
         Click("printButton");
         QCOMPARE(m_host->pageCounts, QList<int>({1, 2}));
     }
 
-    void ARangeOutsideTheReportIsToldWithoutAFile() {
+    void ARangeOutsideTheReportIsReportedWithoutAFile() {
         const std::string before = m_folder.Listing();
         m_host->choosePrinter = [&](QPrinter& printer) {
             printer.setOutputFileName(Text(m_folder.Path("outside.pdf")));
@@ -582,7 +582,7 @@ private slots:
         };
         Click("printButton");
         QCOMPARE(m_host->errors,
-                 QStringList({"None of the chosen pages is in the report; its last page is number 1."}));
+                 QStringList({"The report does not have the pages you chose. Its last page is page 1."}));
         QCOMPARE(m_folder.Listing(), before);
         Child<QComboBox>("modeBox")->setCurrentIndex(1);
         Click("printButton");
@@ -590,7 +590,7 @@ private slots:
         QVERIFY(ReadAll(m_folder.Path("outside.pdf")).starts_with("%PDF-"));
     }
 
-    /// What was chosen for one print held, unseen, for all that followed.
+    /// The choices for one print used to apply, unseen, to all that followed.
     void EachPrintStartsWithAllPages() {
         const QString path = Text(m_folder.Write("dropped.uds", UdsFile({}).Text()));
         QStringList offered;
@@ -623,10 +623,10 @@ private slots:
         QCOMPARE(m_host->errors, QStringList());
     }
 
-    void PrintingCanBeCancelled() {
+    void PrintingCanBeCanceled() {
         const std::string before = m_folder.Listing();
         m_host->choosePrinter = [&](QPrinter& printer) {
-            printer.setOutputFileName(Text(m_folder.Path("cancelled.pdf")));
+            printer.setOutputFileName(Text(m_folder.Path("canceled.pdf")));
             return false;
         };
         Click("printButton");

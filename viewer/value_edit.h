@@ -2,7 +2,7 @@
 
 #include <QLineEdit>
 
-/// A value that cannot be edited, but be selected and copied; at least as wide as its text.
+/// A value that can be selected and copied but not edited; at least as wide as its text.
 class CValueEdit : public QLineEdit {
     Q_OBJECT
 

@@ -10,19 +10,20 @@
 class QPagedPaintDevice;
 class QPrinter;
 
-/// What a PDF file is beside its pages.
+/// Properties of a PDF file apart from its pages.
 struct CPdfForm {
     QPageLayout layout;  ///< paper and orientation; the pages' origin is the corner inside its margins
     QString title;
 };
 
-/// Paints pages onto a printer or into a file; false when the device does not take them.
+/// Paints pages onto a printer or into a file; false when the device does not accept them.
 using PaintPages = std::function<bool(QPagedPaintDevice& device)>;
 
-/// Writes what `paint` paints as a PDF file to `path` (UTF-8). The toolkit empties an old file before it paints and
-/// tells no fault of writing; this file is painted in memory and replaces an old one only when it is complete.
+/// Writes what `paint` paints as a PDF file to `path` (UTF-8). The toolkit would empty an existing file before
+/// painting and report no write errors; here the file is painted in memory and replaces an existing one only when it
+/// is complete.
 /// @return NotCompleted also when `paint` fails
 [[nodiscard]] ks::CWriteResult WritePdfFile(const std::string& path, const CPdfForm& form, const PaintPages& paint);
 
-/// Whether `printer` was told to make a PDF file of a given name: its case for WritePdfFile.
+/// Whether `printer` is set to write a PDF file with a given name, which is a case for WritePdfFile.
 [[nodiscard]] bool MakesPdfFile(const QPrinter& printer);

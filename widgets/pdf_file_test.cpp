@@ -39,7 +39,7 @@ private slots:
         QCOMPARE(pdf.count("/Type /Page\n"), qsizetype{2});
         static const QRegularExpression paper(R"(/MediaBox \[0 0 792(\.0+)? 612(\.0+)?\])");
         QVERIFY(paper.match(QString::fromLatin1(pdf)).hasMatch());
-        QByteArray title("\xFE\xFF");  // UTF-16, the byte of the higher value first
+        QByteArray title("\xFE\xFF");  // UTF-16, big-endian
         for (const char letter : QByteArray("Velocity")) title.append('\0').append(letter);
         QVERIFY(pdf.contains("/Title (" + title + ")"));
     }
@@ -56,7 +56,7 @@ private slots:
         QVERIFY(std::abs(inches.height() - expected.height()) <= 0.002);
     }
 
-    void AFaultIsToldAndLeavesTheOldFileAsItIs() {
+    void AFaultIsReportedAndLeavesTheOldFileUnchanged() {
         const std::string path = m_folder.Write("old.pdf", "old");
         const PaintPages fail = [](QPagedPaintDevice&) { return false; };
         QVERIFY(WritePdfFile(path, {kSideways, {}}, fail) == ks::CWriteResult::NotCompleted);
@@ -65,7 +65,7 @@ private slots:
             QVERIFY(WritePdfFile(path, {kSideways, {}}, PaintTwoPages) == ks::CWriteResult::NotCompleted);
         }
         {
-            const COrdinaryUser user;  // who may not write there
+            const COrdinaryUser user;  // without write permission there
             QVERIFY(WritePdfFile(path, {kSideways, {}}, PaintTwoPages) == ks::CWriteResult::NotOpened);
         }
         QCOMPARE(ReadAll(path), std::string("old"));
@@ -79,7 +79,7 @@ private slots:
         QVERIFY(!isPainted);
     }
 
-    void AFullDeviceIsTold() {
+    void AFullDeviceIsReported() {
         QVERIFY(WritePdfFile("/dev/full", {kSideways, {}}, PaintTwoPages) == ks::CWriteResult::NotCompleted);
     }
 

@@ -2,9 +2,9 @@
 
 #include <QDropEvent>
 
-/// Takes a drag or a drop of files as a copy: told that its files were moved, a file manager would delete them. One
-/// whose files can only be moved is refused.
-/// @return whether it is taken
+/// Accepts a drag or a drop of files as a copy: a file manager that is told its files were moved would delete them.
+/// Refuses files that can only be moved.
+/// @return whether it is accepted
 inline bool TakeAsCopy(QDropEvent& event) {
     const bool canCopy = event.possibleActions().testFlag(Qt::CopyAction);
     event.setDropAction(canCopy ? Qt::CopyAction : Qt::IgnoreAction);

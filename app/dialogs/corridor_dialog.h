@@ -17,7 +17,7 @@ public:
     CCorridorDlg(double size, CMessages& messages, QWidget* parent = nullptr);
     ~CCorridorDlg() override;
 
-    /// The size as last read from the dialog: > 0 and finite once it was closed with OK.
+    /// The size as last read from the dialog: > 0 and finite after the dialog was closed with OK.
     double Size() const { return m_size; }
 
 public slots:

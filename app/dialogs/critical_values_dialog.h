@@ -16,7 +16,7 @@ namespace Ui {
 class CCriticalValuesDlg;
 }
 
-/// "Edit Critical Values": edits a copy of the critical values. Any finite number is taken.
+/// "Edit Critical Values": edits a copy of the critical values. Any finite number is accepted.
 class CCriticalValuesDlg : public QDialog {
     Q_OBJECT
 
@@ -25,11 +25,11 @@ public:
     CCriticalValuesDlg(const CCriticalValues& values, CMessages& messages, QWidget* parent = nullptr);
     ~CCriticalValuesDlg() override;
 
-    /// The values given, or all as edited once the dialog was closed with OK.
+    /// The values given; after OK, the edited values.
     const CCriticalValues& Values() const { return m_values; }
 
 public slots:
-    /// OK: stays open at the first field, from the top, that holds no number.
+    /// OK: stays open and focuses the first field, from the top, that does not hold a number.
     void accept() override;
 
 private:

@@ -16,7 +16,7 @@ QString PlainActionText(const QString& text) {
     const QString label = text.section(QLatin1Char('\t'), 0, 0);
     QString plain;
     for (qsizetype i = 0; i < label.size(); ++i) {
-        if (label[i] == u'&') ++i;  // marks the next character; a doubled one stands for itself
+        if (label[i] == u'&') ++i;  // marks the next character; a doubled one is a literal ampersand
         if (i < label.size()) plain += label[i];
     }
     return plain;

@@ -12,8 +12,8 @@ namespace Ui {
 class CCustomizeDialog;
 }
 
-/// The text of an action as a list shows it: without the mark of its mnemonic and without the tab and shortcut that may
-/// follow.
+/// The text of an action as a list shows it: without the mnemonic's ampersand and without a tab and shortcut after
+/// it.
 QString PlainActionText(const QString& text);
 
 /// "Customize": which buttons the toolbar shows, one checkable entry per action.
@@ -21,12 +21,12 @@ class CCustomizeDialog : public QDialog {
     Q_OBJECT
 
 public:
-    /// Offers `actions`, in order, but no separators and none without an id, which is its objectName. Those whose ids
-    /// are in `hiddenIds` are not checked.
+    /// Offers `actions`, in order, except separators and actions without an id (objectName). Those whose ids are in
+    /// `hiddenIds` are not checked.
     CCustomizeDialog(const QList<QAction*>& actions, const QStringList& hiddenIds, QWidget* parent = nullptr);
     ~CCustomizeDialog() override;
 
-    /// The ids given, or those of the unchecked actions, in order, once the dialog was closed with OK.
+    /// The ids given; after OK, those of the unchecked actions, in order.
     const QStringList& HiddenIds() const { return m_hiddenIds; }
 
 public slots:

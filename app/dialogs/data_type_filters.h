@@ -10,8 +10,8 @@ class CSettings;
 /// The filters of the signal-file pickers; the setting "DataType" is a 1-based index into them.
 const std::vector<ks::CFileFilter>& DataTypeFilters();
 
-/// The wildcard of the data type that the settings hold; that of the first one when they hold none of the six: the
-/// pickers start with it, too.
+/// The wildcard of the data type in the settings; that of the first type, with which the pickers start, too, when
+/// the settings hold none of the six.
 QString CurrentDataTypeWildcard(const CSettings& settings);
 
 /// The text of that data type, as the pickers show it.

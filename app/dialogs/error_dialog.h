@@ -24,13 +24,13 @@ public:
 
     /// Appends `message` and a line end to the text.
     void AddMessage(const std::string& message);
-    /// All messages, each followed by CR LF; empty without any.
+    /// All messages, each followed by CR LF; empty without messages.
     const QString& Text() const { return m_text; }
 
-    /// Appends the messages. Those about one file stand together under its path, in the platform's form, with an empty
-    /// line before and after them.
+    /// Appends the messages. Messages about one file are grouped under its path, in native form, with an empty line
+    /// before and after the group.
     void AddMessages(const std::vector<CRunMessage>& messages);
-    /// Shows the messages and waits until the user has closed the dialog; nothing without any.
+    /// Shows the messages and waits until the user closes the dialog; does nothing without messages.
     static void ShowMessages(const std::vector<CRunMessage>& messages, QWidget* parent);
 
 protected:

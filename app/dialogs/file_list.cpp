@@ -21,7 +21,7 @@ namespace {
 
 constexpr int kPathRole = Qt::UserRole;  // QByteArray: a path need not be valid UTF-8
 
-/// Rows as wide as the list whatever their text, shortened in the middle: the file's name stays in sight.
+/// Rows as wide as the list; a longer text is shortened in the middle, so the file's name stays visible.
 class CPathDelegate : public QStyledItemDelegate {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
@@ -149,7 +149,7 @@ void CFileList::dropEvent(QDropEvent* event) {
     }
     stopAutoScroll();
     setState(NoState);
-    viewport()->update();  // without the mark of the place
+    viewport()->update();  // removes the drop marker
     if (TakeAsCopy(*event)) emit PathsDropped(LocalPaths(*event->mimeData()), DropRow(event->position().toPoint()));
 }
 
@@ -178,5 +178,5 @@ void CFileList::paintEvent(QPaintEvent* event) {
     QPainter painter(viewport());
     painter.setPen(palette().color(QPalette::PlaceholderText));
     painter.drawText(viewport()->rect().adjusted(8, 8, -8, -8), Qt::AlignCenter | Qt::TextWordWrap,
-                     tr("Add files, or drop signal files, hit lists or folders here."));
+                     tr("Add files, or drop signal files, hit lists, or folders here."));
 }

@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-/// The list of signal files: shows their paths in order, marks those whose file is missing, lets the user remove and
-/// reorder them and drop others onto it.
+/// The list of signal files: shows their paths in order, marks missing files, and lets the user remove files, reorder
+/// them, and drop others onto it.
 ///
 /// Keys: Delete removes the selected entries, Alt+Up and Alt+Down move them. Entries can be dragged to another place.
 class CFileList : public QListWidget {
@@ -17,14 +17,14 @@ public:
     /// The paths in the order shown, byte for byte as they were given.
     std::vector<std::string> Files() const;
     void AppendFiles(const std::vector<std::string>& files);
-    /// Before the entry `row`; at the end when there is none.
+    /// Inserts before the entry `row`, or at the end when there is no such entry.
     void InsertFiles(int row, const std::vector<std::string>& files);
-    /// Selects a neighbour of the last one removed; without a selection it does nothing.
+    /// Selects the neighbor of the last entry removed. Does nothing without a selection.
     void RemoveSelected();
-    /// Moves the selected entries by one place; those already at the end of the list stay there, in their order.
+    /// Moves the selected entries by one place; those already at an end of the list stay there, in their order.
     void MoveSelectedUp();
     void MoveSelectedDown();
-    /// Looks again which files are missing.
+    /// Checks again which files are missing.
     void RefreshMarks();
 
 signals:

@@ -65,7 +65,7 @@ private slots:
         }
     }
 
-    void RemovingSelectsANeighbour() {
+    void RemovingSelectsANeighbor() {
         m_list->AppendFiles({"0", "1", "2"});
         Select({1});
         m_list->RemoveSelected();
@@ -131,7 +131,7 @@ private slots:
         QCOMPARE(late.text(), path);
         QCOMPARE(late.toolTip(), "This file is missing: " + path);
         QCOMPARE(late.data(Qt::AccessibleTextRole).toString(), path + " (missing)");
-        QVERIFY(!m_list->item(1)->icon().isNull());  // a folder is no signal file
+        QVERIFY(!m_list->item(1)->icon().isNull());  // a folder is not a signal file
 
         QFile file(path);
         QVERIFY(file.open(QIODevice::WriteOnly));
@@ -171,7 +171,7 @@ private slots:
         QTest::addColumn<QString>("expected");
         QTest::newRow("down") << 0 << 3 << "1 2 0 3";
         QTest::newRow("up") << 3 << 1 << "0 3 1 2";
-        QTest::newRow("behind the last") << 1 << -1 << "0 2 3 1";
+        QTest::newRow("after the last") << 1 << -1 << "0 2 3 1";
     }
     void DraggingMovesAnEntryToAnotherPlace() {
         if (QGuiApplication::platformName() == "offscreen") QSKIP("No drags without a screen");
@@ -199,7 +199,7 @@ private slots:
         QVERIFY(move.isAccepted());
     }
 
-    /// Told that its files are moved, a file manager deletes them.
+    /// A file manager that is told its files were moved deletes them.
     void FilesThatAreOfferedToBeMovedAreCopied() {
         m_list->AppendFiles({"0", "1"});
         m_list->show();

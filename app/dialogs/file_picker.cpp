@@ -9,8 +9,8 @@
 
 namespace {
 
-/// The toolkit takes its pattern from the last parentheses and, told to hide details, shows what comes before them:
-/// so the filter's own text appears letter for letter, its own parentheses included.
+/// The toolkit takes its pattern from the last parentheses and, when told to hide details, shows what comes before
+/// them: so the filter's own text appears letter for letter, including its own parentheses.
 QString DialogFilter(const ks::CFileFilter& filter) {
     return QString::fromStdString(filter.text) + QStringLiteral(" (") + Wildcard(filter.pattern) + QLatin1Char(')');
 }
@@ -34,7 +34,7 @@ void SetFilters(QFileDialog& dialog, const ks::CFileRequest& request) {
     dialog.selectNameFilter(texts[isListed ? request.filterIndex - 1 : 0]);
 }
 
-/// The toolkit names the filter by its own text or by that of the request, depending on the kind of dialog.
+/// Depending on the kind of dialog, the toolkit reports the filter by its own text or by that of the request.
 int SelectedFilter(const QFileDialog& dialog, const ks::CFileRequest& request) {
     const QString selected = dialog.selectedNameFilter();
     for (std::size_t i = 0; i < request.filters.size(); ++i) {

@@ -17,20 +17,20 @@ struct CPickedFiles {
     int filterIndex = 1;  ///< the filter the user ended on, 1-based
 };
 
-/// Lets the user choose files. Tests put a scripted one in its place.
+/// Lets the user choose files. Tests replace it with a scripted one.
 class CFilePicker {
 public:
     virtual ~CFilePicker() = default;
-    /// No value: cancelled.
+    /// @return the choice; no value when the user canceled
     virtual std::optional<CPickedFiles> Pick(QWidget* parent, const ks::CFileRequest& request) = 0;
 };
 
-/// The file dialogs of the platform.
+/// The platform's file dialogs.
 class CFileDialogs : public CFilePicker {
 public:
     enum class CStyle { Native, Drawn };
 
-    /// Drawn dialogs are Qt's own; they can be driven without a screen.
+    /// Non-native dialogs are Qt's own; they can be driven without a screen.
     explicit CFileDialogs(CStyle style = CStyle::Native) : m_style(style) {}
     std::optional<CPickedFiles> Pick(QWidget* parent, const ks::CFileRequest& request) override;
 
@@ -47,5 +47,5 @@ QString ExistingFolder(const QString& folder);
 /// What the settings remember of a chosen file: its drive and folder with the last separator, in native form.
 QString DriveAndFolder(const QString& path);
 
-/// The wildcard that does what users mean by `pattern`: "*.*" is every file, also one without a dot.
+/// The wildcard that does what users mean by `pattern`: "*.*" matches every file, even one without a dot.
 QString Wildcard(const std::string& pattern);

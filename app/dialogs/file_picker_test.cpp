@@ -74,7 +74,7 @@ private slots:
             CFileDialogs::MakeDialog(nullptr, Request(ks::CPickerKind::OpenOne), CFileDialogs::CStyle::Drawn);
         const QSize screen = dialog->screen()->availableSize();
         QVERIFY(dialog->width() < screen.width() && dialog->height() < screen.height());
-        QVERIFY(dialog->width() == 820 || dialog->width() > screen.width() - 60);  // no smaller than it must be
+        QVERIFY(dialog->width() == 820 || dialog->width() > screen.width() - 60);  // no smaller than necessary
     }
 
     void SeveralFilesComeBackWithTheFilterTheUserEndedOn() {

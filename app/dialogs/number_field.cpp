@@ -20,7 +20,7 @@ std::optional<double> ReadNumberField(QLineEdit& field, CMessages& messages) {
     if (const auto value = NumberFromText(field.text())) return value;
     //: %1 is the name of the field, for example Min Time
     const QString text = QCoreApplication::translate(
-        "CNumberField", "\"%1\" needs a number, with a point before its decimals, for example 0.25.");
+        "CNumberField", "Enter a number for \"%1\". Use a decimal point, for example 0.25.");
     messages.ShowError(field.window(), text.arg(field.accessibleName()));
     field.setFocus();
     field.selectAll();

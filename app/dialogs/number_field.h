@@ -7,15 +7,16 @@
 class CMessages;
 class QLineEdit;
 
-/// The finite number that the whole of `text` spells, blanks around it aside; the decimal point is "." in every
-/// locale. No value for anything else: an empty text, "nan", "inf", a number beyond the range of a double.
+/// The finite number that all of `text` forms, ignoring blanks around it; the decimal point is "." in every locale.
+/// No value for anything else: an empty text, "nan", "inf", a number beyond the range of a double.
 std::optional<double> NumberFromText(QStringView text);
 
 /// The shortest text that reads back to the same number.
 QString NumberText(double value);
 
-/// The number in `field`. When it holds none, says so, puts the focus there with the text selected, and gives no value.
+/// The number in `field`. If there is none, shows a message, selects the text, moves the focus to the field, and
+/// returns no value.
 std::optional<double> ReadNumberField(QLineEdit& field, CMessages& messages);
 
-/// Makes `field` wide enough for any shortest text of a number.
+/// Makes `field` wide enough for the shortest text of any number.
 void FitNumberField(QLineEdit& field);

@@ -75,7 +75,7 @@ private slots:
         CRecordedMessages messages;
         QVERIFY(!ReadNumberField(field, messages));
         const QStringList said = {
-            "error|Error|\"Max Time\" needs a number, with a point before its decimals, for example 0.25."};
+            "error|Error|Enter a number for \"Max Time\". Use a decimal point, for example 0.25."};
         QCOMPARE(messages.said, said);
         QVERIFY(window.focusWidget() == &field);
         QCOMPARE(field.selectedText(), QString("12 mm"));

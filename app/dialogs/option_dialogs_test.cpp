@@ -81,9 +81,9 @@ private slots:
         dialog.show();
         Edit(dialog, kCorridorSizeId).setText("wide");
         QTest::keyClick(&dialog, Qt::Key_Return);
-        QCOMPARE(m_messages.said,
-                 QStringList({"error|Error|\"Corridor size\" needs a number, with a point before its decimals, for "
-                              "example 0.25."}));
+        QCOMPARE(
+            m_messages.said,
+            QStringList({"error|Error|Enter a number for \"Corridor size\". Use a decimal point, for example 0.25."}));
         QVERIFY(dialog.isVisible());
         QCOMPARE(Edit(dialog, kCorridorSizeId).text(), QString("wide"));
         QVERIFY(dialog.Size() == 4.0);
@@ -180,8 +180,7 @@ private slots:
         Edit(dialog, kMomentId).setText("7");
         Edit(dialog, id).setText("inf");
         QTest::keyClick(&dialog, Qt::Key_Return);
-        const QString message =
-            "error|Error|\"%1\" needs a number, with a point before its decimals, for example 0.25.";
+        const QString message = "error|Error|Enter a number for \"%1\". Use a decimal point, for example 0.25.";
         QCOMPARE(m_messages.said, QStringList({message.arg(name)}));
         QVERIFY(dialog.isVisible());
         QVERIFY(dialog.focusWidget() == &Edit(dialog, id));
@@ -216,7 +215,7 @@ private slots:
         QCOMPARE(dialog.Text(), QString("one\r\ntwo\r\n"));
     }
 
-    void MessagesAboutOneFileStandUnderItsPath() {
+    void MessagesAboutOneFileAreUnderItsPath() {
         ksres::CErrorDialog dialog;
         dialog.AddMessages({{"", "first"},
                             {"in/a.uds", "one"},

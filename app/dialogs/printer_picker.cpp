@@ -12,7 +12,7 @@ std::unique_ptr<QPrintDialog> CPrinterDialogs::MakeDialog(QWidget* parent, QPrin
     }
     dialog->setOption(QAbstractPrintDialog::PrintPageRange, false);
     dialog->setOption(QAbstractPrintDialog::PrintCollateCopies, false);
-    // The toolkit's own dialog, which is that of X11, offers the range all the same and undoes a hiding.
+    // The toolkit's own dialog, used on X11, offers the range anyway and shows it again if it is hidden.
     if (auto* const range = dialog->findChild<QWidget*>(QStringLiteral("gbPrintRange"))) range->setEnabled(false);
     return dialog;
 }

@@ -6,18 +6,18 @@ class QPrintDialog;
 class QPrinter;
 class QWidget;
 
-/// Lets the user choose a printer and its options. Tests put a scripted one in its place.
+/// Lets the user choose a printer and its options. Tests replace it with a scripted one.
 class CPrinterPicker {
 public:
     virtual ~CPrinterPicker() = default;
-    /// @param pageCount  of what is to be printed; of several pages the user may choose some
-    /// @return           false: cancelled
+    /// @param pageCount  of the document to print; the user can choose a range when there are several
+    /// @return           false when the user canceled
     virtual bool Pick(QWidget* parent, QPrinter& printer, int pageCount) = 0;
-    /// Makes `printer` the default printer of the platform, without a question; false: there is none.
+    /// Makes `printer` the platform's default printer without asking; false when there is none.
     virtual bool TakeDefault(QPrinter& printer) = 0;
 };
 
-/// The printer dialog of the platform.
+/// The platform's printer dialog.
 class CPrinterDialogs : public CPrinterPicker {
 public:
     bool Pick(QWidget* parent, QPrinter& printer, int pageCount) override;

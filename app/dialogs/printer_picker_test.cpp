@@ -63,7 +63,7 @@ private slots:
     void MarginsAndOrientationOfTheDialogReachThePrinter() {
         const QTemporaryDir folder;
         QPrinter printer(QPrinter::HighResolution);
-        printer.setOutputFormat(QPrinter::PdfFormat);  // also where there are printers
+        printer.setOutputFormat(QPrinter::PdfFormat);  // even where there are printers
         printer.setPageOrientation(QPageLayout::Landscape);
         m_dialogs.Expect([&](QWidget& dialog) {
             m_dialogs.Expect([](QWidget& properties) {
@@ -84,7 +84,7 @@ private slots:
         QCOMPARE(margins.top(), 80.0);
     }
 
-    void ACancelledDialogIsTold() {
+    void ACanceledDialogIsReported() {
         QPrinter printer(QPrinter::HighResolution);
         m_dialogs.Expect([](QWidget& dialog) { dialog.close(); });
         QVERIFY(!CPrinterDialogs().Pick(nullptr, printer, 3));

@@ -65,8 +65,8 @@ CSelectFiles::CSelectFiles(const CFileSelection& offered, CSettings& settings, C
 CSelectFiles::~CSelectFiles() = default;
 
 void CSelectFiles::SetShortcuts() {
-    // Not in the form: a button forgets its shortcut when it gets its text, which the form does last. Not by "&" in the
-    // texts, which are settled. Free of O and C, which many desktops give to OK and Cancel.
+    // Not in the form: a button loses its shortcut when it gets its text, which the form sets last. Not by "&" in the
+    // texts, which are settled. Not O or C, which many desktops use for OK and Cancel.
     const std::pair<QAbstractButton*, Qt::Key> shortcuts[] = {
         {m_ui->addButton, Qt::Key_A},      {m_ui->removeButton, Qt::Key_R},      {m_ui->moveUpButton, Qt::Key_U},
         {m_ui->moveDownButton, Qt::Key_D}, {m_ui->readHitListButton, Qt::Key_H}, {m_ui->saveHitListButton, Qt::Key_S},
@@ -96,7 +96,7 @@ void CSelectFiles::ConnectControls() {
     connect(m_ui->readHitListButton, &QPushButton::clicked, this, &CSelectFiles::ReadHitList);
     connect(m_ui->saveHitListButton, &QPushButton::clicked, this, &CSelectFiles::SaveHitList);
     connect(m_ui->browseButton, &QPushButton::clicked, this, &CSelectFiles::BrowseReference);
-    // Queued: the program that the files come from waits until the drop has ended, and a message may come up.
+    // Queued: the program that the files come from waits until the drop has ended, and a message may open.
     connect(m_ui->fileList, &CFileList::PathsDropped, this, &CSelectFiles::TakeDropped, Qt::QueuedConnection);
     connect(m_ui->fileList, &CFileList::itemSelectionChanged, this, &CSelectFiles::EnableListButtons);
     connect(m_ui->averageRadio, &QRadioButton::toggled, this, &CSelectFiles::EnableControls);
@@ -123,7 +123,7 @@ void CSelectFiles::EnableListButtons() {
 }
 
 void CSelectFiles::ResetInvalidTimes() {
-    // OK reads the times even when they are not used; what is no number could not be corrected in a disabled field.
+    // OK reads the times even when they are not used, and the user could not correct them in a disabled field.
     if (!NumberFromText(m_ui->minTimeEdit->text())) m_ui->minTimeEdit->setText(NumberText(m_selection.windowStart));
     if (!NumberFromText(m_ui->maxTimeEdit->text())) m_ui->maxTimeEdit->setText(NumberText(m_selection.windowEnd));
 }
@@ -199,7 +199,7 @@ void CSelectFiles::SaveHitList() {
         case ks::CWriteResult::NotCompleted:
             m_messages.ShowError(
                 this,
-                tr("Writing the hit list failed before it was complete. An older file of this name is unchanged."));
+                tr("The hit list could not be written completely. An existing file with this name is unchanged."));
             break;
     }
 }
@@ -223,7 +223,7 @@ void CSelectFiles::accept() {
     m_selection.averageReference = m_ui->averageRadio->isChecked();
     m_settings.Set(setting::kReferenceType, m_selection.averageReference ? 1 : 0);
     m_selection.filter = m_ui->filterCheck->isChecked();
-    m_selection.filterReference = m_selection.filter;  // one check decides for all signals
+    m_selection.filterReference = m_selection.filter;  // one check box decides for all signals
     m_selection.channelClass = ClassOfItem(m_ui->classCombo->currentIndex());
     m_selection.truncate = m_ui->truncateCheck->isChecked();
     CheckTimes();
@@ -258,19 +258,19 @@ bool CSelectFiles::CheckFiles() {
 
 void CSelectFiles::CheckTimes() {
     if (m_selection.windowStart < m_selection.windowEnd) return;
-    // A warning only, whether or not the window is used: the times are returned as entered, the run decides.
+    // Only a warning, whether or not the times are used: they are returned as entered, and the run decides.
     m_messages.Show(this, CMessageIcon::Warning, tr("Error"), tr("Max time must be > min time"));
     m_ui->maxTimeEdit->setFocus();
 }
 
 bool CSelectFiles::event(QEvent* event) {
-    // A file may have appeared or gone while another program was in front.
+    // A file may have appeared or disappeared while another program was active.
     if (event->type() == QEvent::WindowActivate) m_ui->fileList->RefreshMarks();
     return QDialog::event(event);
 }
 
 bool CSelectFiles::eventFilter(QObject* watched, QEvent* event) {
-    // The field itself takes only text; a file dragged over it would be refused or arrive as an address.
+    // The field itself accepts only text; a file dragged onto it would be refused or inserted as a URL.
     const bool isDrag = event->type() == QEvent::DragEnter || event->type() == QEvent::DragMove;
     if (watched != m_ui->referenceEdit || (!isDrag && event->type() != QEvent::Drop)) {
         return QDialog::eventFilter(watched, event);

@@ -13,25 +13,25 @@ namespace Ui {
 class CSelectFiles;
 }
 
-/// "Select Uds Files": what to compare with what, and how the signals are prepared. Reads and writes hit lists.
+/// "Select Uds Files": what to compare with what, and how to prepare the signals. Reads and writes hit lists.
 ///
-/// Pickers start in the folders that the settings remember and store the new ones at once; hit lists that were read,
-/// saved or dropped become recent files. The choice itself is an own copy; the caller takes it after OK.
+/// Pickers start in the folders from the settings and store new ones at once. Hit lists that were read, saved, or
+/// dropped become recent files. The dialog edits its own copy of the selection; the caller takes it after OK.
 class CSelectFiles : public QDialog {
     Q_OBJECT
 
 public:
-    /// Shows `offered`; a channel class other than 60, 180, 600 and 1000 leaves the drop-down without a selection.
+    /// Shows `offered`. With a channel class other than 60, 180, 600, or 1000 the drop-down has no selection.
     /// `settings`, `picker` and `messages` must outlive the dialog.
     CSelectFiles(const CFileSelection& offered, CSettings& settings, CFilePicker& picker, CMessages& messages,
                  QWidget* parent = nullptr);
     ~CSelectFiles() override;
 
-    /// The choice; complete once the dialog was closed with OK.
+    /// The selection; complete after the dialog was closed with OK.
     const CFileSelection& Selection() const { return m_selection; }
 
 public slots:
-    /// OK: checks the controls, takes the choice and closes; stays open where something is missing.
+    /// OK: checks the controls, takes the selection, and closes; stays open if something is missing.
     void accept() override;
 
 protected:

@@ -48,7 +48,7 @@ private slots:
 
     // Opening.
 
-    void TheControlsAreLabelled_data() {
+    void TheControlsAreLabeled_data() {
         QTest::addColumn<int>("id");
         QTest::addColumn<QString>("text");
         QTest::newRow("add") << kAddFilesId << "Add Files ...";
@@ -61,7 +61,7 @@ private slots:
         QTest::newRow("filter") << kFilterId << "Filter all signals prior to analysis -->";
         QTest::newRow("truncate") << kTruncateId << "Trancate all signals -->";
     }
-    void TheControlsAreLabelled() {
+    void TheControlsAreLabeled() {
         QFETCH(int, id);
         QFETCH(QString, text);
         Open({});
@@ -118,7 +118,7 @@ private slots:
         QVERIFY(chosen.windowStart == -0.01 && chosen.windowEnd == 0.1);
     }
 
-    void OpeningAndCancellingWritesNoSetting() {
+    void OpeningAndCancelingWritesNoSetting() {
         Open({});
         QTest::keyClick(m_dialog.get(), Qt::Key_Escape);
         QCOMPARE(m_dialog->result(), int{QDialog::Rejected});
@@ -221,7 +221,7 @@ private slots:
         QCOMPARE(request.folder, std::string("Q:\\uds\\vehdb"));
     }
 
-    void AddedFilesGoBehindTheOthersWithoutACheckForDuplicates() {
+    void AddedFilesFollowTheOthersWithoutACheckForDuplicates() {
         Open(WithFiles({"first"}));
         m_picker.answers = {CPickedFiles{{"/one/z.001", "/one/a.001", "/two/first"}, 5},
                             CPickedFiles{{"/one/z.001"}, 2}};
@@ -236,7 +236,7 @@ private slots:
         QCOMPARE(m_store->allKeys(), QStringList({"Settings/DataType", "Settings/InputDir"}));
     }
 
-    void ACancelledPickerChangesNothing() {
+    void ACanceledPickerChangesNothing() {
         CFileSelection offered = Complete();
         Open(offered);
         for (const int id : {kAddFilesId, kReadHitListId, kSaveHitListId, kBrowseReferenceId}) Button(id).click();
@@ -418,12 +418,12 @@ private slots:
         Open(WithFiles({"first"}));
         emit List().PathsDropped({m_folder->filePath("run")}, 0);
         QTRY_COMPARE(m_messages.said,
-                     QStringList({"information|Select Uds Files|Nothing to compare was dropped. Folders add their "
-                                  "files of the type UDS Force Data (*fa0.*)."}));
+                     QStringList({"information|Select Uds Files|The dropped items contain nothing to compare. "
+                                  "Folders add only files of type UDS Force Data (*fa0.*)."}));
         QCOMPARE(Files(), QString("first"));
     }
 
-    void ADroppedHitListThatCannotBeReadIsToldOnlyOnce() {
+    void ADroppedHitListThatCannotBeReadIsReportedOnlyOnce() {
         Open({});
         emit List().PathsDropped({"/gone/a.hit"}, 0);
         QTRY_COMPARE(m_messages.said, QStringList({kUnreadable}));
@@ -469,8 +469,7 @@ private slots:
         Edit(kMaxTimeId).setText("soon");
         PressOk();
         QCOMPARE(m_messages.said,
-                 QStringList({"error|Error|\"Max Time\" needs a number, with a point before its decimals, for "
-                              "example 0.25."}));
+                 QStringList({"error|Error|Enter a number for \"Max Time\". Use a decimal point, for example 0.25."}));
         QVERIFY(m_dialog->isVisible());
         QVERIFY(m_dialog->focusWidget() == &Edit(kMaxTimeId));
     }
@@ -483,8 +482,7 @@ private slots:
         Edit(kMaxTimeId).setText("inf");
         PressOk();
         QCOMPARE(m_messages.said,
-                 QStringList({"error|Error|\"Min Time\" needs a number, with a point before its decimals, for "
-                              "example 0.25."}));
+                 QStringList({"error|Error|Enter a number for \"Min Time\". Use a decimal point, for example 0.25."}));
         QVERIFY(m_dialog->focusWidget() == &Edit(kMinTimeId));
     }
 

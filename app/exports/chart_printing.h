@@ -7,13 +7,13 @@
 class CChartControl;
 class QWidget;
 
-// Both print `chart` on one page, inside its margins; `pageName` names the print job. They give what was done, for the
-// status bar, and an empty text when nothing was. What goes wrong is reported above `parent`.
+// Both print `chart` on one page, inside its margins; `pageName` names the print job. They return what was
+// done, for the status bar; an empty text when nothing was done. Errors are reported above `parent`.
 
-/// On the printer, or into the PDF file, that the user chooses.
+/// To the printer or PDF file that the user chooses.
 [[nodiscard]] QString PrintChart(CChartControl& chart, const QString& pageName, const CWindowServices& services,
                                  QWidget* parent);
 
-/// On the default printer, without a question.
+/// To the default printer, without asking.
 [[nodiscard]] QString PrintChartDirectly(CChartControl& chart, const QString& pageName, const CWindowServices& services,
                                          QWidget* parent);

@@ -15,7 +15,7 @@ struct CCurveExport {
 }  // namespace
 
 QString SaveCurves(const CChartControl& chart, CQuorvelDoc& document, CWindowHost& host, CCurveFormat format) {
-    // Before a name is asked for: the document would make an empty ASCII table of it.
+    // Before asking for a name: the document would write an empty ASCII table.
     if (!chart.Exists()) return CCurveExport::tr("This page has no curves to save.");
     host.BeginSaving();
     format == CCurveFormat::Uds ? document.OnSaveUds() : document.OnSaveAscii();

@@ -8,9 +8,9 @@ class CWindowHost;
 
 enum class CCurveFormat { Uds, Ascii };
 
-/// Has the document save the curves of the page on show, which `chart` shows; `host` is the document's.
-/// @return what was done, or that the page has no curves, for the status bar; empty when the user cancelled or was told
-///         otherwise
+/// Has the document save the curves of the current page, which `chart` shows; `host` is the document's.
+/// @return what was done, or that the page has no curves, for the status bar; empty when the user canceled or has
+///         already seen a message
 /// @throws ks::CError from the UDS writer
 [[nodiscard]] QString SaveCurves(const CChartControl& chart, CQuorvelDoc& document, CWindowHost& host,
                                  CCurveFormat format);

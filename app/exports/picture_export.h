@@ -11,7 +11,7 @@ class QWidget;
 
 enum class CPictureKind { Bitmap, Metafile };
 
-/// Saves the chart as a picture and remembers, as long as it lives, in which folder.
+/// Saves the chart as a picture and remembers the folder for its lifetime.
 class CPictureExport {
     Q_DECLARE_TR_FUNCTIONS(CPictureExport)
 
@@ -19,7 +19,7 @@ public:
     explicit CPictureExport(const CWindowServices& services) : m_services(services) {}
 
     /// Asks for a file above `parent` and writes `chart` to it; a picture that cannot be written is reported.
-    /// @return what was done, for the status bar; empty when nothing was, for example without a chart
+    /// @return what was done, for the status bar; empty when nothing was done, for example without a chart
     [[nodiscard]] QString Save(CChartControl& chart, CPictureKind kind, QWidget* parent);
 
 private:
@@ -27,6 +27,6 @@ private:
     std::string m_folder;  ///< of the last picture saved
 };
 
-/// Copies `chart` to the clipboard, as metafile and as picture.
+/// Copies `chart` to the clipboard, as a metafile and as a picture.
 /// @return what was done, for the status bar; empty without a chart
 [[nodiscard]] QString CopyPicture(CChartControl& chart);

@@ -36,8 +36,7 @@ protected:
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
         QStyledItemDelegate::initStyleOption(option, index);
         if (IsJudged(index)) option->state.setFlag(QStyle::State_Selected, false);
-        if (index.data(kIsNameRole).toBool())
-            option->textElideMode = Qt::ElideMiddle;  // the file's name stays in sight
+        if (index.data(kIsNameRole).toBool()) option->textElideMode = Qt::ElideMiddle;  // the file's name stays visible
     }
 
 private:
@@ -61,13 +60,13 @@ CSummaryList::CSummaryList(QWidget* parent) : QTableView(parent) {
     setWordWrap(false);
     setSelectionBehavior(SelectRows);
     setEditTriggers(NoEditTriggers);
-    setTabKeyNavigation(false);  // Tab leads on to the next control
+    setTabKeyNavigation(false);  // Tab moves to the next control
     setHorizontalScrollMode(ScrollPerPixel);
     verticalHeader()->hide();
     verticalHeader()->setDefaultSectionSize(verticalHeader()->minimumSectionSize() + 2 * kBarHeight);
     horizontalHeader()->setSectionsMovable(true);
     horizontalHeader()->setHighlightSections(false);
-    horizontalHeader()->setResizeContentsPrecision(-1);  // by every row, also those out of sight
+    horizontalHeader()->setResizeContentsPrecision(-1);  // by every row, even when scrolled out of view
     horizontalHeader()->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(horizontalHeader(), &QHeaderView::customContextMenuRequested, this, [this](const QPoint& position) {
         emit ContextMenuAsked(horizontalHeader()->viewport()->mapToGlobal(position), -1);
@@ -121,7 +120,7 @@ QString CSummaryList::CopyDataText() const {
 
 int CSummaryList::RowAt(const QPoint& globalPosition) const {
     const QPoint position = viewport()->mapFromGlobal(globalPosition);
-    // A point above the viewport, on the header, would be that of a row scrolled out of sight.
+    // A point above the viewport, on the header, would map to a row scrolled out of view.
     return viewport()->rect().contains(position) ? rowAt(position.y()) : -1;
 }
 

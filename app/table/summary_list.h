@@ -5,10 +5,10 @@
 
 #include "app/table/summary_model.h"
 
-/// The summary on show: all columns of CSummaryModel, which the user may drag into another order. That order
-/// and the columns live as long as the list, whatever is shown in it.
+/// The view of the summary: all columns of CSummaryModel, which the user may drag into another order. That order
+/// and the columns are kept for the list's lifetime, no matter which snapshot it shows.
 ///
-/// Keys: arrows move, Alt+Left and Alt+Right move the current column, the menu key asks for the context menu.
+/// Keys: arrows move, Alt+Left and Alt+Right move the current column, the menu key opens the context menu.
 class CSummaryList : public QTableView {
     Q_OBJECT
 
@@ -18,18 +18,18 @@ public:
     /// Shows `snapshot` and sizes every column to its contents.
     void SetSnapshot(CSummarySnapshot snapshot);
     const CSummarySnapshot& Snapshot() const { return m_model.Snapshot(); }
-    /// Marks the results as those of the previous run, or takes the mark away.
+    /// Marks the results as those of the previous run, or removes the mark.
     void MarkPreviousRun(bool isPreviousRun);
 
-    /// Columns in the order shown, each by its place in the table.
+    /// Columns in the order shown, each by its index in the table.
     std::vector<int> DisplayedOrder() const;
-    /// The table on show with its columns' order.
+    /// The table shown, with the order of its columns.
     CSummaryTable DisplayedTable() const;
-    /// The fixed columns of the table on show as text: the headers, then the rows, columns in the order shown,
+    /// The fixed columns of the table as text: the headers, then the rows, columns in the order shown,
     /// separated by tabs; every line ends in CR LF. A tab or line end within a file's name becomes a blank.
     QString CopyDataText() const;
 
-    /// The row at a point of the screen; -1 where none is.
+    /// The row at a point of the screen; -1 where there is none.
     int RowAt(const QPoint& globalPosition) const;
 
 signals:

@@ -130,7 +130,7 @@ private slots:
         QTest::keyClick(m_list.get(), Qt::Key_Left, Qt::AltModifier);  // no current cell: nothing moves
         QCOMPARE(m_list->DisplayedOrder().front(), 0);
         m_list->setCurrentIndex(m_list->model()->index(0, 2));
-        for (int i = 0; i < 3; ++i) QTest::keyClick(m_list.get(), Qt::Key_Left, Qt::AltModifier);  // stops in front
+        for (int i = 0; i < 3; ++i) QTest::keyClick(m_list.get(), Qt::Key_Left, Qt::AltModifier);  // stops at the front
         QCOMPARE(m_list->DisplayedOrder(), kThirdFirst);
         QCOMPARE(m_list->currentIndex(), m_list->model()->index(0, 2));
         for (int i = 0; i < kColumnCount; ++i) QTest::keyClick(m_list.get(), Qt::Key_Right, Qt::AltModifier);
@@ -198,7 +198,7 @@ private slots:
         }
     }
 
-    void AJudgedCellKeepsItsColourWhenItsRowIsSelected() {
+    void AJudgedCellKeepsItsColorWhenItsRowIsSelected() {
         CSummarySnapshot snapshot = PlainSnapshot({"x", "y"});
         snapshot.table.rows[0][At(kResidualColumn)].verdict = CVerdict::Good;
         snapshot.table.rows[1][At(kResidualColumn)].verdict = CVerdict::Bad;
@@ -297,7 +297,7 @@ private:
         QTest::mouseRelease(target, Qt::LeftButton, {}, {header.sectionViewportPosition(0) + 3, y});
     }
 
-    /// Colour near the left edge of a cell, where no text is; `y` counts from its top, by default its middle.
+    /// Color near the left edge of a cell, where no text is; `y` counts from its top, by default its middle.
     QColor Pixel(int row, int column, int y = -1) const {
         const QRect cell = m_list->visualRect(m_list->model()->index(row, column));
         const QImage image = m_list->viewport()->grab().toImage();
@@ -323,7 +323,7 @@ private:
         return {asked[0][0].toPoint(), asked[0][1].toInt()};
     }
 
-    /// The copied lines without their ends; every one must have had CR LF.
+    /// The copied lines without their ends; each must have ended in CR LF.
     QStringList CopiedLines() const {
         QString text = m_list->CopyDataText();
         if (!text.endsWith("\r\n")) return {};

@@ -41,7 +41,7 @@ QString VerdictWord(CVerdict verdict) {
     }
 }
 
-/// The verdict's color; of a previous run, mixed with as much white.
+/// The verdict's color; for a previous run, mixed with an equal part of white.
 QColor CellColor(CVerdict verdict, bool isPreviousRun) {
     const QColor color = QColor::fromRgb(static_cast<QRgb>(ColorOf(verdict)));
     if (!isPreviousRun) return color;
@@ -171,7 +171,7 @@ QVariant CSummaryModel::Foreground(const QModelIndex& index) const {
 }
 
 QString CSummaryModel::ToolTip(const QModelIndex& index) const {
-    // The value is not on the first line: a path with a "<" there would make the whole a rich text.
+    // The value is not on the first line: a path with a "<" there would turn the tool tip into rich text.
     QStringList lines = {HeaderText(Column(index.column())), Text(index)};
     const QString verdict = VerdictWord(Cell(index).verdict);
     if (!verdict.isEmpty()) {

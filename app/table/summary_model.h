@@ -9,8 +9,8 @@
 #include "compare/summary_columns.h"
 #include "compare/summary_table.h"
 
-/// What the summary shows of one run: the texts and verdicts, the limits that gave these verdicts, and the files.
-/// It stays as it is while the document goes on to the next run.
+/// What the summary shows of one run: the texts and verdicts, the limits for these verdicts, and the files.
+/// It does not change while the document starts the next run.
 class CSummarySnapshot {
 public:
     CSummaryTable table;
@@ -19,24 +19,24 @@ public:
     bool isPreviousRun = false;  ///< a later run stopped, so these results and the document no longer belong together
 };
 
-/// The results of the given signals, judged against the critical values of the moment.
+/// The results of the given signals, judged against the current critical values.
 CSummarySnapshot MakeSummarySnapshot(const std::vector<CSignal>& signalList);
 
 /// What each judged column demands, for example "below 5 % of the reference peak"; empty for a column without verdict.
 QString LimitText(const CSummaryColumn& column, const CCriticalValues& limits);
 
-/// Says that results are those of the previous run.
+/// Text that says that results are those of the previous run.
 QString PreviousRunText();
 
 /// What the summary's model offers in addition to the roles of Qt.
 enum CSummaryRole : int {
     kVerdictRole = Qt::UserRole + 1,  ///< int of the cell's Verdict
-    kIsNameRole,                      ///< whether the cell is of a column of paths
+    kIsNameRole,                      ///< whether the cell's column holds paths
 };
 
-/// The summary table: a row per computed signal, and always all columns of the snapshot, SummaryColumns() at first.
+/// The summary table: a row per computed signal, and always all columns of the snapshot, initially SummaryColumns().
 ///
-/// Cells are colored by their verdict, black on the color so that they can be read in light and dark themes. Tool tip
+/// Cells are colored by their verdict, with black text that is legible in light and dark themes. Tool tip
 /// and accessible text say the same in words: column, value, limit, good or bad. Results of the previous run are pale.
 class CSummaryModel : public QAbstractTableModel {
     Q_OBJECT
@@ -44,10 +44,10 @@ class CSummaryModel : public QAbstractTableModel {
 public:
     using QAbstractTableModel::QAbstractTableModel;
 
-    /// Shows `snapshot`. One of the same columns and files in the same order keeps selection and position of the views.
+    /// Shows `snapshot`. With the same columns and files in the same order, the views keep selection and position.
     void SetSnapshot(CSummarySnapshot snapshot);
     const CSummarySnapshot& Snapshot() const { return m_snapshot; }
-    /// Marks the results as those of the previous run, or takes the mark away.
+    /// Marks the results as those of the previous run, or removes the mark.
     void MarkPreviousRun(bool isPreviousRun);
 
     int rowCount(const QModelIndex& parent = {}) const override;

@@ -78,7 +78,7 @@ private slots:
                               "\nLimit: below 0.5\nVerdict: good");
     }
 
-    void AJudgedCellTellsValueLimitAndVerdictInWords_data() {
+    void AJudgedCellGivesValueLimitAndVerdictInWords_data() {
         QTest::addColumn<int>("column");
         QTest::addColumn<QString>("name");
         QTest::addColumn<QString>("limit");
@@ -97,7 +97,7 @@ private slots:
         QTest::newRow("moment 5") << 12 << "5th Moment Difference"
                                   << "below 0.2";
     }
-    void AJudgedCellTellsValueLimitAndVerdictInWords() {
+    void AJudgedCellGivesValueLimitAndVerdictInWords() {
         QFETCH(int, column);
         QFETCH(QString, name);
         QFETCH(QString, limit);
@@ -133,11 +133,11 @@ private slots:
         QCOMPARE(LimitText(SummaryColumns()[At(column)], limits), text);
     }
 
-    void ACellWithoutAVerdictTellsNameAndValue() {
+    void ACellWithoutAVerdictGivesNameAndValue() {
         m_model->SetSnapshot(PlainSnapshot({"x"}));
         QCOMPARE(ToolTip(0, kPeakColumn), QString("Peak Value\nx.1"));
         QCOMPARE(Spoken(0, kPeakColumn), QString("Peak Value: x.1"));
-        QCOMPARE(ToolTip(0, kTStatisticColumn), QString("T Statistic\nx.6"));  // its value met no verdict
+        QCOMPARE(ToolTip(0, kTStatisticColumn), QString("T Statistic\nx.6"));  // its value has no verdict
         QCOMPARE(Spoken(0, kTStatisticColumn), QString("T Statistic: x.6"));
         QCOMPARE(m_model->headerData(kPeakColumn, Qt::Horizontal, Qt::ToolTipRole).toString(), QString("Peak Value"));
     }
@@ -160,7 +160,7 @@ private slots:
         QVERIFY(!Qt::mightBeRichText(ToolTip(0, kFilenameColumn)));
     }
 
-    void TheVerdictColoursACellAndBlackIsLegibleOnIt() {
+    void TheVerdictColorsACellAndBlackIsLegibleOnIt() {
         m_model->SetSnapshot(Judged());
         QCOMPARE(Background(0, kCorridorColumn), QColor(0, 224, 0));
         QCOMPARE(Background(1, kCorridorColumn), QColor(255, 0, 0));
@@ -237,7 +237,7 @@ private slots:
         snapshot.table = MakeSummaryTable(ComparedSignals(), columns);
         snapshot.table.rows.pop_back();
         m_model->SetSnapshot(snapshot);
-        const int extra = kColumnCount - 1;    // in front of the last one
+        const int extra = kColumnCount - 1;    // before the last one
         QCOMPARE(reset.size(), qsizetype{1});  // other columns, though the same file
         QCOMPARE(m_model->columnCount(), kColumnCount + 1);
         QCOMPARE(Header(extra), QString("Extra"));

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <cmath>
 
-/// Relative luminance of a colour, 0 to 1, as the contrast rules of the web define it (WCAG 2.1).
+/// Relative luminance of a color, 0 to 1, as the Web Content Accessibility Guidelines define it (WCAG 2.1).
 inline double Luminance(const QColor& color) {
     const auto linear = [](float share) {
         const auto part = static_cast<double>(share);
@@ -13,7 +13,7 @@ inline double Luminance(const QColor& color) {
     return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
 }
 
-/// Contrast of two colours, 1 to 21: text needs 4.5, a graphic 3 (WCAG 2.1).
+/// Contrast of two colors, 1 to 21: text needs 4.5, a graphic 3 (WCAG 2.1).
 inline double Contrast(const QColor& one, const QColor& other) {
     const double a = Luminance(one), b = Luminance(other);
     return (std::max(a, b) + 0.05) / (std::min(a, b) + 0.05);

@@ -11,11 +11,11 @@
 
 #include "app/dialogs/error_dialog.h"
 
-/// Plays the user before the modal dialogs and menus that open while it lives, so that none of them can hold a test up:
-/// the expected ones get their answers in order, any other is closed, and what went wrong is noted.
+/// Plays the user for modal dialogs and menus that open while it lives, so that none of them can block a test: expected
+/// ones get their answers in order, any other is closed, and problems are recorded.
 class CDialogDriver : public QObject {
 public:
-    /// Caption of every modal dialog, title of every menu that opened, in order.
+    /// Caption of every modal dialog and title of every menu that opened, in order.
     QStringList opened;
 
     CDialogDriver() { qApp->installEventFilter(this); }
@@ -24,7 +24,7 @@ public:
     /// The next dialog or menu gets this answer, which must close it.
     void Expect(std::function<void(QWidget&)> answer) { m_answers.push_back(std::move(answer)); }
 
-    /// What nobody expected, what stayed open and what did not open since the last call.
+    /// What opened unexpectedly, stayed open, or failed to open since the last call.
     QStringList TakeFaults() {
         for (; !m_answers.empty(); m_answers.pop_front())
             m_faults.append(QStringLiteral("an expected one did not open"));

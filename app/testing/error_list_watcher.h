@@ -7,11 +7,11 @@
 
 #include "app/dialogs/error_dialog.h"
 
-/// While it lives, every list of errors that opens is read and closed at once.
+/// While it lives, reads and closes at once every list of errors that opens.
 class CErrorListWatcher : public QObject {
 public:
     QStringList texts;        ///< of the lists that opened, in order
-    bool wasWaiting = false;  ///< the wait cursor was up while a list was open
+    bool wasWaiting = false;  ///< the wait cursor was shown while a list was open
 
     CErrorListWatcher() { qApp->installEventFilter(this); }
     ~CErrorListWatcher() override { qApp->removeEventFilter(this); }

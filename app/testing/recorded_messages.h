@@ -4,7 +4,7 @@
 
 #include "app/messages.h"
 
-/// Keeps what the program said, each as "icon|caption|text" or "beep", in order.
+/// Records the program's messages, each as "icon|caption|text" or "beep", in order.
 class CRecordedMessages : public CMessages {
 public:
     QStringList said;

@@ -7,7 +7,7 @@
 
 #include "app/dialogs/file_picker.h"
 
-/// Gives the prepared answers, one per call, and keeps the requests; cancels when no answer is left.
+/// Gives the prepared answers, one per call, and records the requests; cancels when no answer is left.
 class CScriptedPicker : public CFilePicker {
 public:
     std::deque<std::optional<CPickedFiles>> answers;
@@ -22,5 +22,5 @@ public:
     }
 
 private:
-    std::optional<CPickedFiles> m_answer;  ///< a member, since g++ 12 takes a local one for uninitialised
+    std::optional<CPickedFiles> m_answer;  ///< a member: g++ 12 reports a local one as uninitialized
 };

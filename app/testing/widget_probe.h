@@ -8,7 +8,7 @@
 #include <QStringList>
 #include <QWidget>
 
-/// The control of `parent` with the number `controlId`; null, which fails the test that uses it, without one.
+/// The control of `parent` with the number `controlId`; null when there is none, and the test that uses it fails.
 template <class Widget>
 Widget* Control(const QWidget& parent, int controlId) {
     const auto widgets = parent.findChildren<Widget*>();
@@ -18,14 +18,14 @@ Widget* Control(const QWidget& parent, int controlId) {
     return nullptr;
 }
 
-/// Drags `data` over `target`, a widget or a window, and drops it at `position`; gives the action that it took.
+/// Drags `data` over `target`, a widget or a window, and drops it at `position`; returns the accepted action.
 inline Qt::DropAction SendDrop(QObject& target, const QMimeData& data, const QPoint& position) {
     const Qt::DropActions offered = Qt::CopyAction | Qt::MoveAction;
     QDragEnterEvent enter(position, offered, &data, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(&target, &enter);
     if (!enter.isAccepted()) return Qt::IgnoreAction;  // a refused drag is never dropped
     QDragMoveEvent move(position, offered, &data, Qt::LeftButton, Qt::NoModifier);
-    move.setDropAction(enter.dropAction());  // as Qt does: who took the drag takes it everywhere, unless it objects
+    move.setDropAction(enter.dropAction());  // as Qt does: accepted once, accepted everywhere, unless refused
     move.accept();
     QApplication::sendEvent(&target, &move);
     if (!move.isAccepted()) return Qt::IgnoreAction;
@@ -34,7 +34,7 @@ inline Qt::DropAction SendDrop(QObject& target, const QMimeData& data, const QPo
     return drop.isAccepted() ? drop.dropAction() : Qt::IgnoreAction;
 }
 
-/// The texts of labels and buttons that `window` cuts off at its present size.
+/// The texts of labels and buttons that `window` cuts off at its current size.
 inline QStringList CutOffTexts(const QWidget& window) {
     QStringList texts;
     const auto labels = window.findChildren<QLabel*>();

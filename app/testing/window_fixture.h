@@ -30,12 +30,12 @@
 #include "app/testing/scripted_picker.h"
 #include "app/testing/widget_probe.h"
 
-/// Prints to a PDF file, also as the default printer; while none is named it cancels, and there is no default printer.
+/// Prints to a PDF file, also as the default printer. Without a file name it cancels and there is no default printer.
 class CPdfPicker : public CPrinterPicker {
 public:
     QString path;
     std::optional<QPageLayout> layout;  ///< none: as offered
-    QList<int> pageCounts;              ///< of what was to be printed so far
+    QList<int> pageCounts;              ///< one per print request so far
     bool Pick(QWidget*, QPrinter& printer, int pageCount) override {
         pageCounts.append(pageCount);
         if (!TakeDefault(printer)) return false;
@@ -57,7 +57,7 @@ struct CRunChoice {
     std::optional<std::pair<QString, QString>> window = std::nullopt;  ///< minimum and maximum time
 };
 
-/// A main window with settings of its own, whose user is scripted.
+/// A main window with its own settings and a scripted user.
 class CWindowFixture {
 public:
     explicit CWindowFixture(std::unique_ptr<CChartControl> chart = nullptr)

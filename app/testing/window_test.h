@@ -9,14 +9,14 @@
 
 #include "app/testing/window_fixture.h"
 
-/// What the tests of the main window share: a window for every test function, opened in init and closed in cleanup.
+/// Base of the main window's tests: a window for every test function, opened in init and closed in cleanup.
 class CWindowTest : public QObject {
 protected:
     void OpenWindow(std::unique_ptr<CChartControl> chart = nullptr) {
         m_window = std::make_unique<CWindowFixture>(std::move(chart));
     }
 
-    /// Every dialog was one that the test expected, and the wait cursor stood over none of them and is gone.
+    /// The test expected every dialog, the wait cursor was not shown over any of them, and it is gone.
     void CloseWindow() {
         if (m_window == nullptr) return;
         const QString faults = m_window->dialogs.TakeFaults().join(", ");

@@ -4,5 +4,5 @@
 #include <string>
 #include <string_view>
 
-/// A text in code page 1252, the letters of western Windows programs; none when a character has no place there.
+/// A text in code page 1252, the letters of western Windows programs; no value when it lacks a character.
 std::optional<std::string> CodePage1252(std::u16string_view text);

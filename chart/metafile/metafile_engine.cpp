@@ -28,8 +28,8 @@ CPlaneBox Box(const QRectF& rect) {
     return {rect.left(), rect.top(), rect.right(), rect.bottom()};
 }
 
-/// Cumulative widths as the layout has them, so that the text ends where the layout ends it whatever font a reader puts
-/// in the place of Arial.
+/// Cumulative widths as the layout has them, so that the text ends where the layout ends it, no matter which font a
+/// reader uses instead of Arial.
 std::vector<std::int16_t> Advances(const QTextItem& item, double scale) {
     const QFontMetricsF metrics(item.font());
     const QString text = item.text();
@@ -146,7 +146,7 @@ void CMetafileEngine::Stroke(std::span<const CPlanePoint> points) {
     std::vector<double> pattern;
     if (m_pen.style() != Qt::SolidLine)
         for (const double length : m_pen.dashPattern()) pattern.push_back(length * width);
-    // Metafile pens end round, half their width further out; dashes keep their pattern when they are shorter by that.
+    // Metafile pens have round ends, half their width longer; shortening the dashes by that keeps the pattern.
     for (std::size_t part = 0; part + 1 < pattern.size(); part += 2) {
         const double shorter = std::min(width, pattern[part] - 0.1 * width);
         pattern[part] -= shorter;

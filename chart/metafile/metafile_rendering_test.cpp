@@ -35,7 +35,7 @@ int DarkPixels(const QImage& image, const QRect& part) {
     return count;
 }
 
-/// Where a text stands, in pixels: from its baseline up, however it is turned.
+/// Where a text is, in pixels: from its baseline up, at any rotation.
 QRect Place(const CReadText& text) {
     const double x = text.baseline.x * kPixelsPerUnit;
     const double y = text.baseline.y * kPixelsPerUnit;
@@ -66,7 +66,7 @@ bool HasColorNear(const QImage& image, const QPoint& place, QRgb color) {
 
 }  // namespace
 
-/// An exported metafile, drawn by libwmf, which knows nothing of our writer, looks as it was meant.
+/// Draws an exported metafile with libwmf, which is independent of our writer, and checks the picture.
 class MetafileRenderingTest : public QObject {
     Q_OBJECT
 
@@ -121,7 +121,7 @@ private slots:
                 }
             }
             QVERIFY(points > 300);
-            QVERIFY2(seen > points * 95 / 100, "Part of a curve is missing.");  // the rest is under other curves
+            QVERIFY2(seen > points * 95 / 100, "Part of a curve is missing.");  // other curves cover the rest
         }
     }
 

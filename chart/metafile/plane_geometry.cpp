@@ -81,7 +81,7 @@ double Length(std::span<const CPlanePoint> points) {
     return length;
 }
 
-/// Walks along a polyline and cuts it where the pattern says.
+/// Walks along a polyline and cuts it by the pattern.
 class CDasher {
 public:
     explicit CDasher(std::span<const double> pattern) : m_pattern(pattern), m_left(pattern[0]) {}

@@ -9,7 +9,7 @@ struct CPlanePoint {
     bool operator==(const CPlanePoint&) const = default;
 };
 
-/// y grows downwards.
+/// y increases downward.
 struct CPlaneBox {
     double left = 0.0;
     double top = 0.0;
@@ -34,7 +34,7 @@ CPolyline ClippedPolygon(std::span<const CPlanePoint> points, const CPlaneBox& b
 /// and one whose lengths do not add up to more than 0, gives the polyline itself.
 std::vector<CPolyline> DashedPolyline(std::span<const CPlanePoint> points, std::span<const double> pattern);
 
-/// What of a dashed line is to be drawn: its dashes inside the box. Where a line winds through the box so often that no
-/// dash could be told from the next one, the line itself.
+/// The part of a dashed line to draw: its dashes inside the box. If a line winds through the box so often that its
+/// dashes could not be distinguished, the line itself.
 std::vector<CPolyline> VisibleDashes(std::span<const CPlanePoint> points, const CPlaneBox& box,
                                      std::span<const double> pattern);

@@ -11,7 +11,7 @@ namespace wmf {
 inline constexpr std::uint32_t kPlaceableKey = 0x9AC6CDD7;
 inline constexpr std::size_t kHeaderBytes = 18;
 inline constexpr std::uint16_t kVersion = 0x0300;
-inline constexpr std::uint16_t kPolyPointLimit = 8000;  ///< some readers take no more in one record
+inline constexpr std::uint16_t kPolyPointLimit = 8000;  ///< some readers accept no more in one record
 
 enum CFunction : std::uint16_t {
     EndOfFile = 0x0000,

@@ -106,7 +106,7 @@ CWmfWriter::CWmfWriter(std::int16_t width, std::int16_t height, std::uint16_t un
         record.I16(x);
         Append(record);
     };
-    // No map mode: whoever plays a placeable file sets it, and libwmf squeezes turned text when the file does as well.
+    // No map mode: the reader of a placeable file sets it, and libwmf squeezes rotated text if the file does, too.
     pair(wmf::SetWindowOrigin, 0, 0);
     pair(wmf::SetWindowExtent, height, width);
     setting(wmf::SetBackgroundMode, wmf::kTransparent);
@@ -119,7 +119,7 @@ void CWmfWriter::Polyline(std::span<const CPlanePoint> points, const CWmfPen& pe
     RoundInto(points, m_coordinates);
     if (m_coordinates.size() < 4) return;
     UsePen(pen);
-    // Each piece starts with the last point of the one before.
+    // Each piece starts with the last point of the previous one.
     const std::span<const std::int16_t> all(m_coordinates);
     constexpr std::size_t kPiece = std::size_t{wmf::kPolyPointLimit} * 2;
     for (std::size_t start = 0; start + 2 < all.size(); start += kPiece - 2)

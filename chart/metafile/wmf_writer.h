@@ -31,21 +31,21 @@ struct CWmfText {
     std::uint32_t rgb = 0;
 };
 
-/// Writes a placeable Windows metafile into memory. Coordinates are logical units, x to the right, y downwards; what
-/// lies outside the picture must be clipped before. There is no transparency.
+/// Writes a placeable Windows metafile into memory. Coordinates are logical units, x to the right, y downward; the
+/// caller must clip what is outside the picture. There is no transparency.
 class CWmfWriter {
 public:
     /// @param width, height  of the picture in logical units, 1 to 32767
     /// @param unitsPerInch   gives the picture its natural size
     CWmfWriter(std::int16_t width, std::int16_t height, std::uint16_t unitsPerInch);
 
-    /// Points that fall together after rounding are written once; long lines are split.
+    /// Points that coincide after rounding are written once; long lines are split.
     void Polyline(std::span<const CPlanePoint> points, const CWmfPen& pen);
     /// Fills closed outlines together by the winding rule, without drawing them.
     void Fill(std::span<const CPolyline> outlines, std::uint32_t rgb);
     void Text(const CWmfText& text);
 
-    /// The whole file. The writer is used up.
+    /// The whole file. The writer cannot be used afterward.
     [[nodiscard]] std::string Finish();
 
 private:

@@ -38,7 +38,7 @@ CPolyline Zigzag(int count) {
 TEST(WmfWriter, WritesALineByteForByte) {
     CWmfWriter writer = Writer();
     writer.Polyline(CPolyline{{0, 0}, {10, 20}}, kPen);
-    // Laid out by hand after the published format: the placeable header with the exclusive or of its words, the header
+    // Laid out by hand from the published format: the placeable header with the exclusive or of its words, the header
     // with 54 words, one object and a largest record of 8 words, then nine records.
     EXPECT_EQ(
         writer.Finish(),
@@ -171,12 +171,12 @@ TEST(WmfReader, FindsWhatIsWrong) {
         return ReadWmf(broken).fault;
     };
     EXPECT_EQ(with(20, 0), "The checksum is wrong.");
-    EXPECT_EQ(with(28, 1), "The header has another size.");
+    EXPECT_EQ(with(28, 1), "The header gives a different size.");
     EXPECT_EQ(with(32, 0), "There are more objects than the header says.");
-    EXPECT_EQ(with(34, 9), "The header has another largest record.");
+    EXPECT_EQ(with(34, 9), "The header gives a different largest record.");
     EXPECT_EQ(with(44, 0), "A record has an unknown function.");
     EXPECT_EQ(with(sound.size() - 8, 60), "A point is outside.");
-    EXPECT_EQ(ReadWmf(sound.substr(0, sound.size() - 6)).fault, "The header has another size.");
+    EXPECT_EQ(ReadWmf(sound.substr(0, sound.size() - 6)).fault, "The header gives a different size.");
 }
 
 }  // namespace

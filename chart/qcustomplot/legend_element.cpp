@@ -46,7 +46,7 @@ QString CLegendElement::NameAt(const QPointF& position) const {
 }
 
 void CLegendElement::LayOut() {
-    m_layout = CLegendLayout();  // full letters for the measuring
+    m_layout = CLegendLayout();  // measures at full font size
     const QFontMetricsF metrics(m_style.font);
     const double plotWidth = parentPlot()->viewport().width();
     double widest = 0.0;
@@ -84,7 +84,7 @@ void CLegendElement::draw(QCPPainter* painter) {
     for (int place = 0; place < m_layout.shownEntries; ++place) DrawEntry(*painter, place);
     if (HiddenEntries() <= 0) return;
     painter->setPen(m_style.ink);
-    //: The legend has no room for all names.
+    //: Shown when the legend has no room for all names.
     const QString note = QCoreApplication::translate("Chart", "and %n more", nullptr, HiddenEntries());
     painter->drawText(Place(m_layout.shownEntries), Qt::AlignLeft | Qt::AlignVCenter, note);
 }
@@ -123,7 +123,7 @@ QFont CLegendElement::Font() const {
     return font;
 }
 
-/// Of the titles, which take the rows above in the chart's layout.
+/// Of the titles, which occupy the rows above in the chart's layout.
 double CLegendElement::HeightAbove() const {
     double height = 2.0 * m_style.Length(kMarginLength);
     QCPLayoutGrid& grid = *parentPlot()->plotLayout();

@@ -20,18 +20,18 @@ struct CLegendEntry {
     QPen pen;
 };
 
-/// The names beside the curves, in as many columns as they need; scrolls when they do not all fit.
+/// The names next to the curves, in as many columns as they need; scrolls when they do not all fit.
 class CLegendElement final : public QCPLayoutElement {
 public:
     explicit CLegendElement(QCustomPlot* plot);
 
     void SetEntries(std::vector<CLegendEntry> entries, const CChartStyle& style);
 
-    /// One page of entries on, or back.
+    /// Scrolls one page of entries forward or back.
     void ScrollForward() { Scroll(m_layout.rows); }
     void ScrollBack() { Scroll(-m_layout.rows); }
 
-    /// The whole name of the entry at a place; empty beside the entries.
+    /// The full name of the entry at a point; empty outside the entries.
     [[nodiscard]] QString NameAt(const QPointF& position) const;
 
     /// Follows the plot's viewport.

@@ -83,8 +83,8 @@ void CPlotAxes::StyleAxis(QCPAxis& axis) const {
 
 void CPlotAxes::FitTicks(double legendWidth) {
     const QFontMetricsF metrics(m_style.font);
-    const double beside = metrics.height() * 2.0 + LabelWidth(*m_plot.yAxis, metrics);
-    const double width = m_plot.viewport().width() - legendWidth - beside;
+    const double margins = metrics.height() * 2.0 + LabelWidth(*m_plot.yAxis, metrics);
+    const double width = m_plot.viewport().width() - legendWidth - margins;
     const double height = m_plot.viewport().height() - metrics.height() * 4.0;
     const double xLabel = 2.0 * LabelWidth(*m_plot.xAxis, metrics);
     m_plot.xAxis->ticker()->setTickCount(FittingTicks(width, xLabel, kMostXTicks));

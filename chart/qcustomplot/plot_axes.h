@@ -14,13 +14,13 @@ class QFontMetricsF;
 struct CPlotContents;
 
 /// The axes of one plot with their grid: how they look, how many ticks fit, which part of the data they show, and the
-/// readout of the data coordinates under the pointer. Ranges never get finer than doubles can tell apart, nor lose the
-/// data. Lives no longer than the plot.
+/// readout of the data coordinates under the pointer. Ranges never get finer than doubles can resolve and never lose
+/// the data. Must not outlive the plot.
 class CPlotAxes {
 public:
     explicit CPlotAxes(QCustomPlot& plot);
 
-    /// Titles, and the ranges that show all the data; shows them.
+    /// Sets the titles and the ranges that show all the data, and shows these ranges.
     void SetContents(const CPlotContents& contents);
     void SetStyle(const CChartStyle& style);
     /// As many tick labels as fit side by side with room between them; the legend takes `legendWidth` of the viewport.
@@ -30,7 +30,7 @@ public:
     void ShowSameAs(const CPlotAxes& other);
     /// `factor` < 1 shows less, > 1 more; the center stays where it is.
     void ZoomBy(double factor);
-    /// Both moved by a share of their sizes.
+    /// Moves both ranges by a share of their sizes.
     void PanBy(double xShare, double yShare);
 
     /// Empty outside the curves' area.

@@ -119,7 +119,7 @@ private slots:
         QCOMPARE(m_readouts, QStringList({QString(), QString()}));
     }
 
-    /// They followed the user's locale, unlike the table beside the chart.
+    /// They used to follow the user's locale, unlike the table.
     void numbersAreTheSameInEveryLocale_data() {
         QTest::addColumn<QString>("locale");
         for (const char* locale : {"C", "de_DE", "ar_EG", "en_US", "fr_CH"}) QTest::newRow(locale) << locale;

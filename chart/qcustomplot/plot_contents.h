@@ -15,12 +15,12 @@ class CChartModel;
 struct CPlotCurve {
     QString name;
     int lineStyle = 0;
-    QSharedPointer<QCPGraphDataContainer> byX;      ///< x never falls: the fast way
-    QSharedPointer<QCPCurveDataContainer> byOrder;  ///< set instead when x falls somewhere
+    QSharedPointer<QCPGraphDataContainer> byX;      ///< x never decreases: the fast way
+    QSharedPointer<QCPCurveDataContainer> byOrder;  ///< set instead when x decreases somewhere
     bool isOnePoint = false;
 };
 
-/// What a chart shows, apart from its looks and its zoom.
+/// What a chart shows, apart from its style and zoom.
 struct CPlotContents {
     QString xTitle, yTitle, mainTitle, subTitle;
     std::vector<CPlotCurve> curves;

@@ -16,7 +16,7 @@ namespace {
 
 constexpr double kDiscSize = 6.0;  // pixels, of a curve that is one point
 
-/// Draws dashes line by line, which on the screen is many times faster than a dashed pen along a long curve.
+/// Draws dashes line by line, which on the screen is many times faster than a dashed pen on a long curve.
 class CDashedGraph : public QCPGraph {
 public:
     using QCPGraph::QCPGraph;

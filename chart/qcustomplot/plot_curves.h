@@ -3,5 +3,5 @@
 class QCustomPlot;
 struct CPlotCurve;
 
-/// Adds a curve to the plot, which owns it from then on and draws it with the pen it is given later.
+/// Adds a curve to the plot, which takes ownership and draws it with the pen it gets later.
 void AddCurve(QCustomPlot& plot, const CPlotCurve& curve);

@@ -11,7 +11,7 @@
 #include "chart/testing/chart_window.h"
 #include "chart/testing/sample_blocks.h"
 
-/// The curves as their reader meets them: pixels in their colors.
+/// The curves as the user sees them: pixels in their colors.
 class PlotCurvesTest : public CChartWindowTest {
     Q_OBJECT
 
@@ -42,7 +42,7 @@ private slots:
         QVERIFY(whole.right() > middle + 100.0);
         QVERIFY(half.isValid());
         QVERIFY(half.right() <= middle + 2.0);
-        const QPointF start = PlaceOf({5.0, 1.0});  // the padding's own x, almost 0, is not on show
+        const QPointF start = PlaceOf({5.0, 1.0});  // the padding's own x, almost 0, is not shown
         QVERIFY(start.x() > 20.0 && start.x() < 120.0);
     }
 

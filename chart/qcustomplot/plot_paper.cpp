@@ -15,7 +15,7 @@
 
 namespace {
 
-constexpr double kPrintScale = 3.0;    // 288 dots per inch: finer than the eye tells curves apart
+constexpr double kPrintScale = 3.0;    // 288 dots per inch: finer than the eye can resolve
 constexpr double kPaperWidth = 800.0;  // pixels: proportion of letters to the whole of an exported chart
 constexpr double kPreviewScale = 2.0;
 constexpr double kPixelsPerInch = 96.0;
@@ -63,7 +63,7 @@ void PaintOnPaper(const CPlotWidget& shown, QPainter& painter, const QRectF& are
     if (size.width <= 0 || size.height <= 0) return;
     QPicture picture;
     OnPaper(shown, kPrintScale)->PaintInto(picture, size, kVectors);
-    // A picture played on a device grows with the device's resolution; the area already says how large it is to be.
+    // A picture played on a device scales with the device's resolution, but the area already gives its size.
     const double growthX = static_cast<double>(painter.device()->logicalDpiX()) / picture.logicalDpiX();
     const double growthY = static_cast<double>(painter.device()->logicalDpiY()) / picture.logicalDpiY();
     painter.save();

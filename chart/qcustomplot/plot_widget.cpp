@@ -137,7 +137,7 @@ void CPlotWidget::keyPressEvent(QKeyEvent* event) {
     }
 }
 
-/// False for a key without a meaning here.
+/// False for a key that does nothing here.
 bool CPlotWidget::ObeyKey(int key) {
     switch (key) {
         case Qt::Key_Plus:
@@ -201,7 +201,7 @@ bool CPlotWidget::event(QEvent* event) {
 void CPlotWidget::paintEvent(QPaintEvent* event) {
     QCustomPlot::paintEvent(event);
     if (!hasFocus()) return;
-    // Not the style's focus frame: some styles fill what is inside with a tint.
+    // Not the style's focus frame: some styles fill its inside with a tint.
     QPainter painter(this);
     for (const QRect& edge : QRegion(rect()) - QRegion(rect().adjusted(1, 1, -1, -1)))
         painter.fillRect(edge, palette().highlight());

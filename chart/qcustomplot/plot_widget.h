@@ -14,8 +14,8 @@
 class CLegendElement;
 struct CPlotContents;
 
-/// The plot itself: on the screen, or never shown and painted onto something else. Takes the wheel, the mouse and the
-/// keys; everything else it shows comes through SetContents and SetStyle.
+/// The plot itself: on the screen, or never shown and painted onto something else. Handles the wheel, the mouse, and
+/// the keys; everything else it shows comes through SetContents and SetStyle.
 class CPlotWidget final : public QCustomPlot {
 public:
     using ShowReadout = std::function<void(const QString& text)>;
@@ -53,6 +53,6 @@ private:
     std::shared_ptr<const CPlotContents> m_contents;
     CChartStyle m_style;
     CPlotAxes m_axes;
-    CLegendElement* m_legend;  ///< the layout owns it, and the titles
+    CLegendElement* m_legend;  ///< the layout owns it and the titles
     std::vector<QCPTextElement*> m_titles;
 };

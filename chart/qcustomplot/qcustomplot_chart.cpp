@@ -32,7 +32,7 @@ CQCustomPlotChart::~CQCustomPlotChart() {
 void CQCustomPlotChart::Create(const CChartCreation& creation) {
     Destroy();
     m_model = std::make_unique<CChartModel>();
-    m_window = new CPlotWidget(creation.parent, m_showReadout);  // until Destroy, or until the parent goes
+    m_window = new CPlotWidget(creation.parent, m_showReadout);  // until Destroy, or until the parent is deleted
     ShowModel();
     m_window->setGeometry(0, 0, creation.clientArea.width, creation.clientArea.height);
     if (creation.parent) m_window->show();
@@ -42,7 +42,7 @@ void CQCustomPlotChart::Destroy() {
     if (!m_window) return;
     const std::unique_ptr<QWidget> gone(m_window.data());
     m_window.clear();
-    if (m_showReadout) m_showReadout({});  // the pointer may rest where the chart was
+    if (m_showReadout) m_showReadout({});  // the pointer may still be where the chart was
 }
 
 bool CQCustomPlotChart::Exists() const {

@@ -42,5 +42,5 @@ private:
 
     ShowReadout m_showReadout;
     std::unique_ptr<CChartModel> m_model;
-    QPointer<QWidget> m_window;  ///< a CPlotWidget; gone with its parent, or with Destroy
+    QPointer<QWidget> m_window;  ///< a CPlotWidget; deleted with its parent or by Destroy
 };

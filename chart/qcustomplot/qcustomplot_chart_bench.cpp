@@ -35,7 +35,7 @@ void CountPoints(benchmark::State& state) {
     state.SetItemsProcessed(state.iterations() * state.range(0) * state.range(1));
 }
 
-/// A page change: the chart is created, filled and on the screen.
+/// A page change: the chart is created, filled, and shown.
 void PageChange(benchmark::State& state) {
     const CSamplePage page = PageOf(state);
     QWidget window;

@@ -26,7 +26,7 @@
 #include "chart/testing/sample_blocks.h"
 #include "files/replacing_file.h"
 
-/// The chart as a whole: its life, its looks, what it tells.
+/// The chart as a whole: its lifetime, its looks, and what it reports.
 class QCustomPlotChartTest : public CChartWindowTest {
     Q_OBJECT
 
@@ -135,7 +135,7 @@ private slots:
         QVERIFY(!QFile::exists(folder.filePath("none")));
     }
 
-    /// The frame of some styles fills the whole chart with a tint.
+    /// The focus frame of some styles filled the whole chart with a tint.
     void theFocusIsAThinFrameInTheHighlightColor() {
         ShowThick(FlatPage(2));
         QPalette palette = m_window->palette();

@@ -18,7 +18,7 @@
 
 inline constexpr CChartSize kWindow{800, 500};
 inline constexpr QPointF kMiddle(300, 250);
-inline constexpr QRect kInsideFrame(100, 20, 500, 440);  // whatever the width of names and labels
+inline constexpr QRect kInsideFrame(100, 20, 500, 440);  // for any width of names and labels
 
 /// Series s, from 0 on, is the line y = s + 1 over x from 5 to 6.
 CSamplePage FlatPage(std::int32_t seriesCount);
@@ -31,7 +31,7 @@ QRect BoxOfColor(const QImage& image, QRgb color, const QRect& part);
 
 bool IsNear(double actual, double expected, double tolerance);
 
-/// Remembers the context menu a chart passes on.
+/// Records the context menu events that a chart passes on.
 class CParentWindow : public QWidget {
 public:
     int contextMenus = 0;
@@ -40,8 +40,8 @@ protected:
     void contextMenuEvent(QContextMenuEvent*) override { ++contextMenus; }
 };
 
-/// What the tests of the chart on the screen share: a light window, a chart in it, a hand that points and turns the
-/// wheel, and an eye that reads pixels and the readout.
+/// Base of the tests of the chart on the screen: a light window with a chart, mouse and wheel input, and access to
+/// pixels and the readout.
 class CChartWindowTest : public QObject {
 protected:
     CChartWindowTest();
@@ -49,7 +49,7 @@ protected:
 
     void Show(const CSamplePage& page);
     void ShowThick(CSamplePage page);
-    /// The chart again, with another page.
+    /// Recreates the chart with another page.
     void ShowAgain(const CSamplePage& page);
     void Close();
 

@@ -5,16 +5,16 @@
 
 #include "chart/chart_control.h"
 
-/// A chart control that draws nothing and notes every call in order, one line of text each: "set 2115 = 3",
+/// A chart control that draws nothing and records every call in order, one line of text each: "set 2115 = 3",
 /// "array 3268 = 0.5", "array 2125 = \"a\tb\t\" (2)", "text 3000 = \"Time\"", "draw 0 0", "apply",
-/// "copy 10000 x 5000". Real numbers are in the shortest form that reads back. Given another control it also passes
-/// every call on, so that a window can be watched while it works.
+/// "copy 10000 x 5000". Real numbers are in the shortest form that reads back. Given another control, it also
+/// forwards every call, so that a test can observe a working window.
 class CRecordingChartControl : public CChartControl {
 public:
     explicit CRecordingChartControl(CChartControl* passedOnTo = nullptr) : m_passedOnTo(passedOnTo) {}
 
     std::vector<std::string> calls;
-    ks::CWriteResult exportResult = ks::CWriteResult::Written;  ///< of both exports when nothing is passed on
+    ks::CWriteResult exportResult = ks::CWriteResult::Written;  ///< of both exports when nothing is forwarded
 
     void Create(const CChartCreation& creation) override;
     void Destroy() override;

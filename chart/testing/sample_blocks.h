@@ -8,7 +8,7 @@
 
 #include "compare/chart_block.h"
 
-/// A block with its legend names, as a chart page hands them over.
+/// A block with its legend names, as a chart page provides them.
 struct CSamplePage {
     CChartBlock block;
     std::vector<std::string> names;
@@ -22,5 +22,5 @@ CSamplePage SamplePage(std::int32_t seriesCount, std::int32_t pointCount, double
 /// so on.
 CSamplePage PulsePage(std::int32_t seriesCount, std::int32_t pointCount);
 
-/// Makes the last `count` points of a series padding, as after the end of a shorter series.
+/// Turns the last `count` points of a series into padding, as after the end of a shorter series.
 void PadEnd(CChartBlock& block, std::int32_t series, std::int32_t count);

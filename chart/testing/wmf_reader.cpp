@@ -15,7 +15,7 @@
 
 namespace {
 
-/// Ends the reading; never leaves this file.
+/// Stops reading; never leaves this file.
 struct CFault : std::runtime_error {
     using std::runtime_error::runtime_error;
 };
@@ -88,7 +88,7 @@ public:
             ReadHeader();
             while (!m_ended) ReadRecord();
             Require(m_cursor.Left() == 0, "Bytes follow the last record.");
-            Require(m_largestRecord == m_largestRecordSaid, "The header has another largest record.");
+            Require(m_largestRecord == m_largestRecordSaid, "The header gives a different largest record.");
         } catch (const CFault& fault) {
             m_picture.fault = fault.what();
         }
@@ -102,7 +102,8 @@ private:
         for (int word = 0; word < 10; ++word) checksum ^= words.U16();
         Require(words.U16() == checksum, "The checksum is wrong.");
         Require(m_cursor.U32() == wmf::kPlaceableKey, "The key is wrong.");
-        Require(m_cursor.U16() == 0 && m_cursor.I16() == 0 && m_cursor.I16() == 0, "The picture starts elsewhere.");
+        Require(m_cursor.U16() == 0 && m_cursor.I16() == 0 && m_cursor.I16() == 0,
+                "The picture does not start at the origin.");
         m_picture.width = m_cursor.I16();
         m_picture.height = m_cursor.I16();
         m_picture.unitsPerInch = static_cast<int>(m_cursor.U16());
@@ -112,7 +113,7 @@ private:
     void ReadHeader() {
         const std::size_t words = m_cursor.Left() / 2;
         Require(m_cursor.U16() == 1 && m_cursor.U16() == 9 && m_cursor.U16() == 0x300, "The header is wrong.");
-        Require(m_cursor.U32() == words, "The header has another size.");
+        Require(m_cursor.U32() == words, "The header gives a different size.");
         m_objects.resize(m_cursor.U16());
         m_largestRecordSaid = m_cursor.U32();
         Require(m_cursor.U16() == 0, "The header is wrong.");
@@ -139,7 +140,7 @@ private:
                 record.U16();
                 break;
             case wmf::SetWindowOrigin:
-                Require(record.I16() == 0 && record.I16() == 0, "The window starts elsewhere.");
+                Require(record.I16() == 0 && record.I16() == 0, "The window does not start at the origin.");
                 break;
             case wmf::SetWindowExtent:
                 Require(record.I16() == m_picture.height && record.I16() == m_picture.width,

@@ -34,7 +34,7 @@ struct CReadText {
     std::uint32_t rgb = 0;
 };
 
-/// A placeable Windows metafile taken apart.
+/// The parsed contents of a placeable Windows metafile.
 struct CWmfPicture {
     int width = 0;
     int height = 0;
@@ -42,7 +42,7 @@ struct CWmfPicture {
     std::vector<CReadLine> lines;
     std::vector<CReadArea> areas;
     std::vector<CReadText> texts;
-    std::string fault;  ///< the first thing wrong with the file; empty when it is sound
+    std::string fault;  ///< the first error in the file; empty when there is none
 
     [[nodiscard]] bool HasText(std::string_view text) const;
     /// Points of all lines of one color.
@@ -50,5 +50,5 @@ struct CWmfPicture {
 };
 
 /// Reads every record and checks what a strict reader would: checksum, sizes, slots of objects, that drawing records
-/// come with the objects they need, and that all coordinates lie in the picture.
+/// have the objects they need, and that all coordinates are inside the picture.
 CWmfPicture ReadWmf(std::string_view bytes);

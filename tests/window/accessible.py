@@ -1,4 +1,4 @@
-"""The accessibility interface, as a program for people who cannot see the screen uses it."""
+"""The accessibility interface, as a screen reader uses it."""
 
 import gi
 
@@ -7,20 +7,20 @@ from gi.repository import Atspi, Gio, GLib  # noqa: E402
 
 from waiting import PATIENCE_S, wait_until  # noqa: E402
 
-# What a user has to tell apart by name.
+# What a user must be able to distinguish by name.
 _CONTROLS = {"push button", "radio button", "check box", "combo box", "text", "spin button", "list", "table",
              "tool bar", "menu item", "page tab", "progress bar"}
 
-# Their children are cells, some of them out of sight; they are asked for one by one.
+# Their children are cells, some of them not visible; they are requested one by one.
 _TABLES = {"table", "tree", "list"}
 
 
 def attach():
-    """To be called once, inside the desktop."""
+    """Call once, inside the desktop."""
     Atspi.init()
-    # A program under a sanitizer on a busy machine may take its time to answer.
+    # A program under a sanitizer on a busy machine may take a while to answer.
     Atspi.set_timeout(PATIENCE_S * 1000, PATIENCE_S * 1000)
-    # Always ask the program itself: what is remembered here may be out of date.
+    # Always ask the program itself: cached answers may be out of date.
     Atspi.get_desktop(0).set_cache_mask(Atspi.Cache.NONE)
 
 
@@ -75,22 +75,22 @@ class Node:
         return next((node for node in self.walk() if node.role == role and name in (None, node.name)), None)
 
     def get(self, role, name=None):
-        """The object of this role and name, as soon as it is there."""
+        """The object of this role and name, as soon as it exists."""
         return wait_until(lambda: self.find(role, name), f"there was a {role} {name or ''} in {self!r}")
 
     def shown(self, role, name=None):
-        """The same among the objects that are in sight."""
+        """The same among the visible objects."""
         def find():
             return next((node for node in self.walk()
                          if node.role == role and name in (None, node.name) and node.has("showing")), None)
-        return wait_until(find, f"a {role} {name or ''} was in sight in {self!r}")
+        return wait_until(find, f"a {role} {name or ''} was visible in {self!r}")
 
     def nameless(self):
-        """Controls in sight without a name, but for what toolkits put into a field."""
+        """Visible controls without a name, except those that toolkits put into a field."""
         return [f"{node!r} in {node.parent!r}" for node in self.walk() if node.role in _CONTROLS and
                 node.has("showing") and not node.name and node.parent.role not in ("text", "combo box")]
 
-    def labelled_by(self, label):
+    def labeled_by(self, label):
         """The field that the label of this text belongs to."""
         def find():
             return next((node for node in self.walk() if label in node._labels()), None)
@@ -112,8 +112,8 @@ class Node:
         wait_until(lambda: self.text == text, f"{self!r} showed {text!r}")
 
     def act(self, action="Press"):
-        """Sets off an action, which must be on offer, without waiting: one that opens a dialog goes on until the
-        dialog is closed."""
+        """Triggers an action, which must be available, without waiting: an action that opens a dialog ends only when
+        the dialog is closed."""
         wait_until(lambda: self.has("enabled"), f"{self!r} was enabled")
         actions = self._message("GetActions")
         reply, _ = _bus().send_message_with_reply_sync(actions, Gio.DBusSendMessageFlags.NONE, PATIENCE_S * 1000, None)
@@ -139,7 +139,7 @@ class Node:
         wait_until(lambda: self.has("checked") == checked, f"{self!r} was " + ("on" if checked else "off"))
 
     @property
-    def centre(self):
+    def center(self):
         """In pixels of the screen."""
         place = Atspi.Component.get_extents(self._accessible, Atspi.CoordType.SCREEN)
         return place.x + place.width // 2, place.y + place.height // 2
@@ -159,7 +159,7 @@ class Node:
 
 
 def _bus():
-    """A connection of our own: the library's waits for answers."""
+    """A separate connection: the library's own waits for answers."""
     if _bus.connection is None:
         session = Gio.bus_get_sync(Gio.BusType.SESSION)
         address = session.call_sync("org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus", "GetAddress", None, None,
@@ -183,7 +183,7 @@ def find_program(process_id):
 
 
 class FocusWatch:
-    """What took the focus since the watch began. Context menus have no place in the tree; this is how they are met."""
+    """What took the focus since the watch began. Context menus are not in the tree; this is how to find them."""
 
     def __init__(self):
         self._focused = []

@@ -1,6 +1,6 @@
 """A desktop of the test's own: a virtual screen, a D-Bus session, a window manager and the folders of a user.
 
-Everything in it is a child of the test, also what D-Bus starts, and has ended when the desktop is closed."""
+Everything in it is a child of the test, including what D-Bus starts, and ends when the desktop is closed."""
 
 import ctypes
 import os
@@ -21,7 +21,7 @@ _libc = ctypes.CDLL(None)
 
 
 def die_with_the_test():
-    """In a new child: a test that is killed leaves nothing behind."""
+    """Runs in a new child, so that it ends with a test that is killed."""
     _libc.prctl(PR_SET_PDEATHSIG, signal.SIGTERM)
 
 
@@ -32,7 +32,7 @@ def start(arguments, **options):
 
 
 def end(process):
-    """Ends a child that was started here, unless it has ended by itself."""
+    """Ends a child that was started here, unless it has already ended."""
     if process.poll() is None:
         process.terminate()
         try:
@@ -43,7 +43,7 @@ def end(process):
 
 
 class Desktop:
-    """Sets up the desktop, also in this process's own environment, and takes it down again."""
+    """Sets up the desktop, also in this process's own environment, and shuts it down again."""
 
     def __init__(self):
         self.folder = None
@@ -65,7 +65,7 @@ class Desktop:
         return self
 
     def __exit__(self, *_):
-        waiting.unwatch_all()  # a test that was interrupted leaves its program behind
+        waiting.unwatch_all()  # an interrupted test does not end its program
         for part in reversed(self._parts):
             end(part)
         try:
@@ -79,7 +79,7 @@ class Desktop:
             shutil.rmtree(self.folder, ignore_errors=True)
 
     def _choose_environment(self):
-        """Nothing of the user's own desktop, settings or language, and accessibility from the start."""
+        """Nothing of the user's own desktop, settings, or language; accessibility is on from the start."""
         for name in list(os.environ):
             if name.startswith(("QT_", "LC_", "XDG_", "DBUS_", "AT_SPI", "GTK_")):
                 del os.environ[name]
@@ -140,7 +140,7 @@ def children():
         try:
             fields = (entry / "stat").read_text(errors="replace").rpartition(")")[2].split()
         except OSError:
-            continue  # has ended meanwhile
+            continue  # has ended since
         if int(fields[1]) == os.getpid():
             found.append(int(entry.name))
     return found

@@ -5,7 +5,7 @@ import zlib
 
 
 class Metafile:
-    """A placeable Windows metafile: its frame, and its lines and texts as far as a test looks at them."""
+    """A placeable Windows metafile: its frame, and its lines and texts as far as the tests need them."""
 
     PLACEABLE_KEY = 0x9AC6CDD7
     END, POLYLINE, POLYGON, POLYPOLYGON, TEXT = 0x0000, 0x0325, 0x0324, 0x0538, 0x0A32
@@ -28,7 +28,7 @@ class Metafile:
         self.texts, self.point_count, seen_largest = [], 0, 0
         position, function = header_words * 2, None
         while position < len(data):
-            assert function != self.END, "There are records behind the last one"
+            assert function != self.END, "There are records after the last one"
             words, function = struct.unpack_from("<IH", data, position)
             assert words >= 3 and position + words * 2 <= len(data), f"A record of {words} words at {position}"
             seen_largest = max(seen_largest, words)
@@ -51,26 +51,26 @@ class Metafile:
 
     def _take_points(self, body, count):
         places = struct.unpack(f"<{2 * count}h", body)
-        assert all(0 <= x <= self.width for x in places[0::2]), "A point lies beside the picture"
+        assert all(0 <= x <= self.width for x in places[0::2]), "A point is outside the picture"
         assert all(0 <= y <= self.height for y in places[1::2]), "A point lies above or below the picture"
         self.point_count += count
 
 
 class Picture:
-    """A raster of pixels: its size and how many pixels have which colour."""
+    """A raster of pixels: its size and how many pixels have which color."""
 
     def __init__(self, width, height, pixels):
         self.size = (width, height)
-        self.colours = {}
+        self.colors = {}
         for pixel in pixels:
-            self.colours[pixel] = self.colours.get(pixel, 0) + 1
+            self.colors[pixel] = self.colors.get(pixel, 0) + 1
 
     def assert_drawn_on_white(self):
-        """Mostly white, with at least a hundredth drawn upon in more than one colour."""
+        """Mostly white, with at least a hundredth covered in more than one color."""
         total = self.size[0] * self.size[1]
-        white = sum(count for colour, count in self.colours.items() if colour[:3] == b"\xff\xff\xff")
+        white = sum(count for color, count in self.colors.items() if color[:3] == b"\xff\xff\xff")
         assert total / 2 < white < total * 0.99, f"{white} of {total} pixels are white"
-        assert len(self.colours) > 4, f"There are only the colours {self.colours}"
+        assert len(self.colors) > 4, f"There are only the colors {self.colors}"
 
 
 def read_bitmap(data):
@@ -97,14 +97,14 @@ def read_png(data):
         name = data[position + 4:position + 8]
         parts[name] = parts.get(name, b"") + data[position + 8:position + 8 + length]
         position += 12 + length
-    width, height, depth, colour_type, _, _, interlaced = struct.unpack(">IIBBBBB", parts[b"IHDR"])
-    channels = {0: 1, 2: 3, 3: 1, 4: 2, 6: 4}[colour_type]
+    width, height, depth, color_type, _, _, interlaced = struct.unpack(">IIBBBBB", parts[b"IHDR"])
+    channels = {0: 1, 2: 3, 3: 1, 4: 2, 6: 4}[color_type]
     assert (depth, interlaced) == (8, 0), (depth, interlaced)
     pixels = _pixels(_unfiltered(zlib.decompress(parts[b"IDAT"]), width * channels, height, channels), channels)
-    if colour_type == 3:
+    if color_type == 3:
         palette = parts[b"PLTE"]
         pixels = (palette[3 * pixel[0]:3 * pixel[0] + 3] for pixel in pixels)
-    elif colour_type in (0, 4):
+    elif color_type in (0, 4):
         pixels = (pixel[:1] * 3 for pixel in pixels)
     return Picture(width, height, pixels)
 

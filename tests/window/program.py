@@ -15,7 +15,7 @@ FIXED_COLUMNS = 16  # of the table, in front; the columns that the command line'
 
 
 class Program:
-    """A running program with settings and a home of its own."""
+    """A running program with its own settings and home folder."""
 
     def __init__(self, folder, *arguments, environment=None):
         """Starts in `folder`; `environment` changes this process's own."""
@@ -33,7 +33,7 @@ class Program:
         self.window = self._window("Quorvel")
 
     def end(self):
-        """For the end of a test: a program that still runs is ended, and what it said is told."""
+        """For the end of a test: ends a program that still runs and reports its output."""
         waiting.unwatch(self._process)
         status = desktop.end(self._process)
         said = self._complaints.read_text(errors="replace")
@@ -68,14 +68,14 @@ class Program:
         self.wait_closed(title)
 
     def answer_message(self, text):
-        """A message box says this and nothing else; OK."""
+        """Checks that a message box says exactly this, and presses OK."""
         box = self.dialog("Error")
         said = [label.name for label in box.walk() if label.role == "label" and label.name]
         assert said == [text], said
         self.close("Error", "OK")
 
     def keys(self, window, *keys):
-        """Strikes keys in a window, which gets them one after another."""
+        """Presses keys in a window, one after another."""
         wait_until(lambda: window.has("active"), f"{window!r} was the active window")
         press_keys(*keys)
 
@@ -105,7 +105,7 @@ class Program:
     def pick(self, title, *paths, button="Open"):
         """Types paths into the file dialog of this title and closes it."""
         name = self.dialog(title).get("text", "File name:")
-        # Until it has the focus, the toolkit cuts the folder off a path to an existing file.
+        # Until it has the focus, the toolkit strips the folder from a path to an existing file.
         name.take_focus()
         name.set_text(" ".join(f'"{path}"' for path in paths) if len(paths) > 1 else str(paths[0]))
         self.close(title, button)
@@ -141,8 +141,8 @@ class Program:
         return chart is not None and chart.has("showing")
 
     def point_at_chart(self):
-        """Moves the pointer over the chart and returns what the status bar says about the place."""
-        x, y = self.chart().centre
+        """Moves the pointer over the chart and returns what the status bar says about the point."""
+        x, y = self.chart().center
         move_pointer((x, y))
         move_pointer((x + 5, y + 5))
         wait_until(lambda: self.readout().startswith("X: "), "the status bar told the place of the pointer")
@@ -156,7 +156,7 @@ class Program:
 
     def page_selector(self):
         """On this platform a drop-down has the name of its entry; it is found by its label."""
-        return self.window.labelled_by("Plot Type:")
+        return self.window.labeled_by("Plot Type:")
 
     def pages(self):
         return [item.name for item in self.page_selector().get("list").children]
@@ -165,7 +165,7 @@ class Program:
         return self.page_selector().name
 
     def choose_page(self, name):
-        """Goes from page to page as with the arrow keys, until the page of this name is there."""
+        """Moves from page to page, as with the arrow keys, until the page of this name is shown."""
         selector = self.page_selector()
         if not selector.has("focused"):
             self.keys(self.window, "alt+y")

@@ -1,4 +1,4 @@
-"""What these tests need of the machine; importing this ends the program where something is missing."""
+"""What these tests need from the machine; importing this ends the program if something is missing."""
 
 import os
 import shutil

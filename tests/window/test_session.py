@@ -1,5 +1,5 @@
-"""A whole session in a real window: choose files, read the table, look at every page, change the limits, hand the
-results on, and leave. What the window says is held against the command line."""
+"""A whole session in a real window: choose files, read the table, look at every page, change the limits, export the
+results, and quit. What the window says is checked against the command line."""
 
 import configparser
 import json
@@ -17,7 +17,7 @@ REFERENCE = "examples/sled/s01001aa0.001"
 SLED = [f"examples/sled/s0100{number}aa0.{'txt' if number == 7 else '001'}" for number in range(2, 8)]
 OPTIONS = ["--cfc", "180", "--window", "0", "0.15"]
 
-# In the order of the page selector. The corridor is the one that is handed on; later pages cut the signals for good.
+# In the order of the page selector. The corridor is the page that is exported; later pages cut the signals for good.
 ALL_PAGES = ["Acceleration", "Velocity", "Displacement", "Corridor", "Standard Deviation", "90 Percentile Corridor",
              "Residuals", "Cummulative Density", "Cross Correlation"]
 
@@ -78,7 +78,7 @@ class Session(WindowTest):
         self.read_hit_list(self.program, "examples/sled/sled.hit")
         self.assertEqual(names(listed), self.files[:2] + SLED)
 
-        # The first two of the hit list are there already.
+        # The first two of the hit list are already there.
         for item in listed.children[2:4]:
             item.act("Toggle")
             wait_until(lambda item=item: item.has("selected"), f"{item!r} was selected")
@@ -223,7 +223,7 @@ class Session(WindowTest):
         self.assertEqual(path.read_bytes(), (self.folder / f"expected/page-{page['id']}.txt").read_bytes())
 
     def save_series(self):
-        """One dialog per curve; the third is cancelled, which leaves out its curve and no other."""
+        """One dialog per curve; the third is canceled, which leaves out only its curve."""
         page = self.results.page("Corridor")
         self.program.choose("File", "Save", "UDS")
         saved = {}
@@ -272,7 +272,7 @@ class Session(WindowTest):
         self.wait_cells(stricter)
 
     def change_corridor_size(self):
-        """The new size is taken by the next run."""
+        """The next run uses the new size."""
         before = self.program.cells()
         self.program.choose("Edit", "Corridor Size")
         size = self.program.dialog("Enter Corridor Size").get("text", "Corridor size")
@@ -305,7 +305,7 @@ class Session(WindowTest):
     # Other windows and menus.
 
     def look_into_a_loaded_file(self):
-        """By the keys of the menu: the third of the loaded files, behind the reference and the first signal."""
+        """By the keys of the menu: the third of the loaded files, after the reference and the first signal."""
         file_menu = self.program.entry("File")
         loaded = self.program.entry("File", "UDS Specification of")
         self.program.keys(self.program.window, "alt+f")
@@ -334,7 +334,7 @@ class Session(WindowTest):
 
     def ask_for_context_menus(self):
         with FocusWatch() as focus:
-            click(self.program.table().cell(1, 1).centre, 3)
+            click(self.program.table().cell(1, 1).center, 3)
             press_keys("Up")
             last = wait_until(lambda: focus.last("menu item"), "an entry of the context menu was chosen")
             self.assertEqual(names(last.parent), ["Cut", "Copy", "Paste", "", "UDS Speification"])
@@ -394,7 +394,7 @@ class Session(WindowTest):
 
 class Average(WindowTest):
     def test_force_signals_with_their_average(self):
-        """Signals that are no accelerations have a page of their own in place of three others."""
+        """Signals that are not accelerations have their own page instead of three others."""
         program = self.start()
         select = self.read_hit_list(program, "examples/force/force.hit")
         reference = select.get("text", "Reference file")
@@ -417,7 +417,7 @@ class Average(WindowTest):
 
 
 class HtmlTable(HTMLParser):
-    """The rows of the one table of a page: texts, and verdicts by the colours of the cells."""
+    """The rows of the one table of a page: texts, and verdicts by the colors of the cells."""
 
     VERDICTS = {None: "none", "#00E000": "good", "#E00000": "bad"}
 

@@ -1,10 +1,10 @@
-"""Waiting for conditions, the only way in which these tests let time pass."""
+"""Waiting for conditions, the only way these tests let time pass."""
 
 import time
 
 from gi.repository import GLib
 
-# Nothing that these tests wait for takes a tenth of it on a busy machine; it only ends a wait for what never comes.
+# Nothing that these tests wait for takes a tenth of this, even on a busy machine; it only ends a hopeless wait.
 PATIENCE_S = 90
 PAUSE_S = 0.02
 
@@ -27,7 +27,7 @@ def unwatch_all():
 def wait_until(condition, what, patience_s=PATIENCE_S):
     """Asks `condition` until its answer is true, and returns the answer.
 
-    A GLib.Error counts as "not yet": what was asked about went away in the middle of the question."""
+    A GLib.Error counts as "not yet": what was asked about went away during the question."""
     last_error = None
     end = time.monotonic() + patience_s
     while time.monotonic() < end:
@@ -46,7 +46,7 @@ def wait_until(condition, what, patience_s=PATIENCE_S):
 
 
 def take_events():
-    """Hands accessibility events that have arrived to those who listen."""
+    """Delivers pending accessibility events to their listeners."""
     context = GLib.MainContext.default()
     while context.iteration(False):
         pass

@@ -1,4 +1,4 @@
-"""What the tests in a real window share: a folder with the examples, runs of the command line to compare with, what
+"""Shared by the tests in a real window: a folder with the examples, runs of the command line to compare with, what
 the table should say, and a main program that sets up the desktop."""
 
 import json
@@ -39,7 +39,7 @@ def run_cli(folder, *arguments):
 
 
 class Results:
-    """A comparison on the command line, to hold the window against."""
+    """A comparison on the command line, to check the window against."""
 
     def __init__(self, folder, files, *options):
         self._files, self._options, self._folder = files, options, folder
@@ -55,7 +55,7 @@ class Results:
         return [list(zip(found["columns"], found["verdicts"])) for found in self._results["signals"]]
 
     def accessible_cells(self, limits=None):
-        """What the cells of the table say to those who cannot see their colours."""
+        """What the cells of the table say to those who cannot see their colors."""
         limits = {**LIMITS, **(limits or {})}
 
         def cell(header, text, verdict):
@@ -81,7 +81,7 @@ def chart_description(page):
 
 
 class WindowTest(unittest.TestCase):
-    """A test in a folder of its own that holds the examples; programs start there."""
+    """A test in its own folder, which holds the examples; programs start there."""
 
     maxDiff = None
 
@@ -105,7 +105,7 @@ class WindowTest(unittest.TestCase):
 
 def main():
     """Runs the tests of the calling script on a desktop of their own."""
-    # As an exception, and one that the tests let pass, so that the desktop is taken down.
+    # Raised as an exception that the tests do not catch, so that the desktop is shut down.
     signal.signal(signal.SIGTERM, signal.default_int_handler)
     with desktop.Desktop():
         accessible.attach()

@@ -15,10 +15,10 @@ struct CPdfWord {
 struct CPdfPage {
     QSizeF size;  ///< points
     std::vector<CPdfWord> words;
-    QStringList lines;  ///< of the text, laid out as on the page; runs of blanks stand for gaps
+    QStringList lines;  ///< of the text, laid out as on the page; runs of blanks represent gaps
 };
 
-/// What this machine lacks to read PDF files, as a sentence; empty when it lacks nothing.
+/// What this machine needs to read PDF files but lacks, as a sentence; empty when nothing is missing.
 QString PdfReaderFault();
 
 /// Reads a PDF file with pdftotext (poppler); empty when that fails.

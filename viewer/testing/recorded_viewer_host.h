@@ -9,15 +9,15 @@
 
 #include "viewer/viewer_host.h"
 
-/// Keeps what the viewer said and asked, and gives the prepared answers; cancels without one.
+/// Records what the viewer said and asked, and gives the prepared answers; cancels without one.
 class CRecordedViewerHost : public CViewerHost {
 public:
     QStringList errors;
-    bool wasWaiting = false;  ///< the wait cursor was up before an error
+    bool wasWaiting = false;  ///< the wait cursor was shown before an error
     std::vector<ks::CFileRequest> saveRequests;
     std::optional<QString> savePath;
     std::function<bool(QPrinter&)> choosePrinter;
-    QList<int> pageCounts;  ///< of the reports that were to be printed
+    QList<int> pageCounts;  ///< of the reports to print
 
     void ShowError(QWidget*, const QString& text) override {
         errors.append(text);

@@ -7,7 +7,7 @@
 
 namespace {
 
-/// Puts texts, or as many of the widest letter as their fields hold.
+/// Writes texts, or fields filled with the widest letter.
 class CFields {
 public:
     CFields(CUDSBytes& file, bool wide) : m_file(file), m_wide(wide) {}

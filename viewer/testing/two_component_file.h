@@ -3,13 +3,13 @@
 #include <QStringList>
 #include <string>
 
-/// Bytes of a UDS-1992 file made by hand, with two components and a value of its own in every field.
+/// Bytes of a UDS-1992 file made by hand, with two components and a different value in every field.
 std::string TwoComponentFile();
 
-/// The same with every text as wide as its field can hold.
+/// The same with every text as wide as its field allows.
 std::string WideTextFile();
 
-/// A group as the viewer is to show the file's fields: its title, and label, value and unit of each line.
+/// A group as the viewer should show the file's fields: its title, and the label, value, and unit of each line.
 struct CExpectedGroup {
     QString title;
     QStringList lines;
@@ -17,5 +17,5 @@ struct CExpectedGroup {
 
 /// The groups that are shown everywhere, in order.
 QList<CExpectedGroup> ExpectedGroups();
-/// What the full report and nothing else adds.
+/// What only the full report adds.
 QStringList ExpectedFurtherLines();
