@@ -33,21 +33,21 @@ QAction* MakeAction(const CCommand& command, QWidget& window) {
 
 }  // namespace
 
-CCommandActions::CCommandActions(QWidget& window, const std::function<void(CommandId)>& run) {
+CCommandActions::CCommandActions(QWidget& window, const std::function<void(CCommandId)>& run) {
     for (const CCommand& command : Commands()) {
         QAction* const action = MakeAction(command, window);
         QObject::connect(action, &QAction::triggered, &window, [run, id = command.id] { run(id); });
         window.addAction(action);  // shortcuts also work while the menus are hidden
         m_actions[command.id] = action;
     }
-    Find(CommandId::Toolbar)->setCheckable(true);
-    Find(CommandId::StatusBar)->setCheckable(true);
-    Find(CommandId::Customize)->setIconText(Find(CommandId::Customize)->text());  // Qt would drop the dots
-    Find(CommandId::About)->setMenuRole(QAction::AboutRole);
-    Find(CommandId::Exit)->setMenuRole(QAction::QuitRole);
+    Find(CCommandId::Toolbar)->setCheckable(true);
+    Find(CCommandId::StatusBar)->setCheckable(true);
+    Find(CCommandId::Customize)->setIconText(Find(CCommandId::Customize)->text());  // Qt would drop the dots
+    Find(CCommandId::About)->setMenuRole(QAction::AboutRole);
+    Find(CCommandId::Exit)->setMenuRole(QAction::QuitRole);
 }
 
-QAction* CCommandActions::Find(CommandId id) const {
+QAction* CCommandActions::Find(CCommandId id) const {
     const auto found = m_actions.find(id);
     return found == m_actions.end() ? nullptr : found->second;
 }
@@ -56,8 +56,8 @@ void CCommandActions::Enable(const CCommandState& state) const {
     for (const auto& [id, action] : m_actions) action->setEnabled(IsCommandEnabled(id, state));
 }
 
-void CCommandActions::AddTo(QWidget& menu, std::span<const CommandId> ids) const {
-    for (const CommandId id : ids) {
+void CCommandActions::AddTo(QWidget& menu, std::span<const CCommandId> ids) const {
+    for (const CCommandId id : ids) {
         if (id != kSeparator) {
             menu.addAction(Find(id));
             continue;

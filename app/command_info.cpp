@@ -100,7 +100,7 @@ void CMyCommandInfo::ParseArgument(std::string_view argument) {
 bool CMyCommandInfo::IsSwitch(std::string_view argument) const {
     if (argument.starts_with('-')) return true;
     if (!argument.starts_with('/')) return false;
-    if (m_slashRule == SlashRule::AlwaysSwitch) return true;
+    if (m_slashRule == CSlashRule::AlwaysSwitch) return true;
     const std::string_view rest = argument.substr(1);
     return rest.find('/') == std::string_view::npos && IsKnownSwitch(rest);
 }

@@ -8,15 +8,15 @@
 #include <vector>
 
 /// How an argument that begins with "/" is taken.
-enum class SlashRule {
+enum class CSlashRule {
     AlwaysSwitch,  ///< as Windows users expect
     SwitchIfKnown  ///< a switch only when no further "/" follows and the word is a known one; else the path of a file
 };
 
 #ifdef _WIN32
-inline constexpr SlashRule kPlatformSlashRule = SlashRule::AlwaysSwitch;
+inline constexpr CSlashRule kPlatformSlashRule = CSlashRule::AlwaysSwitch;
 #else
-inline constexpr SlashRule kPlatformSlashRule = SlashRule::SwitchIfKnown;
+inline constexpr CSlashRule kPlatformSlashRule = CSlashRule::SwitchIfKnown;
 #endif
 
 /// The options of the command line. Only the file list and the channel class take effect at start-up; the others are
@@ -38,7 +38,7 @@ public:
     std::vector<std::string> reservedList;
     std::vector<std::string> files;  ///< plain arguments and the lines of list files, in order; UTF-8
 
-    explicit CMyCommandInfo(SlashRule slashRule = kPlatformSlashRule) : m_slashRule(slashRule) {}
+    explicit CMyCommandInfo(CSlashRule slashRule = kPlatformSlashRule) : m_slashRule(slashRule) {}
 
     /// Takes the arguments in order, without the program's name.
     void Parse(std::span<const std::string> arguments);
@@ -51,5 +51,5 @@ private:
     void TakePlain(std::string_view text);
     bool AppendListFile(const std::string& path);
 
-    SlashRule m_slashRule;
+    CSlashRule m_slashRule;
 };

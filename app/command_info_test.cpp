@@ -12,7 +12,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-CMyCommandInfo Parsed(const std::vector<std::string>& arguments, SlashRule rule = SlashRule::SwitchIfKnown) {
+CMyCommandInfo Parsed(const std::vector<std::string>& arguments, CSlashRule rule = CSlashRule::SwitchIfKnown) {
     CMyCommandInfo info(rule);
     info.Parse(arguments);
     return info;
@@ -75,7 +75,7 @@ TEST_P(Switch, ChangesWhatItNamesAndNothingElse) {
         std::vector<std::string> arguments = row.before;
         arguments.push_back(spelling);
         EXPECT_EQ(Summary(Parsed(arguments)), expected) << spelling;
-        EXPECT_EQ(Summary(Parsed(arguments, SlashRule::AlwaysSwitch)), expected) << spelling;
+        EXPECT_EQ(Summary(Parsed(arguments, CSlashRule::AlwaysSwitch)), expected) << spelling;
     }
 }
 
@@ -105,7 +105,7 @@ INSTANTIATE_TEST_SUITE_P(
 TEST(CommandInfo, MatchesWholeWordsOnly) {
     for (const char* word : {"CFC60X", "CFC", "XCFC60", "V11", "V1", "RESULT", "WIN", "A_HIC ", "NOSAE1", ""}) {
         EXPECT_EQ(Summary(Parsed({std::string("-").append(word)})), kDefaults) << word;
-        EXPECT_EQ(Summary(Parsed({std::string("/").append(word)}, SlashRule::AlwaysSwitch)), kDefaults) << word;
+        EXPECT_EQ(Summary(Parsed({std::string("/").append(word)}, CSlashRule::AlwaysSwitch)), kDefaults) << word;
     }
 }
 
@@ -129,7 +129,7 @@ TEST(CommandInfo, SetsTheOutputFlagForEveryWordThatBeginsWithO) {
     EXPECT_TRUE(Parsed({"-O"}).outputRequested);
     EXPECT_TRUE(Parsed({"-o"}).outputRequested);
     EXPECT_TRUE(Parsed({"-Other"}).outputRequested);
-    EXPECT_TRUE(Parsed({"/Other"}, SlashRule::AlwaysSwitch).outputRequested);
+    EXPECT_TRUE(Parsed({"/Other"}, CSlashRule::AlwaysSwitch).outputRequested);
     EXPECT_FALSE(Parsed({"-NOSAE"}).outputRequested);
 }
 
@@ -251,8 +251,8 @@ TEST(Slash, BeginsAPathUnlessAKnownWordFollows) {
 }
 
 TEST(Slash, AlwaysBeginsASwitchWhereUsersExpectThat) {
-    EXPECT_THAT(Parsed({"/CFC60X", "/home/a.001", "/"}, SlashRule::AlwaysSwitch).files, IsEmpty());
-    EXPECT_EQ(Parsed({"/CFC60X"}, SlashRule::AlwaysSwitch).channelClass, 1000);
+    EXPECT_THAT(Parsed({"/CFC60X", "/home/a.001", "/"}, CSlashRule::AlwaysSwitch).files, IsEmpty());
+    EXPECT_EQ(Parsed({"/CFC60X"}, CSlashRule::AlwaysSwitch).channelClass, 1000);
 }
 
 }  // namespace

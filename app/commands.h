@@ -7,7 +7,7 @@
 
 /// Numbers of the commands; frozen: the toolbar's state on users' machines and tools that drive the window refer to
 /// them.
-enum class CommandId : std::int32_t {
+enum class CCommandId : std::int32_t {
     SaveUds = 32771,
     SaveAscii = 32772,
     SaveBmp = 32774,
@@ -34,7 +34,7 @@ enum class CommandId : std::int32_t {
 
 /// One command as menus, toolbar and status bar show it.
 struct CCommand {
-    CommandId id;
+    CCommandId id;
     const char* name;        ///< object name of its action; frozen, kept in the settings
     const char* text;        ///< menu text with its mnemonic
     const char* shortcut;    ///< in portable form; may be empty
@@ -50,8 +50,8 @@ struct CCommandState {
     bool isBusy = false;        ///< the wait cursor is up: a run is at work, or a page is being made
     bool isTableShown = false;  ///< the summary page with its table
     bool isChartShown = false;  ///< a chart page with its chart
-    RunState run = RunState::None;
+    CRunState run = CRunState::None;
 };
 
 /// Whether the user may choose a command now. Nothing may be chosen while busy.
-bool IsCommandEnabled(CommandId id, const CCommandState& state);
+bool IsCommandEnabled(CCommandId id, const CCommandState& state);

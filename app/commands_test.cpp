@@ -77,7 +77,7 @@ std::set<std::string> AlwaysAnd(std::set<std::string> more) {
     return more;
 }
 
-CCommandState State(bool isTableShown, bool isChartShown, RunState run) {
+CCommandState State(bool isTableShown, bool isChartShown, CRunState run) {
     CCommandState state;
     state.isTableShown = isTableShown;
     state.isChartShown = isChartShown;
@@ -86,38 +86,38 @@ CCommandState State(bool isTableShown, bool isChartShown, RunState run) {
 }
 
 TEST(Commands, NothingToSaveOrPrintBeforeTheFirstRun) {
-    EXPECT_EQ(Enabled(State(false, false, RunState::None)), kAlways);
+    EXPECT_EQ(Enabled(State(false, false, CRunState::None)), kAlways);
 }
 
 TEST(Commands, TheSummaryCanBeCopiedAndReportedButNotPrinted) {
-    EXPECT_EQ(Enabled(State(true, false, RunState::Completed)),
+    EXPECT_EQ(Enabled(State(true, false, CRunState::Completed)),
               AlwaysAnd({"CopyData", "SaveHtml", "SaveUds", "SaveAscii"}));
 }
 
 TEST(Commands, AChartCanBeSavedAndPrintedButHasNoTableToCopy) {
-    EXPECT_EQ(Enabled(State(false, true, RunState::Completed)),
+    EXPECT_EQ(Enabled(State(false, true, CRunState::Completed)),
               AlwaysAnd({"SaveBmp", "SaveWmf", "Print", "PrintDirect", "SaveUds", "SaveAscii"}));
 }
 
 TEST(Commands, APageWithoutCurvesHasNeitherTableNorChart) {
-    EXPECT_EQ(Enabled(State(false, false, RunState::Completed)), AlwaysAnd({"SaveUds", "SaveAscii"}));
+    EXPECT_EQ(Enabled(State(false, false, CRunState::Completed)), AlwaysAnd({"SaveUds", "SaveAscii"}));
 }
 
 TEST(Commands, OfThePreviousRunOnlyTheTableCanBeCopied) {
-    EXPECT_EQ(Enabled(State(true, false, RunState::Stopped)), AlwaysAnd({"CopyData"}));
-    EXPECT_EQ(Enabled(State(false, false, RunState::Stopped)), kAlways);
+    EXPECT_EQ(Enabled(State(true, false, CRunState::Stopped)), AlwaysAnd({"CopyData"}));
+    EXPECT_EQ(Enabled(State(false, false, CRunState::Stopped)), kAlways);
 }
 
 TEST(Commands, NothingCanBeChosenWhileARunIsAtWork) {
     for (const bool isTableShown : {false, true}) {
-        EXPECT_THAT(Enabled(State(isTableShown, false, RunState::AtWork)), testing::IsEmpty());
+        EXPECT_THAT(Enabled(State(isTableShown, false, CRunState::AtWork)), testing::IsEmpty());
     }
 }
 
 TEST(Commands, NothingCanBeChosenWhileBusy) {
     for (const bool isTableShown : {false, true}) {
         for (const bool isChartShown : {false, true}) {
-            for (const RunState run : {RunState::None, RunState::AtWork, RunState::Completed, RunState::Stopped}) {
+            for (const CRunState run : {CRunState::None, CRunState::AtWork, CRunState::Completed, CRunState::Stopped}) {
                 CCommandState state = State(isTableShown, isChartShown, run);
                 state.isBusy = true;
                 EXPECT_THAT(Enabled(state), testing::IsEmpty());

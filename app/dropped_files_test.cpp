@@ -103,7 +103,7 @@ private slots:
         ks::CFileRequest request;
         request.filters = DataTypeFilters();
         request.filterIndex = settings.Get(setting::kDataType);
-        const auto picker = CFileDialogs::MakeDialog(nullptr, request, CFileDialogs::Style::Drawn);
+        const auto picker = CFileDialogs::MakeDialog(nullptr, request, CFileDialogs::CStyle::Drawn);
         const auto& filters = DataTypeFilters();
         const auto chosen = std::find_if(filters.begin(), filters.end(), [&](const ks::CFileFilter& filter) {
             return QString::fromStdString(filter.text) == picker->selectedNameFilter();

@@ -26,13 +26,13 @@ namespace {
 
 constexpr QSize kFirstSize{1100, 720};  // pixels; until the user has chosen another
 
-constexpr std::array kSaveMenu = {CommandId::SaveBmp, CommandId::SaveWmf, CommandId::SaveHtml, CommandId::SaveUds,
-                                  CommandId::SaveAscii};
-constexpr std::array kPrintCommands = {CommandId::Print, CommandId::PrintPreview, kSeparator,
-                                       CommandId::UdsSpecification};
-constexpr std::array kEditMenu = {CommandId::Copy, CommandId::CopyData, kSeparator, CommandId::CorridorSize,
-                                  CommandId::CriticalValues};
-constexpr std::array kViewMenu = {CommandId::Toolbar, CommandId::StatusBar, CommandId::Customize};
+constexpr std::array kSaveMenu = {CCommandId::SaveBmp, CCommandId::SaveWmf, CCommandId::SaveHtml, CCommandId::SaveUds,
+                                  CCommandId::SaveAscii};
+constexpr std::array kPrintCommands = {CCommandId::Print, CCommandId::PrintPreview, kSeparator,
+                                       CCommandId::UdsSpecification};
+constexpr std::array kEditMenu = {CCommandId::Copy, CCommandId::CopyData, kSeparator, CCommandId::CorridorSize,
+                                  CCommandId::CriticalValues};
+constexpr std::array kViewMenu = {CCommandId::Toolbar, CCommandId::StatusBar, CCommandId::Customize};
 
 bool IsLockKey(const QEvent& event) {
     if (event.type() != QEvent::KeyRelease) return false;
@@ -50,7 +50,7 @@ CMainFrame::CMainFrame(const CWindowServices& services, std::unique_ptr<CChartCo
       m_document(m_host),
       m_chart(std::move(chart)),
       m_pictures(m_services),
-      m_actions(*this, [this](CommandId id) { RunCommand(id); }) {
+      m_actions(*this, [this](CCommandId id) { RunCommand(id); }) {
     setObjectName(QStringLiteral("mainFrame"));
     setWindowTitle(QStringLiteral("Quorvel"));
     setWindowIcon(ApplicationIcon());
@@ -91,7 +91,7 @@ void CMainFrame::MakeView() {
 
 void CMainFrame::MakeMenus() {
     QMenu* const file = menuBar()->addMenu(tr("&File"));
-    file->addAction(Action(CommandId::SelectFiles));
+    file->addAction(Action(CCommandId::SelectFiles));
     m_actions.AddTo(*file->addMenu(tr("Save")), kSaveMenu);
     file->addSeparator();
     m_actions.AddTo(*file, kPrintCommands);
@@ -105,10 +105,10 @@ void CMainFrame::MakeMenus() {
     connect(m_recentMenu, &CPathMenu::PathChosen, this, &CMainFrame::OpenRecentFile);
     file->addMenu(m_recentMenu);
     file->addSeparator();
-    file->addAction(Action(CommandId::Exit));
+    file->addAction(Action(CCommandId::Exit));
     m_actions.AddTo(*menuBar()->addMenu(tr("&Edit")), kEditMenu);
     m_actions.AddTo(*menuBar()->addMenu(tr("&View")), kViewMenu);
-    menuBar()->addMenu(tr("&Help"))->addAction(Action(CommandId::About));
+    menuBar()->addMenu(tr("&Help"))->addAction(Action(CCommandId::About));
 }
 
 void CMainFrame::MakeToolbar() {
@@ -140,8 +140,8 @@ void CMainFrame::RestoreLayout() {
     restoreState(m_services.settings.WindowState());
     m_toolbar->setVisible(m_services.settings.IsToolbarShown());
     statusBar()->setVisible(m_services.settings.IsStatusBarShown());
-    Action(CommandId::Toolbar)->setChecked(!m_toolbar->isHidden());
-    Action(CommandId::StatusBar)->setChecked(!statusBar()->isHidden());
+    Action(CCommandId::Toolbar)->setChecked(!m_toolbar->isHidden());
+    Action(CCommandId::StatusBar)->setChecked(!statusBar()->isHidden());
 }
 
 QMenu* CMainFrame::createPopupMenu() {

@@ -36,10 +36,10 @@ public:
     CQuorvelDoc& Document() { return m_document; }
     CQuorvelView& View() { return *m_view; }
     /// The action of a command; null for a number that no command has.
-    [[nodiscard]] QAction* Action(CommandId id) const { return m_actions.Find(id); }
+    [[nodiscard]] QAction* Action(CCommandId id) const { return m_actions.Find(id); }
 
     /// Chooses a command as its menu entry does: nothing happens while the command is off.
-    void RunCommand(CommandId id);
+    void RunCommand(CCommandId id);
 
 protected:
     QMenu* createPopupMenu() override;
@@ -61,11 +61,11 @@ private:
     void Attempt(const std::function<void()>& command);
     void UpdateCommands();
     [[nodiscard]] CCommandState State() const;
-    void Do(CommandId id);
+    void Do(CCommandId id);
     void Report(const QString& text);
 
     void CompareOffered(std::vector<std::string> files);
-    void FollowRun(RunState run);
+    void FollowRun(CRunState run);
     void ChoosePage(int pageId);
     [[nodiscard]] QString PageOnShow() const;
     void ShowContextMenu(const QPoint& position, const QString& path);

@@ -53,7 +53,7 @@ private:
 
 }  // namespace
 
-void CMainFrame::RunCommand(CommandId id) {
+void CMainFrame::RunCommand(CCommandId id) {
     if (!IsCommandEnabled(id, State())) return;
     Attempt([this, id] { Do(id); });
 }
@@ -92,47 +92,47 @@ void CMainFrame::UpdateCommands() {
     m_actions.Enable(state);
     m_recentMenu->setEnabled(!state.isBusy && !m_recentMenu->isEmpty());
     m_loadedMenu->setEnabled(!state.isBusy && !LoadedFiles(m_document).isEmpty());
-    m_pane->setEnabled(state.run == RunState::Completed);
+    m_pane->setEnabled(state.run == CRunState::Completed);
 }
 
-void CMainFrame::Do(CommandId id) {
+void CMainFrame::Do(CCommandId id) {
     switch (id) {
-        case CommandId::SelectFiles:
+        case CCommandId::SelectFiles:
             return m_document.OnCompareFiles();
-        case CommandId::SaveBmp:
-            return Report(m_pictures.Save(*m_chart, PictureKind::Bitmap, this));
-        case CommandId::SaveWmf:
-            return Report(m_pictures.Save(*m_chart, PictureKind::Metafile, this));
-        case CommandId::SaveHtml:
+        case CCommandId::SaveBmp:
+            return Report(m_pictures.Save(*m_chart, CPictureKind::Bitmap, this));
+        case CCommandId::SaveWmf:
+            return Report(m_pictures.Save(*m_chart, CPictureKind::Metafile, this));
+        case CCommandId::SaveHtml:
             return Report(SaveHtmlReport(*m_view->ShownTable(), m_services, this));
-        case CommandId::SaveUds:
-            return Report(SaveCurves(*m_chart, m_document, m_host, CurveFormat::Uds));
-        case CommandId::SaveAscii:
-            return Report(SaveCurves(*m_chart, m_document, m_host, CurveFormat::Ascii));
-        case CommandId::Print:
+        case CCommandId::SaveUds:
+            return Report(SaveCurves(*m_chart, m_document, m_host, CCurveFormat::Uds));
+        case CCommandId::SaveAscii:
+            return Report(SaveCurves(*m_chart, m_document, m_host, CCurveFormat::Ascii));
+        case CCommandId::Print:
             return Report(PrintChart(*m_chart, PageOnShow(), m_services, this));
-        case CommandId::PrintDirect:
+        case CCommandId::PrintDirect:
             return Report(PrintChartDirectly(*m_chart, PageOnShow(), m_services, this));
-        case CommandId::Copy:
+        case CCommandId::Copy:
             return Report(CopyPicture(*m_chart));
-        case CommandId::CopyData:
+        case CCommandId::CopyData:
             return Report(CopyTable(*m_view->ShownTable()));
-        case CommandId::CorridorSize:
+        case CCommandId::CorridorSize:
             return m_document.OnCorridorSize();
-        case CommandId::CriticalValues:
+        case CCommandId::CriticalValues:
             return m_document.OnCriticalValues();
-        case CommandId::UdsSpecification:
+        case CCommandId::UdsSpecification:
             return PickSpecification();
-        case CommandId::Toolbar:
+        case CCommandId::Toolbar:
             return m_toolbar->setVisible(Action(id)->isChecked());
-        case CommandId::StatusBar:
+        case CCommandId::StatusBar:
             return statusBar()->setVisible(Action(id)->isChecked());
-        case CommandId::Customize:
+        case CCommandId::Customize:
             return CustomizeToolbar();
-        case CommandId::About:
+        case CCommandId::About:
             CKsAboutDlg(AboutTextsOfBuild(), this).exec();
             return;
-        case CommandId::Exit:
+        case CCommandId::Exit:
             close();
             return;
         default:
@@ -148,9 +148,9 @@ QString CMainFrame::PageOnShow() const {
     return QString::fromUtf8(PageName(m_document.CurrentPageId()));
 }
 
-void CMainFrame::FollowRun(RunState run) {
+void CMainFrame::FollowRun(CRunState run) {
     UpdateCommands();
-    if (run == RunState::AtWork) {
+    if (run == CRunState::AtWork) {
         m_pane->ShowPage(page::kSummary);
     } else {
         m_status->ShowMessage(RunReport(m_document));
@@ -164,7 +164,7 @@ void CMainFrame::CompareOffered(std::vector<std::string> files) {
 }
 
 void CMainFrame::ChoosePage(int pageId) {
-    const bool isCompleted = m_document.Run() == RunState::Completed;
+    const bool isCompleted = m_document.Run() == CRunState::Completed;
     if (isCompleted) {
         Attempt([this, pageId] {
             m_host.SetBusy(true);  // a page of many long signals takes its time
@@ -179,11 +179,11 @@ void CMainFrame::ChoosePage(int pageId) {
 
 void CMainFrame::ShowContextMenu(const QPoint& position, const QString& path) {
     QMenu menu(tr("Edit"), this);
-    for (const CommandId id : {CommandId::Cut, CommandId::Copy, CommandId::Paste}) menu.addAction(Action(id));
+    for (const CCommandId id : {CCommandId::Cut, CCommandId::Copy, CCommandId::Paste}) menu.addAction(Action(id));
     if (!path.isEmpty()) {
         menu.addSeparator();
         QAction* const specification =
-            menu.addAction(Action(CommandId::UdsSpecification)->icon(), Action(CommandId::UdsSpecification)->text());
+            menu.addAction(Action(CCommandId::UdsSpecification)->icon(), Action(CCommandId::UdsSpecification)->text());
         specification->setObjectName(QStringLiteral("UdsSpecificationOfRow"));
         connect(specification, &QAction::triggered, this, [this, path] { ShowSpecification(path); });
     }
@@ -201,7 +201,7 @@ void CMainFrame::FillRecentMenu() {
     m_recentMenu->SetPaths(m_services.settings.RecentFiles());
     int number = 0;
     for (QAction* const action : m_recentMenu->actions()) {
-        action->setProperty("commandId", static_cast<int>(CommandId::RecentFile) + number);
+        action->setProperty("commandId", static_cast<int>(CCommandId::RecentFile) + number);
         ++number;
         action->setObjectName(QStringLiteral("RecentFile%1").arg(number));
     }

@@ -120,7 +120,7 @@ private slots:
         QFETCH(int, id);
         QFETCH(QString, shortcut);
         QFETCH(QString, statusText);
-        QAction* const action = Frame().Action(static_cast<CommandId>(id));
+        QAction* const action = Frame().Action(static_cast<CCommandId>(id));
         QVERIFY(action != nullptr);
         QCOMPARE(action->shortcut(), QKeySequence(shortcut));
         action->showStatusText(&Frame());
@@ -159,9 +159,9 @@ private slots:
     }
 
     void TheToolTipOfAButtonSaysWhatItDoesAndItsKey() {
-        QCOMPARE(Frame().Action(CommandId::SaveUds)->toolTip(),
+        QCOMPARE(Frame().Action(CCommandId::SaveUds)->toolTip(),
                  QString("Save every curve of the current page as a UDS file"));
-        QCOMPARE(Frame().Action(CommandId::SelectFiles)->toolTip(),
+        QCOMPARE(Frame().Action(CCommandId::SelectFiles)->toolTip(),
                  QString("Select the Files for processing (Ctrl+O)"));
         for (const QAction* const action : Toolbar().actions()) {
             if (!action->isSeparator()) QVERIFY(action->toolTip().startsWith(action->statusTip()));
@@ -201,7 +201,7 @@ private slots:
         chart()->setFocus();
         m_window->dialogs.Expect(
             [](QWidget& dialog) { dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->click(); });
-        Trigger(CommandId::CorridorSize);
+        Trigger(CCommandId::CorridorSize);
         QCOMPARE(Frame().focusWidget(), chart());
         m_window->CompareSled();
         QCOMPARE(Frame().focusWidget(), static_cast<QWidget*>(m_window->List()));
@@ -243,12 +243,12 @@ private slots:
         auto& more = *Toolbar().findChild<QToolButton*>("qt_toolbar_ext_button");
         QTRY_VERIFY(more.isVisible());
         QVERIFY(more.menu() != nullptr);
-        QVERIFY(more.menu()->actions().contains(Frame().Action(CommandId::CriticalValues)));
+        QVERIFY(more.menu()->actions().contains(Frame().Action(CCommandId::CriticalValues)));
         CheckPane(Row());
     }
 
     void ThePaneKeepsItsRowWhileTheToolbarIsHidden() {
-        Trigger(CommandId::Toolbar);
+        Trigger(CCommandId::Toolbar);
         QVERIFY(!Toolbar().isVisible());
         for (const QSize& size : {QSize(1000, 600), QSize(1400, 500), QSize(640, 480)}) {
             Frame().resize(size);
@@ -256,7 +256,7 @@ private slots:
             QVERIFY(!InFrame(Pane()).intersects(InFrame(Frame().View())));
             QVERIFY(!InFrame(Pane()).intersects(Frame().menuBar()->geometry()));
         }
-        Trigger(CommandId::Toolbar);
+        Trigger(CCommandId::Toolbar);
         QVERIFY(Toolbar().isVisible());
         CheckPane(Row());
     }
@@ -266,14 +266,14 @@ private slots:
         QCOMPARE(Frame().View().width(), Frame().width());
         QCOMPARE(InFrame(Frame().View()).bottom() + 1, Frame().statusBar()->geometry().top());
         const int before = Frame().View().height();
-        Trigger(CommandId::StatusBar);
+        Trigger(CCommandId::StatusBar);
         QVERIFY(!Frame().statusBar()->isVisible());
         QTRY_VERIFY(Frame().View().height() > before);
     }
 
     void ACheckedEntryShowsWhatIsOnTheScreen() {
-        const std::pair<CommandId, QWidget*> bars[] = {{CommandId::Toolbar, &Toolbar()},
-                                                       {CommandId::StatusBar, Frame().statusBar()}};
+        const std::pair<CCommandId, QWidget*> bars[] = {{CCommandId::Toolbar, &Toolbar()},
+                                                        {CCommandId::StatusBar, Frame().statusBar()}};
         for (const auto& [id, bar] : bars) {
             for (const bool isShown : {true, false, true}) {
                 QCOMPARE(bar->isVisible(), isShown);
@@ -292,7 +292,7 @@ private slots:
             }
             dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->click();
         });
-        Trigger(CommandId::Customize);
+        Trigger(CCommandId::Customize);
         QCOMPARE(m_window->dialogs.opened, QStringList({"Customize"}));
         QStringList expected = kToolbar;
         expected.removeOne("SaveBmp");
@@ -306,16 +306,16 @@ private slots:
     }
 
     void TheButtonThatPrintsDirectlyCanBeShown() {
-        QVERIFY(!Toolbar().actions().contains(Frame().Action(CommandId::PrintDirect)));
+        QVERIFY(!Toolbar().actions().contains(Frame().Action(CCommandId::PrintDirect)));
         m_window->dialogs.Expect([](QWidget& dialog) {
             auto& list = *dialog.findChild<QListWidget*>();
             list.findItems("Print Directly", Qt::MatchExactly).at(0)->setCheckState(Qt::Checked);
             dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->click();
         });
-        Trigger(CommandId::Customize);
-        QVERIFY(Toolbar().actions().contains(Frame().Action(CommandId::PrintDirect)));
+        Trigger(CCommandId::Customize);
+        QVERIFY(Toolbar().actions().contains(Frame().Action(CCommandId::PrintDirect)));
         m_window->Reopen();
-        QVERIFY(Toolbar().actions().contains(Frame().Action(CommandId::PrintDirect)));
+        QVERIFY(Toolbar().actions().contains(Frame().Action(CCommandId::PrintDirect)));
     }
 
     void ACancelledCustomizeChangesNothing() {
@@ -323,7 +323,7 @@ private slots:
             dialog.findChild<QListWidget*>()->item(0)->setCheckState(Qt::Unchecked);
             dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Cancel)->click();
         });
-        Trigger(CommandId::Customize);
+        Trigger(CCommandId::Customize);
         QCOMPARE(Names(Toolbar().actions()), kToolbar);
         QCOMPARE(m_window->settings.HiddenToolbarActions(), QStringList({"PrintDirect"}));
     }
@@ -342,17 +342,17 @@ private slots:
 
     void TheLayoutIsKept() {
         Frame().resize(700, 450);
-        Trigger(CommandId::Toolbar);
-        Trigger(CommandId::StatusBar);
+        Trigger(CCommandId::Toolbar);
+        Trigger(CCommandId::StatusBar);
         m_window->Reopen();
         QCOMPARE(Frame().size(), QSize(700, 450));
         QVERIFY(!Toolbar().isVisible());
-        QVERIFY(!Frame().Action(CommandId::Toolbar)->isChecked());
+        QVERIFY(!Frame().Action(CCommandId::Toolbar)->isChecked());
         QVERIFY(!Frame().statusBar()->isVisible());
-        QVERIFY(!Frame().Action(CommandId::StatusBar)->isChecked());
+        QVERIFY(!Frame().Action(CCommandId::StatusBar)->isChecked());
         CheckPane(Row());
-        Trigger(CommandId::Toolbar);
-        Trigger(CommandId::StatusBar);
+        Trigger(CCommandId::Toolbar);
+        Trigger(CCommandId::StatusBar);
         m_window->Reopen();
         QVERIFY(Toolbar().isVisible());
         QVERIFY(Frame().statusBar()->isVisible());
@@ -375,12 +375,12 @@ private slots:
 
     void AboutShowsTheAboutBox() {
         m_window->dialogs.Expect([](QWidget& dialog) { dialog.close(); });
-        Trigger(CommandId::About);
+        Trigger(CCommandId::About);
         QCOMPARE(m_window->dialogs.opened, QStringList({"About: Quorvel"}));
     }
 
     void ExitClosesTheWindow() {
-        Trigger(CommandId::Exit);
+        Trigger(CCommandId::Exit);
         QVERIFY(!Frame().isVisible());
     }
 

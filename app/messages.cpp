@@ -6,13 +6,13 @@
 
 namespace {
 
-QMessageBox::Icon BoxIcon(MessageIcon icon) {
+QMessageBox::Icon BoxIcon(CMessageIcon icon) {
     switch (icon) {
-        case MessageIcon::Information:
+        case CMessageIcon::Information:
             return QMessageBox::Information;
-        case MessageIcon::Warning:
+        case CMessageIcon::Warning:
             return QMessageBox::Warning;
-        case MessageIcon::Error:
+        case CMessageIcon::Error:
             return QMessageBox::Critical;
     }
     return QMessageBox::NoIcon;
@@ -21,10 +21,10 @@ QMessageBox::Icon BoxIcon(MessageIcon icon) {
 }  // namespace
 
 void CMessages::ShowError(QWidget* parent, const QString& text) {
-    Show(parent, MessageIcon::Error, QCoreApplication::translate("CMessages", "Error"), text);
+    Show(parent, CMessageIcon::Error, QCoreApplication::translate("CMessages", "Error"), text);
 }
 
-void CMessageBoxes::Show(QWidget* parent, MessageIcon icon, const QString& caption, const QString& text) {
+void CMessageBoxes::Show(QWidget* parent, CMessageIcon icon, const QString& caption, const QString& text) {
     QMessageBox box(BoxIcon(icon), caption, text, QMessageBox::Ok, parent);
     box.setTextFormat(Qt::PlainText);  // texts name files, and a file name may look like markup
     box.exec();

@@ -5,7 +5,7 @@
 class QWidget;
 
 /// Sign beside a message.
-enum class MessageIcon { Information, Warning, Error };
+enum class CMessageIcon { Information, Warning, Error };
 
 /// How the program speaks up: message boxes and the beep. Tests put a recorder in its place.
 class CMessages {
@@ -13,7 +13,7 @@ public:
     virtual ~CMessages() = default;
 
     /// Shows `text` above `parent` until the user has confirmed it.
-    virtual void Show(QWidget* parent, MessageIcon icon, const QString& caption, const QString& text) = 0;
+    virtual void Show(QWidget* parent, CMessageIcon icon, const QString& caption, const QString& text) = 0;
     /// Sounds the default beep.
     virtual void Beep() = 0;
 
@@ -24,6 +24,6 @@ public:
 /// Message boxes on the screen.
 class CMessageBoxes : public CMessages {
 public:
-    void Show(QWidget* parent, MessageIcon icon, const QString& caption, const QString& text) override;
+    void Show(QWidget* parent, CMessageIcon icon, const QString& caption, const QString& text) override;
     void Beep() override;
 };

@@ -11,14 +11,14 @@ class CMessagesTest : public QObject {
 
 private slots:
     void AMessageBoxShowsIconCaptionAndText_data() {
-        QTest::addColumn<MessageIcon>("icon");
+        QTest::addColumn<CMessageIcon>("icon");
         QTest::addColumn<QMessageBox::Icon>("shown");
-        QTest::newRow("information") << MessageIcon::Information << QMessageBox::Information;
-        QTest::newRow("warning") << MessageIcon::Warning << QMessageBox::Warning;
-        QTest::newRow("error") << MessageIcon::Error << QMessageBox::Critical;
+        QTest::newRow("information") << CMessageIcon::Information << QMessageBox::Information;
+        QTest::newRow("warning") << CMessageIcon::Warning << QMessageBox::Warning;
+        QTest::newRow("error") << CMessageIcon::Error << QMessageBox::Critical;
     }
     void AMessageBoxShowsIconCaptionAndText() {
-        QFETCH(MessageIcon, icon);
+        QFETCH(CMessageIcon, icon);
         QFETCH(QMessageBox::Icon, shown);
         bool hasOpened = false;
         CDialogDriver dialogs;

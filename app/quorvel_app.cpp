@@ -94,7 +94,7 @@ void InitInstance(CMainFrame& frame, const std::vector<std::string>& arguments) 
     CMyCommandInfo commandLine;
     commandLine.Parse(arguments);
     if (commandLine.files.empty()) {
-        new CWhenExposed(*frame.windowHandle(), [&frame] { frame.RunCommand(CommandId::SelectFiles); });
+        new CWhenExposed(*frame.windowHandle(), [&frame] { frame.RunCommand(CCommandId::SelectFiles); });
         return;
     }
     frame.Document().CompareFileList(commandLine.files, commandLine.channelClass, 0.0, 0.0);

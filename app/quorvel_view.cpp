@@ -47,9 +47,9 @@ CQuorvelView::~CQuorvelView() {
 
 void CQuorvelView::OnDocumentUpdate(int hint) {
     if (hint < kRunCompleted) return;
-    const RunState run = m_document.Run();
+    const CRunState run = m_document.Run();
     // What the document holds after a run that stopped is no result: the table of the run before stays.
-    if (run == RunState::AtWork || run == RunState::Stopped) return;
+    if (run == CRunState::AtWork || run == CRunState::Stopped) return;
     const bool hadFocus = HasFocusInside();
     if (m_chart.Exists()) {
         m_chart.Destroy();
@@ -58,8 +58,8 @@ void CQuorvelView::OnDocumentUpdate(int hint) {
 
     const bool isSummary = !HasChart(m_document.CurrentPageId());
     const bool hasData = isSummary ? !m_document.ComputedSignals().empty() : m_document.ChartBlock().seriesCount > 0;
-    if (!hasData || run == RunState::None) {
-        if (run == RunState::Completed) {
+    if (!hasData || run == CRunState::None) {
+        if (run == CRunState::Completed) {
             ShowHint(
                 tr("There are no curves to show on this page. Choose another page under Plot Type, or select "
                    "other files."));
@@ -93,9 +93,9 @@ void CQuorvelView::TakeFocus(bool hadFocus) {
     if (shown != nullptr) shown->setFocus();
 }
 
-void CQuorvelView::OnRunStateChanged(RunState run) {
-    if (run == RunState::AtWork) ShowRunAtWork();
-    if (run == RunState::Stopped) ShowStoppedRun();
+void CQuorvelView::OnRunStateChanged(CRunState run) {
+    if (run == CRunState::AtWork) ShowRunAtWork();
+    if (run == CRunState::Stopped) ShowStoppedRun();
     emit RunStateChanged(run);
 }
 

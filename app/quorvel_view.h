@@ -28,7 +28,7 @@ public:
     ~CQuorvelView() override;
 
     void OnDocumentUpdate(int hint) override;
-    void OnRunStateChanged(RunState run) override;
+    void OnRunStateChanged(CRunState run) override;
 
     /// The table on show, be it of the last run or of the one before; null while none is.
     [[nodiscard]] const CSummaryList* ShownTable() const;
@@ -39,7 +39,7 @@ public:
 
 signals:
     /// A run began or ended; the view has followed.
-    void RunStateChanged(RunState run);
+    void RunStateChanged(CRunState run);
     /// A run completed: these pages may be chosen, the first is on show.
     void PagesAvailable(const QList<int>& pageIds);
     /// The page on show has no curves, or nothing was compared yet. Kept although nothing is connected to it: the frame

@@ -13,7 +13,7 @@ struct CRunReport {
 }  // namespace
 
 QString RunReport(const CQuorvelDoc& document) {
-    if (document.Run() == RunState::Completed) {
+    if (document.Run() == CRunState::Completed) {
         const std::size_t count = document.ComputedSignals().size();
         return count == 1 ? CRunReport::tr("1 signal was compared.")
                           : CRunReport::tr("%1 signals were compared.").arg(count);

@@ -12,7 +12,7 @@ CWindowServices CSaveGuard::Guarded() {
 
 std::optional<CPickedFiles> CSaveGuard::Pick(QWidget* parent, const ks::CFileRequest& request) {
     std::optional<CPickedFiles> picked = m_services.picker.Pick(parent, request);
-    if (picked && request.kind == ks::PickerKind::Save && Refuses(parent, picked->paths.front())) return std::nullopt;
+    if (picked && request.kind == ks::CPickerKind::Save && Refuses(parent, picked->paths.front())) return std::nullopt;
     return picked;
 }
 

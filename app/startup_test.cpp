@@ -119,7 +119,7 @@ private slots:
                 Control<QRadioButton>(dialog, kAverageReferenceId)->setChecked(true);
                 dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->click();
             });
-            frame.RunCommand(CommandId::SelectFiles);
+            frame.RunCommand(CCommandId::SelectFiles);
             QVERIFY(frame.close());
         }
         QCOMPARE(store->childGroups(), QStringList({"Main Window", "Recent File List", "Settings"}));
@@ -170,7 +170,7 @@ private slots:
     void WithFilesTheWindowStaysEmptyAndWaits() {
         QFETCH(QStringList, arguments);
         const QString list = m_window->Path("list.hit");
-        QVERIFY(ks::WriteHitList(list.toStdString(), {Sled(2)}) == ks::WriteResult::Written);
+        QVERIFY(ks::WriteHitList(list.toStdString(), {Sled(2)}) == ks::CWriteResult::Written);
         Start(arguments.replaceInStrings("list.hit", list));
         QCoreApplication::processEvents();
         QVERIFY(m_window->dialogs.opened.isEmpty());

@@ -8,24 +8,24 @@
 
 namespace {
 
-constexpr std::array kCommands = {CommandId::SelectFiles,
-                                  CommandId::UdsSpecification,
+constexpr std::array kCommands = {CCommandId::SelectFiles,
+                                  CCommandId::UdsSpecification,
                                   kSeparator,
-                                  CommandId::SaveBmp,
-                                  CommandId::SaveWmf,
-                                  CommandId::SaveHtml,
-                                  CommandId::SaveUds,
-                                  CommandId::SaveAscii,
-                                  CommandId::Print,
-                                  CommandId::PrintDirect,
+                                  CCommandId::SaveBmp,
+                                  CCommandId::SaveWmf,
+                                  CCommandId::SaveHtml,
+                                  CCommandId::SaveUds,
+                                  CCommandId::SaveAscii,
+                                  CCommandId::Print,
+                                  CCommandId::PrintDirect,
                                   kSeparator,
-                                  CommandId::Copy,
-                                  CommandId::CopyData,
+                                  CCommandId::Copy,
+                                  CCommandId::CopyData,
                                   kSeparator,
-                                  CommandId::CorridorSize,
-                                  CommandId::CriticalValues,
+                                  CCommandId::CorridorSize,
+                                  CCommandId::CriticalValues,
                                   kSeparator,
-                                  CommandId::About};
+                                  CCommandId::About};
 
 constexpr QSize kIconSize{20, 20};  // pixels
 constexpr int kPaneGap = 4;         // pixels between the buttons and the pane
@@ -61,7 +61,7 @@ CToolbarRow::CToolbarRow(QWidget* pane, QWidget* parent) : QToolBar(tr("Toolbar"
 
 QList<QAction*> CToolbarRow::OfferedActions(const CCommandActions& actions) {
     QList<QAction*> offered;
-    for (const CommandId id : kCommands) {
+    for (const CCommandId id : kCommands) {
         if (id != kSeparator) offered.append(actions.Find(id));
     }
     return offered;
@@ -70,7 +70,7 @@ QList<QAction*> CToolbarRow::OfferedActions(const CCommandActions& actions) {
 void CToolbarRow::ShowCommands(const CCommandActions& actions, const QStringList& hidden) {
     m_buttons->clear();
     bool isSeparatorDue = false;  // only once a button follows: no group is left between two separators
-    for (const CommandId id : kCommands) {
+    for (const CCommandId id : kCommands) {
         if (id == kSeparator) {
             isSeparatorDue = !m_buttons->actions().isEmpty();
             continue;
@@ -82,5 +82,5 @@ void CToolbarRow::ShowCommands(const CCommandActions& actions, const QStringList
         m_buttons->addAction(action);
     }
     m_buttons->addSeparator();
-    m_buttons->addAction(actions.Find(CommandId::Customize));
+    m_buttons->addAction(actions.Find(CCommandId::Customize));
 }

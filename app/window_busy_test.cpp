@@ -99,7 +99,7 @@ private slots:
             CheckPage("Velocity", page::kVelocity);
             dialog.close();
         });
-        Trigger(CommandId::CorridorSize);
+        Trigger(CCommandId::CorridorSize);
         CheckPage("Velocity", page::kVelocity);
         QVERIFY(Frame().View().IsChartShown());
     }
@@ -109,7 +109,7 @@ private slots:
         const auto& progress = *Frame().findChild<QProgressBar*>("progress");
         int probes = 0;
         const auto connection = connect(&progress, &QProgressBar::valueChanged, this, [&] {
-            if (Frame().Document().Run() != RunState::AtWork) return;
+            if (Frame().Document().Run() != CRunState::AtWork) return;
             ++probes;
             m_window->ChoosePage("Velocity");
             QCOMPARE(m_window->Pages().currentText(), QString("Summary"));
@@ -190,7 +190,7 @@ private slots:
         OpenWindow(std::make_unique<CFailingChart>());
         m_window->CompareSled();
         m_window->ChoosePage("Velocity");
-        Trigger(CommandId::Copy);
+        Trigger(CCommandId::Copy);
         QCOMPARE(m_window->messages.said, QStringList({"error|Error|no copy today"}));
         QCOMPARE(m_window->StatusText(), QString("The command failed."));
         m_window->ChoosePage("Summary");
@@ -217,7 +217,7 @@ private slots:
         m_window->CompareSled();
         m_window->ChoosePage("Velocity");
         m_window->picker.answers = {CPickedFiles{{m_window->Path("no such folder/a.uds")}, 1}};
-        Trigger(CommandId::SaveUds);
+        Trigger(CCommandId::SaveUds);
         QCOMPARE(m_window->messages.said, QStringList({"error|Error|Failure to open file for writing."}));
         QVERIFY(!m_window->store.contains("Settings/UdsOutputDir"));
         m_window->ChoosePage("Summary");

@@ -6,6 +6,7 @@
 #include "app/page_pane.h"
 #include "app/testing/window_test.h"
 #include "chart/testing/recording_chart_control.h"
+#include "tests/support/summary_samples.h"
 #include "tests/support/test_signals.h"
 
 namespace {
@@ -127,7 +128,7 @@ private slots:
         QCOMPARE(m_window->List(), list);
         QVERIFY(list->isVisible());
         QVERIFY(columns.isEmpty());
-        QCOMPARE(list->DisplayedOrder(), std::vector<int>({2, 0, 1, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15}));
+        QCOMPARE(list->DisplayedOrder(), ThirdColumnFirst());
         QCOMPARE(list->model()->rowCount(), 1);  // filled anew, not twice
         QVERIFY(list->columnWidth(4) != 177);    // sized to its contents again
     }
@@ -198,11 +199,11 @@ private slots:
         QVERIFY(!m_window->List()->isVisible());
         QCOMPARE(m_window->Pages().currentText(), QString("Cross Correlation"));
         QVERIFY(m_window->Pages().isEnabled());
-        for (const CommandId id : {CommandId::SaveBmp, CommandId::SaveWmf, CommandId::Print, CommandId::PrintDirect,
-                                   CommandId::CopyData, CommandId::SaveHtml}) {
+        for (const CCommandId id : {CCommandId::SaveBmp, CCommandId::SaveWmf, CCommandId::Print,
+                                    CCommandId::PrintDirect, CCommandId::CopyData, CCommandId::SaveHtml}) {
             QVERIFY(!m_window->IsEnabled(id));
         }
-        for (const CommandId id : {CommandId::SaveUds, CommandId::SaveAscii}) {
+        for (const CCommandId id : {CCommandId::SaveUds, CCommandId::SaveAscii}) {
             Frame().RunCommand(id);
             QVERIFY(m_window->picker.requests.empty());
             QCOMPARE(m_window->StatusText(), QString("This page has no curves to save."));

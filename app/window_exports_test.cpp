@@ -1,4 +1,4 @@
-// What the main window hands on: the clipboard, pictures, reports, signals, tables and paper.
+// What the main window hands on: the clipboard, pictures, reports, signals and tables.
 
 #include <QClipboard>
 #include <QHeaderView>
@@ -10,14 +10,11 @@
 #include <cmath>
 #include <map>
 
-#include "app/specification_host.h"
 #include "app/testing/window_test.h"
 #include "chart/testing/wmf_reader.h"
 #include "compare/export.h"
 #include "compare/verdict.h"
-#include "tests/support/failing_disk.h"
 #include "tests/support/temp_folder.h"
-#include "viewer/testing/pdf_text.h"
 
 namespace {
 
@@ -30,20 +27,6 @@ QStringList FilterTexts(const ks::CFileRequest& request) {
         texts.append(QString::fromStdString(filter.text + "|" + filter.pattern));
     }
     return texts;
-}
-
-/// The contents of all compressed streams of a PDF file.
-QByteArray PdfStreams(const QByteArray& pdf) {
-    QByteArray contents;
-    qsizetype place = 0;
-    while ((place = pdf.indexOf("stream\n", place)) >= 0) {
-        place += 7;
-        if (pdf.mid(place, 1) != "x") continue;  // not compressed
-        // qUncompress wants the length of the result first; a wrong one is only a guess at the memory needed.
-        contents += qUncompress(QByteArray("\0\1\0\0", 4) + pdf.mid(place, pdf.indexOf("endstream", place) - place));
-        place = pdf.indexOf("endstream", place) + 9;
-    }
-    return contents;
 }
 
 bool AreClose(double actual, double expected) {
@@ -74,7 +57,7 @@ private slots:
 
     void CopyDataPutsTheTableOnTheClipboardAsItIsShown() {
         m_window->List()->horizontalHeader()->moveSection(2, 0);
-        Trigger(CommandId::CopyData);
+        Trigger(CCommandId::CopyData);
         const QMimeData& data = *QGuiApplication::clipboard()->mimeData();
         QVERIFY(data.hasText());
         QString expected;
@@ -95,7 +78,7 @@ private slots:
 
     void CopyOffersTheChartAsMetafileAndAsPicture() {
         m_window->ChoosePage("Velocity");
-        Trigger(CommandId::Copy);
+        Trigger(CCommandId::Copy);
         const QMimeData& data = *QGuiApplication::clipboard()->mimeData();
         QVERIFY(data.hasImage());
         QVERIFY(!data.imageData().value<QImage>().isNull());
@@ -109,7 +92,7 @@ private slots:
 
     void CopyWithoutAChartLeavesTheClipboardAlone() {
         QGuiApplication::clipboard()->setText("untouched");
-        Trigger(CommandId::Copy);
+        Trigger(CCommandId::Copy);
         QCOMPARE(QGuiApplication::clipboard()->text(), QString("untouched"));
     }
 
@@ -117,7 +100,7 @@ private slots:
 
     void BmpWritesABitmapOf800By600() {
         m_window->ChoosePage("Velocity");
-        const QString path = Save(CommandId::SaveBmp, "plot.bmp");
+        const QString path = Save(CCommandId::SaveBmp, "plot.bmp");
         CheckSaveRequest("Save Bitmap as", {"Windows Bitmap(*.bmp)|*.bmp", "All Files (*.*)|*.*"});
         QCOMPARE(QImageReader(path).format(), QByteArray("bmp"));
         const QImage image(path);
@@ -133,7 +116,7 @@ private slots:
 
     void WmfWritesAMetafileOf10000By5000() {
         m_window->ChoosePage("Velocity");
-        const QString path = Save(CommandId::SaveWmf, "plot.wmf");
+        const QString path = Save(CCommandId::SaveWmf, "plot.wmf");
         CheckSaveRequest("Save Metafile as", {"Windows Metafile(*.wmf)|*.wmf", "All Files (*.*)|*.*"});
         CheckMetafile(Bytes(path));
         QCOMPARE(m_window->StatusText(), "The plot was saved as " + path + ".");
@@ -142,20 +125,20 @@ private slots:
     void TheNextPictureStartsInTheFolderOfTheLast() {
         m_window->ChoosePage("Velocity");
         QVERIFY(QDir(m_window->folder.path()).mkdir("plots"));
-        Save(CommandId::SaveBmp, "plots/plot.bmp");
-        Save(CommandId::SaveWmf, "plots/plot.wmf");
+        Save(CCommandId::SaveBmp, "plots/plot.bmp");
+        Save(CCommandId::SaveWmf, "plots/plot.wmf");
         QCOMPARE(m_window->picker.requests.back().folder, Folder("plots/").toStdString());
     }
 
     void APictureThatCannotBeWrittenIsReported_data() {
         QTest::addColumn<int>("id");
-        QTest::newRow("bmp") << int{CommandNumber(CommandId::SaveBmp)};
-        QTest::newRow("wmf") << int{CommandNumber(CommandId::SaveWmf)};
+        QTest::newRow("bmp") << int{CommandNumber(CCommandId::SaveBmp)};
+        QTest::newRow("wmf") << int{CommandNumber(CCommandId::SaveWmf)};
     }
     void APictureThatCannotBeWrittenIsReported() {
         QFETCH(int, id);
         m_window->ChoosePage("Velocity");
-        const QString path = Save(static_cast<CommandId>(id), "no such folder/plot");
+        const QString path = Save(static_cast<CCommandId>(id), "no such folder/plot");
         QCOMPARE(m_window->messages.said, QStringList({"error|Error|The plot could not be written to " + path + "."}));
     }
 
@@ -163,7 +146,7 @@ private slots:
 
     void HtmlWritesTheTableAsItIsShown() {
         m_window->List()->horizontalHeader()->moveSection(3, 0);
-        const QString path = Save(CommandId::SaveHtml, "report.html");
+        const QString path = Save(CCommandId::SaveHtml, "report.html");
         CheckSaveRequest("Save Results to HTML File",
                          {"HTML Files (*.html)|*.html", "HTML Files (*.htm)|*.htm", "All Files (*.*)|*.*"});
         QCOMPARE(m_window->picker.requests.back().folder, std::string());
@@ -175,7 +158,7 @@ private slots:
     }
 
     void AReportThatCannotBeOpenedEndsTheCommandSilently() {
-        Save(CommandId::SaveHtml, "no such folder/report.html");
+        Save(CCommandId::SaveHtml, "no such folder/report.html");
         QVERIFY(m_window->messages.said.isEmpty());
         QVERIFY(m_window->errorLists.texts.isEmpty());
         QVERIFY(!m_window->store.contains(kUdsFolder));
@@ -183,7 +166,7 @@ private slots:
 
     void TheReportStartsInTheFolderOfTheLastUdsOutput() {
         m_window->store.setValue(kUdsFolder, Folder());
-        Save(CommandId::SaveHtml, "report.html");
+        Save(CCommandId::SaveHtml, "report.html");
         QCOMPARE(m_window->picker.requests.back().folder, Folder().toStdString());
     }
 
@@ -205,12 +188,12 @@ private slots:
             QVERIFY(count >= 2);
             m_window->picker.requests.clear();
             for (std::size_t j = 0; j < count; ++j) m_window->picker.answers.push_back(Picked(SeriesFile(j)));
-            Trigger(CommandId::SaveUds);
+            Trigger(CCommandId::SaveUds);
             QCOMPARE(m_window->picker.requests.size(), count);
             for (std::size_t j = 0; j < count; ++j) {
                 const ks::CFileRequest& request = m_window->picker.requests[j];
                 QCOMPARE(request.title, "Save " + document.SeriesNames()[j] + " as");
-                QVERIFY(request.kind == ks::PickerKind::Save && request.filters.empty() &&
+                QVERIFY(request.kind == ks::CPickerKind::Save && request.filters.empty() &&
                         request.suggestedName.empty());
                 QVERIFY(request.hideReadOnly && request.askBeforeOverwriting && request.defaultExtension.empty());
                 const QString place = page + QString(", series %1").arg(j);
@@ -231,7 +214,7 @@ private slots:
         m_window->ChoosePage("Acceleration");
         QVERIFY(QDir(m_window->folder.path()).mkdir("last"));
         m_window->picker.answers = {Picked("first.uds"), std::nullopt, Picked("last/third.uds"), std::nullopt};
-        Trigger(CommandId::SaveUds);
+        Trigger(CCommandId::SaveUds);
         QCOMPARE(m_window->picker.requests.size(), std::size_t{4});
         for (const ks::CFileRequest& request : m_window->picker.requests) QCOMPARE(request.folder, std::string("C:\\"));
         QVERIFY(QFile::exists(m_window->Path("first.uds")));
@@ -242,18 +225,18 @@ private slots:
 
     void TheSummaryHasNoCurvesToSaveAndAsksForNoName_data() {
         QTest::addColumn<int>("id");
-        QTest::newRow("uds") << CommandNumber(CommandId::SaveUds);
-        QTest::newRow("ascii") << CommandNumber(CommandId::SaveAscii);
+        QTest::newRow("uds") << CommandNumber(CCommandId::SaveUds);
+        QTest::newRow("ascii") << CommandNumber(CCommandId::SaveAscii);
     }
     /// The ASCII command used to ask for a name and then to write an empty file.
     void TheSummaryHasNoCurvesToSaveAndAsksForNoName() {
         QFETCH(int, id);
-        Trigger(static_cast<CommandId>(id));
+        Trigger(static_cast<CCommandId>(id));
         QVERIFY(m_window->picker.requests.empty());
         QCOMPARE(m_window->StatusText(), QString("This page has no curves to save."));
         m_window->ChoosePage("Velocity");
         m_window->ChoosePage("Summary");  // the document still holds the curves of that page
-        Trigger(static_cast<CommandId>(id));
+        Trigger(static_cast<CCommandId>(id));
         QVERIFY(m_window->picker.requests.empty());
     }
 
@@ -270,14 +253,14 @@ private slots:
         QFETCH(QString, page);
         QFETCH(bool, isPadded);
         m_window->ChoosePage(page);
-        const QString path = Save(CommandId::SaveAscii, "table.txt");
+        const QString path = Save(CCommandId::SaveAscii, "table.txt");
         CheckSaveRequest("Save ASCII data As", {});
         QCOMPARE(m_window->picker.requests.back().folder, std::string("C:\\"));
         const CQuorvelDoc& document = m_window->frame->Document();
         const QByteArray bytes = Bytes(path);
         const QString other = Folder() + "other.txt";
         QVERIFY(WriteAsciiTable(other.toStdString(), document.ChartBlock(), document.CurrentPageId()) ==
-                ks::WriteResult::Written);
+                ks::CWriteResult::Written);
         QCOMPARE(bytes, Bytes(other));
         CheckTable(bytes, document);
         QCOMPARE(bytes.contains("0.0 0.0 "), isPadded);
@@ -288,8 +271,8 @@ private slots:
 
     void ATableThatCannotBeWrittenIsReportedAndItsFolderNotStored() {
         m_window->ChoosePage("Velocity");
-        Save(CommandId::SaveBmp, "plot.bmp");
-        const QString path = Save(CommandId::SaveAscii, "no such folder/table.txt");
+        Save(CCommandId::SaveBmp, "plot.bmp");
+        const QString path = Save(CCommandId::SaveAscii, "no such folder/table.txt");
         QCOMPARE(m_window->StatusText(), QString("Ready"));  // no success of an earlier command stands there
         QCOMPARE(m_window->errorLists.texts, QStringList({"The ASCII data could not be written to " + path + ".\r\n"}));
         QVERIFY(!m_window->store.contains(kAsciiFolder));
@@ -301,19 +284,19 @@ private slots:
         QTest::addColumn<int>("id");
         QTest::addColumn<QString>("page");
         QTest::addColumn<QString>("name");
-        QTest::newRow("bmp over a signal") << CommandNumber(CommandId::SaveBmp) << "Velocity"
+        QTest::newRow("bmp over a signal") << CommandNumber(CCommandId::SaveBmp) << "Velocity"
                                            << "signal.001";
-        QTest::newRow("wmf over the reference") << CommandNumber(CommandId::SaveWmf) << "Velocity"
+        QTest::newRow("wmf over the reference") << CommandNumber(CCommandId::SaveWmf) << "Velocity"
                                                 << "reference.001";
-        QTest::newRow("html over a signal") << CommandNumber(CommandId::SaveHtml) << "Summary"
+        QTest::newRow("html over a signal") << CommandNumber(CCommandId::SaveHtml) << "Summary"
                                             << "signal.001";
-        QTest::newRow("uds over a signal") << CommandNumber(CommandId::SaveUds) << "Velocity"
+        QTest::newRow("uds over a signal") << CommandNumber(CCommandId::SaveUds) << "Velocity"
                                            << "signal.001";
-        QTest::newRow("uds over the reference, through a link") << CommandNumber(CommandId::SaveUds) << "Velocity"
+        QTest::newRow("uds over the reference, through a link") << CommandNumber(CCommandId::SaveUds) << "Velocity"
                                                                 << "link.001";
-        QTest::newRow("ascii over the reference") << CommandNumber(CommandId::SaveAscii) << "Velocity"
+        QTest::newRow("ascii over the reference") << CommandNumber(CCommandId::SaveAscii) << "Velocity"
                                                   << "reference.001";
-        QTest::newRow("ascii by another path") << CommandNumber(CommandId::SaveAscii) << "Velocity"
+        QTest::newRow("ascii by another path") << CommandNumber(CCommandId::SaveAscii) << "Velocity"
                                                << "./signal.001";
     }
     void ALoadedFileIsNeverReplaced() {
@@ -322,7 +305,7 @@ private slots:
         QFETCH(QString, name);
         CompareOwnFiles();
         m_window->ChoosePage(page);
-        const QString path = Save(static_cast<CommandId>(id), name);
+        const QString path = Save(static_cast<CCommandId>(id), name);
         CheckRefused(path);
         QVERIFY(!m_window->store.contains(kUdsFolder));
         QVERIFY(!m_window->store.contains(kAsciiFolder));
@@ -332,7 +315,7 @@ private slots:
         CompareOwnFiles();
         m_window->ChoosePage("Velocity");
         m_window->picker.answers = {Picked("reference.001"), Picked("second.uds")};
-        Trigger(CommandId::SaveUds);
+        Trigger(CCommandId::SaveUds);
         QCOMPARE(m_window->messages.said, QStringList(Refusal(m_window->Path("reference.001"))));
         CheckOwnFiles();
         QVERIFY(QFile::exists(m_window->Path("second.uds")));
@@ -343,7 +326,7 @@ private slots:
         CompareOwnFiles();
         m_window->ChoosePage("Velocity");
         m_window->printers.path = m_window->Path("signal.001");
-        Trigger(CommandId::Print);
+        Trigger(CCommandId::Print);
         CheckRefused(m_window->printers.path);
     }
 
@@ -354,7 +337,7 @@ private slots:
             Control<QPushButton>(dialog, kSaveHitListId)->click();
             dialog.close();
         });
-        Trigger(CommandId::SelectFiles);
+        Trigger(CCommandId::SelectFiles);
         CheckRefused(m_window->Path("signal.001"));
     }
 
@@ -362,7 +345,7 @@ private slots:
         CompareOwnFiles();
         m_window->CompareSled();
         m_window->ChoosePage("Velocity");
-        const QString path = Save(CommandId::SaveBmp, "signal.001");
+        const QString path = Save(CCommandId::SaveBmp, "signal.001");
         QCOMPARE(m_window->messages.said, QStringList());
         QCOMPARE(QImageReader(path).format(), QByteArray("bmp"));
     }
@@ -372,11 +355,11 @@ private slots:
     void ACancelledPickerWritesAndStoresNothing_data() {
         QTest::addColumn<int>("id");
         QTest::addColumn<QString>("page");
-        QTest::newRow("bmp") << CommandNumber(CommandId::SaveBmp) << "Velocity";
-        QTest::newRow("wmf") << CommandNumber(CommandId::SaveWmf) << "Velocity";
-        QTest::newRow("html") << CommandNumber(CommandId::SaveHtml) << "Summary";
-        QTest::newRow("uds") << CommandNumber(CommandId::SaveUds) << "Velocity";
-        QTest::newRow("ascii") << CommandNumber(CommandId::SaveAscii) << "Velocity";
+        QTest::newRow("bmp") << CommandNumber(CCommandId::SaveBmp) << "Velocity";
+        QTest::newRow("wmf") << CommandNumber(CCommandId::SaveWmf) << "Velocity";
+        QTest::newRow("html") << CommandNumber(CCommandId::SaveHtml) << "Summary";
+        QTest::newRow("uds") << CommandNumber(CCommandId::SaveUds) << "Velocity";
+        QTest::newRow("ascii") << CommandNumber(CCommandId::SaveAscii) << "Velocity";
     }
     void ACancelledPickerWritesAndStoresNothing() {
         QFETCH(int, id);
@@ -385,7 +368,7 @@ private slots:
         m_window->store.sync();
         const QStringList files = QDir(m_window->folder.path()).entryList(QDir::Files);
         const QString status = m_window->StatusText();
-        Trigger(static_cast<CommandId>(id));
+        Trigger(static_cast<CCommandId>(id));
         QVERIFY(!m_window->picker.requests.empty());
         m_window->store.sync();
         QCOMPARE(QDir(m_window->folder.path()).entryList(QDir::Files), files);
@@ -399,133 +382,26 @@ private slots:
         const QString gone = m_window->Path("gone/");
         m_window->settings.Set(setting::kUdsOutputDir, gone);
         m_window->settings.Set(setting::kAsciiOutputDir, gone);
-        Trigger(CommandId::SaveHtml);
+        Trigger(CCommandId::SaveHtml);
         m_window->ChoosePage("Velocity");
-        Trigger(CommandId::SaveUds);
-        Trigger(CommandId::SaveAscii);
+        Trigger(CCommandId::SaveUds);
+        Trigger(CCommandId::SaveAscii);
         for (const ks::CFileRequest& request : m_window->picker.requests) QCOMPARE(request.folder, gone.toStdString());
         QCOMPARE(m_window->picker.requests.size(), std::size_t{6});  // the report, four curves and the table
         QCOMPARE(m_window->settings.Get(setting::kUdsOutputDir), gone);
         QCOMPARE(m_window->settings.Get(setting::kAsciiOutputDir), gone);
     }
 
-    // Paper.
-
-    void ThePrintedChartIsMadeOfVectorsAndText() {
-        QVERIFY2(PdfReaderFault().isEmpty(), qPrintable(PdfReaderFault()));
-        m_window->ChoosePage("Velocity");
-        m_window->printers.path = m_window->Path("plot.pdf");
-        Trigger(CommandId::Print);
-        QCOMPARE(m_window->StatusText(), QString("The plot was printed."));
-        const std::vector<CPdfPage> pages = ReadPdf(m_window->printers.path);
-        QCOMPARE(pages.size(), std::size_t{1});
-        QVERIFY(pages[0].size.width() > pages[0].size.height());
-        // Letters of the turned title stand below each other, so it is looked for without blanks and line ends.
-        const QString text = pages[0].lines.join("\n");
-        for (const QString& part : {QString("Time (seconds)"), QString("Reference"), QString("s01002aa0.001"),
-                                    QString("s01003aa0.001"), QString("s01004aa0.001")}) {
-            QVERIFY2(text.contains(part), qPrintable(part));
-        }
-        QStringList words;
-        for (const CPdfWord& word : pages[0].words) {
-            words.append(word.text);
-            QVERIFY(QRectF(QPointF(0, 0), pages[0].size).contains(word.box));
-        }
-        QVERIFY2(words.contains("Velocity") && words.contains("(kmph)"), qPrintable(words.join(' ')));
-        const QByteArray pdf = Bytes(m_window->printers.path);
-        QVERIFY(!pdf.contains("/Subtype /Image") && !pdf.contains("/Subtype/Image"));
-        QVERIFY(PdfStreams(pdf).count(" l\n") > 400);  // four curves of some hundred visible points each
-    }
-
-    void TheDefaultPrinterTakesTheChartWithoutAQuestion() {
-        m_window->ChoosePage("Velocity");
-        m_window->printers.path = m_window->Path("plot.pdf");
-        Trigger(CommandId::PrintDirect);
-        QCOMPARE(m_window->printers.pageCounts, QList<int>());  // nobody was asked
-        QCOMPARE(m_window->messages.said, QStringList());
-        QCOMPARE(m_window->StatusText(), QString("The plot was printed."));
-        const std::vector<CPdfPage> pages = ReadPdf(m_window->printers.path);
-        QCOMPARE(pages.size(), std::size_t{1});
-        QVERIFY(pages[0].size.width() > pages[0].size.height());
-        QVERIFY(pages[0].lines.join("\n").contains("s01002aa0.001"));
-    }
-
-    void WithoutADefaultPrinterTheWindowSaysSo() {
-        m_window->ChoosePage("Velocity");
-        Trigger(CommandId::PrintDirect);
-        QCOMPARE(m_window->messages.said,
-                 QStringList("error|Error|There is no default printer. Use File > Print... to choose a printer."));
-        QCOMPARE(m_window->StatusText(), QString("Ready"));
-    }
-
-    void ACancelledPrinterPrintsNothing() {
-        m_window->ChoosePage("Velocity");
-        const QString status = m_window->StatusText();
-        Trigger(CommandId::Print);
-        QCOMPARE(m_window->StatusText(), status);
-        QVERIFY(m_window->messages.said.isEmpty());
-    }
-
-    void ThePlotStaysInsideTheMarginsThatTheUserChose() {
-        m_window->ChoosePage("Velocity");
-        m_window->printers.path = m_window->Path("plot.pdf");
-        m_window->printers.layout = QPageLayout(QPageSize(QPageSize::A4), QPageLayout::Portrait,
-                                                QMarginsF(100.0, 200.0, 50.0, 300.0), QPageLayout::Point);
-        Trigger(CommandId::Print);
-        QCOMPARE(m_window->messages.said, QStringList());
-        QCOMPARE(m_window->printers.pageCounts, QList<int>{1});
-        const std::vector<CPdfPage> pages = ReadPdf(m_window->printers.path);
-        QCOMPARE(pages.size(), std::size_t{1});
-        QVERIFY(pages[0].size.width() < pages[0].size.height());
-        const QRectF inside = QRectF(QPointF(0, 0), pages[0].size).adjusted(100.0, 200.0, -50.0, -300.0);
-        QRectF used;
-        for (const CPdfWord& word : pages[0].words) {
-            QVERIFY2(inside.contains(word.box), qPrintable(word.text));
-            used |= word.box;
-        }
-        // And it fills them: titles and numbers stand near every edge.
-        QVERIFY(used.width() > 0.85 * inside.width() && used.height() > 0.85 * inside.height());
-    }
-
-    void APlotThatCannotBePrintedIsReported() {
-        CheckNotPrinted(m_window->Path("no such folder/plot.pdf"));
-        CheckNotPrinted(m_window->folder.path());
-        CheckNotPrinted("/dev/full");
-    }
-
-    /// The toolkit empties the old file first and tells no fault of writing.
-    void APrintThatFailsLeavesTheOldFileAsItIs() {
-        const CTempFolder folder;
-        const std::string old = folder.Write("plot.pdf", "an old plot");
-        const QString path = QString::fromStdString(old);
-        {
-            const CFileSizeLimit limit(1000);
-            CheckNotPrinted(path);
-        }
-        QCOMPARE(ReadAll(old), std::string("an old plot"));
-        {
-            const COrdinaryUser user;  // who may not write there
-            CheckNotPrinted(path);
-        }
-        QCOMPARE(ReadAll(old), std::string("an old plot"));
-        QCOMPARE(folder.Listing(), std::string("plot.pdf\n"));
-    }
-
-    void TheReportOfAFileOffersAChoiceOfItsPages() {
-        CSpecificationHost host({m_window->settings, m_window->picker, m_window->messages, m_window->printers});
-        QPrinter printer;
-        QVERIFY(!host.AskPrinter(nullptr, printer, 7));
-        QCOMPARE(m_window->printers.pageCounts, QList<int>{7});
-    }
+    // What is off.
 
     void PrintPreviewIsOffEverywhere() {
         for (const QString& page : m_window->PageNames()) {
             m_window->ChoosePage(page);
-            QVERIFY(!m_window->IsEnabled(CommandId::PrintPreview));
-            QCOMPARE(m_window->IsEnabled(CommandId::Print), page != "Summary");
-            QCOMPARE(m_window->IsEnabled(CommandId::PrintDirect), page != "Summary");
-            QCOMPARE(m_window->IsEnabled(CommandId::CopyData), page == "Summary");
-            QCOMPARE(m_window->IsEnabled(CommandId::SaveHtml), page == "Summary");
+            QVERIFY(!m_window->IsEnabled(CCommandId::PrintPreview));
+            QCOMPARE(m_window->IsEnabled(CCommandId::Print), page != "Summary");
+            QCOMPARE(m_window->IsEnabled(CCommandId::PrintDirect), page != "Summary");
+            QCOMPARE(m_window->IsEnabled(CCommandId::CopyData), page == "Summary");
+            QCOMPARE(m_window->IsEnabled(CCommandId::SaveHtml), page == "Summary");
         }
     }
 
@@ -553,17 +429,7 @@ private:
         QCOMPARE(QDir(m_window->folder.path()).entryList({"*.001"}, QDir::Files).size(), qsizetype{3});
     }
 
-    void CheckNotPrinted(const QString& path) {
-        m_window->ChoosePage("Velocity");
-        const QString status = m_window->StatusText();
-        m_window->messages.said.clear();
-        m_window->printers.path = path;
-        Trigger(CommandId::Print);
-        QCOMPARE(m_window->messages.said, QStringList("error|Error|The plot could not be printed to " + path + "."));
-        QCOMPARE(m_window->StatusText(), status);
-    }
-
-    static int CommandNumber(CommandId id) { return static_cast<int>(id); }
+    static int CommandNumber(CCommandId id) { return static_cast<int>(id); }
     QString Folder(const QString& below = {}) const { return m_window->folder.path() + "/" + below; }
     QString SeriesFile(std::size_t j) const { return m_window->Path(QString("series%1.uds").arg(j)); }
     std::optional<CPickedFiles> Picked(const QString& name) const {
@@ -572,7 +438,7 @@ private:
     static QByteArray Bytes(const QString& path) { return QByteArray::fromStdString(ReadAll(path.toStdString())); }
 
     /// Runs a save command whose user chooses `name` in this test's folder; gives the path.
-    QString Save(CommandId id, const QString& name) {
+    QString Save(CCommandId id, const QString& name) {
         m_window->picker.answers.push_back(Picked(name));
         Trigger(id);
         return m_window->Path(name);
@@ -581,7 +447,7 @@ private:
     void CheckSaveRequest(const QString& title, const QStringList& filters) {
         QCOMPARE(m_window->picker.requests.size(), std::size_t{1});
         const ks::CFileRequest& request = m_window->picker.requests[0];
-        QVERIFY(request.kind == ks::PickerKind::Save);
+        QVERIFY(request.kind == ks::CPickerKind::Save);
         QCOMPARE(QString::fromStdString(request.title), title);
         QCOMPARE(FilterTexts(request), filters);
         QVERIFY(request.hideReadOnly && request.askBeforeOverwriting);
@@ -613,8 +479,8 @@ private:
             QCOMPARE(headers.next().captured(1), model.headerData(column, Qt::Horizontal).toString());
         }
         QVERIFY(!headers.hasNext());
-        const std::map<Verdict, QString> colours = {
-            {Verdict::None, ""}, {Verdict::Good, "#00E000"}, {Verdict::Bad, "#E00000"}};
+        const std::map<CVerdict, QString> colours = {
+            {CVerdict::None, ""}, {CVerdict::Good, "#00E000"}, {CVerdict::Bad, "#E00000"}};
         QSet<QString> seen;
         auto cells = cell.globalMatch(report);
         for (int row = 0; row < model.rowCount(); ++row) {
@@ -623,7 +489,7 @@ private:
                 const QRegularExpressionMatch match = cells.next();
                 const QModelIndex index = model.index(row, column);
                 QCOMPARE(match.captured(3), index.data().toString());
-                QCOMPARE(match.captured(2), colours.at(static_cast<Verdict>(index.data(kVerdictRole).toInt())));
+                QCOMPARE(match.captured(2), colours.at(static_cast<CVerdict>(index.data(kVerdictRole).toInt())));
                 seen.insert(match.captured(2));
             }
         }

@@ -51,7 +51,7 @@ private slots:
             Control<QPushButton>(dialog, kSaveHitListId)->click();
             dialog.close();
         });
-        Trigger(CommandId::SelectFiles);
+        Trigger(CCommandId::SelectFiles);
         QCOMPARE(Texts(RecentMenu()),
                  QStringList({"&1 " + m_window->Path("saved.hit"), "&2 " + m_window->Path("read && kept.hit")}));
         QVERIFY(RecentMenu().isEnabled());
@@ -113,7 +113,7 @@ private slots:
             files = ListedFiles(dialog);
             dialog.close();
         });
-        Trigger(CommandId::SelectFiles);
+        Trigger(CCommandId::SelectFiles);
         QCOMPARE(files, QStringList());
     }
 
@@ -220,7 +220,7 @@ private slots:
             action = SendDrop(*m_window->frame->windowHandle(), data, QPoint(300, 300));
             dialog.close();
         });
-        Trigger(CommandId::SelectFiles);
+        Trigger(CCommandId::SelectFiles);
         QCOMPARE(action, Qt::IgnoreAction);
     }
 
@@ -294,10 +294,10 @@ private slots:
         m_window->picker.answers = {CPickedFiles{{QString::fromStdString(Force(2))}, 5}};
         const auto before = StoredValues();
         QVERIFY(before.size() >= 4);
-        Trigger(CommandId::UdsSpecification);
+        Trigger(CCommandId::UdsSpecification);
         QCOMPARE(m_window->picker.requests.size(), std::size_t{1});
         const ks::CFileRequest& request = m_window->picker.requests[0];
-        QVERIFY(request.kind == ks::PickerKind::OpenOne && request.fileMustExist);
+        QVERIFY(request.kind == ks::CPickerKind::OpenOne && request.fileMustExist);
         QCOMPARE(request.title, std::string("Select Uds File to View"));
         QCOMPARE(request.filters.size(), std::size_t{6});
         QCOMPARE(request.filterIndex, 6);
@@ -307,7 +307,7 @@ private slots:
     }
 
     void ThePickerOfTheSpecificationStartsFromTheFallbacks() {
-        Trigger(CommandId::UdsSpecification);
+        Trigger(CCommandId::UdsSpecification);
         QCOMPARE(m_window->picker.requests.size(), std::size_t{1});
         QCOMPARE(m_window->picker.requests[0].filterIndex, 3);
         QCOMPARE(m_window->picker.requests[0].folder, std::string("Q:\\uds\\vehdb"));
@@ -328,7 +328,7 @@ private slots:
         QCOMPARE(host.AskSavePath(nullptr, asked), std::optional<QString>(m_window->Path("points.txt")));
         QCOMPARE(m_window->picker.requests.size(), std::size_t{2});
         for (const ks::CFileRequest& request : m_window->picker.requests) {
-            QVERIFY(request.kind == ks::PickerKind::Save && request.askBeforeOverwriting);
+            QVERIFY(request.kind == ks::CPickerKind::Save && request.askBeforeOverwriting);
             QCOMPARE(request.title, std::string("Export Points"));
             QCOMPARE(request.folder, m_window->folder.path().toStdString());
             QCOMPARE(request.suggestedName, std::string("a.uds.txt"));
@@ -357,7 +357,7 @@ private slots:
 
     void AFileThatIsNoUdsFileIsReported() {
         m_window->picker.answers = {CPickedFiles{{WriteHitList("words.001", {"words"})}, 1}};
-        Trigger(CommandId::UdsSpecification);
+        Trigger(CCommandId::UdsSpecification);
         QCOMPARE(m_window->messages.said, QStringList({"error|Error|File size not a multiple of 512 bytes."}));
         QCOMPARE(SheetTitles(), QStringList());
     }
@@ -404,7 +404,7 @@ private:
     /// A text file with these lines.
     QString WriteHitList(const QString& name, const std::vector<std::string>& lines) {
         const QString path = m_window->Path(name);
-        if (ks::WriteHitList(path.toStdString(), lines) != ks::WriteResult::Written) return {};
+        if (ks::WriteHitList(path.toStdString(), lines) != ks::CWriteResult::Written) return {};
         return path;
     }
 

@@ -96,11 +96,11 @@ private slots:
 
     void NewLimitsRecolourTheTableAndLeaveTheSelectorAlone() {
         m_window->CompareSled();
-        QCOMPARE(VerdictAt(0, kResidualColumn), Verdict::Good);
+        QCOMPARE(VerdictAt(0, kResidualColumn), CVerdict::Good);
         m_window->dialogs.Expect([](QWidget& dialog) { FillCriticalValues(dialog, "0.000001"); });
-        Trigger(CommandId::CriticalValues);
+        Trigger(CCommandId::CriticalValues);
         QCOMPARE(m_window->dialogs.opened.last(), QString("Edit Critical Values"));
-        QCOMPARE(VerdictAt(0, kResidualColumn), Verdict::Bad);
+        QCOMPARE(VerdictAt(0, kResidualColumn), CVerdict::Bad);
         QCOMPARE(m_pages->size(), qsizetype{1});
         QVERIFY(m_choices->isEmpty());
         QCOMPARE(m_window->Pages().currentText(), QString("Summary"));
@@ -112,15 +112,15 @@ private slots:
             Control<QLineEdit>(dialog, kAverageResidualId)->setText("0");
             Press(dialog, QDialogButtonBox::Cancel);
         });
-        Trigger(CommandId::CriticalValues);
-        QCOMPARE(VerdictAt(0, kResidualColumn), Verdict::Good);
+        Trigger(CCommandId::CriticalValues);
+        QCOMPARE(VerdictAt(0, kResidualColumn), CVerdict::Good);
     }
 
     void TheCorridorSizeTakesEffectWithTheNextRun() {
         m_window->CompareSled();
         const QString before = Text(1, kCorridorColumn);
         m_window->dialogs.Expect([](QWidget& dialog) { FillCorridor(dialog, "0.001"); });
-        Trigger(CommandId::CorridorSize);
+        Trigger(CCommandId::CorridorSize);
         QCOMPARE(m_window->dialogs.opened.last(), QString("Enter Corridor Size"));
         QCOMPARE(Text(1, kCorridorColumn), before);
         m_window->CompareSled();
@@ -131,12 +131,12 @@ private slots:
         const QSignalSpy nothing(&Frame().View(), &CQuorvelView::NoDataToShow);
         m_window->SetCorridor("2.5");
         m_window->dialogs.Expect([](QWidget& dialog) { FillCriticalValues(dialog, "0.000001"); });
-        Trigger(CommandId::CriticalValues);
+        Trigger(CCommandId::CriticalValues);
         QCOMPARE(nothing.size(), qsizetype{2});
         QVERIFY(m_window->IsHintShown());
         QVERIFY(m_window->List() == nullptr);
         m_window->CompareSled();
-        QCOMPARE(VerdictAt(0, kResidualColumn), Verdict::Bad);
+        QCOMPARE(VerdictAt(0, kResidualColumn), CVerdict::Bad);
         QCOMPARE(Frame().Document().ComputedSignals()[0].Comparison().GetCorridorSize(), 2.5);
     }
 
@@ -153,7 +153,7 @@ private slots:
         m_window->ChoosePage("Velocity");
         const QStringList enabled = m_window->EnabledCommands();
         m_window->dialogs.Expect([](QWidget& dialog) { dialog.close(); });
-        Trigger(CommandId::SelectFiles);
+        Trigger(CCommandId::SelectFiles);
         QVERIFY(Frame().View().IsChartShown());
         QCOMPARE(m_window->Pages().currentText(), QString("Velocity"));
         QCOMPARE(m_window->EnabledCommands(), enabled);
@@ -171,7 +171,7 @@ private slots:
             QCOMPARE(Control<QLineEdit>(dialog, kMaxTimeId)->text(), QString("0.30000001192092896"));
             dialog.close();
         });
-        Trigger(CommandId::SelectFiles);
+        Trigger(CCommandId::SelectFiles);
     }
 
     void TheChoiceOfTheLastRunIsOfferedAgain() {
@@ -181,7 +181,7 @@ private slots:
             Control<QComboBox>(dialog, kChannelClassId)->setCurrentText("CFC180");
             m_window->Answer(dialog, {Sled(2), Sled(3)}, Sled(1));
         });
-        Trigger(CommandId::SelectFiles);
+        Trigger(CCommandId::SelectFiles);
         m_window->dialogs.Expect([](QWidget& dialog) {
             QCOMPARE(dialog.findChild<CFileList*>()->Files(), std::vector<std::string>({Sled(2), Sled(3)}));
             QCOMPARE(Control<QLineEdit>(dialog, kReferencePathId)->text(), QString::fromStdString(Sled(1)));
@@ -191,7 +191,7 @@ private slots:
             QCOMPARE(Control<QComboBox>(dialog, kChannelClassId)->currentText(), QString("CFC180"));
             dialog.close();
         });
-        Trigger(CommandId::SelectFiles);
+        Trigger(CCommandId::SelectFiles);
     }
 
     // Runs that stop.
@@ -233,13 +233,13 @@ private slots:
         m_window->dialogs.opened.clear();
         int commandsTried = 0;
         for (const CCommand& command : Commands()) {
-            if (command.id == CommandId::Exit) continue;
+            if (command.id == CCommandId::Exit) continue;
             ++commandsTried;
             if (OpensDialog(command.id))
                 m_window->dialogs.Expect([&](QWidget& dialog) { Confirm(dialog, command.id); });
             Frame().RunCommand(command.id);
             QCOMPARE(m_window->dialogs.TakeFaults(), QStringList());
-            const bool isCopied = command.id == CommandId::CopyData;
+            const bool isCopied = command.id == CCommandId::CopyData;
             QCOMPARE(QGuiApplication::clipboard()->text(), isCopied ? table : QString("untouched"));
             QGuiApplication::clipboard()->setText("untouched");
             CheckPreviousRun(table);
@@ -251,7 +251,7 @@ private slots:
         QCOMPARE(m_window->picker.requests.size(), std::size_t{1});
         QCOMPARE(m_window->picker.requests[0].title, std::string("Select Uds File to View"));
         QCOMPARE(m_window->messages.said, QStringList({"beep"}));  // of the run that stopped
-        Trigger(CommandId::Exit);
+        Trigger(CCommandId::Exit);
         QVERIFY(!Frame().isVisible());
     }
 
@@ -303,8 +303,8 @@ private:
     }
 
     QString Text(int row, int column) { return m_window->List()->model()->index(row, column).data().toString(); }
-    Verdict VerdictAt(int row, int column) {
-        return static_cast<Verdict>(m_window->List()->model()->index(row, column).data(kVerdictRole).toInt());
+    CVerdict VerdictAt(int row, int column) {
+        return static_cast<CVerdict>(m_window->List()->model()->index(row, column).data(kVerdictRole).toInt());
     }
 
     /// A file that is neither a signal nor a list of points.
@@ -334,22 +334,22 @@ private:
         Press(dialog, QDialogButtonBox::Ok);
     }
 
-    static bool OpensDialog(CommandId id) {
-        return id == CommandId::SelectFiles || id == CommandId::CorridorSize || id == CommandId::CriticalValues ||
-               id == CommandId::Customize || id == CommandId::About;
+    static bool OpensDialog(CCommandId id) {
+        return id == CCommandId::SelectFiles || id == CCommandId::CorridorSize || id == CCommandId::CriticalValues ||
+               id == CCommandId::Customize || id == CCommandId::About;
     }
-    void Confirm(QWidget& dialog, CommandId id) {
+    void Confirm(QWidget& dialog, CCommandId id) {
         switch (id) {
-            case CommandId::SelectFiles:
+            case CCommandId::SelectFiles:
                 // The document's files, not those of the table.
                 QCOMPARE(dialog.findChild<CFileList*>()->count(), 1);
                 dialog.close();
                 return;
-            case CommandId::CorridorSize:
+            case CCommandId::CorridorSize:
                 return FillCorridor(dialog, "17");
-            case CommandId::CriticalValues:
+            case CCommandId::CriticalValues:
                 return FillCriticalValues(dialog, "0.000001");
-            case CommandId::Customize:
+            case CCommandId::Customize:
                 return Press(dialog, QDialogButtonBox::Ok);
             default:
                 dialog.close();
@@ -369,7 +369,7 @@ private:
         QVERIFY(m_window->List()->isVisible());
         QCOMPARE(m_window->List()->CopyDataText(), table);
         QVERIFY(m_window->List()->Snapshot().isPreviousRun);
-        QCOMPARE(VerdictAt(0, kResidualColumn), Verdict::Good);  // judged by the limits of its own run
+        QCOMPARE(VerdictAt(0, kResidualColumn), CVerdict::Good);  // judged by the limits of its own run
         QVERIFY(m_window->IsBannerShown());
         const auto* const banner = Frame().findChild<QLabel*>("banner");
         QCOMPARE(banner->text(), QString("The last run stopped. These are the results of the previous run."));

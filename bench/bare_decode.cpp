@@ -19,17 +19,17 @@ constexpr std::size_t kValuesPerRecord = 125;
 constexpr std::size_t kRecordsAtATime = 256;
 constexpr std::size_t kHeaderSize = 2 * kRecordSize;
 
-enum class Numbers { Ieee, Sun, Vax };
+enum class CNumbers { Ieee, Sun, Vax };
 
 std::uint32_t Swapped(std::uint32_t bits) {
     return bits << 24U | (bits & 0xFF00U) << 8U | (bits >> 8U & 0xFF00U) | bits >> 24U;
 }
 
 /// The bits of a single-precision number of this (little-endian) machine.
-template <Numbers numbers>
+template <CNumbers numbers>
 std::uint32_t Bits(std::uint32_t bits) {
-    if constexpr (numbers == Numbers::Sun) return Swapped(bits);
-    if constexpr (numbers == Numbers::Vax) {
+    if constexpr (numbers == CNumbers::Sun) return Swapped(bits);
+    if constexpr (numbers == CNumbers::Vax) {
         const std::uint32_t exponent = bits >> 8U & 0xFFU;
         const std::uint32_t turned = (bits << 16U | bits >> 16U) - 0x01000000U;
         return (exponent & 0x7FU) == 0 ? 0U : turned;
@@ -37,7 +37,7 @@ std::uint32_t Bits(std::uint32_t bits) {
     return bits;
 }
 
-template <Numbers numbers>
+template <CNumbers numbers>
 void Decode(const std::byte* from, std::size_t count, double* to) {
     for (std::size_t i = 0; i < count; ++i) {
         std::uint32_t bits = 0;
@@ -77,7 +77,7 @@ void DecodeUds(const std::string& path, CCurve& curve) {
     if (file.Read(header) != header.size()) throw std::runtime_error("Cannot read " + path);
     const std::string_view form(reinterpret_cast<const char*>(header.data()) + 26, 4);
     const bool isSun = form == "SUN ";
-    const auto decode = isSun ? Decode<Numbers::Sun> : form == "VAX " ? Decode<Numbers::Vax> : Decode<Numbers::Ieee>;
+    const auto decode = isSun ? Decode<CNumbers::Sun> : form == "VAX " ? Decode<CNumbers::Vax> : Decode<CNumbers::Ieee>;
     const auto integerAt = [&](std::size_t offset) {
         std::uint32_t bits = 0;
         std::memcpy(&bits, header.data() + kRecordSize + offset, 4);

@@ -90,7 +90,7 @@ public:
     void Run() override { bare::Integrate(m_original.axis, m_result.Values()); }
 };
 
-/// Without extrema where both are equally long, since whoever wrote the values knows them; with them after a cut.
+/// Without extrema where both are equally long, since the writer of the values knows them; with them after a cut.
 class CMeasures : public COperation {
 public:
     explicit CMeasures(const std::vector<std::string>& paths)
@@ -102,7 +102,7 @@ public:
         // A cut to the shorter one's range loses its last sample.
         m_count = computed == reference ? computed : std::min(computed, reference) - 1;
         m_sums = bare::Measure(m_original.y.Values().first(m_count), m_reference.y.Values().first(m_count), TimeStep(),
-                               kCorridor, computed == reference ? bare::Extrema::Known : bare::Extrema::Needed);
+                               kCorridor, computed == reference ? bare::CExtrema::Known : bare::CExtrema::Needed);
     }
     std::vector<double> Digest() override {
         const double n = static_cast<double>(m_count);
@@ -160,8 +160,8 @@ int RunComparison(const std::vector<std::string>& arguments) {
     const std::span<double> kept = Prepared(arguments.at(2), reference, start, stop);
     for (std::size_t i = 3; i < arguments.size(); ++i) {
         const std::span<double> values = Prepared(arguments[i], computed, start, stop);
-        const bare::CSums sums =
-            bare::Measure(values, kept, static_cast<double>(reference.axis.timeStep), kCorridor, bare::Extrema::Needed);
+        const bare::CSums sums = bare::Measure(values, kept, static_cast<double>(reference.axis.timeStep), kCorridor,
+                                               bare::CExtrema::Needed);
         std::printf("%.9f %.9f\n", sums.residual, sums.residualSquares);
     }
     return 0;

@@ -54,7 +54,7 @@ std::array<double, 2> Twice(Pair pair) {
     return {2.0 * pair[0], 2.0 * pair[1]};
 }
 
-template <Extrema extrema>
+template <CExtrema extrema>
 CSums MeasurePass(std::span<const double> computed, std::span<const double> reference, double timeStep,
                   double corridor) {
     const std::size_t last = computed.size() - 1;
@@ -83,7 +83,7 @@ CSums MeasurePass(std::span<const double> computed, std::span<const double> refe
         const double residual = point[0] - point[1];
         running.residuals += Pair{residual, residual * residual};
         peaks = Larger(peaks, Magnitudes(point));
-        if constexpr (extrema == Extrema::Needed) {
+        if constexpr (extrema == CExtrema::Needed) {
             largest = Larger(largest, point);
             least = Smaller(least, point);
         }
@@ -110,9 +110,9 @@ CSums MeasurePass(std::span<const double> computed, std::span<const double> refe
 }  // namespace
 
 CSums Measure(std::span<const double> computed, std::span<const double> reference, double timeStep, double corridor,
-              Extrema extrema) {
-    return extrema == Extrema::Needed ? MeasurePass<Extrema::Needed>(computed, reference, timeStep, corridor)
-                                      : MeasurePass<Extrema::Known>(computed, reference, timeStep, corridor);
+              CExtrema extrema) {
+    return extrema == CExtrema::Needed ? MeasurePass<CExtrema::Needed>(computed, reference, timeStep, corridor)
+                                       : MeasurePass<CExtrema::Known>(computed, reference, timeStep, corridor);
 }
 
 }  // namespace bare

@@ -13,7 +13,7 @@ class QWidget;
 
 /// Numbers of the chart control's properties. Named are those whose meaning the control must know; every other number
 /// is passed on as it is, by GivenProperty.
-enum class ChartProperty : std::int32_t {
+enum class CChartProperty : std::int32_t {
     MainTitle = 2105,
     SubTitle = 2110,
     SeriesCount = 2115,
@@ -32,8 +32,8 @@ enum class ChartProperty : std::int32_t {
 };
 
 /// A property known by its number only.
-constexpr ChartProperty GivenProperty(std::int32_t number) {
-    return static_cast<ChartProperty>(number);
+constexpr CChartProperty GivenProperty(std::int32_t number) {
+    return static_cast<CChartProperty>(number);
 }
 
 /// In the units of the output: pixels of the window or the bitmap, logical units of the metafile.
@@ -69,14 +69,14 @@ public:
     virtual void Destroy() = 0;
     [[nodiscard]] virtual bool Exists() const = 0;
 
-    virtual void SetInteger(ChartProperty property, std::int32_t value) = 0;
-    virtual void SetText(ChartProperty property, std::string_view text) = 0;
-    virtual void SetArray(ChartProperty property, std::span<const double> values) = 0;
-    virtual void SetArray(ChartProperty property, std::span<const std::int32_t> values) = 0;
+    virtual void SetInteger(CChartProperty property, std::int32_t value) = 0;
+    virtual void SetText(CChartProperty property, std::string_view text) = 0;
+    virtual void SetArray(CChartProperty property, std::span<const double> values) = 0;
+    virtual void SetArray(CChartProperty property, std::span<const std::int32_t> values) = 0;
     /// `count` texts, each with a tab after it.
-    virtual void SetArray(ChartProperty property, std::string_view texts, std::int32_t count) = 0;
+    virtual void SetArray(CChartProperty property, std::string_view texts, std::int32_t count) = 0;
     /// An array property without values.
-    virtual void ClearArray(ChartProperty property) = 0;
+    virtual void ClearArray(CChartProperty property) = 0;
 
     virtual void Draw(std::int32_t first, std::int32_t second) = 0;
     virtual void Apply() = 0;
@@ -84,8 +84,8 @@ public:
     /// Puts the chart on the clipboard as a metafile of `size`, and as a picture for programs that paste only those.
     virtual void CopyMetafile(CChartSize size) = 0;
     /// The chart as it is zoomed, on white. NotOpened while no chart exists.
-    [[nodiscard]] virtual ks::WriteResult ExportMetafile(CChartSize size, const std::string& path) = 0;
-    [[nodiscard]] virtual ks::WriteResult ExportBitmap(CChartSize size, const std::string& path) = 0;
+    [[nodiscard]] virtual ks::CWriteResult ExportMetafile(CChartSize size, const std::string& path) = 0;
+    [[nodiscard]] virtual ks::CWriteResult ExportBitmap(CChartSize size, const std::string& path) = 0;
 
     /// The parent has a new size; the properties Width, Height and Area are already set.
     virtual void Resized(std::int32_t width, std::int32_t height) = 0;

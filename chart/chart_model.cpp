@@ -16,32 +16,32 @@ std::size_t Count(std::int32_t value) {
 
 }  // namespace
 
-void CChartModel::SetInteger(ChartProperty property, std::int32_t value) {
-    if (property == ChartProperty::SeriesCount) m_seriesCount = Count(value);
-    if (property == ChartProperty::PointCount) m_pointCount = Count(value);
+void CChartModel::SetInteger(CChartProperty property, std::int32_t value) {
+    if (property == CChartProperty::SeriesCount) m_seriesCount = Count(value);
+    if (property == CChartProperty::PointCount) m_pointCount = Count(value);
 }
 
-void CChartModel::SetText(ChartProperty property, std::string_view text) {
-    if (property == ChartProperty::XTitle) m_xTitle = text;
-    if (property == ChartProperty::YTitle) m_yTitle = text;
-    if (property == ChartProperty::MainTitle) m_mainTitle = text;
-    if (property == ChartProperty::SubTitle) m_subTitle = text;
+void CChartModel::SetText(CChartProperty property, std::string_view text) {
+    if (property == CChartProperty::XTitle) m_xTitle = text;
+    if (property == CChartProperty::YTitle) m_yTitle = text;
+    if (property == CChartProperty::MainTitle) m_mainTitle = text;
+    if (property == CChartProperty::SubTitle) m_subTitle = text;
 }
 
-void CChartModel::SetArray(ChartProperty property, std::span<const double> values) {
-    if (property == ChartProperty::XData) m_x.assign(values.begin(), values.end());
-    if (property == ChartProperty::YData) m_y.assign(values.begin(), values.end());
+void CChartModel::SetArray(CChartProperty property, std::span<const double> values) {
+    if (property == CChartProperty::XData) m_x.assign(values.begin(), values.end());
+    if (property == CChartProperty::YData) m_y.assign(values.begin(), values.end());
     if (values.empty()) return;
-    if (property == ChartProperty::NoDataValue) m_noData[0] = values[0];
-    if (property == ChartProperty::SecondNoDataValue) m_noData[1] = values[0];
+    if (property == CChartProperty::NoDataValue) m_noData[0] = values[0];
+    if (property == CChartProperty::SecondNoDataValue) m_noData[1] = values[0];
 }
 
-void CChartModel::SetArray(ChartProperty property, std::span<const std::int32_t> values) {
-    if (property == ChartProperty::LineStyles) m_lineStyles.assign(values.begin(), values.end());
+void CChartModel::SetArray(CChartProperty property, std::span<const std::int32_t> values) {
+    if (property == CChartProperty::LineStyles) m_lineStyles.assign(values.begin(), values.end());
 }
 
-void CChartModel::SetArray(ChartProperty property, std::string_view texts, std::int32_t count) {
-    if (property != ChartProperty::Legend) return;
+void CChartModel::SetArray(CChartProperty property, std::string_view texts, std::int32_t count) {
+    if (property != CChartProperty::Legend) return;
     m_names.clear();
     while (m_names.size() < Count(count) && !texts.empty()) {
         const std::size_t end = std::min(texts.find('\t'), texts.size());
@@ -50,7 +50,7 @@ void CChartModel::SetArray(ChartProperty property, std::string_view texts, std::
     }
 }
 
-void CChartModel::ClearArray(ChartProperty property) {
+void CChartModel::ClearArray(CChartProperty property) {
     SetArray(property, std::span<const double>());
     SetArray(property, std::span<const std::int32_t>());
     SetArray(property, std::string_view(), 0);

@@ -15,12 +15,12 @@
 /// What a chart shows, gathered from its properties. Properties without a meaning here are accepted and ignored.
 class CChartModel {
 public:
-    void SetInteger(ChartProperty property, std::int32_t value);
-    void SetText(ChartProperty property, std::string_view text);
-    void SetArray(ChartProperty property, std::span<const double> values);
-    void SetArray(ChartProperty property, std::span<const std::int32_t> values);
-    void SetArray(ChartProperty property, std::string_view texts, std::int32_t count);
-    void ClearArray(ChartProperty property);
+    void SetInteger(CChartProperty property, std::int32_t value);
+    void SetText(CChartProperty property, std::string_view text);
+    void SetArray(CChartProperty property, std::span<const double> values);
+    void SetArray(CChartProperty property, std::span<const std::int32_t> values);
+    void SetArray(CChartProperty property, std::string_view texts, std::int32_t count);
+    void ClearArray(CChartProperty property);
 
     /// Number of series whose X and Y values are all there.
     [[nodiscard]] std::size_t SeriesCount() const;

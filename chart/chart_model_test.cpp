@@ -22,13 +22,13 @@ constexpr double kPadding = 2.220446049250313e-16;
 /// One series of the given points, drawn; a gap reads "gap".
 std::vector<std::string> Drawn(const std::vector<double>& x, const std::vector<double>& y) {
     CChartModel model;
-    model.SetInteger(ChartProperty::SeriesCount, 1);
-    model.SetInteger(ChartProperty::PointCount, static_cast<std::int32_t>(x.size()));
-    model.SetArray(ChartProperty::XData, x);
-    model.SetArray(ChartProperty::YData, y);
+    model.SetInteger(CChartProperty::SeriesCount, 1);
+    model.SetInteger(CChartProperty::PointCount, static_cast<std::int32_t>(x.size()));
+    model.SetArray(CChartProperty::XData, x);
+    model.SetArray(CChartProperty::YData, y);
     const std::array noData{kPadding};
-    model.SetArray(ChartProperty::NoDataValue, noData);
-    model.SetArray(ChartProperty::SecondNoDataValue, noData);
+    model.SetArray(CChartProperty::NoDataValue, noData);
+    model.SetArray(CChartProperty::SecondNoDataValue, noData);
     std::vector<std::string> drawn;
     model.ForEachPoint(0, [&](double px, double py) {
         drawn.push_back(std::isnan(py) ? "gap" : std::to_string(static_cast<int>(px)));
@@ -38,15 +38,15 @@ std::vector<std::string> Drawn(const std::vector<double>& x, const std::vector<d
 
 TEST(ChartModel, GivesEverySeriesItsRowsNameAndStyle) {
     CChartModel model;
-    model.SetInteger(ChartProperty::SeriesCount, 2);
-    model.SetInteger(ChartProperty::PointCount, 2);
+    model.SetInteger(CChartProperty::SeriesCount, 2);
+    model.SetInteger(CChartProperty::PointCount, 2);
     const std::array x{1.0, 2.0, 3.0, 4.0};
     const std::array y{5.0, 6.0, 7.0, 8.0};
-    model.SetArray(ChartProperty::XData, x);
-    model.SetArray(ChartProperty::YData, y);
-    model.SetArray(ChartProperty::Legend, "one\ttwo\t", 2);
+    model.SetArray(CChartProperty::XData, x);
+    model.SetArray(CChartProperty::YData, y);
+    model.SetArray(CChartProperty::Legend, "one\ttwo\t", 2);
     const std::array<std::int32_t, 2> styles{9, 11};
-    model.SetArray(ChartProperty::LineStyles, styles);
+    model.SetArray(CChartProperty::LineStyles, styles);
     ASSERT_EQ(model.SeriesCount(), 2U);
     EXPECT_THAT(model.X(1), ElementsAre(3.0, 4.0));
     EXPECT_THAT(model.Y(0), ElementsAre(5.0, 6.0));
@@ -58,10 +58,10 @@ TEST(ChartModel, GivesEverySeriesItsRowsNameAndStyle) {
 
 TEST(ChartModel, KeepsTheFourTitlesApart) {
     CChartModel model;
-    model.SetText(ChartProperty::XTitle, "x");
-    model.SetText(ChartProperty::YTitle, "y");
-    model.SetText(ChartProperty::MainTitle, "main");
-    model.SetText(ChartProperty::SubTitle, "sub");
+    model.SetText(CChartProperty::XTitle, "x");
+    model.SetText(CChartProperty::YTitle, "y");
+    model.SetText(CChartProperty::MainTitle, "main");
+    model.SetText(CChartProperty::SubTitle, "sub");
     EXPECT_EQ(model.XTitle(), "x");
     EXPECT_EQ(model.YTitle(), "y");
     EXPECT_EQ(model.MainTitle(), "main");
@@ -104,26 +104,26 @@ TEST(ChartModel, WithoutANoDataValueEveryFiniteValueIsDrawn) {
 
 TEST(ChartModel, CountsOnlySeriesWhoseValuesAreAllThere) {
     CChartModel model;
-    model.SetInteger(ChartProperty::SeriesCount, 3);
-    model.SetInteger(ChartProperty::PointCount, 2);
+    model.SetInteger(CChartProperty::SeriesCount, 3);
+    model.SetInteger(CChartProperty::PointCount, 2);
     const std::array x{1.0, 2.0, 3.0, 4.0, 5.0};
-    model.SetArray(ChartProperty::XData, x);
-    model.SetArray(ChartProperty::YData, x);
+    model.SetArray(CChartProperty::XData, x);
+    model.SetArray(CChartProperty::YData, x);
     EXPECT_EQ(model.SeriesCount(), 2U);
-    model.ClearArray(ChartProperty::YData);
+    model.ClearArray(CChartProperty::YData);
     EXPECT_EQ(model.SeriesCount(), 0U);
 }
 
 TEST(ChartModel, NegativeCountsAreNone) {
     CChartModel model;
-    model.SetInteger(ChartProperty::SeriesCount, -1);
-    model.SetInteger(ChartProperty::PointCount, -1);
+    model.SetInteger(CChartProperty::SeriesCount, -1);
+    model.SetInteger(CChartProperty::PointCount, -1);
     EXPECT_EQ(model.SeriesCount(), 0U);
 }
 
 TEST(ChartModel, ALegendWithFewerNamesLeavesTheOthersEmpty) {
     CChartModel model;
-    model.SetArray(ChartProperty::Legend, "one\t", 3);
+    model.SetArray(CChartProperty::Legend, "one\t", 3);
     EXPECT_EQ(model.Name(0), "one");
     EXPECT_EQ(model.Name(1), "");
     EXPECT_EQ(model.LineStyle(5), 0);
@@ -131,7 +131,7 @@ TEST(ChartModel, ALegendWithFewerNamesLeavesTheOthersEmpty) {
 
 TEST(ChartModel, ALegendKeepsEmptyNamesInTheirPlace) {
     CChartModel model;
-    model.SetArray(ChartProperty::Legend, "\ttwo\t", 2);
+    model.SetArray(CChartProperty::Legend, "\ttwo\t", 2);
     EXPECT_EQ(model.Name(0), "");
     EXPECT_EQ(model.Name(1), "two");
 }

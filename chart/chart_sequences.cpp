@@ -108,8 +108,8 @@ void CreateChart(CChartControl& chart, QWidget* parent, CChartSize clientArea, d
     chart.Create(creation);
     SetIntegers(chart, kCreationSettings);
     const std::span<const double> noData(&noDataValue, 1);
-    chart.SetArray(ChartProperty::NoDataValue, noData);
-    chart.SetArray(ChartProperty::SecondNoDataValue, noData);
+    chart.SetArray(CChartProperty::NoDataValue, noData);
+    chart.SetArray(CChartProperty::SecondNoDataValue, noData);
 }
 
 void FillChart(CChartControl& chart, const CChartBlock& block, std::span<const std::string> names,
@@ -119,19 +119,19 @@ void FillChart(CChartControl& chart, const CChartBlock& block, std::span<const s
     // A run sets the counts before a page has laid out the matrices that belong to them.
     if (block.x.size() < cellCount || block.y.size() < cellCount) return;
 
-    chart.SetInteger(ChartProperty::SeriesCount, block.seriesCount);
-    chart.SetInteger(ChartProperty::PointCount, block.pointCount);
+    chart.SetInteger(CChartProperty::SeriesCount, block.seriesCount);
+    chart.SetInteger(CChartProperty::PointCount, block.pointCount);
     chart.SetInteger(GivenProperty(3104), cells > kManyPoints ? 10 : 3);
     chart.SetInteger(GivenProperty(3016), 1);
-    chart.SetArray(ChartProperty::XData, std::span(block.x).first(cellCount));
+    chart.SetArray(CChartProperty::XData, std::span(block.x).first(cellCount));
     chart.SetInteger(GivenProperty(3017), 1);
-    chart.SetArray(ChartProperty::YData, std::span(block.y).first(cellCount));
-    chart.SetText(ChartProperty::YTitle, CutChartText(block.yTitle));
-    chart.SetText(ChartProperty::XTitle, CutChartText(block.xTitle));
-    chart.SetText(ChartProperty::MainTitle, CutChartText(block.titleOne));
-    chart.SetText(ChartProperty::SubTitle, CutChartText(block.titleTwo));
-    chart.SetArray(ChartProperty::Legend, JoinedNames(names), block.seriesCount);
-    chart.SetArray(ChartProperty::LineStyles, lineStyles.Set(block.lineStyleMode, block.seriesCount));
+    chart.SetArray(CChartProperty::YData, std::span(block.y).first(cellCount));
+    chart.SetText(CChartProperty::YTitle, CutChartText(block.yTitle));
+    chart.SetText(CChartProperty::XTitle, CutChartText(block.xTitle));
+    chart.SetText(CChartProperty::MainTitle, CutChartText(block.titleOne));
+    chart.SetText(CChartProperty::SubTitle, CutChartText(block.titleTwo));
+    chart.SetArray(CChartProperty::Legend, JoinedNames(names), block.seriesCount);
+    chart.SetArray(CChartProperty::LineStyles, lineStyles.Set(block.lineStyleMode, block.seriesCount));
     chart.SetInteger(GivenProperty(3040), 0);
     chart.SetInteger(GivenProperty(3605), 0);
     chart.Apply();
@@ -151,9 +151,9 @@ void ShowChart(CChartControl& chart, QWidget* parent, CChartSize clientArea, con
 }
 
 void ResizeChart(CChartControl& chart, CChartSize clientArea) {
-    chart.SetInteger(ChartProperty::Width, clientArea.width);
-    chart.SetInteger(ChartProperty::Height, clientArea.height);
+    chart.SetInteger(CChartProperty::Width, clientArea.width);
+    chart.SetInteger(CChartProperty::Height, clientArea.height);
     const std::array<std::int32_t, 4> area{0, 0, clientArea.width, clientArea.height};
-    chart.SetArray(ChartProperty::Area, area);
+    chart.SetArray(CChartProperty::Area, area);
     chart.Resized(clientArea.width, clientArea.height);
 }

@@ -44,7 +44,7 @@ CChartStyle ScreenStyle(const QWidget& widget) {
     style.ink = widget.palette().color(QPalette::Text);
     style.grid = Mixed(style.ink, style.background, kGridShare);
     const bool isDark = style.background.lightness() < style.ink.lightness();
-    style.kind = isDark ? ChartBackground::Dark : ChartBackground::Light;
+    style.kind = isDark ? CChartBackground::Dark : CChartBackground::Light;
     style.font = widget.font();
     return style;
 }

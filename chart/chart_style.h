@@ -11,7 +11,7 @@ class QWidget;
 
 /// Colors, letters and proportions of one drawing of a chart.
 struct CChartStyle {
-    ChartBackground kind = ChartBackground::Light;
+    CChartBackground kind = CChartBackground::Light;
     QColor background, ink, grid;
     QFont font;
     double scale = 1.0;  ///< output units per pixel of the screen; lengths and widths are multiplied by it

@@ -43,8 +43,8 @@ constexpr std::array<std::uint32_t, 7> kOnDark{0xF2F2F2, 0x4FA8E0, 0xFF8A4C, 0x2
 
 }  // namespace
 
-CLineLook LookOfLine(std::int32_t lineStyle, std::size_t index, ChartBackground background) {
-    const auto& colors = background == ChartBackground::Dark ? kOnDark : kOnLight;
+CLineLook LookOfLine(std::int32_t lineStyle, std::size_t index, CChartBackground background) {
+    const auto& colors = background == CChartBackground::Dark ? kOnDark : kOnLight;
     CLineLook look{colors[index % colors.size()], kStyles[0].width, kStyles[0].dashes};
     for (const CStyleRow& row : kStyles) {
         if (row.style != lineStyle) continue;

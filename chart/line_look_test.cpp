@@ -14,7 +14,7 @@
 namespace {
 
 constexpr std::array<std::int32_t, 10> kStyles{0, 1, 2, 3, 4, 5, 6, 9, 10, 11};
-constexpr std::array<ChartBackground, 2> kBackgrounds{ChartBackground::Light, ChartBackground::Dark};
+constexpr std::array<CChartBackground, 2> kBackgrounds{CChartBackground::Light, CChartBackground::Dark};
 
 using Look = std::tuple<std::uint32_t, double, std::vector<double>>;
 
@@ -40,14 +40,14 @@ double Contrast(std::uint32_t a, std::uint32_t b) {
 TEST(LineLook, TheTenStylesDifferInPatternOrWidth) {
     std::set<std::pair<double, std::vector<double>>> looks;
     for (const std::int32_t style : kStyles) {
-        const CLineLook look = LookOfLine(style, 0, ChartBackground::Light);
+        const CLineLook look = LookOfLine(style, 0, CChartBackground::Light);
         looks.emplace(look.width, std::vector<double>(look.dashes.begin(), look.dashes.end()));
     }
     EXPECT_EQ(looks.size(), kStyles.size());
 }
 
 TEST(LineLook, TheFirstSeventySeriesAllLookDifferent) {
-    for (const ChartBackground background : kBackgrounds) {
+    for (const CChartBackground background : kBackgrounds) {
         std::set<Look> looks;
         for (std::size_t series = 0; series < 70; ++series)
             looks.insert(Whole(LookOfLine(kStyles[series % kStyles.size()], series, background)));
@@ -56,35 +56,35 @@ TEST(LineLook, TheFirstSeventySeriesAllLookDifferent) {
 }
 
 TEST(LineLook, SeriesOfOneStyleDifferInColor) {
-    EXPECT_NE(LookOfLine(5, 0, ChartBackground::Light).rgb, LookOfLine(5, 1, ChartBackground::Light).rgb);
+    EXPECT_NE(LookOfLine(5, 0, CChartBackground::Light).rgb, LookOfLine(5, 1, CChartBackground::Light).rgb);
 }
 
 TEST(LineLook, EveryColorStandsOutFromItsBackground) {
     for (std::size_t series = 0; series < 7; ++series) {
-        EXPECT_GE(Contrast(LookOfLine(0, series, ChartBackground::Light).rgb, 0xFFFFFF), 3.0) << series;
-        EXPECT_GE(Contrast(LookOfLine(0, series, ChartBackground::Dark).rgb, 0x2D2D30), 3.0) << series;
+        EXPECT_GE(Contrast(LookOfLine(0, series, CChartBackground::Light).rgb, 0xFFFFFF), 3.0) << series;
+        EXPECT_GE(Contrast(LookOfLine(0, series, CChartBackground::Dark).rgb, 0x2D2D30), 3.0) << series;
     }
 }
 
 TEST(LineLook, DashPatternsHaveALineAndABlankInTurn) {
     for (const std::int32_t style : kStyles) {
-        const CLineLook look = LookOfLine(style, 0, ChartBackground::Light);
+        const CLineLook look = LookOfLine(style, 0, CChartBackground::Light);
         EXPECT_EQ(look.dashes.size() % 2, 0U);
         for (const double length : look.dashes) EXPECT_GT(length, 0.0);
     }
 }
 
 TEST(LineLook, StylesZeroFiveAndSixAreSolidAndGrowWider) {
-    const CLineLook thin = LookOfLine(0, 0, ChartBackground::Light);
-    const CLineLook medium = LookOfLine(5, 0, ChartBackground::Light);
-    const CLineLook thick = LookOfLine(6, 0, ChartBackground::Light);
+    const CLineLook thin = LookOfLine(0, 0, CChartBackground::Light);
+    const CLineLook medium = LookOfLine(5, 0, CChartBackground::Light);
+    const CLineLook thick = LookOfLine(6, 0, CChartBackground::Light);
     EXPECT_TRUE(thin.dashes.empty() && medium.dashes.empty() && thick.dashes.empty());
     EXPECT_LT(thin.width, medium.width);
     EXPECT_LT(medium.width, thick.width);
 }
 
 TEST(LineLook, AnUnknownStyleIsDrawnAsTheFirst) {
-    EXPECT_EQ(Whole(LookOfLine(7, 3, ChartBackground::Light)), Whole(LookOfLine(0, 3, ChartBackground::Light)));
+    EXPECT_EQ(Whole(LookOfLine(7, 3, CChartBackground::Light)), Whole(LookOfLine(0, 3, CChartBackground::Light)));
 }
 
 }  // namespace

@@ -23,7 +23,7 @@ std::optional<CFileSelection> CCliHost::SelectFiles(const CFileSelection& offere
     return selection;
 }
 
-// Without the paths: the files that could not be read are named in sentences of their own after the run.
+// Without the paths: separate sentences after the run name the files that could not be read.
 void CCliHost::ShowErrorList(const std::vector<CRunMessage>& messages) {
     std::vector<std::string> sentences;
     for (const CRunMessage& message : messages) sentences.push_back(message.text);
@@ -64,7 +64,7 @@ void CCliHost::SetBusy(bool busy) {
 }
 
 void CCliHost::Progress(std::size_t done, std::size_t total, const std::string& path) {
-    if (m_options.verbosity == Verbosity::Quiet) {
+    if (m_options.verbosity == CVerbosity::Quiet) {
         return;
     }
     if (path.empty()) {
@@ -75,7 +75,7 @@ void CCliHost::Progress(std::size_t done, std::size_t total, const std::string& 
 }
 
 void CCliHost::TellMore(std::string_view text) {
-    if (m_options.verbosity == Verbosity::Verbose) {
+    if (m_options.verbosity == CVerbosity::Verbose) {
         m_console.Note(text);
     }
 }

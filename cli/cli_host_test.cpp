@@ -93,9 +93,9 @@ TEST_F(CliHost, NamesTheSourceOfMessagesOnStandardErrorOnly) {
 TEST_F(CliHost, TellsMoreOnlyWhenAsked) {
     CCompareOptions options;
     CCliHost(options, {}, console).TellMore("One");
-    options.verbosity = Verbosity::Quiet;
+    options.verbosity = CVerbosity::Quiet;
     CCliHost(options, {}, console).TellMore("Two");
-    options.verbosity = Verbosity::Verbose;
+    options.verbosity = CVerbosity::Verbose;
     CCliHost(options, {}, console).TellMore("Three");
     EXPECT_EQ(StandardError(), "Three\n");
 }

@@ -29,7 +29,7 @@ bool AnyBad(const CSummaryTable& table, const std::vector<const CCriterion*>& cr
     for (std::size_t column = 0; column < table.columns.size(); ++column) {
         const bool isBad = IsJudgedBy(table.columns[column], criteria) &&
                            std::any_of(table.rows.begin(), table.rows.end(), [column](const CSummaryRow& row) {
-                               return row[column].verdict == Verdict::Bad;
+                               return row[column].verdict == CVerdict::Bad;
                            });
         if (isBad) {
             return true;

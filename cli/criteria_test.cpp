@@ -8,9 +8,9 @@ namespace {
 
 CSummaryTable TableWithBadColumn(std::size_t column) {
     CSummaryTable table;
-    CSummaryRow good(table.columns.size(), {"", Verdict::Good});
+    CSummaryRow good(table.columns.size(), {"", CVerdict::Good});
     CSummaryRow bad = good;
-    bad.at(column).verdict = Verdict::Bad;
+    bad.at(column).verdict = CVerdict::Bad;
     table.rows = {good, bad};
     return table;
 }
@@ -47,10 +47,10 @@ TEST(Criteria, FindNothingBadWithoutCriteriaOrSignals) {
 
 TEST(Criteria, CoverColumnsThatAreNotFixed) {
     const std::vector<CSummaryColumn> columns = ColumnsWithExtra();
-    CSignal signal("a.uds");  // no points: below the limit that the column wants to be above
+    CSignal signal("a.uds");  // no points: below a limit that good values exceed
     CSummaryTable table = MakeSummaryTable({signal}, columns);
     for (CSummaryCell& cell : table.rows[0]) {
-        if (&cell != &table.rows[0][columns.size() - 2]) cell.verdict = Verdict::None;
+        if (&cell != &table.rows[0][columns.size() - 2]) cell.verdict = CVerdict::None;
     }
     EXPECT_TRUE(AnyBad(table, {FindCriterion("t")}));
     EXPECT_FALSE(AnyBad(table, {FindCriterion("moment")}));

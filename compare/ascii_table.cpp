@@ -45,7 +45,7 @@ void PutAsciiTable(const CChartBlock& block, ks::CFileSink& sink) {
     sink.Put(text);
 }
 
-ks::WriteResult WriteAsciiTable(const std::string& path, const CChartBlock& block, std::int32_t pageId) {
+ks::CWriteResult WriteAsciiTable(const std::string& path, const CChartBlock& block, std::int32_t pageId) {
     return ks::WriteFile(path, [&block, pageId](ks::CFileSink& sink) {
         if (HasChart(pageId)) PutAsciiTable(block, sink);
     });

@@ -24,7 +24,7 @@ CChartBlock MakeBlock(std::int32_t pointCount, std::vector<double> x, std::vecto
 std::string AsciiTable(const CChartBlock& block) {
     const CTempFolder folder;
     const std::string path = folder.Path("page.txt");
-    EXPECT_EQ(WriteAsciiTable(path, block, 2), ks::WriteResult::Written);
+    EXPECT_EQ(WriteAsciiTable(path, block, 2), ks::CWriteResult::Written);
     return ReadAll(path);
 }
 
@@ -101,7 +101,7 @@ TEST(AsciiTable, IsWrittenWithLessMemoryThanItIsLong) {
         MakeBlock(kRows, std::vector<double>(kRows, 0.123456), std::vector<double>(kRows, 1e-300));
     {
         const CMemoryLimit limit(1024 * 1024);
-        EXPECT_EQ(WriteAsciiTable(folder.Path("page.txt"), block, 2), ks::WriteResult::Written);
+        EXPECT_EQ(WriteAsciiTable(folder.Path("page.txt"), block, 2), ks::CWriteResult::Written);
     }
     EXPECT_EQ(std::filesystem::file_size(folder.Path("page.txt")), kRows * 18);
 }
@@ -110,7 +110,7 @@ TEST(AsciiTable, ReachesTheFileOfAChartPage) {
     const CTempFolder folder;
     const std::string path = folder.Path("page.txt");
 
-    ASSERT_EQ(WriteAsciiTable(path, MakeBlock(1, {1.0}, {2.0}), 2), ks::WriteResult::Written);
+    ASSERT_EQ(WriteAsciiTable(path, MakeBlock(1, {1.0}, {2.0}), 2), ks::CWriteResult::Written);
     EXPECT_EQ(ReadAll(path), "1 2 \r\n");
 }
 
@@ -118,9 +118,9 @@ TEST(AsciiTable, WritesNoRowsForTheSummaryAndBeforeTheFirstRun) {
     const CTempFolder folder;
     const std::string path = folder.Write("page.txt", "old");
 
-    ASSERT_EQ(WriteAsciiTable(path, MakeBlock(1, {1.0}, {2.0}), 1), ks::WriteResult::Written);
+    ASSERT_EQ(WriteAsciiTable(path, MakeBlock(1, {1.0}, {2.0}), 1), ks::CWriteResult::Written);
     EXPECT_EQ(ReadAll(path), "");
-    ASSERT_EQ(WriteAsciiTable(path, MakeBlock(1, {1.0}, {2.0}), 0), ks::WriteResult::Written);
+    ASSERT_EQ(WriteAsciiTable(path, MakeBlock(1, {1.0}, {2.0}), 0), ks::CWriteResult::Written);
     EXPECT_EQ(ReadAll(path), "");
 }
 
@@ -128,7 +128,7 @@ TEST(AsciiTable, TellsWhenTheFileCannotBeOpened) {
     const CTempFolder folder;
 
     EXPECT_EQ(WriteAsciiTable(folder.Path("missing/page.txt"), MakeBlock(1, {1.0}, {2.0}), 2),
-              ks::WriteResult::NotOpened);
+              ks::CWriteResult::NotOpened);
 }
 
 }  // namespace

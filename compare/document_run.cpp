@@ -51,7 +51,7 @@ std::vector<double> MeanOf(const CSignal& reference, const std::vector<CSignal>&
     return mean;
 }
 
-void Resample(CSignal& signal, double timeStep, NoteKind kind) {
+void Resample(CSignal& signal, double timeStep, CNoteKind kind) {
     const CSampling before = SamplingOf(signal.Record());
     signal.Record().Resample(timeStep);
     AppendResampling(signal.Notes(), kind, before, SamplingOf(signal.Record()));
@@ -106,9 +106,10 @@ void CQuorvelDoc::CompareLoadedList(std::int32_t channelClass, double windowStar
     ShowErrors();
 }
 
+/// Outside a single step, a run that lacks memory ends as stopped.
 CQuorvelDoc::CRunEnd CQuorvelDoc::RunSteps(const CFileSelection& selection,
                                            CRunEnd (CQuorvelDoc::*steps)(const CFileSelection&)) {
-    SetRun(RunState::AtWork);
+    SetRun(CRunState::AtWork);
     BeginProgress(selection);
     CRunEnd end = CRunEnd::Stopped;
     try {
@@ -125,10 +126,10 @@ CQuorvelDoc::CRunEnd CQuorvelDoc::RunSteps(const CFileSelection& selection,
 
 void CQuorvelDoc::EndRun(CRunEnd end) {
     EndProgress(end);
-    SetRun(end == CRunEnd::Completed ? RunState::Completed : RunState::Stopped);
+    SetRun(end == CRunEnd::Completed ? CRunState::Completed : CRunState::Stopped);
 }
 
-void CQuorvelDoc::SetRun(RunState run) {
+void CQuorvelDoc::SetRun(CRunState run) {
     m_run = run;
     TellObservers([run](CDocumentObserver& observer) { observer.OnRunStateChanged(run); });
 }
@@ -154,7 +155,6 @@ void CQuorvelDoc::TakeSelection(const CFileSelection& selection) {
     m_channelClass = selection.channelClass;
 }
 
-/// Ends a run that no single step could finish for want of memory as one that stopped.
 CQuorvelDoc::CRunEnd CQuorvelDoc::PrepareAndCompare(const CFileSelection& selection) {
     if (ReadComputedSignals() == 0) return CRunEnd::Stopped;
     if (m_filter && !FilterComputedSignals(selection.channelClass)) return CRunEnd::Stopped;
@@ -210,7 +210,7 @@ bool CQuorvelDoc::FilterComputedSignals(std::int32_t channelClass) {
         if (signal.ShouldFilter()) {
             signal.Record().FilterCFC(channelClass);
         } else {
-            signal.Notes().push_back({NoteKind::NotFiltered, std::string(kNotFilteredNote)});
+            signal.Notes().push_back({CNoteKind::NotFiltered, std::string(kNotFilteredNote)});
         }
     });
 }
@@ -228,10 +228,10 @@ bool CQuorvelDoc::CutToCommonRange(double start, double end) {
 }
 
 bool CQuorvelDoc::ResampleComputedSignals(double timeStep) {
-    return ForEachComputed([timeStep](CSignal& signal) { Resample(signal, timeStep, NoteKind::Resampled); });
+    return ForEachComputed([timeStep](CSignal& signal) { Resample(signal, timeStep, CNoteKind::Resampled); });
 }
 
-/// `reference` as it was read: a resampling may carry a curve to times that it has no samples at.
+/// `reference` as read: resampling may carry a curve to times at which it has no samples.
 void CQuorvelDoc::NoteNoCommonTime(const CSignal& reference) {
     const CSampling sampling = SamplingOf(reference.Record());
     for (CSignal& signal : m_computed) {
@@ -265,8 +265,8 @@ CQuorvelDoc::CReferenceEnd CQuorvelDoc::TakeReference() {
     double timeStep = reading.Record().Getdelt();
     if (!(timeStep > 0.0)) {
         timeStep = kDefaultTimeStep;
-        resampled =
-            Attempt(reading, [timeStep](CSignal& signal) { Resample(signal, timeStep, NoteKind::ReferenceResampled); });
+        resampled = Attempt(reading,
+                            [timeStep](CSignal& signal) { Resample(signal, timeStep, CNoteKind::ReferenceResampled); });
     }
     if (!ResampleComputedSignals(timeStep) || !resampled) return CReferenceEnd::SignalFailed;
     m_reference = std::move(reading);
@@ -307,7 +307,7 @@ CQuorvelDoc::CReferenceEnd CQuorvelDoc::MakeAverageReference() {
     }
     if (!CutToCommonRange(start, end)) return CReferenceEnd::SignalFailed;
 
-    m_notes.push_back({NoteKind::AverageIsFirst, AverageIsFirstNote(m_computed.front().GetPath())});
+    m_notes.push_back({CNoteKind::AverageIsFirst, AverageIsFirstNote(m_computed.front().GetPath())});
     m_reference = m_computed.front();
     m_block.pointCount = static_cast<std::int32_t>(m_reference.GetPointCount());
     // The mean is formed and dropped: the reference keeps the first signal's values. Kept, older results depend on it.
@@ -319,10 +319,10 @@ CQuorvelDoc::CReferenceEnd CQuorvelDoc::MakeAverageReference() {
     return CReferenceEnd::Made;
 }
 
-/// The run goes on against what the reference holds.
+/// The run continues with what the reference holds.
 void CQuorvelDoc::NoteFailedAverage() {
     const bool isEmpty = m_reference.GetPointCount() == 0;
-    m_notes.push_back({NoteKind::NoCommonTime, std::string(isEmpty ? kNothingComparedNote : kOldReferenceNote)});
+    m_notes.push_back({CNoteKind::NoCommonTime, std::string(isEmpty ? kNothingComparedNote : kOldReferenceNote)});
 }
 
 bool CQuorvelDoc::Attempt(CSignal& signal, const std::function<void(CSignal&)>& work) {

@@ -96,29 +96,29 @@ TEST_F(Runs, AskWorkTellAndEndBusyInThisOrder) {
 }
 
 TEST_F(Runs, SayThatTheyAreAtWorkAndThatTheyCompleted) {
-    EXPECT_EQ(document.Run(), RunState::None);
-    std::vector<RunState> meanwhile;
+    EXPECT_EQ(document.Run(), CRunState::None);
+    std::vector<CRunState> meanwhile;
     host.whileAtWork = [&] { meanwhile.push_back(document.Run()); };
     observer.alsoDo = [&](int) { meanwhile.push_back(document.Run()); };
     Run(AverageChoice({Write("a.uds", {1.0, 2.0, 3.0})}));
 
-    EXPECT_EQ(document.Run(), RunState::Completed);
-    EXPECT_THAT(observer.runs, ElementsAre(RunState::AtWork, RunState::Completed));
+    EXPECT_EQ(document.Run(), CRunState::Completed);
+    EXPECT_THAT(observer.runs, ElementsAre(CRunState::AtWork, CRunState::Completed));
     // Four steps, their end, and the hint.
-    const RunState atWork = RunState::AtWork;
-    EXPECT_THAT(meanwhile, ElementsAre(atWork, atWork, atWork, atWork, atWork, RunState::Completed));
+    const CRunState atWork = CRunState::AtWork;
+    EXPECT_THAT(meanwhile, ElementsAre(atWork, atWork, atWork, atWork, atWork, CRunState::Completed));
 }
 
 TEST_F(Runs, SayThatTheyStopped) {
     const std::string file = Write("a.uds", {1.0, 2.0, 3.0}), junk = folder.Write("junk.001", "junk");
     Run(AverageChoice({junk}));
-    EXPECT_EQ(document.Run(), RunState::Stopped);
+    EXPECT_EQ(document.Run(), CRunState::Stopped);
 
     Run(AverageChoice({file}));
     Run(Choice({file}, junk));
-    EXPECT_EQ(document.Run(), RunState::Stopped);
-    EXPECT_THAT(observer.runs, ElementsAre(RunState::AtWork, RunState::Stopped, RunState::AtWork, RunState::Completed,
-                                           RunState::AtWork, RunState::Stopped));
+    EXPECT_EQ(document.Run(), CRunState::Stopped);
+    EXPECT_THAT(observer.runs, ElementsAre(CRunState::AtWork, CRunState::Stopped, CRunState::AtWork,
+                                           CRunState::Completed, CRunState::AtWork, CRunState::Stopped));
 }
 
 TEST_F(Runs, StopWhenAnExceptionLeavesThem) {
@@ -128,17 +128,17 @@ TEST_F(Runs, StopWhenAnExceptionLeavesThem) {
         if (!std::exchange(isThrown, true)) throw std::runtime_error("no screen");
     };
     EXPECT_THROW(Run(choice), std::runtime_error);
-    EXPECT_EQ(document.Run(), RunState::Stopped);
+    EXPECT_EQ(document.Run(), CRunState::Stopped);
 }
 
 TEST_F(Runs, StayAsTheyWereOnCancel) {
     document.OnCompareFiles();
-    EXPECT_EQ(document.Run(), RunState::None);
+    EXPECT_EQ(document.Run(), CRunState::None);
     Run(AverageChoice({Write("a.uds", {1.0, 2.0, 3.0})}));
     observer.runs.clear();
     host.selection.reset();
     document.OnCompareFiles();
-    EXPECT_EQ(document.Run(), RunState::Completed);
+    EXPECT_EQ(document.Run(), CRunState::Completed);
     EXPECT_THAT(observer.runs, IsEmpty());
 }
 
@@ -518,7 +518,7 @@ TEST_F(LargeSignals, StopARunWithASentenceWhereverTheMemoryEnds) {
 
 class StoppedRuns : public CDocumentFixture {
 protected:
-    /// Expects that the last run showed exactly these messages and told nobody.
+    /// Expects that the last run showed exactly these messages and gave no hint.
     void ExpectStopped(const std::vector<std::string>& messages) const {
         EXPECT_THAT(host.calls, ElementsAre("select", "busy on", "busy off", "beep", "errors"));
         EXPECT_THAT(host.errorLists, ElementsAre(messages));

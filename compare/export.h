@@ -12,7 +12,7 @@
 std::string HtmlReport(const CSummaryTable& table);
 
 /// Writes the HTML report to `path`.
-[[nodiscard]] ks::WriteResult WriteHtmlReport(const std::string& path, const CSummaryTable& table);
+[[nodiscard]] ks::CWriteResult WriteHtmlReport(const std::string& path, const CSummaryTable& table);
 
 /// Puts the ASCII table of a chart block into `sink`, piece by piece: one row per point, X and Y of every series side
 /// by side, each followed by one blank, six significant digits, rows ended by CR LF. A padded row of a series is "0.0 "
@@ -20,4 +20,4 @@ std::string HtmlReport(const CSummaryTable& table);
 void PutAsciiTable(const CChartBlock& block, ks::CFileSink& sink);
 
 /// Writes the ASCII table of page `pageId` to `path`; a page without a chart has no rows.
-[[nodiscard]] ks::WriteResult WriteAsciiTable(const std::string& path, const CChartBlock& block, std::int32_t pageId);
+[[nodiscard]] ks::CWriteResult WriteAsciiTable(const std::string& path, const CChartBlock& block, std::int32_t pageId);

@@ -13,13 +13,13 @@ namespace {
 constexpr std::string_view kLineEnd = "\r\n";
 
 /// The report's red is darker than the screen's, on purpose: it is the background of black text on paper.
-std::string_view ColorAttribute(Verdict verdict) {
+std::string_view ColorAttribute(CVerdict verdict) {
     switch (verdict) {
-        case Verdict::Good:
+        case CVerdict::Good:
             return "bgcolor=\"#00E000\" ";
-        case Verdict::Bad:
+        case CVerdict::Bad:
             return "bgcolor=\"#E00000\" ";
-        case Verdict::None:
+        case CVerdict::None:
             break;
     }
     return {};
@@ -72,6 +72,6 @@ std::string HtmlReport(const CSummaryTable& table) {
     return html;
 }
 
-ks::WriteResult WriteHtmlReport(const std::string& path, const CSummaryTable& table) {
+ks::CWriteResult WriteHtmlReport(const std::string& path, const CSummaryTable& table) {
     return ks::WriteFile(path, HtmlReport(table));
 }

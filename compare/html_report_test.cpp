@@ -52,7 +52,7 @@ TEST(HtmlReport, OfAWholeTableIsByteForByte) {
                                             "0.0000",
                                             "0.0030"};
     for (std::size_t j = 0; j < texts.size(); ++j) row[j].text = texts[j];
-    for (std::size_t j = 2; j <= 12; ++j) row[j].verdict = j % 2 == 0 ? Verdict::Good : Verdict::Bad;
+    for (std::size_t j = 2; j <= 12; ++j) row[j].verdict = j % 2 == 0 ? CVerdict::Good : CVerdict::Bad;
 
     EXPECT_EQ(HtmlReport(table), kTop + kRow +
                                      "\t<TD><B>Filename</B></TD>\r\n"
@@ -93,11 +93,11 @@ TEST(HtmlReport, OfAWholeTableIsByteForByte) {
                                      kBottom);
 }
 
-TEST(HtmlReport, FollowsTheDisplayedOrderAndColoursEachCellByItsOwnColumn) {
+TEST(HtmlReport, FollowsTheDisplayedOrderAndColorsEachCellByItsOwnColumn) {
     CSummaryTable table = TableOf(2);
     table.order = {5, 0, 4};
-    table.rows[0][5].verdict = Verdict::Bad;
-    table.rows[1][4].verdict = Verdict::Good;
+    table.rows[0][5].verdict = CVerdict::Bad;
+    table.rows[1][4].verdict = CVerdict::Good;
 
     EXPECT_EQ(HtmlReport(table), kTop + kRow +
                                      "\t<TD><B>Correlation Factor</B></TD>\r\n"
@@ -153,7 +153,7 @@ TEST(HtmlReport, ReachesTheFileAsItIs) {
     const std::string path = folder.Write("report.html", std::string(100000, 'x'));
     const CSummaryTable table = TableOf(3);
 
-    ASSERT_EQ(WriteHtmlReport(path, table), ks::WriteResult::Written);
+    ASSERT_EQ(WriteHtmlReport(path, table), ks::CWriteResult::Written);
     EXPECT_EQ(ReadAll(path), HtmlReport(table));
     EXPECT_EQ(folder.Listing(), "report.html\n");
 }
@@ -161,7 +161,7 @@ TEST(HtmlReport, ReachesTheFileAsItIs) {
 TEST(HtmlReport, TellsWhenTheFileCannotBeOpened) {
     const CTempFolder folder;
 
-    EXPECT_EQ(WriteHtmlReport(folder.Path("missing/report.html"), TableOf(1)), ks::WriteResult::NotOpened);
+    EXPECT_EQ(WriteHtmlReport(folder.Path("missing/report.html"), TableOf(1)), ks::CWriteResult::NotOpened);
     EXPECT_EQ(folder.Listing(), "");
 }
 

@@ -11,45 +11,45 @@ bool IsSameStep(double a, double b) {
 
 }  // namespace
 
-std::string_view NameOf(NoteKind kind) {
+std::string_view NameOf(CNoteKind kind) {
     switch (kind) {
-        case NoteKind::NotFiltered:
+        case CNoteKind::NotFiltered:
             return "not-filtered";
-        case NoteKind::ReferenceResampled:
+        case CNoteKind::ReferenceResampled:
             return "reference-resampled";
-        case NoteKind::Resampled:
+        case CNoteKind::Resampled:
             return "resampled";
-        case NoteKind::CutToCommonRange:
+        case CNoteKind::CutToCommonRange:
             return "cut-to-common-range";
-        case NoteKind::CutByPage:
+        case CNoteKind::CutByPage:
             return "cut-by-page";
-        case NoteKind::NoCommonTime:
+        case CNoteKind::NoCommonTime:
             return "no-common-time";
-        case NoteKind::AverageIsFirst:
+        case CNoteKind::AverageIsFirst:
             break;
     }
     return "average-is-first";
 }
 
-void AppendResampling(std::vector<CNote>& notes, NoteKind kind, const CSampling& before, const CSampling& after) {
+void AppendResampling(std::vector<CNote>& notes, CNoteKind kind, const CSampling& before, const CSampling& after) {
     if (before.points == after.points && IsSameStep(before.step, after.step)) return;
-    const bool isReference = kind == NoteKind::ReferenceResampled;
+    const bool isReference = kind == CNoteKind::ReferenceResampled;
     notes.push_back({kind, isReference ? ReferenceResampledNote(before, after) : ResampledNote(before, after)});
 }
 
 void AppendCutToCommonRange(std::vector<CNote>& notes, const CSampling& before, const CSampling& after) {
     if (before.points == after.points) return;
-    notes.push_back({NoteKind::CutToCommonRange, CutToCommonRangeNote(before, after)});
+    notes.push_back({CNoteKind::CutToCommonRange, CutToCommonRangeNote(before, after)});
 }
 
 void AppendCutByPage(std::vector<CNote>& notes, std::string_view pageName, const CSampling& before,
                      const CSampling& after) {
     if (before.points == after.points) return;
-    notes.push_back({NoteKind::CutByPage, CutByPageNote(pageName, before, after)});
+    notes.push_back({CNoteKind::CutByPage, CutByPageNote(pageName, before, after)});
 }
 
 void AppendNoCommonTime(std::vector<CNote>& notes, const CSampling& signal, std::string_view path,
                         const CSampling& reference) {
     if (!HaveNoCommonTime(signal, reference)) return;
-    notes.push_back({NoteKind::NoCommonTime, NoCommonTimeNote(signal, path, reference)});
+    notes.push_back({CNoteKind::NoCommonTime, NoCommonTimeNote(signal, path, reference)});
 }

@@ -7,7 +7,7 @@
 #include "compare/sampling.h"
 
 /// What a note is about. Programs know the kinds by the names of NameOf; those are frozen.
-enum class NoteKind {
+enum class CNoteKind {
     NotFiltered,         ///< "not-filtered": the signal came from ASCII points, which are never filtered
     ReferenceResampled,  ///< "reference-resampled": the reference's file gives no time step
     Resampled,           ///< "resampled": a computed signal was brought to the step of the comparison
@@ -18,12 +18,12 @@ enum class NoteKind {
 };
 
 /// The stable name of a kind.
-std::string_view NameOf(NoteKind kind);
+std::string_view NameOf(CNoteKind kind);
 
-/// A fact about the preparation of a signal, or of a run, that nothing else tells. It is no warning: a note neither
-/// joins the warnings nor changes a result or a verdict.
+/// A fact about the preparation of a signal, or of a run, that nothing else reports. It is not a warning: a note
+/// neither joins the warnings nor changes a result or a verdict.
 struct CNote {
-    NoteKind kind;
+    CNoteKind kind;
     std::string sentence;
 };
 
@@ -31,7 +31,7 @@ struct CNote {
 
 /// A resampling of `kind` Resampled or ReferenceResampled. None when the step, in the single precision of files, and
 /// the number of points have stayed.
-void AppendResampling(std::vector<CNote>& notes, NoteKind kind, const CSampling& before, const CSampling& after);
+void AppendResampling(std::vector<CNote>& notes, CNoteKind kind, const CSampling& before, const CSampling& after);
 /// A cut to the common range; none when all points are left.
 void AppendCutToCommonRange(std::vector<CNote>& notes, const CSampling& before, const CSampling& after);
 /// The same by the chart page of this name.

@@ -17,21 +17,21 @@ std::vector<std::string> Sentences(const std::vector<CNote>& notes) {
 }
 
 TEST(NameOf, GivesTheFrozenNames) {
-    EXPECT_EQ(NameOf(NoteKind::NotFiltered), "not-filtered");
-    EXPECT_EQ(NameOf(NoteKind::ReferenceResampled), "reference-resampled");
-    EXPECT_EQ(NameOf(NoteKind::Resampled), "resampled");
-    EXPECT_EQ(NameOf(NoteKind::CutToCommonRange), "cut-to-common-range");
-    EXPECT_EQ(NameOf(NoteKind::CutByPage), "cut-by-page");
-    EXPECT_EQ(NameOf(NoteKind::NoCommonTime), "no-common-time");
-    EXPECT_EQ(NameOf(NoteKind::AverageIsFirst), "average-is-first");
+    EXPECT_EQ(NameOf(CNoteKind::NotFiltered), "not-filtered");
+    EXPECT_EQ(NameOf(CNoteKind::ReferenceResampled), "reference-resampled");
+    EXPECT_EQ(NameOf(CNoteKind::Resampled), "resampled");
+    EXPECT_EQ(NameOf(CNoteKind::CutToCommonRange), "cut-to-common-range");
+    EXPECT_EQ(NameOf(CNoteKind::CutByPage), "cut-by-page");
+    EXPECT_EQ(NameOf(CNoteKind::NoCommonTime), "no-common-time");
+    EXPECT_EQ(NameOf(CNoteKind::AverageIsFirst), "average-is-first");
 }
 
 TEST(AppendResampling, TellsPointsRangeAndStepBeforeAndAfter) {
     std::vector<CNote> notes;
-    AppendResampling(notes, NoteKind::Resampled, kFine, kCoarse);
+    AppendResampling(notes, CNoteKind::Resampled, kFine, kCoarse);
 
     ASSERT_EQ(notes.size(), 1U);
-    EXPECT_EQ(notes[0].kind, NoteKind::Resampled);
+    EXPECT_EQ(notes[0].kind, CNoteKind::Resampled);
     EXPECT_EQ(notes[0].sentence,
               "Resampled for the comparison: 5 points from 0 to 1 at a step of 0.25 became 3 points from 0 to 1 at a "
               "step of 0.5.");
@@ -39,10 +39,10 @@ TEST(AppendResampling, TellsPointsRangeAndStepBeforeAndAfter) {
 
 TEST(AppendResampling, OfAReferenceSaysThatItHasNoStep) {
     std::vector<CNote> notes;
-    AppendResampling(notes, NoteKind::ReferenceResampled, {200'000, 0.0, 0.2, 0.0}, {2001, 0.0, 0.2, 0.0001});
+    AppendResampling(notes, CNoteKind::ReferenceResampled, {200'000, 0.0, 0.2, 0.0}, {2001, 0.0, 0.2, 0.0001});
 
     ASSERT_EQ(notes.size(), 1U);
-    EXPECT_EQ(notes[0].kind, NoteKind::ReferenceResampled);
+    EXPECT_EQ(notes[0].kind, CNoteKind::ReferenceResampled);
     EXPECT_EQ(notes[0].sentence,
               "The reference has no time step and was resampled: 200000 points from 0 to 0.2 without a time step "
               "became 2001 points from 0 to 0.2 at a step of 0.0001.");
@@ -50,16 +50,16 @@ TEST(AppendResampling, OfAReferenceSaysThatItHasNoStep) {
 
 TEST(AppendResampling, TellsNothingWhileStepAndPointCountStay) {
     std::vector<CNote> notes;
-    AppendResampling(notes, NoteKind::Resampled, kFine, kFine);
+    AppendResampling(notes, CNoteKind::Resampled, kFine, kFine);
     // The same step as a file holds it and as the program does.
-    AppendResampling(notes, NoteKind::Resampled, {9, 0.0, 0.0008, 9.999999747378752e-05}, {9, 0.0, 0.0008, 0.0001});
+    AppendResampling(notes, CNoteKind::Resampled, {9, 0.0, 0.0008, 9.999999747378752e-05}, {9, 0.0, 0.0008, 0.0001});
 
     EXPECT_THAT(notes, IsEmpty());
 }
 
 TEST(AppendResampling, TellsOfAPointThatIsLostAtTheSameStep) {
     std::vector<CNote> notes;
-    AppendResampling(notes, NoteKind::Resampled, {3, -0.5, 0.5, 0.5}, {2, 0.0, 0.5, 0.5});
+    AppendResampling(notes, CNoteKind::Resampled, {3, -0.5, 0.5, 0.5}, {2, 0.0, 0.5, 0.5});
 
     EXPECT_THAT(Sentences(notes),
                 ElementsAre("Resampled for the comparison: 3 points from -0.5 to 0.5 at a step of 0.5 became 2 points "
@@ -69,9 +69,9 @@ TEST(AppendResampling, TellsOfAPointThatIsLostAtTheSameStep) {
 TEST(AppendResampling, TellsOfACurveThatGoesOnBeyondItsPoints) {
     const std::string beyond = " Beyond its own points the curve goes on as a straight line.";
     std::vector<CNote> notes;
-    AppendResampling(notes, NoteKind::Resampled, {3, 5.0, 6.0, 0.0}, {12, 0.5, 6.0, 0.5});
-    AppendResampling(notes, NoteKind::Resampled, {3, 5.0, 6.0, 0.0}, {5, 5.0, 7.0, 0.5});
-    AppendResampling(notes, NoteKind::Resampled, {3, 5.0, 6.0, 0.0}, {5, 4.5, 6.5, 0.5});  // rounding to the step
+    AppendResampling(notes, CNoteKind::Resampled, {3, 5.0, 6.0, 0.0}, {12, 0.5, 6.0, 0.5});
+    AppendResampling(notes, CNoteKind::Resampled, {3, 5.0, 6.0, 0.0}, {5, 5.0, 7.0, 0.5});
+    AppendResampling(notes, CNoteKind::Resampled, {3, 5.0, 6.0, 0.0}, {5, 4.5, 6.5, 0.5});  // rounding to the step
 
     EXPECT_THAT(Sentences(notes), ElementsAre(testing::EndsWith("at a step of 0.5." + beyond),
                                               testing::EndsWith("at a step of 0.5." + beyond),
@@ -83,7 +83,7 @@ TEST(AppendCutToCommonRange, TellsFromWhereToWhere) {
     AppendCutToCommonRange(notes, {5, 0.0, 2.0, 0.5}, {1, 1.5, 1.5, 0.5});
 
     ASSERT_EQ(notes.size(), 1U);
-    EXPECT_EQ(notes[0].kind, NoteKind::CutToCommonRange);
+    EXPECT_EQ(notes[0].kind, CNoteKind::CutToCommonRange);
     EXPECT_EQ(notes[0].sentence, "Cut to the common time range: 5 points from 0 to 2 became 1 point from 1.5 to 1.5.");
 }
 
@@ -92,7 +92,7 @@ TEST(AppendCutByPage, TellsThePageAndFromWhereToWhere) {
     AppendCutByPage(notes, "Residuals", {5, 0.0, 2.0, 0.5}, {4, 0.0, 1.5, 0.5});
 
     ASSERT_EQ(notes.size(), 1U);
-    EXPECT_EQ(notes[0].kind, NoteKind::CutByPage);
+    EXPECT_EQ(notes[0].kind, CNoteKind::CutByPage);
     EXPECT_EQ(notes[0].sentence, "Cut by the page Residuals: 5 points from 0 to 2 became 4 points from 0 to 1.5.");
 }
 
@@ -109,7 +109,7 @@ TEST(AppendNoCommonTime, TellsBothRanges) {
     AppendNoCommonTime(notes, {3, 5.0, 6.0, 0.0}, "ref.txt", {3, 0.0, 1.5, 0.0});
 
     ASSERT_EQ(notes.size(), 1U);
-    EXPECT_EQ(notes[0].kind, NoteKind::NoCommonTime);
+    EXPECT_EQ(notes[0].kind, CNoteKind::NoCommonTime);
     EXPECT_EQ(
         notes[0].sentence,
         "No time in common with ref.txt, which runs from 0 to 1.5; this signal runs from 5 to 6. Its results mean "

@@ -44,7 +44,7 @@ bool CSignal::Take(ks::CLoadedSignal loaded) {
 void CSignal::Compare(const CSignal& reference) {
     const CSampling before = SamplingOf(m_record);
     const CSampling resampled = m_comparison.Compute(m_record, reference.m_record);
-    AppendResampling(m_notes, NoteKind::Resampled, before, resampled);
+    AppendResampling(m_notes, CNoteKind::Resampled, before, resampled);
     AppendCutToCommonRange(m_notes, resampled, SamplingOf(m_record));
     m_referenceName = reference.m_path;
 }
@@ -54,7 +54,7 @@ std::string CSignal::GetColumnText(int column) const {
     return found ? found->text(*this) : std::string();
 }
 
-VerdictColor CSignal::GetColumnColor(int column) const {
+CVerdictColor CSignal::GetColumnColor(int column) const {
     const CSummaryColumn* const found = FindColumn(column);
-    return ColorOf(found ? Judge(*found, *this) : Verdict::None);
+    return ColorOf(found ? Judge(*found, *this) : CVerdict::None);
 }

@@ -193,8 +193,8 @@ TEST_F(SummaryCells, ShowTheSignOfANegativePeakInBothPercentages) {
 
     EXPECT_EQ(signal.GetColumnText(kResidualColumn), "1.000000 (-12.50 %)");
     EXPECT_EQ(signal.GetColumnText(kDeviationColumn), "1.000000 (-12.50 %)");
-    EXPECT_EQ(signal.GetColumnColor(kResidualColumn), VerdictColor::Red);
-    EXPECT_EQ(signal.GetColumnColor(kDeviationColumn), VerdictColor::Green);
+    EXPECT_EQ(signal.GetColumnColor(kResidualColumn), CVerdictColor::Red);
+    EXPECT_EQ(signal.GetColumnColor(kDeviationColumn), CVerdictColor::Green);
 }
 
 TEST_F(SummaryCells, ShowTheMagnitudeOfT) {
@@ -217,32 +217,33 @@ TEST_F(SummaryCells, OutsideTheTableAreEmptyAndWhite) {
 
     EXPECT_EQ(signal.GetColumnText(-1), "");
     EXPECT_EQ(signal.GetColumnText(static_cast<int>(ColumnCount())), "");
-    EXPECT_EQ(signal.GetColumnColor(-1), VerdictColor::White);
-    EXPECT_EQ(signal.GetColumnColor(static_cast<int>(ColumnCount())), VerdictColor::White);
+    EXPECT_EQ(signal.GetColumnColor(-1), CVerdictColor::White);
+    EXPECT_EQ(signal.GetColumnColor(static_cast<int>(ColumnCount())), CVerdictColor::White);
 }
 
 TEST_F(SummaryCells, ThatNobodyJudgesAreWhite) {
     const CSignal signal = Compared({1.0, 2.0, 3.0}, {2.0, 2.0, 2.0});
 
-    for (const int column : {0, 1, 13, 14, 15}) EXPECT_EQ(signal.GetColumnColor(column), VerdictColor::White) << column;
+    for (const int column : {0, 1, 13, 14, 15})
+        EXPECT_EQ(signal.GetColumnColor(column), CVerdictColor::White) << column;
 }
 
 TEST_F(SummaryCells, OfACloseSignalAreGreen) {
     const CSignal signal = Compared({1.01, 2.0, 2.99, 4.0}, {1.0, 2.0, 3.0, 4.0});
 
     for (int column = 2; column <= 12; ++column) {
-        EXPECT_EQ(signal.GetColumnColor(column), VerdictColor::Green) << column;
+        EXPECT_EQ(signal.GetColumnColor(column), CVerdictColor::Green) << column;
     }
 }
 
 TEST_F(SummaryCells, OfADistantSignalAreRed) {
     const CSignal signal = Compared({10.0, -2.0, 50.0, 4.0}, {1.0, 2.0, 3.0, 4.0});
 
-    for (const int column : {2, 3, 4, 5, 7}) EXPECT_EQ(signal.GetColumnColor(column), VerdictColor::Red) << column;
+    for (const int column : {2, 3, 4, 5, 7}) EXPECT_EQ(signal.GetColumnColor(column), CVerdictColor::Red) << column;
 }
 
 TEST_F(SummaryCells, JudgeNotANumberAsBad) {
-    EXPECT_EQ(Compared({1.0, 2.0}, {1.0, 2.0}).GetColumnColor(kTStatisticColumn), VerdictColor::Red);
+    EXPECT_EQ(Compared({1.0, 2.0}, {1.0, 2.0}).GetColumnColor(kTStatisticColumn), CVerdictColor::Red);
 }
 
 TEST_F(SummaryCells, JudgeAMomentDifferenceOfTheLimitAsBad) {
@@ -250,7 +251,7 @@ TEST_F(SummaryCells, JudgeAMomentDifferenceOfTheLimitAsBad) {
     const CSignal signal = Compared({10.0}, {8.0});
 
     ASSERT_EQ(signal.Comparison().GetMomentDifferences()[0], 0.2);
-    EXPECT_EQ(signal.GetColumnColor(kFirstMomentColumn), VerdictColor::Red);
+    EXPECT_EQ(signal.GetColumnColor(kFirstMomentColumn), CVerdictColor::Red);
 }
 
 TEST_F(SummaryCells, JudgeATenthOfThePointsOutsideAsBad) {
@@ -259,8 +260,8 @@ TEST_F(SummaryCells, JudgeATenthOfThePointsOutsideAsBad) {
     oneOutside[4] = 4.5;
 
     EXPECT_EQ(Compared(oneOutside, zeros).GetColumnText(kCorridorColumn), "10.00");
-    EXPECT_EQ(Compared(oneOutside, zeros).GetColumnColor(kCorridorColumn), VerdictColor::Red);
-    EXPECT_EQ(Compared(zeros, zeros).GetColumnColor(kCorridorColumn), VerdictColor::Green);
+    EXPECT_EQ(Compared(oneOutside, zeros).GetColumnColor(kCorridorColumn), CVerdictColor::Red);
+    EXPECT_EQ(Compared(zeros, zeros).GetColumnColor(kCorridorColumn), CVerdictColor::Green);
 }
 
 /// Which limit judges a column, and the judged value, formed here from the measures.
@@ -284,9 +285,9 @@ TEST_P(Limits, JudgeAnEqualValueAsBadAndTheNextSmallerAsGood) {
     ASSERT_GT(value, 1e-3);
 
     CriticalValues().*GetParam().limit = value;
-    EXPECT_EQ(signal.GetColumnColor(GetParam().column), VerdictColor::Red);
+    EXPECT_EQ(signal.GetColumnColor(GetParam().column), CVerdictColor::Red);
     CriticalValues().*GetParam().limit = std::nextafter(value, 1e9);
-    EXPECT_EQ(signal.GetColumnColor(GetParam().column), VerdictColor::Green);
+    EXPECT_EQ(signal.GetColumnColor(GetParam().column), CVerdictColor::Green);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -317,7 +318,7 @@ TEST_F(SummaryCells, GiveNoVerdictOnAValueOfExactlyTheMachineEpsilon) {
     const CSignal signal = Compared({1.0}, {1.0 - epsilon});
 
     ASSERT_EQ(signal.Comparison().GetMomentDifferences()[0], epsilon);
-    EXPECT_EQ(signal.GetColumnColor(kFirstMomentColumn), VerdictColor::White);
+    EXPECT_EQ(signal.GetColumnColor(kFirstMomentColumn), CVerdictColor::White);
 }
 
 }  // namespace

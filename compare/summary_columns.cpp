@@ -99,7 +99,7 @@ constexpr std::array kColumns = {
 };
 
 /// A judged value of exactly this gets no verdict, although its column is judged. Kept, so that verdicts agree with
-/// those of earlier reports: there the number marked the columns that nobody judges, and 1 minus a correlation factor
+/// those of earlier reports: there this number marked columns without verdicts, and 1 minus a correlation factor
 /// may happen to equal it.
 constexpr double kValueWithoutVerdict = std::numeric_limits<double>::epsilon();
 
@@ -109,11 +109,11 @@ std::span<const CSummaryColumn> SummaryColumns() {
     return kColumns;
 }
 
-Verdict Judge(const CSummaryColumn& column, const CSignal& signal, const CCriticalValues& limits) {
-    if (!column.judgement) return Verdict::None;
+CVerdict Judge(const CSummaryColumn& column, const CSignal& signal, const CCriticalValues& limits) {
+    if (!column.judgement) return CVerdict::None;
     const double value = column.judgement->value(signal);
-    if (value == kValueWithoutVerdict) return Verdict::None;
+    if (value == kValueWithoutVerdict) return CVerdict::None;
     const double limit = limits.*column.judgement->limit;
-    const bool isGood = column.judgement->goodSide == GoodSide::Below ? value < limit : value > limit;
-    return isGood ? Verdict::Good : Verdict::Bad;
+    const bool isGood = column.judgement->goodSide == CGoodSide::Below ? value < limit : value > limit;
+    return isGood ? CVerdict::Good : CVerdict::Bad;
 }

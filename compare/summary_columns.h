@@ -11,13 +11,13 @@
 class CSignal;
 
 /// On which side of its limit a judged value is good. A value equal to its limit is bad, and so is not-a-number.
-enum class GoodSide { Below, Above };
+enum class CGoodSide { Below, Above };
 
 /// How the cells of a column are judged.
 struct CJudgement {
     double (*value)(const CSignal& signal) = nullptr;
     CCriticalValue limit = nullptr;  ///< names the criterion, too
-    GoodSide goodSide = GoodSide::Below;
+    CGoodSide goodSide = CGoodSide::Below;
 };
 
 /// One column of the summary table: all that tables, reports and exports know of it.
@@ -35,4 +35,4 @@ struct CSummaryColumn {
 std::span<const CSummaryColumn> SummaryColumns();
 
 /// Verdict on the cell of `signal` in `column`; a value of exactly the machine epsilon gets none, see the code.
-Verdict Judge(const CSummaryColumn& column, const CSignal& signal, const CCriticalValues& limits = CriticalValues());
+CVerdict Judge(const CSummaryColumn& column, const CSignal& signal, const CCriticalValues& limits = CriticalValues());

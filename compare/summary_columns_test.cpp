@@ -56,7 +56,7 @@ TEST(SummaryColumns, AreNamesWhereTheyShowPaths) {
 }
 
 template <class Value>
-CSummaryColumn ColumnOfValue(Value value, GoodSide goodSide) {
+CSummaryColumn ColumnOfValue(Value value, CGoodSide goodSide) {
     return {.header = "Value", .judgement = CJudgement{value, &CCriticalValues::moment, goodSide}};
 }
 
@@ -72,37 +72,37 @@ TEST(Judge, IsGoodOnItsSideOfTheLimitOnly) {
     ASSERT_LT(kBelow, limits.moment);
     ASSERT_GT(kAbove, limits.moment);
 
-    EXPECT_EQ(Judge(ColumnOfValue(below, GoodSide::Below), CSignal(), limits), Verdict::Good);
-    EXPECT_EQ(Judge(ColumnOfValue(equal, GoodSide::Below), CSignal(), limits), Verdict::Bad);
-    EXPECT_EQ(Judge(ColumnOfValue(above, GoodSide::Below), CSignal(), limits), Verdict::Bad);
-    EXPECT_EQ(Judge(ColumnOfValue(below, GoodSide::Above), CSignal(), limits), Verdict::Bad);
-    EXPECT_EQ(Judge(ColumnOfValue(equal, GoodSide::Above), CSignal(), limits), Verdict::Bad);
-    EXPECT_EQ(Judge(ColumnOfValue(above, GoodSide::Above), CSignal(), limits), Verdict::Good);
+    EXPECT_EQ(Judge(ColumnOfValue(below, CGoodSide::Below), CSignal(), limits), CVerdict::Good);
+    EXPECT_EQ(Judge(ColumnOfValue(equal, CGoodSide::Below), CSignal(), limits), CVerdict::Bad);
+    EXPECT_EQ(Judge(ColumnOfValue(above, CGoodSide::Below), CSignal(), limits), CVerdict::Bad);
+    EXPECT_EQ(Judge(ColumnOfValue(below, CGoodSide::Above), CSignal(), limits), CVerdict::Bad);
+    EXPECT_EQ(Judge(ColumnOfValue(equal, CGoodSide::Above), CSignal(), limits), CVerdict::Bad);
+    EXPECT_EQ(Judge(ColumnOfValue(above, CGoodSide::Above), CSignal(), limits), CVerdict::Good);
 }
 
 TEST(Judge, TakesNotANumberAsBadOnBothSides) {
     const auto value = [](const CSignal&) { return std::numeric_limits<double>::quiet_NaN(); };
 
-    EXPECT_EQ(Judge(ColumnOfValue(value, GoodSide::Below), CSignal()), Verdict::Bad);
-    EXPECT_EQ(Judge(ColumnOfValue(value, GoodSide::Above), CSignal()), Verdict::Bad);
+    EXPECT_EQ(Judge(ColumnOfValue(value, CGoodSide::Below), CSignal()), CVerdict::Bad);
+    EXPECT_EQ(Judge(ColumnOfValue(value, CGoodSide::Above), CSignal()), CVerdict::Bad);
 }
 
 TEST(Judge, GivesNoVerdictOnTheMachineEpsilonAlone) {
     const auto epsilon = [](const CSignal&) { return 2.220446049250313e-16; };
     const auto next = [](const CSignal&) { return 2.2204460492503136e-16; };
 
-    EXPECT_EQ(Judge(ColumnOfValue(epsilon, GoodSide::Below), CSignal()), Verdict::None);
-    EXPECT_EQ(Judge(ColumnOfValue(next, GoodSide::Below), CSignal()), Verdict::Good);
+    EXPECT_EQ(Judge(ColumnOfValue(epsilon, CGoodSide::Below), CSignal()), CVerdict::None);
+    EXPECT_EQ(Judge(ColumnOfValue(next, CGoodSide::Below), CSignal()), CVerdict::Good);
 }
 
 TEST(Judge, GivesNoVerdictWithoutAJudgement) {
-    EXPECT_EQ(Judge({.header = "Value"}, CSignal()), Verdict::None);
+    EXPECT_EQ(Judge({.header = "Value"}, CSignal()), CVerdict::None);
 }
 
 TEST(VerdictColors, AreWhiteGreenAndRed) {
-    EXPECT_EQ(static_cast<int>(ColorOf(Verdict::None)), 0xFFFFFF);
-    EXPECT_EQ(static_cast<int>(ColorOf(Verdict::Good)), 0x00E000);
-    EXPECT_EQ(static_cast<int>(ColorOf(Verdict::Bad)), 0xFF0000);
+    EXPECT_EQ(static_cast<int>(ColorOf(CVerdict::None)), 0xFFFFFF);
+    EXPECT_EQ(static_cast<int>(ColorOf(CVerdict::Good)), 0x00E000);
+    EXPECT_EQ(static_cast<int>(ColorOf(CVerdict::Bad)), 0xFF0000);
 }
 
 }  // namespace

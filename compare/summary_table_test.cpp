@@ -31,10 +31,10 @@ TEST(SummaryTable, HasARowOfTextsAndVerdictsPerSignal) {
 
     ASSERT_EQ(table.rows.size(), 2U);
     EXPECT_EQ(table.rows[0][At(kFilenameColumn)].text, "close.uds");
-    EXPECT_EQ(table.rows[0][At(kCorridorColumn)].verdict, Verdict::Good);
+    EXPECT_EQ(table.rows[0][At(kCorridorColumn)].verdict, CVerdict::Good);
     EXPECT_EQ(table.rows[1][At(kReferenceColumn)].text, "ref.uds");
-    EXPECT_EQ(table.rows[1][At(kCorridorColumn)].verdict, Verdict::Bad);
-    EXPECT_EQ(table.rows[1][At(kReferenceColumn)].verdict, Verdict::None);
+    EXPECT_EQ(table.rows[1][At(kCorridorColumn)].verdict, CVerdict::Bad);
+    EXPECT_EQ(table.rows[1][At(kReferenceColumn)].verdict, CVerdict::None);
     for (int column = 0; column < static_cast<int>(ColumnCount()); ++column) {
         const CSummaryCell& cell = table.rows[1][At(column)];
         EXPECT_EQ(cell.text, distant.GetColumnText(column));
@@ -52,7 +52,7 @@ TEST(SummaryTable, TakesTheColumnsGiven) {
     ASSERT_EQ(table.rows[0].size(), columns.size());
     EXPECT_EQ(table.order.size(), columns.size());
     EXPECT_EQ(table.rows[0][extra].text, "3 points");
-    EXPECT_EQ(table.rows[0][extra].verdict, Verdict::Good);  // 3 is above 2.58
+    EXPECT_EQ(table.rows[0][extra].verdict, CVerdict::Good);  // 3 is above 2.58
 }
 
 TEST(FixedOrder, LeavesOutWhatIsNotFixed) {

@@ -7,7 +7,7 @@
 namespace ks {
 
 /// What a file picker is to choose.
-enum class PickerKind { OpenOne, OpenSeveral, Save };
+enum class CPickerKind { OpenOne, OpenSeveral, Save };
 
 /// One entry of a file picker's filter list.
 struct CFileFilter {
@@ -17,7 +17,7 @@ struct CFileFilter {
 
 /// What a file picker is asked to do, by the document, a dialog or the file viewer. Texts and paths are UTF-8.
 struct CFileRequest {
-    PickerKind kind = PickerKind::OpenOne;
+    CPickerKind kind = CPickerKind::OpenOne;
     std::string title;
     std::vector<CFileFilter> filters;  ///< may be empty: every file
     int filterIndex = 1;               ///< filter at the start, 1-based; the first when out of range
@@ -32,7 +32,7 @@ struct CFileRequest {
 /// A save picker that asks before it takes the name of an existing file.
 inline CFileRequest SaveRequest(std::string title, std::string folder = {}, std::vector<CFileFilter> filters = {}) {
     CFileRequest request;
-    request.kind = PickerKind::Save;
+    request.kind = CPickerKind::Save;
     request.title = std::move(title);
     request.filters = std::move(filters);
     request.folder = std::move(folder);

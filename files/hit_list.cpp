@@ -49,7 +49,7 @@ std::optional<std::vector<std::string>> ReadHitList(const std::string& path) {
     return ParseHitList(text);
 }
 
-WriteResult WriteHitList(const std::string& path, const std::vector<std::string>& files) {
+CWriteResult WriteHitList(const std::string& path, const std::vector<std::string>& files) {
     return WriteFile(path, HitListText(files));
 }
 

@@ -21,6 +21,6 @@ std::string HitListText(const std::vector<std::string>& files);
 std::optional<std::vector<std::string>> ReadHitList(const std::string& path);
 
 /// Writes every path followed by CR LF.
-[[nodiscard]] WriteResult WriteHitList(const std::string& path, const std::vector<std::string>& files);
+[[nodiscard]] CWriteResult WriteHitList(const std::string& path, const std::vector<std::string>& files);
 
 }  // namespace ks

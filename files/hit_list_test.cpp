@@ -58,7 +58,7 @@ TEST(HitListFile, SavingThenReadingReproducesTheOrder) {
     const std::string path = folder.Path("list.hit");
     const std::vector<std::string> files{"z.uds", "a.uds", " blank ", "a.uds", "C:\\runs\\b.uds"};
 
-    EXPECT_EQ(WriteHitList(path, files), WriteResult::Written);
+    EXPECT_EQ(WriteHitList(path, files), CWriteResult::Written);
 
     EXPECT_EQ(ReadAll(path), "z.uds\r\na.uds\r\n blank \r\na.uds\r\nC:\\runs\\b.uds\r\n");
     EXPECT_EQ(ReadHitList(path), files);
@@ -86,7 +86,7 @@ TEST(HitListFile, LargerThanAnyListOfPathsGivesNoValue) {
 
 TEST(HitListFile, ThatCannotBeWrittenIsNotOpened) {
     const CTempFolder folder;
-    EXPECT_EQ(WriteHitList(folder.Path("missing/list.hit"), {"a"}), WriteResult::NotOpened);
+    EXPECT_EQ(WriteHitList(folder.Path("missing/list.hit"), {"a"}), CWriteResult::NotOpened);
 }
 
 }  // namespace

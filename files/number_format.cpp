@@ -89,7 +89,7 @@ constexpr std::array<std::array<CConversion, 3>, 3> kConversions{{
     {kConversion<VaxToIeee>, kConversion<VaxToSun>, kConversion<Same>},
 }};
 
-const CConversion& ConversionOf(NumberFormat from, NumberFormat to) {
+const CConversion& ConversionOf(CNumberFormat from, CNumberFormat to) {
     if (from == to) return kConversion<Same>;
     const auto row = static_cast<std::size_t>(from) - 1;
     const auto column = static_cast<std::size_t>(to) - 1;
@@ -104,25 +104,25 @@ public:
 };
 
 constexpr std::array<CFormatName, 3> kFormatNames{{
-    {"IEEE", {ByteOrder::LittleEndian, NumberFormat::Ieee}},
-    {"SUN", {ByteOrder::BigEndian, NumberFormat::Sun}},
-    {"VAX", {ByteOrder::LittleEndian, NumberFormat::Vax}},
+    {"IEEE", {CByteOrder::LittleEndian, CNumberFormat::Ieee}},
+    {"SUN", {CByteOrder::BigEndian, CNumberFormat::Sun}},
+    {"VAX", {CByteOrder::LittleEndian, CNumberFormat::Vax}},
 }};
 
 }  // namespace
 
-CFourBytes ConvertReal(CFourBytes value, NumberFormat from, NumberFormat to) {
+CFourBytes ConvertReal(CFourBytes value, CNumberFormat from, CNumberFormat to) {
     return ConversionOf(from, to).one(value);
 }
 
-void ConvertReals(std::span<std::byte> block, NumberFormat from, NumberFormat to) {
+void ConvertReals(std::span<std::byte> block, CNumberFormat from, CNumberFormat to) {
     if (from != to) ConversionOf(from, to).block(block);
 }
 
-CFourBytes ConvertInteger(CFourBytes value, ByteOrder from, ByteOrder to) {
+CFourBytes ConvertInteger(CFourBytes value, CByteOrder from, CByteOrder to) {
     if (from == to) return value;
-    if (from == ByteOrder::BigEndian && to == ByteOrder::LittleEndian) return Reverse(value);
-    if (from == ByteOrder::LittleEndian && to == ByteOrder::BigEndian) return Reverse(value);
+    if (from == CByteOrder::BigEndian && to == CByteOrder::LittleEndian) return Reverse(value);
+    if (from == CByteOrder::LittleEndian && to == CByteOrder::BigEndian) return Reverse(value);
     return {};
 }
 
@@ -131,15 +131,15 @@ CNumberFormats FormatsOf(std::string_view numform) {
     return found == kFormatNames.end() ? CNumberFormats{} : found->formats;
 }
 
-ByteOrder ByteOrderOf(std::string_view numform) {
+CByteOrder ByteOrderOf(std::string_view numform) {
     return FormatsOf(numform).byteOrder;
 }
 
-NumberFormat NumberFormatOf(std::string_view numform) {
+CNumberFormat NumberFormatOf(std::string_view numform) {
     return FormatsOf(numform).numberFormat;
 }
 
-std::string_view NumberFormatName(NumberFormat format) {
+std::string_view NumberFormatName(CNumberFormat format) {
     for (const CFormatName& row : kFormatNames) {
         if (row.formats.numberFormat == format) return row.name;
     }
@@ -148,17 +148,17 @@ std::string_view NumberFormatName(NumberFormat format) {
 
 CNumberFormats FormatsFromProbe(CFourBytes integerBytes, CFourBytes realBytes) {
     CNumberFormats formats;
-    if (integerBytes == Bytes(134, 99, 0, 0)) formats.byteOrder = ByteOrder::LittleEndian;
-    if (integerBytes == Bytes(0, 0, 99, 134)) formats.byteOrder = ByteOrder::BigEndian;
+    if (integerBytes == Bytes(134, 99, 0, 0)) formats.byteOrder = CByteOrder::LittleEndian;
+    if (integerBytes == Bytes(0, 0, 99, 134)) formats.byteOrder = CByteOrder::BigEndian;
 
     if (realBytes == Bytes(199, 192, 154, 53)) {
-        formats.numberFormat = NumberFormat::Ieee;
+        formats.numberFormat = CNumberFormat::Ieee;
     } else if (realBytes == Bytes(53, 154, 192, 199)) {
-        formats.numberFormat = NumberFormat::Sun;
+        formats.numberFormat = CNumberFormat::Sun;
     } else if (realBytes == Bytes(154, 54, 199, 192)) {
-        formats.numberFormat = NumberFormat::Vax;
+        formats.numberFormat = CNumberFormat::Vax;
     } else {
-        formats.byteOrder = ByteOrder::Unknown;
+        formats.byteOrder = CByteOrder::Unknown;
     }
     return formats;
 }

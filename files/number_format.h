@@ -8,37 +8,38 @@
 namespace ks {
 
 /// Byte order of the integers of a file or machine. The numbers are those of the format.
-enum class ByteOrder { BigEndian = 1, LittleEndian = 2, Unknown = 3 };
+enum class CByteOrder { BigEndian = 1, LittleEndian = 2, Unknown = 3 };
 
 /// Format of the reals of a file or machine. The numbers are those of the format.
-enum class NumberFormat { Ieee = 1, Sun = 2, Vax = 3, Unknown = 4 };
+enum class CNumberFormat { Ieee = 1, Sun = 2, Vax = 3, Unknown = 4 };
 
 /// Four bytes in file order.
 using CFourBytes = std::array<std::byte, 4>;
 
 /// One real converted between number formats; equal formats leave it unchanged, any pair with a format other than
-/// the three known ones gives zero bytes. A VAX or IEEE exponent byte of 0 or 128 gives 0; too large a value becomes
-/// the largest VAX magnitude.
-CFourBytes ConvertReal(CFourBytes value, NumberFormat from, NumberFormat to);
+/// the three known ones gives zero bytes. From and to VAX, an exponent byte of 0 or 128 gives 0. From IEEE to VAX, too
+/// large a value becomes the largest magnitude of its sign; the conversion from SUN tests another exponent byte for
+/// that, 129 instead of 127.
+CFourBytes ConvertReal(CFourBytes value, CNumberFormat from, CNumberFormat to);
 
 /// The same for a block of reals in place; its size is a multiple of 4 bytes.
-void ConvertReals(std::span<std::byte> block, NumberFormat from, NumberFormat to);
+void ConvertReals(std::span<std::byte> block, CNumberFormat from, CNumberFormat to);
 
 /// One integer converted between byte orders; equal orders leave it unchanged, an unknown order gives zero bytes.
-CFourBytes ConvertInteger(CFourBytes value, ByteOrder from, ByteOrder to);
+CFourBytes ConvertInteger(CFourBytes value, CByteOrder from, CByteOrder to);
 
 /// Byte order and number format that a NUMFORM text names; Unknown for any other text.
-ByteOrder ByteOrderOf(std::string_view numform);
-NumberFormat NumberFormatOf(std::string_view numform);
+CByteOrder ByteOrderOf(std::string_view numform);
+CNumberFormat NumberFormatOf(std::string_view numform);
 
 /// "IEEE", "SUN", "VAX", or "UKNOWN" for any other code.
-std::string_view NumberFormatName(NumberFormat format);
+std::string_view NumberFormatName(CNumberFormat format);
 
 /// How a file or a machine stores numbers.
 class CNumberFormats {
 public:
-    ByteOrder byteOrder = ByteOrder::Unknown;
-    NumberFormat numberFormat = NumberFormat::Unknown;
+    CByteOrder byteOrder = CByteOrder::Unknown;
+    CNumberFormat numberFormat = CNumberFormat::Unknown;
 };
 
 /// The formats that a NUMFORM text names.

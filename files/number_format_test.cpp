@@ -21,7 +21,7 @@ CFourBytes Bytes(int b0, int b1, int b2, int b3) {
 
 struct RealRow {
     std::string name;
-    NumberFormat from, to;
+    CNumberFormat from, to;
     CFourBytes value, expected;
 };
 std::ostream& operator<<(std::ostream& out, const RealRow& row) {
@@ -45,10 +45,10 @@ TEST_P(ConvertRealRule, HoldsInABlock) {
     for (std::size_t i = 0; i < block.size(); ++i) EXPECT_EQ(block[i], row.expected[i % 4]) << i;
 }
 
-constexpr auto kIeee = NumberFormat::Ieee;
-constexpr auto kSun = NumberFormat::Sun;
-constexpr auto kVax = NumberFormat::Vax;
-constexpr auto kUnknown = NumberFormat::Unknown;
+constexpr auto kIeee = CNumberFormat::Ieee;
+constexpr auto kSun = CNumberFormat::Sun;
+constexpr auto kVax = CNumberFormat::Vax;
+constexpr auto kUnknown = CNumberFormat::Unknown;
 const CFourBytes kZeros = Bytes(0, 0, 0, 0);
 
 const std::vector<RealRow> kRealRows = {
@@ -86,7 +86,7 @@ const std::vector<RealRow> kRealRows = {
     {"UnknownToIeee", kUnknown, kIeee, Bytes(1, 2, 3, 4), kZeros},
     {"UnknownToVax", kUnknown, kVax, Bytes(1, 2, 3, 4), kZeros},
     {"SunToUnknown", kSun, kUnknown, Bytes(1, 2, 3, 4), kZeros},
-    {"CodeBelowOne", static_cast<NumberFormat>(0), kSun, Bytes(1, 2, 3, 4), kZeros},
+    {"CodeBelowOne", static_cast<CNumberFormat>(0), kSun, Bytes(1, 2, 3, 4), kZeros},
 };
 INSTANTIATE_TEST_SUITE_P(Bytes, ConvertRealRule, testing::ValuesIn(kRealRows),
                          [](const auto& row) { return row.param.name; });
@@ -110,82 +110,82 @@ TEST(ConvertReal, VaxAndBackKeepsEveryValueThatFits) {
 TEST(ConvertInteger, ReversesBetweenTheOrders) {
     const CFourBytes value = Bytes(1, 2, 3, 4);
     const CFourBytes reversed = Bytes(4, 3, 2, 1);
-    EXPECT_EQ(ConvertInteger(value, ByteOrder::BigEndian, ByteOrder::LittleEndian), reversed);
-    EXPECT_EQ(ConvertInteger(value, ByteOrder::LittleEndian, ByteOrder::BigEndian), reversed);
+    EXPECT_EQ(ConvertInteger(value, CByteOrder::BigEndian, CByteOrder::LittleEndian), reversed);
+    EXPECT_EQ(ConvertInteger(value, CByteOrder::LittleEndian, CByteOrder::BigEndian), reversed);
 }
 
 TEST(ConvertInteger, LeavesEqualOrdersAlone) {
     const CFourBytes value = Bytes(1, 2, 3, 4);
-    for (const auto order : {ByteOrder::BigEndian, ByteOrder::LittleEndian, ByteOrder::Unknown}) {
+    for (const auto order : {CByteOrder::BigEndian, CByteOrder::LittleEndian, CByteOrder::Unknown}) {
         EXPECT_EQ(ConvertInteger(value, order, order), value);
     }
 }
 
 TEST(ConvertInteger, GivesZeroForAnUnknownOrder) {
-    EXPECT_EQ(ConvertInteger(Bytes(1, 2, 3, 4), ByteOrder::Unknown, ByteOrder::LittleEndian), kZeros);
-    EXPECT_EQ(ConvertInteger(Bytes(1, 2, 3, 4), ByteOrder::BigEndian, ByteOrder::Unknown), kZeros);
+    EXPECT_EQ(ConvertInteger(Bytes(1, 2, 3, 4), CByteOrder::Unknown, CByteOrder::LittleEndian), kZeros);
+    EXPECT_EQ(ConvertInteger(Bytes(1, 2, 3, 4), CByteOrder::BigEndian, CByteOrder::Unknown), kZeros);
 }
 
 TEST(FormatsOf, KnowsTheThreeNames) {
-    EXPECT_EQ(ByteOrderOf("IEEE"), ByteOrder::LittleEndian);
-    EXPECT_EQ(ByteOrderOf("VAX"), ByteOrder::LittleEndian);
-    EXPECT_EQ(ByteOrderOf("SUN"), ByteOrder::BigEndian);
-    EXPECT_EQ(NumberFormatOf("IEEE"), NumberFormat::Ieee);
-    EXPECT_EQ(NumberFormatOf("VAX"), NumberFormat::Vax);
-    EXPECT_EQ(NumberFormatOf("SUN"), NumberFormat::Sun);
+    EXPECT_EQ(ByteOrderOf("IEEE"), CByteOrder::LittleEndian);
+    EXPECT_EQ(ByteOrderOf("VAX"), CByteOrder::LittleEndian);
+    EXPECT_EQ(ByteOrderOf("SUN"), CByteOrder::BigEndian);
+    EXPECT_EQ(NumberFormatOf("IEEE"), CNumberFormat::Ieee);
+    EXPECT_EQ(NumberFormatOf("VAX"), CNumberFormat::Vax);
+    EXPECT_EQ(NumberFormatOf("SUN"), CNumberFormat::Sun);
 }
 
 TEST(FormatsOf, KnowsNoOtherName) {
     for (const char* const name : {"", "ieee", "IEEE ", "CRAY", "SUNN"}) {
-        EXPECT_EQ(ByteOrderOf(name), ByteOrder::Unknown) << name;
-        EXPECT_EQ(NumberFormatOf(name), NumberFormat::Unknown) << name;
+        EXPECT_EQ(ByteOrderOf(name), CByteOrder::Unknown) << name;
+        EXPECT_EQ(NumberFormatOf(name), CNumberFormat::Unknown) << name;
     }
 }
 
 TEST(NumberFormatName, NamesEveryCode) {
-    EXPECT_EQ(NumberFormatName(NumberFormat::Ieee), "IEEE");
-    EXPECT_EQ(NumberFormatName(NumberFormat::Sun), "SUN");
-    EXPECT_EQ(NumberFormatName(NumberFormat::Vax), "VAX");
-    EXPECT_EQ(NumberFormatName(NumberFormat::Unknown), "UKNOWN");
-    EXPECT_EQ(NumberFormatName(static_cast<NumberFormat>(17)), "UKNOWN");
+    EXPECT_EQ(NumberFormatName(CNumberFormat::Ieee), "IEEE");
+    EXPECT_EQ(NumberFormatName(CNumberFormat::Sun), "SUN");
+    EXPECT_EQ(NumberFormatName(CNumberFormat::Vax), "VAX");
+    EXPECT_EQ(NumberFormatName(CNumberFormat::Unknown), "UKNOWN");
+    EXPECT_EQ(NumberFormatName(static_cast<CNumberFormat>(17)), "UKNOWN");
 }
 
 TEST(FormatCodes, AreThoseOfTheFormat) {
-    EXPECT_EQ(static_cast<int>(NumberFormat::Ieee), 1);
-    EXPECT_EQ(static_cast<int>(NumberFormat::Sun), 2);
-    EXPECT_EQ(static_cast<int>(NumberFormat::Vax), 3);
-    EXPECT_EQ(static_cast<int>(NumberFormat::Unknown), 4);
-    EXPECT_EQ(static_cast<int>(ByteOrder::BigEndian), 1);
-    EXPECT_EQ(static_cast<int>(ByteOrder::LittleEndian), 2);
-    EXPECT_EQ(static_cast<int>(ByteOrder::Unknown), 3);
+    EXPECT_EQ(static_cast<int>(CNumberFormat::Ieee), 1);
+    EXPECT_EQ(static_cast<int>(CNumberFormat::Sun), 2);
+    EXPECT_EQ(static_cast<int>(CNumberFormat::Vax), 3);
+    EXPECT_EQ(static_cast<int>(CNumberFormat::Unknown), 4);
+    EXPECT_EQ(static_cast<int>(CByteOrder::BigEndian), 1);
+    EXPECT_EQ(static_cast<int>(CByteOrder::LittleEndian), 2);
+    EXPECT_EQ(static_cast<int>(CByteOrder::Unknown), 3);
 }
 
 TEST(FormatsFromProbe, RecognisesIntegersAndReals) {
     const CFourBytes little = Bytes(134, 99, 0, 0);
     const CFourBytes big = Bytes(0, 0, 99, 134);
-    EXPECT_EQ(FormatsFromProbe(little, Bytes(199, 192, 154, 53)).byteOrder, ByteOrder::LittleEndian);
-    EXPECT_EQ(FormatsFromProbe(big, Bytes(53, 154, 192, 199)).byteOrder, ByteOrder::BigEndian);
-    EXPECT_EQ(FormatsFromProbe(little, Bytes(199, 192, 154, 53)).numberFormat, NumberFormat::Ieee);
-    EXPECT_EQ(FormatsFromProbe(big, Bytes(53, 154, 192, 199)).numberFormat, NumberFormat::Sun);
-    EXPECT_EQ(FormatsFromProbe(little, Bytes(154, 54, 199, 192)).numberFormat, NumberFormat::Vax);
+    EXPECT_EQ(FormatsFromProbe(little, Bytes(199, 192, 154, 53)).byteOrder, CByteOrder::LittleEndian);
+    EXPECT_EQ(FormatsFromProbe(big, Bytes(53, 154, 192, 199)).byteOrder, CByteOrder::BigEndian);
+    EXPECT_EQ(FormatsFromProbe(little, Bytes(199, 192, 154, 53)).numberFormat, CNumberFormat::Ieee);
+    EXPECT_EQ(FormatsFromProbe(big, Bytes(53, 154, 192, 199)).numberFormat, CNumberFormat::Sun);
+    EXPECT_EQ(FormatsFromProbe(little, Bytes(154, 54, 199, 192)).numberFormat, CNumberFormat::Vax);
 }
 
 TEST(FormatsFromProbe, AnUnknownIntegerLeavesTheByteOrderUnknown) {
     const CNumberFormats formats = FormatsFromProbe(Bytes(99, 134, 0, 0), Bytes(199, 192, 154, 53));
-    EXPECT_EQ(formats.byteOrder, ByteOrder::Unknown);
-    EXPECT_EQ(formats.numberFormat, NumberFormat::Ieee);
+    EXPECT_EQ(formats.byteOrder, CByteOrder::Unknown);
+    EXPECT_EQ(formats.numberFormat, CNumberFormat::Ieee);
 }
 
 TEST(FormatsFromProbe, AnUnknownRealMakesTheByteOrderUnknown) {
-    EXPECT_EQ(FormatsFromProbe(Bytes(134, 99, 0, 0), Bytes(1, 2, 3, 4)).byteOrder, ByteOrder::Unknown);
+    EXPECT_EQ(FormatsFromProbe(Bytes(134, 99, 0, 0), Bytes(1, 2, 3, 4)).byteOrder, CByteOrder::Unknown);
 }
 
 TEST(ProbeMachineFormats, AgreesWithTheCompiler) {
     const bool little = std::endian::native == std::endian::little;
     const CNumberFormats machine = ProbeMachineFormats();
-    EXPECT_EQ(machine.byteOrder, little ? ByteOrder::LittleEndian : ByteOrder::BigEndian);
+    EXPECT_EQ(machine.byteOrder, little ? CByteOrder::LittleEndian : CByteOrder::BigEndian);
     ASSERT_TRUE(std::numeric_limits<float>::is_iec559);
-    EXPECT_EQ(machine.numberFormat, little ? NumberFormat::Ieee : NumberFormat::Sun);
+    EXPECT_EQ(machine.numberFormat, little ? CNumberFormat::Ieee : CNumberFormat::Sun);
 }
 
 }  // namespace

@@ -38,7 +38,7 @@ bool IsLackOfRoom(int error) {
     return error == ENOSPC;
 }
 
-/// Why the last call of the system failed; never 0.
+/// Why the last system call failed; never 0.
 int LastError() {
     return errno != 0 ? errno : EIO;
 }
@@ -106,8 +106,8 @@ public:
         fs::remove(m_path, ignored);
     }
 
-    WriteResult Replace();
-    WriteResult WriteDirectly();
+    CWriteResult Replace();
+    CWriteResult WriteDirectly();
     const CWriteTrouble& Trouble() const { return m_trouble; }
 
 private:
@@ -115,9 +115,9 @@ private:
     bool CreateElsewhere();
     int Fill();
     int TakeThePlace();
-    WriteResult CopyIntoThePlace();
+    CWriteResult CopyIntoThePlace();
     int CopyInto(std::FILE* old);
-    WriteResult NotCompleted(int error);
+    CWriteResult NotCompleted(int error);
 
     const CWriteTarget& m_target;
     const FileMaker& m_make;
@@ -127,29 +127,29 @@ private:
     std::uint64_t m_size = 0;
 };
 
-WriteResult CWriting::NotCompleted(int error) {
+CWriteResult CWriting::NotCompleted(int error) {
     m_trouble.isDeviceFull = IsLackOfRoom(error);
-    return WriteResult::NotCompleted;
+    return CWriteResult::NotCompleted;
 }
 
-WriteResult CWriting::Replace() {
+CWriteResult CWriting::Replace() {
     const bool isMade = CreateBeside() || (!m_target.IsNew() && CreateElsewhere());
-    if (!isMade) return WriteResult::NotOpened;
+    if (!isMade) return CWriteResult::NotOpened;
     if (const int error = Fill(); error != 0) return NotCompleted(error);
     const bool needsCopy = m_path.empty() || m_target.HasSeveralNames();
     const int refusal = needsCopy ? 0 : TakeThePlace();
-    if (!needsCopy && refusal == 0) return WriteResult::Written;
+    if (!needsCopy && refusal == 0) return CWriteResult::Written;
     return m_target.IsNew() ? NotCompleted(refusal) : CopyIntoThePlace();
 }
 
-WriteResult CWriting::WriteDirectly() {
+CWriteResult CWriting::WriteDirectly() {
     Stream stream = OpenOld(m_target.Path());
-    if (stream == nullptr) return WriteResult::NotOpened;
+    if (stream == nullptr) return CWriteResult::NotOpened;
     CFileSink sink(stream.get());
     m_make(sink);
     const int closing = std::fclose(stream.release()) == 0 ? 0 : LastError();
     const int error = sink.HasFailed() ? sink.Error() : closing;
-    return error == 0 ? WriteResult::Written : NotCompleted(error);
+    return error == 0 ? CWriteResult::Written : NotCompleted(error);
 }
 
 bool CWriting::CreateBeside() {
@@ -183,7 +183,7 @@ int CWriting::Fill() {
     return std::fflush(m_stream.get()) == 0 && FlushToDisk(m_stream.get()) ? 0 : LastError();
 }
 
-/// Puts the temporary file in the place of the target: 0, or the reason why that cannot be.
+/// Puts the temporary file in the place of the target: 0, or the reason why that failed.
 int CWriting::TakeThePlace() {
     std::error_code error;
     if (!m_target.IsNew()) fs::permissions(m_path, m_target.Permissions(), error);
@@ -196,7 +196,7 @@ int CWriting::TakeThePlace() {
     return error.value();
 }
 
-WriteResult CWriting::CopyIntoThePlace() {
+CWriteResult CWriting::CopyIntoThePlace() {
 #ifdef _WIN32
     if (m_stream == nullptr) m_stream.reset(_wfopen(m_path.c_str(), L"rb"));
     if (m_stream == nullptr) return NotCompleted(LastError());
@@ -204,16 +204,16 @@ WriteResult CWriting::CopyIntoThePlace() {
     std::error_code error;
     const std::uintmax_t oldSize = fs::file_size(m_target.Path(), error);
     const Stream old = OpenOld(m_target.Path());
-    if (error || old == nullptr) return WriteResult::NotOpened;
+    if (error || old == nullptr) return CWriteResult::NotOpened;
 
-    // Before the first old byte is lost: there has to be room for all of the new ones.
+    // Before the first old byte is overwritten: there must be space for all of the new ones.
     if (const int refusal = ReserveRoom(old.get(), m_size); refusal != 0) {
         SetSize(old.get(), oldSize);
         return NotCompleted(refusal);
     }
     const int failure = CopyInto(old.get());
     m_trouble.isOldFileLost = failure != 0;
-    return failure == 0 ? WriteResult::Written : NotCompleted(failure);
+    return failure == 0 ? CWriteResult::Written : NotCompleted(failure);
 }
 
 /// 0, or the reason for the failure.
@@ -241,21 +241,21 @@ bool CanWrite(const std::string& path) {
     return target.has_value() && target->CanBeWritten();
 }
 
-WriteResult WriteFile(const std::string& path, const FileMaker& make, CWriteTrouble* trouble) {
+CWriteResult WriteFile(const std::string& path, const FileMaker& make, CWriteTrouble* trouble) {
     const std::optional<CWriteTarget> target = CWriteTarget::Find(path);
-    if (!target.has_value() || !target->CanBeWritten()) return WriteResult::NotOpened;
+    if (!target.has_value() || !target->CanBeWritten()) return CWriteResult::NotOpened;
     CWriting writing(*target, make);
     const bool isFile = target->IsNew() || target->IsRegular();
-    const WriteResult result = isFile ? writing.Replace() : writing.WriteDirectly();
+    const CWriteResult result = isFile ? writing.Replace() : writing.WriteDirectly();
     if (trouble != nullptr) *trouble = writing.Trouble();
     return result;
 }
 
-WriteResult WriteFile(const std::string& path, std::string_view text, CWriteTrouble* trouble) {
+CWriteResult WriteFile(const std::string& path, std::string_view text, CWriteTrouble* trouble) {
     return WriteFile(path, FileMaker([text](CFileSink& sink) { sink.Put(text); }), trouble);
 }
 
-WriteResult WriteFile(const std::string& path, std::span<const std::byte> bytes, CWriteTrouble* trouble) {
+CWriteResult WriteFile(const std::string& path, std::span<const std::byte> bytes, CWriteTrouble* trouble) {
     return WriteFile(path, std::string_view(reinterpret_cast<const char*>(bytes.data()), bytes.size()), trouble);
 }
 

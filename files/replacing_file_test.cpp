@@ -25,7 +25,7 @@ TEST(WriteFile, MakesANewFile) {
     const CTempFolder folder;
     const std::string bytes = "a\r\nb\nc\0d"s;
 
-    EXPECT_EQ(WriteFile(folder.Path("new"), bytes), WriteResult::Written);
+    EXPECT_EQ(WriteFile(folder.Path("new"), bytes), CWriteResult::Written);
 
     EXPECT_EQ(ReadAll(folder.Path("new")), bytes);
     EXPECT_EQ(folder.Listing(), "new\n");
@@ -35,7 +35,7 @@ TEST(WriteFile, ReplacesAnOldFileWhole) {
     const CTempFolder folder;
     const std::string path = folder.Write("old", "a much longer text than the new one");
 
-    EXPECT_EQ(WriteFile(path, "short"), WriteResult::Written);
+    EXPECT_EQ(WriteFile(path, "short"), CWriteResult::Written);
 
     EXPECT_EQ(ReadAll(path), "short");
     EXPECT_EQ(folder.Listing(), "old\n");
@@ -44,7 +44,7 @@ TEST(WriteFile, ReplacesAnOldFileWhole) {
 TEST(WriteFile, WritesNothingAsAnEmptyFile) {
     const CTempFolder folder;
     const std::string path = folder.Write("old", "text");
-    EXPECT_EQ(WriteFile(path, ""), WriteResult::Written);
+    EXPECT_EQ(WriteFile(path, ""), CWriteResult::Written);
     EXPECT_EQ(ReadAll(path), "");
 }
 
@@ -53,7 +53,7 @@ TEST(WriteFile, KeepsThePermissionsOfAnOldFile) {
     const std::string path = folder.Write("old", "text");
     for (const unsigned mode : {0640U, 0600U, 0755U}) {
         fs::permissions(path, fs::perms(mode));
-        EXPECT_EQ(WriteFile(path, "new"), WriteResult::Written);
+        EXPECT_EQ(WriteFile(path, "new"), CWriteResult::Written);
         EXPECT_EQ(fs::status(path).permissions(), fs::perms(mode));
     }
 }
@@ -61,7 +61,7 @@ TEST(WriteFile, KeepsThePermissionsOfAnOldFile) {
 TEST(WriteFile, GivesANewFileTheUsualPermissions) {
     const CTempFolder folder;
     const mode_t old = umask(027);
-    EXPECT_EQ(WriteFile(folder.Path("new"), "text"), WriteResult::Written);
+    EXPECT_EQ(WriteFile(folder.Path("new"), "text"), CWriteResult::Written);
     umask(old);
     EXPECT_EQ(fs::status(folder.Path("new")).permissions(), fs::perms(0640));
 }
@@ -72,7 +72,7 @@ TEST(WriteFile, FollowsALink) {
     fs::create_symlink("target", folder.Path("link"));
     fs::create_symlink("link", folder.Path("link of a link"));
 
-    EXPECT_EQ(WriteFile(folder.Path("link of a link"), "new"), WriteResult::Written);
+    EXPECT_EQ(WriteFile(folder.Path("link of a link"), "new"), CWriteResult::Written);
 
     EXPECT_EQ(ReadAll(target), "new");
     EXPECT_TRUE(fs::is_symlink(folder.Path("link")));
@@ -84,7 +84,7 @@ TEST(WriteFile, MakesTheFileThatALinkWaitsFor) {
     fs::create_directory(folder.Path("inner"));
     fs::create_symlink("inner/target", folder.Path("link"));
 
-    EXPECT_EQ(WriteFile(folder.Path("link"), "new"), WriteResult::Written);
+    EXPECT_EQ(WriteFile(folder.Path("link"), "new"), CWriteResult::Written);
 
     EXPECT_EQ(ReadAll(folder.Path("inner/target")), "new");
     EXPECT_TRUE(fs::is_symlink(folder.Path("link")));
@@ -93,7 +93,7 @@ TEST(WriteFile, MakesTheFileThatALinkWaitsFor) {
 TEST(WriteFile, TakesNamesBeyondAsciiAndOfFullLength) {
     const CTempFolder folder;
     for (const std::string& name : {"gr\xC3\xB6\xC3\x9F.uds"s, std::string(255, 'n')}) {
-        EXPECT_EQ(WriteFile(folder.Path(name), "text"), WriteResult::Written);
+        EXPECT_EQ(WriteFile(folder.Path(name), "text"), CWriteResult::Written);
         EXPECT_EQ(ReadAll(folder.Path(name)), "text");
     }
 }
@@ -102,7 +102,7 @@ TEST(WriteFile, TakesANameInTheCurrentFolder) {
     const CTempFolder folder;
     const fs::path before = fs::current_path();
     fs::current_path(folder.Path("."));
-    EXPECT_EQ(WriteFile("name", "text"), WriteResult::Written);
+    EXPECT_EQ(WriteFile("name", "text"), CWriteResult::Written);
     fs::current_path(before);
     EXPECT_EQ(ReadAll(folder.Path("name")), "text");
 }
@@ -112,7 +112,7 @@ TEST(WriteFile, ThatFailsOnTheWayLeavesTheOldFile) {
     const std::string path = folder.Write("old", "the old text");
     {
         const CFileSizeLimit fullDisk(1000);
-        EXPECT_EQ(WriteFile(path, std::string(100000, 'x')), WriteResult::NotCompleted);
+        EXPECT_EQ(WriteFile(path, std::string(100000, 'x')), CWriteResult::NotCompleted);
     }
     EXPECT_EQ(ReadAll(path), "the old text");
     EXPECT_EQ(folder.Listing(), "old\n");
@@ -122,15 +122,15 @@ TEST(WriteFile, ThatFailsOnTheWayLeavesNoNewFile) {
     const CTempFolder folder;
     {
         const CFileSizeLimit fullDisk(1000);
-        EXPECT_EQ(WriteFile(folder.Path("new"), std::string(100000, 'x')), WriteResult::NotCompleted);
+        EXPECT_EQ(WriteFile(folder.Path("new"), std::string(100000, 'x')), CWriteResult::NotCompleted);
     }
     EXPECT_EQ(folder.Listing(), "");
 }
 
 TEST(WriteFile, WritesIntoADeviceDirectly) {
     if (!fs::is_character_file("/dev/full")) GTEST_SKIP() << "no /dev/full here";
-    EXPECT_EQ(WriteFile("/dev/null", "text"), WriteResult::Written);
-    EXPECT_EQ(WriteFile("/dev/full", "text"), WriteResult::NotCompleted);
+    EXPECT_EQ(WriteFile("/dev/null", "text"), CWriteResult::Written);
+    EXPECT_EQ(WriteFile("/dev/full", "text"), CWriteResult::NotCompleted);
     EXPECT_TRUE(fs::is_character_file("/dev/full"));
     EXPECT_TRUE(fs::is_character_file("/dev/null"));
 }
@@ -138,14 +138,14 @@ TEST(WriteFile, WritesIntoADeviceDirectly) {
 TEST(WriteFile, DoesNotWaitForThePipeThatNobodyReads) {
     const CTempFolder folder;
     ASSERT_EQ(mkfifo(folder.Path("pipe").c_str(), 0600), 0);
-    EXPECT_EQ(WriteFile(folder.Path("pipe"), "text"), WriteResult::NotOpened);
+    EXPECT_EQ(WriteFile(folder.Path("pipe"), "text"), CWriteResult::NotOpened);
     EXPECT_TRUE(fs::is_fifo(folder.Path("pipe")));
 }
 
 TEST(WriteFile, WritesIntoAPipeOfThisProcess) {
     int ends[2];
     ASSERT_EQ(pipe(ends), 0);
-    EXPECT_EQ(WriteFile("/dev/fd/" + std::to_string(ends[1]), "text"), WriteResult::Written);
+    EXPECT_EQ(WriteFile("/dev/fd/" + std::to_string(ends[1]), "text"), CWriteResult::Written);
     std::string read(4, '\0');
     EXPECT_EQ(::read(ends[0], read.data(), read.size()), 4);
     EXPECT_EQ(read, "text");
@@ -157,7 +157,7 @@ class Unwritable : public testing::Test {
 protected:
     void ExpectNotOpened(const std::string& path) {
         EXPECT_FALSE(CanWrite(path)) << path;
-        EXPECT_EQ(WriteFile(path, "text"), WriteResult::NotOpened) << path;
+        EXPECT_EQ(WriteFile(path, "text"), CWriteResult::NotOpened) << path;
     }
     CTempFolder m_folder;
 };
@@ -225,9 +225,9 @@ protected:
         {
             const COrdinaryUser user;
             EXPECT_TRUE(CanWrite(path));
-            EXPECT_EQ(WriteFile(path, "new"), WriteResult::Written);
-            EXPECT_EQ(WriteFile(path, std::string(200000, 'n')), WriteResult::Written);
-            EXPECT_EQ(WriteFile(path, "new"), WriteResult::Written);
+            EXPECT_EQ(WriteFile(path, "new"), CWriteResult::Written);
+            EXPECT_EQ(WriteFile(path, std::string(200000, 'n')), CWriteResult::Written);
+            EXPECT_EQ(WriteFile(path, "new"), CWriteResult::Written);
         }
         fs::permissions(m_folder.Path("."), fs::perms(0755));
         EXPECT_EQ(ReadAll(path), "new");
@@ -248,7 +248,7 @@ TEST_F(InPlace, IsAFileInAReadOnlyFolderWritten) {
     ExpectWrittenInPlace(0555);
 }
 
-// Where everybody may make files, a user may replace nobody else's: the exchange was refused, and the file with it.
+// Where everybody may create files, no user may replace another's: the exchange was refused, and the file with it.
 TEST_F(InPlace, IsAFileWrittenWhoseExchangeTheSystemRefuses) {
     if (geteuid() != 0) GTEST_SKIP() << "only a superuser can leave a file to another user";
     ExpectWrittenInPlace(01777);
@@ -259,7 +259,7 @@ TEST_F(InPlace, IsAFileOfSeveralNamesWritten) {
     const std::string path = m_folder.Write("old", "old");
     fs::create_hard_link(path, m_folder.Path("other name"));
 
-    EXPECT_EQ(WriteFile(path, "the new text"), WriteResult::Written);
+    EXPECT_EQ(WriteFile(path, "the new text"), CWriteResult::Written);
 
     EXPECT_EQ(ReadAll(m_folder.Path("other name")), "the new text");
     EXPECT_EQ(fs::hard_link_count(path), 2U);
@@ -272,7 +272,7 @@ TEST_F(InPlace, LosesNothingWhenTheNewFileDoesNotFit) {
     CWriteTrouble trouble;
     {
         const CFileSizeLimit limit(1000);
-        EXPECT_EQ(WriteFile(path, std::string(100000, 'x'), &trouble), WriteResult::NotCompleted);
+        EXPECT_EQ(WriteFile(path, std::string(100000, 'x'), &trouble), CWriteResult::NotCompleted);
     }
     EXPECT_FALSE(trouble.isDeviceFull);
     EXPECT_FALSE(trouble.isOldFileLost);
@@ -290,7 +290,7 @@ TEST(WriteFile, TakesItsBytesPieceByPiece) {
         EXPECT_EQ(sink.Size(), 9U);
         EXPECT_EQ(ReadAll(path), "old");  // until the last piece is there
     };
-    EXPECT_EQ(WriteFile(path, make), WriteResult::Written);
+    EXPECT_EQ(WriteFile(path, make), CWriteResult::Written);
     EXPECT_EQ(ReadAll(path), "a\0ba\0ba\0b"s);
 }
 
@@ -317,23 +317,23 @@ TEST(WriteFile, TellsTheMakerThatTheRestIsLost) {
     };
     {
         const CFileSizeLimit fullDisk(1000000);
-        EXPECT_EQ(WriteFile(folder.Path("new"), make), WriteResult::NotCompleted);
+        EXPECT_EQ(WriteFile(folder.Path("new"), make), CWriteResult::NotCompleted);
     }
     EXPECT_LE(pieces, 12);
     EXPECT_EQ(folder.Listing(), "");
 }
 
-// What there is to tell.
+// What is reported.
 
 TEST(WriteTrouble, IsAFullDeviceOnlyWhereThereIsNoRoom) {
     if (!fs::is_character_file("/dev/full")) GTEST_SKIP() << "no /dev/full here";
     CWriteTrouble trouble;
-    EXPECT_EQ(WriteFile("/dev/full", "text", &trouble), WriteResult::NotCompleted);
+    EXPECT_EQ(WriteFile("/dev/full", "text", &trouble), CWriteResult::NotCompleted);
     EXPECT_TRUE(trouble.isDeviceFull);
 
     const CTempFolder folder;
     const CFileSizeLimit limit(1000);
-    EXPECT_EQ(WriteFile(folder.Path("new"), std::string(100000, 'x'), &trouble), WriteResult::NotCompleted);
+    EXPECT_EQ(WriteFile(folder.Path("new"), std::string(100000, 'x'), &trouble), CWriteResult::NotCompleted);
     EXPECT_FALSE(trouble.isDeviceFull);
 }
 

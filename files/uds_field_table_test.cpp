@@ -14,22 +14,22 @@
 namespace ks {
 namespace {
 
-enum class Kind { Text, Integer, Real };
+enum class CKind { Text, Integer, Real };
 
 struct Row {
     CUDSRecord record;
     int offset;
     int width;
-    Kind kind;
+    CKind kind;
     std::string name;
 };
 
 constexpr auto kFile = CUDSRecord::File;
 constexpr auto kSecond = CUDSRecord::SecondComponent;
 constexpr auto kCurve = CUDSRecord::Curve;
-constexpr auto kText = Kind::Text;
-constexpr auto kInt = Kind::Integer;
-constexpr auto kReal = Kind::Real;
+constexpr auto kText = CKind::Text;
+constexpr auto kInt = CKind::Integer;
+constexpr auto kReal = CKind::Real;
 
 /// The layout of the format, offset by offset, from the start of each record.
 const std::vector<Row> kLayout = {
@@ -69,9 +69,9 @@ const std::vector<Row> kLayout = {
     {kCurve, 354, 20, kText, "CD1"},      {kCurve, 374, 70, kText, "CD2"},
 };
 
-Kind KindOf(const CUDSField& field) {
-    if (std::holds_alternative<CUDSTextAccess>(field.access)) return Kind::Text;
-    return std::holds_alternative<CUDSIntegerAccess>(field.access) ? Kind::Integer : Kind::Real;
+CKind KindOf(const CUDSField& field) {
+    if (std::holds_alternative<CUDSTextAccess>(field.access)) return CKind::Text;
+    return std::holds_alternative<CUDSIntegerAccess>(field.access) ? CKind::Integer : CKind::Real;
 }
 
 TEST(UdsFieldTable, HasTheLayoutOfTheFormat) {

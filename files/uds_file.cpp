@@ -50,9 +50,9 @@ void CUDSFile::Write(const std::string& path) {
 
     const std::vector<std::byte> image = MakeCheckedImage();
     CWriteTrouble trouble;
-    const WriteResult result = WriteFile(path, image, &trouble);
-    if (result == WriteResult::NotOpened) throw CError(udswrite::kNotOpened);
-    if (result == WriteResult::NotCompleted) throw CError(udswrite::NotCompleted(path, trouble));
+    const CWriteResult result = WriteFile(path, image, &trouble);
+    if (result == CWriteResult::NotOpened) throw CError(udswrite::kNotOpened);
+    if (result == CWriteResult::NotCompleted) throw CError(udswrite::NotCompleted(path, trouble));
     m_imageSize = image.size();
 }
 

@@ -27,7 +27,7 @@ CUDS1992 FileOf(std::int64_t count, const char* form) {
 }
 
 /// The image in any of the three formats; the writer itself offers only two.
-std::vector<std::byte> ImageIn(NumberFormat format, std::int64_t count, const char* form) {
+std::vector<std::byte> ImageIn(CNumberFormat format, std::int64_t count, const char* form) {
     CUDS1992 file = FileOf(count, form);
     CUDSContent content;
     content.fields = file.Fields();
@@ -37,7 +37,7 @@ std::vector<std::byte> ImageIn(NumberFormat format, std::int64_t count, const ch
     return MakeUdsImage(content, CUDSGeometry{}, ProbeMachineFormats());
 }
 
-void ReadUds(benchmark::State& state, NumberFormat format, const char* form) {
+void ReadUds(benchmark::State& state, CNumberFormat format, const char* form) {
     const std::vector<std::byte> image = ImageIn(format, state.range(0), form);
     for (auto _ : state) {
         CUDS1992 file;
@@ -47,10 +47,10 @@ void ReadUds(benchmark::State& state, NumberFormat format, const char* form) {
     state.SetItemsProcessed(state.iterations() * state.range(0));
     state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(image.size()));
 }
-BENCHMARK_CAPTURE(ReadUds, Ieee, NumberFormat::Ieee, "X-Y")->Arg(10000)->Arg(1000000)->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(ReadUds, Sun, NumberFormat::Sun, "X-Y")->Arg(10000)->Arg(1000000)->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(ReadUds, Vax, NumberFormat::Vax, "X-Y")->Arg(10000)->Arg(1000000)->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(ReadUds, SunOrdinates, NumberFormat::Sun, "Y")->Arg(1000000)->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(ReadUds, Ieee, CNumberFormat::Ieee, "X-Y")->Arg(10000)->Arg(1000000)->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(ReadUds, Sun, CNumberFormat::Sun, "X-Y")->Arg(10000)->Arg(1000000)->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(ReadUds, Vax, CNumberFormat::Vax, "X-Y")->Arg(10000)->Arg(1000000)->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(ReadUds, SunOrdinates, CNumberFormat::Sun, "Y")->Arg(1000000)->Unit(benchmark::kMicrosecond);
 
 void WriteUds(benchmark::State& state, bool sun) {
     CUDS1992 file = FileOf(state.range(0), "X-Y");

@@ -55,7 +55,7 @@ CUDSRecipe RecipeOf(std::int32_t count) {
 
 // What is read.
 
-class EveryNumberFormat : public testing::TestWithParam<UdsNumbers> {};
+class EveryNumberFormat : public testing::TestWithParam<CUdsNumbers> {};
 
 TEST_P(EveryNumberFormat, GivesTheSamePointsAndNumbers) {
     CUDSRecipe recipe;
@@ -84,7 +84,7 @@ TEST_P(EveryNumberFormat, GivesTheSamePointsAndNumbers) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Formats, EveryNumberFormat,
-                         testing::Values(UdsNumbers::Ieee, UdsNumbers::Sun, UdsNumbers::Vax));
+                         testing::Values(CUdsNumbers::Ieee, CUdsNumbers::Sun, CUdsNumbers::Vax));
 
 TEST(UdsReader, TrimsBlanksOnBothSidesAndNothingElse) {
     CUDSBytes bytes = UdsFile({});
@@ -131,7 +131,7 @@ TEST(UdsReader, KnowsThatThereIsNoSecondComponent) {
 TEST(UdsReader, ForgetsTheFileBefore) {
     CUDSRecipe two;
     two.secondComponent = true;
-    two.numbers = UdsNumbers::Sun;
+    two.numbers = CUdsNumbers::Sun;
     CUDSBytes bytes = UdsFile(two);
     bytes.PutInteger(512 + 12, 77);
     CUDS1992 file = Read(bytes);
@@ -229,7 +229,7 @@ TEST(UdsReader, KeepsInfinities) {
 
 TEST(UdsReader, GivesZeroForAVaxExponentByteOf0Or128) {
     CUDSRecipe recipe;
-    recipe.numbers = UdsNumbers::Vax;
+    recipe.numbers = CUdsNumbers::Vax;
     CUDSBytes bytes = UdsFile(recipe);
     bytes.PutBytes(1024 + 12, std::string("\x40\x00\x11\x22", 4)).PutBytes(1024 + 16, "\x40\x80\x11\x22");
     EXPECT_THAT(Read(bytes).Columns().y, ElementsAre(0.0, 0.0, 4.0));

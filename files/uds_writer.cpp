@@ -135,14 +135,14 @@ void CheckIndicesForWriting(const CUDSFields& fields) {
 }
 
 CNumberFormats OutputFormats(bool sunOutput, const CNumberFormats& machine) {
-    const bool unknown = machine.byteOrder == ByteOrder::Unknown || machine.numberFormat == NumberFormat::Unknown;
+    const bool unknown = machine.byteOrder == CByteOrder::Unknown || machine.numberFormat == CNumberFormat::Unknown;
     if (unknown) throw CError(udswrite::kUnknownFormat);
-    return sunOutput ? CNumberFormats{ByteOrder::BigEndian, NumberFormat::Sun} : machine;
+    return sunOutput ? CNumberFormats{CByteOrder::BigEndian, CNumberFormat::Sun} : machine;
 }
 
 std::vector<std::byte> MakeUdsImage(const CUDSContent& content, const CUDSGeometry& geometry,
                                     const CNumberFormats& machine) {
-    // Before any room is made: the point numbers alone could ask for gigabytes.
+    // Before any memory is reserved: the point numbers alone could ask for gigabytes.
     const std::int64_t byIndices = CountByIndices(content.fields);
     const std::size_t points = content.columns.Count();
     if (byIndices < 0 || static_cast<std::uint64_t>(byIndices) != points) {

@@ -19,7 +19,7 @@ namespace {
 using testing::Each;
 using testing::ElementsAre;
 
-constexpr CNumberFormats kIeeeMachine{ByteOrder::LittleEndian, NumberFormat::Ieee};
+constexpr CNumberFormats kIeeeMachine{CByteOrder::LittleEndian, CNumberFormat::Ieee};
 
 std::string TextOf(const std::vector<std::byte>& bytes) {
     return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
@@ -43,7 +43,7 @@ std::string ImageOf(CUDS1992 file) {
 }
 
 /// The bytes of a new file with two points, made by hand.
-CUDSBytes NewFile(UdsNumbers numbers, const std::string& numform) {
+CUDSBytes NewFile(CUdsNumbers numbers, const std::string& numform) {
     CUDSBytes bytes(numbers);
     bytes.AddRecord();
     const auto blank = [&bytes](std::size_t offset, std::size_t width) { bytes.PutText(offset, width, ""); };
@@ -80,14 +80,14 @@ CUDS1992 NewFileObject() {
 }
 
 TEST(UdsWriter, WritesAnIeeeFileByteForByte) {
-    if (ProbeMachineFormats().numberFormat != NumberFormat::Ieee) GTEST_SKIP() << "this machine is not little-endian";
-    EXPECT_EQ(ImageOf(NewFileObject()), NewFile(UdsNumbers::Ieee, "IEEE").Text());
+    if (ProbeMachineFormats().numberFormat != CNumberFormat::Ieee) GTEST_SKIP() << "this machine is not little-endian";
+    EXPECT_EQ(ImageOf(NewFileObject()), NewFile(CUdsNumbers::Ieee, "IEEE").Text());
 }
 
 TEST(UdsWriter, WritesASunFileByteForByte) {
     CUDS1992 file = NewFileObject();
     file.SetSunOutput(true);
-    EXPECT_EQ(TextOf(file.MakeImage()), NewFile(UdsNumbers::Sun, "SUN").Text());
+    EXPECT_EQ(TextOf(file.MakeImage()), NewFile(CUdsNumbers::Sun, "SUN").Text());
     EXPECT_EQ(file.Fields().GetNUMFORM(), "SUN");
     EXPECT_EQ(file.NumberFormatName(), "SUN");
 }
@@ -97,8 +97,8 @@ TEST(UdsWriter, WritesTheFormatOfAVaxMachine) {
     content.fields = NewFileObject().Fields();
     content.fields.SetNUMFORM("VAX");
     content.columns = NewFileObject().TakeColumns();
-    content.formats = {ByteOrder::LittleEndian, NumberFormat::Vax};
-    EXPECT_EQ(TextOf(MakeUdsImage(content, CUDSGeometry{}, kIeeeMachine)), NewFile(UdsNumbers::Vax, "VAX").Text());
+    content.formats = {CByteOrder::LittleEndian, CNumberFormat::Vax};
+    EXPECT_EQ(TextOf(MakeUdsImage(content, CUDSGeometry{}, kIeeeMachine)), NewFile(CUdsNumbers::Vax, "VAX").Text());
 }
 
 TEST(UdsWriter, PutsTheSecondComponentBetweenTheHeaders) {
@@ -250,16 +250,16 @@ TEST(UdsWriterRefuses, ColumnsOfDifferentLengthsInPairs) {
 TEST(UdsWriterRefuses, AMachineOfUnknownFormats) {
     const std::string sentence = "Couldn't set byte order of float format.";
     for (const bool sun : {false, true}) {
-        EXPECT_EQ(ErrorOf([sun] { OutputFormats(sun, {ByteOrder::Unknown, NumberFormat::Ieee}); }), sentence);
-        EXPECT_EQ(ErrorOf([sun] { OutputFormats(sun, {ByteOrder::LittleEndian, NumberFormat::Unknown}); }), sentence);
+        EXPECT_EQ(ErrorOf([sun] { OutputFormats(sun, {CByteOrder::Unknown, CNumberFormat::Ieee}); }), sentence);
+        EXPECT_EQ(ErrorOf([sun] { OutputFormats(sun, {CByteOrder::LittleEndian, CNumberFormat::Unknown}); }), sentence);
     }
 }
 
 TEST(OutputFormats, AreTheMachinesOwnOrSun) {
-    EXPECT_EQ(OutputFormats(false, kIeeeMachine).numberFormat, NumberFormat::Ieee);
-    EXPECT_EQ(OutputFormats(false, kIeeeMachine).byteOrder, ByteOrder::LittleEndian);
-    EXPECT_EQ(OutputFormats(true, kIeeeMachine).numberFormat, NumberFormat::Sun);
-    EXPECT_EQ(OutputFormats(true, kIeeeMachine).byteOrder, ByteOrder::BigEndian);
+    EXPECT_EQ(OutputFormats(false, kIeeeMachine).numberFormat, CNumberFormat::Ieee);
+    EXPECT_EQ(OutputFormats(false, kIeeeMachine).byteOrder, CByteOrder::LittleEndian);
+    EXPECT_EQ(OutputFormats(true, kIeeeMachine).numberFormat, CNumberFormat::Sun);
+    EXPECT_EQ(OutputFormats(true, kIeeeMachine).byteOrder, CByteOrder::BigEndian);
 }
 
 // Round trips.

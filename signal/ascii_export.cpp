@@ -48,7 +48,7 @@ std::string AsciiPoints(const CData& record, CAsciiForm form) {
     return text;
 }
 
-WriteResult ExportAsciiPoints(const std::string& path, const CData& record, CAsciiForm form) {
+CWriteResult ExportAsciiPoints(const std::string& path, const CData& record, CAsciiForm form) {
     return WriteFile(path, AsciiPoints(record, form));
 }
 

@@ -88,7 +88,7 @@ TEST(AsciiPoints, WithAbscissasReadBackBitForBit) {
     const CTempFolder folder;
     const Values y = HardValues();
     const Values x(y.rbegin(), y.rend());
-    ASSERT_EQ(ExportAsciiPoints(folder.Path("a.txt"), Record(x, y), CAsciiForm::XY), WriteResult::Written);
+    ASSERT_EQ(ExportAsciiPoints(folder.Path("a.txt"), Record(x, y), CAsciiForm::XY), CWriteResult::Written);
     CPoints points;
     points.ReadFile(folder.Path("a.txt"));
     EXPECT_EQ(Bits(points.Columns().x), Bits(x));
@@ -98,7 +98,7 @@ TEST(AsciiPoints, WithAbscissasReadBackBitForBit) {
 TEST(AsciiPoints, WithoutAbscissasReadBackBitForBit) {
     const CTempFolder folder;
     const Values y = HardValues();
-    ASSERT_EQ(ExportAsciiPoints(folder.Path("a.txt"), Record(y, y), CAsciiForm::X), WriteResult::Written);
+    ASSERT_EQ(ExportAsciiPoints(folder.Path("a.txt"), Record(y, y), CAsciiForm::X), CWriteResult::Written);
     CPoints points;
     points.ReadFile(folder.Path("a.txt"));
     EXPECT_EQ(Bits(points.Columns().y), Bits(y));
@@ -166,8 +166,8 @@ TEST(AsciiPoints, DoNotNeedAbscissasThatAreNotWritten) {
 TEST(AsciiPoints, CannotBeWrittenIntoAFolderThatIsNotThere) {
     const CTempFolder folder;
     EXPECT_EQ(ExportAsciiPoints(folder.Path("none/a.txt"), Record({0.0}, {1.0}), CAsciiForm::X),
-              WriteResult::NotOpened);
-    EXPECT_EQ(ExportAsciiPoints("", Record({0.0}, {1.0}), CAsciiForm::X), WriteResult::NotOpened);
+              CWriteResult::NotOpened);
+    EXPECT_EQ(ExportAsciiPoints("", Record({0.0}, {1.0}), CAsciiForm::X), CWriteResult::NotOpened);
 }
 
 }  // namespace

@@ -50,7 +50,7 @@ void RunBackwards(const CFilterSection& section, std::span<double> data, std::si
     const std::size_t end = data.size() - 1;
     const double twiceEnd = 2.0 * data[end];
     const double settled = twiceEnd - FarHalfMean(tail, [&](std::size_t k) { return data[end - k]; });
-    // Not the mirror of the forward tail: it begins with the samples `tail` and `tail` + 1 away and goes on with the
+    // Not the mirror of the forward tail: it begins with the samples `tail` and `tail` + 1 away and continues with the
     // one `tail` - 4 away. Kept, since existing results carry it in their last digits.
     CSectionState state{section, twiceEnd - data[end - 1 - tail], twiceEnd - data[end - tail], settled, settled};
     for (std::size_t k = tail; k > 4; --k) state.Next(twiceEnd - data[end - (k - 4)]);
@@ -86,17 +86,17 @@ void CheckFilterInput(std::span<const double> data, double timeStepS, double fre
     if (frequencyHz <= 0.0) throw CError(signal_message::kCutoffNotPositive);
 }
 
-FilterTail FilterInPlace(std::span<double> data, double timeStepS, double frequencyHz) {
+CFilterTail FilterInPlace(std::span<double> data, double timeStepS, double frequencyHz) {
     CheckFilterInput(data, timeStepS, frequencyHz);
-    if (frequencyHz > 0.775 * (0.5 / timeStepS)) return FilterTail::Full;
-    if (data.size() < 3) return FilterTail::Short;
+    if (frequencyHz > 0.775 * (0.5 / timeStepS)) return CFilterTail::Full;
+    if (data.size() < 3) return CFilterTail::Short;
 
     const auto wanted = static_cast<std::size_t>(FilterTailLength(timeStepS, frequencyHz));
     const std::size_t tail = std::min(wanted, data.size() - 2);
     const CFilterSection section = ButterworthSection(timeStepS, frequencyHz);
     RunForwards(section, data, tail);
     RunBackwards(section, data, tail);
-    return tail < wanted ? FilterTail::Short : FilterTail::Full;
+    return tail < wanted ? CFilterTail::Short : CFilterTail::Full;
 }
 
 }  // namespace ks

@@ -18,17 +18,17 @@ public:
 /// @param frequencyHz  > 0 and below half the sampling rate
 CFilterSection ButterworthSection(double timeStepS, double frequencyHz);
 
-/// Number of samples by which the data are prolonged at each end: 10 ms or one period of the filter frequency,
+/// Number of samples by which the data are extended at each end: 10 ms or one period of the filter frequency,
 /// whichever is longer, rounded half up, at least 1, saturated to 32 bits.
 std::int32_t FilterTailLength(double timeStepS, double frequencyHz);
 
 /// Whether the tails of a filter run were as long as wanted.
-enum class FilterTail {
+enum class CFilterTail {
     Full,   ///< as FilterTailLength says; also when the frequency is too high for anything to be done
     Short,  ///< the data were too few, the tails are as long as they allow
 };
 
-/// The four-pole, zero-phase low-pass of SAE J211-1, in place: the section runs forwards, then backwards. Before each
+/// The four-pole, zero-phase low-pass of SAE J211-1, in place: the section runs forward, then backward. Before each
 /// run the section settles on a tail, the data's point reflection about the end sample; no tail is stored.
 ///
 /// The gain at frequency 0 is 1, at `frequencyHz` -3 dB where the sampling rate is high. Above 77.5 % of half the
@@ -40,7 +40,7 @@ enum class FilterTail {
 /// @param frequencyHz  > 0
 /// @throws CError "Nonpositive number of Data Points", "Nonpositive time step", "Nonpositive Cutoff Frequency", in this
 ///         order, before the data change
-FilterTail FilterInPlace(std::span<double> data, double timeStepS, double frequencyHz);
+CFilterTail FilterInPlace(std::span<double> data, double timeStepS, double frequencyHz);
 
 /// The checks of FilterInPlace alone.
 void CheckFilterInput(std::span<const double> data, double timeStepS, double frequencyHz);

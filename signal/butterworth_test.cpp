@@ -115,7 +115,8 @@ struct PoleSection {
     long double a0, a1, a2, b1, b2;
 };
 PoleSection SectionFromPoles(double timeStepS, double frequencyHz) {
-    const long double wa = std::tan(6.2831853L * 1.2465L * frequencyHz * timeStepS / 2.0L);
+    const long double wa = std::tan(6.2831853L * 1.2465L * static_cast<long double>(frequencyHz) *
+                                    static_cast<long double>(timeStepS) / 2.0L);
     const std::complex<long double> s = std::polar(wa, 0.75L * std::numbers::pi_v<long double>);
     const std::complex<long double> z = (1.0L + s) / (1.0L - s);
     const long double b1 = 2.0L * z.real();
@@ -282,7 +283,7 @@ TEST(FilterInPlace, KeepsAConstant) {
 }
 
 TEST(FilterInPlace, KeepsAStraightLineUpToTheRaggedEndTail) {
-    // The point reflection goes on with the line and the section's delays in both directions cancel, but the end
+    // The point reflection continues the line and the section's delays in both directions cancel, but the end
     // tail skips samples, and the outputs before both tails are means: the middle is untouched by all that.
     std::vector<double> data;
     for (int i = 0; i < 4001; ++i) data.push_back(0.01 * i - 3.0);
@@ -342,23 +343,23 @@ TEST(FilterInPlace, LeavesTheDataAboveItsHighestFrequency) {
 TEST(FilterInPlace, LeavesOneAndTwoSamplesWithAShortTail) {
     for (const std::vector<double>& data : {std::vector{4.0}, std::vector{4.0, 9.0}}) {
         std::vector<double> copy = data;
-        EXPECT_EQ(FilterInPlace(copy, 1e-3, 300.0), FilterTail::Short);
+        EXPECT_EQ(FilterInPlace(copy, 1e-3, 300.0), CFilterTail::Short);
         EXPECT_EQ(copy, data);
     }
 }
 
 TEST(FilterInPlace, TellsAShortTail) {
     std::vector<double> twelve(12, 1.0);
-    EXPECT_EQ(FilterInPlace(twelve, 1e-3, 300.0), FilterTail::Full) << "10 samples wanted, 10 there";
+    EXPECT_EQ(FilterInPlace(twelve, 1e-3, 300.0), CFilterTail::Full) << "10 samples wanted, 10 there";
     std::vector<double> eleven(11, 1.0);
-    EXPECT_EQ(FilterInPlace(eleven, 1e-3, 300.0), FilterTail::Short);
+    EXPECT_EQ(FilterInPlace(eleven, 1e-3, 300.0), CFilterTail::Short);
     std::vector<double> tooFast(3, 1.0);
-    EXPECT_EQ(FilterInPlace(tooFast, 1e-3, 499.0), FilterTail::Full) << "nothing is done, so no tail is short";
+    EXPECT_EQ(FilterInPlace(tooFast, 1e-3, 499.0), CFilterTail::Full) << "nothing is done, so no tail is short";
 }
 
 TEST(FilterInPlace, TakesTheLongestTailOfATinyFrequencyWithoutOverflow) {
     std::vector<double> data(20, 2.0);
-    EXPECT_EQ(FilterInPlace(data, 1e-3, 1e-300), FilterTail::Short);
+    EXPECT_EQ(FilterInPlace(data, 1e-3, 1e-300), CFilterTail::Short);
     EXPECT_THAT(data, Each(testing::DoubleNear(2.0, 1e-12)));
 }
 

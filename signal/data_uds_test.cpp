@@ -255,7 +255,7 @@ protected:
 
 TEST_F(UdsRecord, LoadsAHandMadeFileOfEachNumberFormat) {
     for (const auto& [numbers, name] :
-         {std::pair{UdsNumbers::Ieee, "IEEE"}, {UdsNumbers::Sun, "SUN"}, {UdsNumbers::Vax, "VAX"}}) {
+         {std::pair{CUdsNumbers::Ieee, "IEEE"}, {CUdsNumbers::Sun, "SUN"}, {CUdsNumbers::Vax, "VAX"}}) {
         CUDSRecipe recipe;
         recipe.numbers = numbers;
         const CData data = Loaded(recipe);

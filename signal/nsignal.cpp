@@ -33,7 +33,7 @@ bool CNSignal::Filter(double frequencyHz) {
 }
 
 bool CNSignal::BWFILT(std::span<double> data, double timeStepS, double frequencyHz) {
-    if (FilterInPlace(data, timeStepS, frequencyHz) == FilterTail::Short) AddWarning(signal_message::kShortTail);
+    if (FilterInPlace(data, timeStepS, frequencyHz) == CFilterTail::Short) AddWarning(signal_message::kShortTail);
     return true;
 }
 

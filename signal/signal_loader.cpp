@@ -9,12 +9,13 @@
 namespace ks {
 namespace {
 
-/// The first format for which `attempt` does not throw; null when there is none.
+/// The first format that does not skip the file and for which `attempt` does not throw; null when there is none.
 template <class Attempt>
 const CSignalFormat* FirstThatReads(CFormatList formats, const std::string& path, std::vector<std::string>& complaints,
                                     Attempt attempt) {
     for (const CSignalFormat* const format : formats) {
         try {
+            if (format->recognizes != nullptr && !format->recognizes(path)) continue;
             attempt(*format);
             return format;
         } catch (const std::bad_alloc&) {

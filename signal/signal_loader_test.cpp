@@ -98,7 +98,7 @@ CNSignal LoadEither(const std::string&, const std::string& channel) {
     record.SetTITLE(channel);
     return record;
 }
-const CSignalFormat kTwoChannels{"two channels", true,
+const CSignalFormat kTwoChannels{"two channels", true, nullptr,
                                  [](const std::string&) {
                                      return std::vector{"left"s, "right"s};
                                  },
@@ -113,12 +113,27 @@ TEST_F(SignalLoader, ListsAndLoadsOneOfSeveralChannels) {
                 ElementsAre("Failure to open file: any for reading.", "no up"));
 }
 
+bool IsNamedTwo(const std::string& path) {
+    return path == "two";
+}
+
+TEST_F(SignalLoader, PassesAFileOverThatAFormatDoesNotRecognize) {
+    CSignalFormat format = kTwoChannels;
+    format.recognizes = IsNamedTwo;
+    const std::array formats{&kUdsFormat, static_cast<const CSignalFormat*>(&format)};
+    EXPECT_TRUE(LoadSignal("two", "left", formats).IsLoaded());
+    EXPECT_THAT(ListChannels("two", formats).channels, ElementsAre("left", "right"));
+    const CLoadedSignal loaded = LoadSignal("one", "left", formats);
+    EXPECT_FALSE(loaded.IsLoaded());
+    EXPECT_THAT(loaded.complaints, ElementsAre("Failure to open file: one for reading."));
+}
+
 // Memory.
 
 CNSignal RunOut(const std::string&, const std::string&) {
     throw std::bad_alloc();
 }
-const CSignalFormat kTooLarge{"too large", true,
+const CSignalFormat kTooLarge{"too large", true, nullptr,
                               [](const std::string&) -> std::vector<std::string> { throw std::bad_alloc(); }, RunOut};
 
 TEST_F(SignalLoader, SaysThatTheMemoryDoesNotSufficeAndTriesNoOtherFormat) {

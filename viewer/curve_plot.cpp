@@ -41,15 +41,15 @@ CPage::Picture CurvePlot(const ks::CData& record, const QString& name, QSizeF si
     const std::size_t points = std::min({record.GetX().size(), record.GetY().size(), kMostPoints});
     const std::shared_ptr<CChartControl> chart = MakeChartControl();
     chart->Create({});
-    chart->SetInteger(ChartProperty::SeriesCount, 1);
-    chart->SetInteger(ChartProperty::PointCount, static_cast<std::int32_t>(points));
-    chart->SetArray(ChartProperty::XData, std::span(record.GetX()).first(points));
-    chart->SetArray(ChartProperty::YData, std::span(record.GetY()).first(points));
-    chart->SetArray(ChartProperty::Legend, Printable(name).toStdString() + '\t', 1);
+    chart->SetInteger(CChartProperty::SeriesCount, 1);
+    chart->SetInteger(CChartProperty::PointCount, static_cast<std::int32_t>(points));
+    chart->SetArray(CChartProperty::XData, std::span(record.GetX()).first(points));
+    chart->SetArray(CChartProperty::YData, std::span(record.GetY()).first(points));
+    chart->SetArray(CChartProperty::Legend, Printable(name).toStdString() + '\t', 1);
     const QString xTitle = AxisTitle(record.GetXTYPE(), record.GetXUNITS());
     const QString yTitle = AxisTitle(record.GetYTYPE(), record.GetYUNITS());
-    chart->SetText(ChartProperty::XTitle, Shortened(xTitle, size.width() * kLongestXTitle));
-    chart->SetText(ChartProperty::YTitle, Shortened(yTitle, size.height() * kLongestYTitle));
+    chart->SetText(CChartProperty::XTitle, Shortened(xTitle, size.width() * kLongestXTitle));
+    chart->SetText(CChartProperty::YTitle, Shortened(yTitle, size.height() * kLongestYTitle));
     chart->Apply();
     return [chart](QPainter& painter, const QRectF& area) { chart->PaintOnto(painter, area); };
 }

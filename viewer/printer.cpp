@@ -24,16 +24,16 @@ CReport LaidOut(const CReportSubject& subject, const QPageLayout& layout) {
     return {subject, layout.fullRect(QPageLayout::Inch).size()};
 }
 
-PrintResult AsPrintResult(ks::WriteResult result) {
+CPrintResult AsPrintResult(ks::CWriteResult result) {
     switch (result) {
-        case ks::WriteResult::Written:
-            return PrintResult::Printed;
-        case ks::WriteResult::NotOpened:
-            return PrintResult::NotOpened;
-        case ks::WriteResult::NotCompleted:
+        case ks::CWriteResult::Written:
+            return CPrintResult::Printed;
+        case ks::CWriteResult::NotOpened:
+            return CPrintResult::NotOpened;
+        case ks::CWriteResult::NotCompleted:
             break;
     }
-    return PrintResult::NotCompleted;
+    return CPrintResult::NotCompleted;
 }
 
 }  // namespace
@@ -59,16 +59,17 @@ bool CPrinter::PaintOn(QPagedPaintDevice& device, const QPageRanges& pages) cons
     return painter.end();
 }
 
-PrintResult CPrinter::Print(QPrinter& printer) const {
+CPrintResult CPrinter::Print(QPrinter& printer) const {
     const QPageRanges pages = printer.printRange() == QPrinter::PageRange ? printer.pageRanges() : QPageRanges();
     const QPageLayout layout = printer.pageLayout();
-    if (PagesToPaint(PageCount(layout), pages).empty()) return PrintResult::NoPages;
+    if (PagesToPaint(PageCount(layout), pages).empty()) return CPrintResult::NoPages;
     if (MakesPdfFile(printer)) return AsPrintResult(WritePdf(printer.outputFileName().toStdString(), layout, pages));
     printer.setFullPage(true);
-    return PaintOn(printer, pages) ? PrintResult::Printed : PrintResult::NotOpened;
+    return PaintOn(printer, pages) ? CPrintResult::Printed : CPrintResult::NotOpened;
 }
 
-ks::WriteResult CPrinter::WritePdf(const std::string& path, const QPageLayout& layout, const QPageRanges& pages) const {
+ks::CWriteResult CPrinter::WritePdf(const std::string& path, const QPageLayout& layout,
+                                    const QPageRanges& pages) const {
     const QPageLayout wholePaper(layout.pageSize(), layout.orientation(), QMarginsF());
     return WritePdfFile(path, {wholePaper, m_subject.fileName},
                         [&](QPagedPaintDevice& device) { return PaintOn(device, pages); });

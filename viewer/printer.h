@@ -15,7 +15,7 @@ class QPrinter;
 QPageSize UsualPaper();
 
 /// How printing ended.
-enum class PrintResult {
+enum class CPrintResult {
     Printed,
     NoPages,      ///< none of the chosen pages is in the report; nothing was opened
     NotOpened,    ///< the printer, or its file, does not take the report
@@ -38,11 +38,11 @@ public:
 
     /// Prints on the printer, or into its file, whose old contents are replaced only when the new one is complete;
     /// follows the page range chosen in a print dialog.
-    [[nodiscard]] PrintResult Print(QPrinter& printer) const;
+    [[nodiscard]] CPrintResult Print(QPrinter& printer) const;
 
     /// Writes a PDF file; `layout` is paper and orientation, the report has margins of its own.
-    [[nodiscard]] ks::WriteResult WritePdf(const std::string& path, const QPageLayout& layout,
-                                           const QPageRanges& pages = {}) const;
+    [[nodiscard]] ks::CWriteResult WritePdf(const std::string& path, const QPageLayout& layout,
+                                            const QPageRanges& pages = {}) const;
 
 private:
     CReportSubject m_subject;

@@ -109,7 +109,7 @@ private:
     }
 
     void AddHeaderAndFooter(CPage& page, int number) const {
-        const bool isFull = m_subject.mode == ReportMode::Full;
+        const bool isFull = m_subject.mode == CReportMode::Full;
         page.AddLine(0.0, Qt::AlignHCenter, isFull ? "Full UDS File Report" : "UDS File Specification Report",
                      kTitleFont);
         page.AddLine(CPage::kHeaderRow, Qt::AlignHCenter,
@@ -149,7 +149,7 @@ private:
 std::vector<CPage> LayOut(const CReportSubject& subject, QSizeF paper) {
     CLayout layout(subject, paper);
     layout.AddBands(SpecificationBands());
-    if (subject.mode == ReportMode::Full) {
+    if (subject.mode == CReportMode::Full) {
         layout.AddBands(FurtherBands());
         layout.AddPlot();
     }

@@ -15,7 +15,7 @@ class QPainter;
 struct CReportSubject {
     const ks::CData& record;
     QString fileName;  ///< names the curve in the plot
-    ReportMode mode = ReportMode::Specification;
+    CReportMode mode = CReportMode::Specification;
     QDate date;  ///< in the footer
 };
 

@@ -14,9 +14,9 @@
 
 namespace {
 
-QPageSize Paper(const std::optional<ReportPaper>& paper) {
+QPageSize Paper(const std::optional<CReportPaper>& paper) {
     if (!paper) return UsualPaper();
-    return QPageSize(*paper == ReportPaper::Letter ? QPageSize::Letter : QPageSize::A4);
+    return QPageSize(*paper == CReportPaper::Letter ? QPageSize::Letter : QPageSize::A4);
 }
 
 QDate Date(const std::optional<std::chrono::year_month_day>& day) {
@@ -27,8 +27,8 @@ QDate Date(const std::optional<std::chrono::year_month_day>& day) {
 
 }  // namespace
 
-ks::WriteResult WriteReportPdf(const std::string& path, const ks::CData& record, const std::string& filePath,
-                               ReportMode mode, const CReportFileOptions& options) {
+ks::CWriteResult WriteReportPdf(const std::string& path, const ks::CData& record, const std::string& filePath,
+                                CReportMode mode, const CReportFileOptions& options) {
     const QString fileName = QString::fromStdString(std::string(ks::FileNameOf(filePath)));
     const CPrinter printer({record, fileName, mode, Date(options.today)});
     return printer.WritePdf(path, QPageLayout(Paper(options.paper), QPageLayout::Portrait, {}));

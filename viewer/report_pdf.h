@@ -8,17 +8,17 @@
 #include "signal/data.h"
 
 /// How much of a file the printed report holds. The preview's choice is in this order.
-enum class ReportMode {
+enum class CReportMode {
     Specification,  ///< the labeled header fields
     Full            ///< every header field, the extrema and a plot of the curve
 };
 
 /// Paper of a report that is written to a file.
-enum class ReportPaper { Letter, A4 };
+enum class CReportPaper { Letter, A4 };
 
 /// What a report file depends on beside the record.
 struct CReportFileOptions {
-    std::optional<ReportPaper> paper;                  ///< none: what is usual in the user's country
+    std::optional<CReportPaper> paper;                 ///< none: what is usual in the user's country
     std::optional<std::chrono::year_month_day> today;  ///< the date in the footer; none: by the local clock
 };
 
@@ -26,6 +26,6 @@ struct CReportFileOptions {
 /// is complete. `filePath` is the record's file: its name becomes the document's title and the plot's legend.
 ///
 /// A QApplication must exist, on any platform; "offscreen" is enough.
-[[nodiscard]] ks::WriteResult WriteReportPdf(const std::string& path, const ks::CData& record,
-                                             const std::string& filePath, ReportMode mode,
-                                             const CReportFileOptions& options = {});
+[[nodiscard]] ks::CWriteResult WriteReportPdf(const std::string& path, const ks::CData& record,
+                                              const std::string& filePath, CReportMode mode,
+                                              const CReportFileOptions& options = {});

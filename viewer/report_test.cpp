@@ -225,14 +225,14 @@ private slots:
         // 2 (6 + 1 + 2 + 20 + 20), AIS 1, curve 12 + 30 + 3 20, curve data 70 + 20 + 70, sensor 2 + 2. The label
         // "Weight:" is there four times.
         const qsizetype expected = 123 + 2 * 69 + 2 * 49 + 1 + 102 + 160 + 4 + 4;
-        for (const ReportPaper paper : {ReportPaper::Letter, ReportPaper::A4})
-            QCOMPARE(LettersOf(Pages(m_wideRecord, ReportMode::Specification, paper), 'W'), expected);
+        for (const CReportPaper paper : {CReportPaper::Letter, CReportPaper::A4})
+            QCOMPARE(LettersOf(Pages(m_wideRecord, CReportMode::Specification, paper), 'W'), expected);
     }
 
     // Where header, title and footer stand.
 
     void HeaderTitleAndFooterKeepTheirRowsAndSizes() {
-        const std::vector<CPdfPage> pages = Pages(m_record, ReportMode::Specification, ReportPaper::Letter);
+        const std::vector<CPdfPage> pages = Pages(m_record, CReportMode::Specification, CReportPaper::Letter);
         QCOMPARE(pages.size(), std::size_t{1});
         const CPdfWord* const title = FindWord(pages[0], "UDS");
         const CPdfWord* const header = FindWord(pages[0], "Test");
@@ -247,7 +247,7 @@ private slots:
     }
 
     void EightBlanksPartTheNumbersOfTheHeader() {
-        const std::vector<CPdfPage> pages = Pages(m_record, ReportMode::Specification, ReportPaper::Letter);
+        const std::vector<CPdfPage> pages = Pages(m_record, CReportMode::Specification, CReportPaper::Letter);
         const CPdfWord* const number = FindWord(pages.at(0), "1234");
         const CPdfWord* const curve = FindWord(pages.at(0), "Curve");
         QVERIFY(number && curve);
@@ -259,7 +259,7 @@ private slots:
     void AFileOfOneComponentKeepsTheLabelsOfTheSecond() {
         ks::CNSignal record = m_record;
         record.SetSecondComponent(false);
-        const auto pages = Pages(record, ReportMode::Full, ReportPaper::A4);
+        const auto pages = Pages(record, CReportMode::Full, CReportPaper::A4);
         QVERIFY(HasCell(pages, "Vehicle Two"));
         QVERIFY(HasCell(pages, "Make: MAKE A"));
         QVERIFY(!HasCell(pages, "Make: MAKE B"));
@@ -268,21 +268,21 @@ private slots:
     }
 
     void AnEmptyRecordHasAReport() {
-        QCOMPARE(Pages({}, ReportMode::Full, ReportPaper::Letter).size(), std::size_t{2});
+        QCOMPARE(Pages({}, CReportMode::Full, CReportPaper::Letter).size(), std::size_t{2});
     }
 
     // The plot.
 
     void ThePlotNamesAxesAndFile() {
-        const auto pages = Pages(m_record, ReportMode::Full, ReportPaper::Letter);
+        const auto pages = Pages(m_record, CReportMode::Full, CReportPaper::Letter);
         const QStringList names = {"TIME (SECONDS)", "record.uds", "Plot of the Curve"};
         QCOMPARE(MissingCells(pages, names).join(", "), QString());
         QVERIFY(FindWord(pages.back(), "ACCELERATION") != nullptr);  // upright
-        QVERIFY(MissingCells(Pages(m_record, ReportMode::Specification, ReportPaper::Letter), names) == names);
+        QVERIFY(MissingCells(Pages(m_record, CReportMode::Specification, CReportPaper::Letter), names) == names);
     }
 
     void TitlesTooLongForThePlotAreShortened() {
-        const auto pages = Pages(m_wideRecord, ReportMode::Full, ReportPaper::Letter);
+        const auto pages = Pages(m_wideRecord, CReportMode::Full, CReportPaper::Letter);
         const QString ellipsis(QChar(0x2026));
         const auto& words = pages.back().words;
         const auto isShortened = [&](const CPdfWord& word) { return word.text.endsWith(ellipsis); };
@@ -298,7 +298,7 @@ private slots:
         ks::CNSignal record;
         record.SetData({0.0, 1.0, 2.0}, {4.0, 2.0, 0.0});
         const QSizeF letter(8.5, 11.0);
-        const CReport report({record, "ramp", ReportMode::Full, QDate(2024, 2, 9)}, letter);
+        const CReport report({record, "ramp", CReportMode::Full, QDate(2024, 2, 9)}, letter);
         const QImage image = Picture(report, report.PageCount() - 1, letter);
         const QRect frame = Frame(image);
         QVERIFY(frame.width() > 3 * kDotsPerInch && frame.height() > 2 * kDotsPerInch);
@@ -315,16 +315,16 @@ private slots:
     /// They ended the name, which a tab does in a list of names.
     void ControlCharactersInANameAreBlanks() {
         const std::string path = m_folder.Path("named.pdf");
-        const ks::WriteResult result =
-            WriteReportPdf(path, m_record, "folder/one\ttwo\nthree.uds", ReportMode::Full, {ReportPaper::A4, kDay});
-        QVERIFY(result == ks::WriteResult::Written);
+        const ks::CWriteResult result =
+            WriteReportPdf(path, m_record, "folder/one\ttwo\nthree.uds", CReportMode::Full, {CReportPaper::A4, kDay});
+        QVERIFY(result == ks::CWriteResult::Written);
         const auto pages = ReadPdf(QString::fromStdString(path));
         QCOMPARE(MissingCells(pages, {"one two three.uds"}).join(", "), QString());
     }
 
     void PaintingIsTheSameOnEveryDeviceAndEveryTime() {
         const QSizeF letter(8.5, 11.0);
-        const CReport report({m_wideRecord, "a.uds", ReportMode::Full, QDate(2024, 2, 9)}, letter);
+        const CReport report({m_wideRecord, "a.uds", CReportMode::Full, QDate(2024, 2, 9)}, letter);
         const int last = report.PageCount() - 1;
         const QImage first = Picture(report, last, letter);
         QImage other(100, 130, QImage::Format_Grayscale8);  // of another resolution, in which less room seems to be
@@ -344,7 +344,7 @@ private slots:
         QLocale::setDefault(QLocale(locale));
         ks::CNSignal record = m_record;
         record.SetData({0.0, 0.5}, {0.0, 12345.5});
-        const auto pages = Pages(record, ReportMode::Full, ReportPaper::A4);
+        const auto pages = Pages(record, CReportMode::Full, CReportPaper::A4);
         for (const char* label : {"0.1", "0.4", "0", "10000"})
             QVERIFY2(FindWord(pages.back(), label) != nullptr, label);
     }
@@ -353,8 +353,8 @@ private slots:
         QPrinter printer;
         printer.setOutputFileName(QString::fromStdString(m_folder.Path("small.pdf")));
         printer.setPageSize(QPageSize(QPageSize::A6));
-        const CPrinter report({m_wideRecord, "a.uds", ReportMode::Full, QDate(2024, 2, 9)});
-        QVERIFY(report.Print(printer) == PrintResult::Printed);
+        const CPrinter report({m_wideRecord, "a.uds", CReportMode::Full, QDate(2024, 2, 9)});
+        QVERIFY(report.Print(printer) == CPrintResult::Printed);
         const auto pages = ReadPdf(printer.outputFileName());
         const QRectF paper(QPointF(), pages.back().size);
         const QString ellipsis(QChar(0x2026));
@@ -367,7 +367,7 @@ private slots:
     }
 
     void ThePlotIsNoPictureOfPixels() {
-        const std::string bytes = ReadAll(Write(m_record, ReportMode::Full, ReportPaper::A4));
+        const std::string bytes = ReadAll(Write(m_record, CReportMode::Full, CReportPaper::A4));
         QVERIFY(bytes.starts_with("%PDF-"));
         QVERIFY(bytes.find("/Subtype /Image") == std::string::npos);
         QVERIFY(bytes.find("/Subtype/Image") == std::string::npos);
@@ -381,8 +381,8 @@ private slots:
         printer.setPageSize(QPageSize(QPageSize::A4));
         printer.setPrintRange(QPrinter::PageRange);
         printer.setFromTo(2, 7);
-        const CPrinter report({m_record, "a.uds", ReportMode::Full, QDate(2024, 2, 9)});
-        QVERIFY(report.Print(printer) == PrintResult::Printed);
+        const CPrinter report({m_record, "a.uds", CReportMode::Full, QDate(2024, 2, 9)});
+        QVERIFY(report.Print(printer) == CPrintResult::Printed);
         const auto pages = ReadPdf(printer.outputFileName());
         QCOMPARE(pages.size(), std::size_t{1});
         QVERIFY(HasCell(pages, "Page: 2"));
@@ -391,13 +391,13 @@ private slots:
     /// A blank page was printed, and an old file lost.
     void ARangeOutsideTheReportIsToldAndOpensNothing() {
         const std::string old = m_folder.Write("old.pdf", "old");
-        const CPrinter report({m_record, "a.uds", ReportMode::Full, QDate(2024, 2, 9)});
+        const CPrinter report({m_record, "a.uds", CReportMode::Full, QDate(2024, 2, 9)});
         for (const std::string& path : {old, m_folder.Path("none.pdf")}) {
             QPrinter printer;
             printer.setOutputFileName(QString::fromStdString(path));
             printer.setPrintRange(QPrinter::PageRange);
             printer.setFromTo(3, 7);
-            QVERIFY(report.Print(printer) == PrintResult::NoPages);
+            QVERIFY(report.Print(printer) == CPrintResult::NoPages);
             QVERIFY(printer.printerState() == QPrinter::Idle);
         }
         QCOMPARE(ReadAll(old), std::string("old"));
@@ -412,12 +412,12 @@ private slots:
     }
 
     void ThePagesCanBeCountedForEveryPaper() {
-        const CPrinter report({m_record, "a.uds", ReportMode::Full, QDate(2024, 2, 9)});
+        const CPrinter report({m_record, "a.uds", CReportMode::Full, QDate(2024, 2, 9)});
         for (const QPageSize::PageSizeId paper : {QPageSize::Letter, QPageSize::A4}) {
             QCOMPARE(report.PageCount(QPageLayout(QPageSize(paper), QPageLayout::Portrait, QMarginsF(20, 20, 20, 20))),
                      2);
         }
-        QCOMPARE(CPrinter({m_record, "a.uds", ReportMode::Specification, QDate(2024, 2, 9)})
+        QCOMPARE(CPrinter({m_record, "a.uds", CReportMode::Specification, QDate(2024, 2, 9)})
                      .PageCount(QPageLayout(QPageSize(QPageSize::A4), QPageLayout::Portrait, {})),
                  1);
     }
@@ -427,8 +427,8 @@ private slots:
         printer.setOutputFileName(QString::fromStdString(m_folder.Path("sideways.pdf")));
         printer.setPageSize(QPageSize(QPageSize::Letter));
         printer.setPageOrientation(QPageLayout::Landscape);
-        const CPrinter report({m_wideRecord, "a.uds", ReportMode::Full, QDate(2024, 2, 9)});
-        QVERIFY(report.Print(printer) == PrintResult::Printed);
+        const CPrinter report({m_wideRecord, "a.uds", CReportMode::Full, QDate(2024, 2, 9)});
+        QVERIFY(report.Print(printer) == CPrintResult::Printed);
         const auto pages = ReadPdf(printer.outputFileName());
         QVERIFY(pages.size() > 2);
         QVERIFY(Near(pages[0].size.width(), 792.0, 1.0) && Near(pages[0].size.height(), 612.0, 1.0));
@@ -439,8 +439,8 @@ private slots:
     void APrinterThatDoesNotOpenIsTold() {
         QPrinter printer;  // no printer and no file
         printer.setPrinterName("no such printer");
-        const CPrinter report({m_record, "a.uds", ReportMode::Full, QDate(2024, 2, 9)});
-        QVERIFY(report.Print(printer) == PrintResult::NotOpened);
+        const CPrinter report({m_record, "a.uds", CReportMode::Full, QDate(2024, 2, 9)});
+        QVERIFY(report.Print(printer) == CPrintResult::NotOpened);
     }
 
     // The file.
@@ -448,7 +448,7 @@ private slots:
     void TheDateIsTodayUnlessGiven() {
         const std::string path = m_folder.Path("today.pdf");
         const QDate before = QDate::currentDate();
-        QVERIFY(WriteReportPdf(path, m_record, "a.uds", ReportMode::Specification) == ks::WriteResult::Written);
+        QVERIFY(WriteReportPdf(path, m_record, "a.uds", CReportMode::Specification) == ks::CWriteResult::Written);
         const QDate after = QDate::currentDate();
         const auto pages = ReadPdf(QString::fromStdString(path));
         const auto hasDate = [&](const QDate& date) {
@@ -459,45 +459,45 @@ private slots:
 
     void AnOldFileIsReplaced() {
         const std::string path = m_folder.Write("old.pdf", "old");
-        QVERIFY(WriteReportPdf(path, m_record, "a.uds", ReportMode::Specification) == ks::WriteResult::Written);
+        QVERIFY(WriteReportPdf(path, m_record, "a.uds", CReportMode::Specification) == ks::CWriteResult::Written);
         QVERIFY(ReadAll(path).starts_with("%PDF-"));
     }
 
     void AMissingFolderIsTold() {
         const std::string path = m_folder.Path("nowhere/a.pdf");
-        QVERIFY(WriteReportPdf(path, m_record, "a.uds", ReportMode::Full) == ks::WriteResult::NotOpened);
+        QVERIFY(WriteReportPdf(path, m_record, "a.uds", CReportMode::Full) == ks::CWriteResult::NotOpened);
     }
 
     void AFullDeviceIsTold() {
-        QVERIFY(WriteReportPdf("/dev/full", m_record, "a.uds", ReportMode::Full) == ks::WriteResult::NotCompleted);
+        QVERIFY(WriteReportPdf("/dev/full", m_record, "a.uds", CReportMode::Full) == ks::CWriteResult::NotCompleted);
     }
 
 private:
     void AddKinds() {
         QTest::addColumn<int>("mode");
         QTest::addColumn<int>("paper");
-        for (const ReportMode mode : {ReportMode::Specification, ReportMode::Full}) {
-            for (const ReportPaper paper : {ReportPaper::Letter, ReportPaper::A4}) {
-                const QByteArray name = QByteArray(mode == ReportMode::Full ? "full" : "specification") + " on " +
-                                        (paper == ReportPaper::A4 ? "A4" : "Letter");
+        for (const CReportMode mode : {CReportMode::Specification, CReportMode::Full}) {
+            for (const CReportPaper paper : {CReportPaper::Letter, CReportPaper::A4}) {
+                const QByteArray name = QByteArray(mode == CReportMode::Full ? "full" : "specification") + " on " +
+                                        (paper == CReportPaper::A4 ? "A4" : "Letter");
                 QTest::newRow(name.constData()) << static_cast<int>(mode) << static_cast<int>(paper);
             }
         }
     }
     /// Of the row at work.
     static int Column(const char* name) { return *static_cast<const int*>(QTest::qData(name, QMetaType::Int)); }
-    static bool IsFull() { return Column("mode") == static_cast<int>(ReportMode::Full); }
-    static bool IsLetter() { return Column("paper") == static_cast<int>(ReportPaper::Letter); }
+    static bool IsFull() { return Column("mode") == static_cast<int>(CReportMode::Full); }
+    static bool IsLetter() { return Column("paper") == static_cast<int>(CReportPaper::Letter); }
 
     std::vector<CPdfPage> Written(const ks::CNSignal& record) {
-        return Pages(record, static_cast<ReportMode>(Column("mode")), static_cast<ReportPaper>(Column("paper")));
+        return Pages(record, static_cast<CReportMode>(Column("mode")), static_cast<CReportPaper>(Column("paper")));
     }
-    std::string Write(const ks::CNSignal& record, ReportMode mode, ReportPaper paper) {
+    std::string Write(const ks::CNSignal& record, CReportMode mode, CReportPaper paper) {
         const std::string path = m_folder.Path("report.pdf");
-        const ks::WriteResult result = WriteReportPdf(path, record, "some/folder/record.uds", mode, {paper, kDay});
-        return result == ks::WriteResult::Written ? path : std::string();
+        const ks::CWriteResult result = WriteReportPdf(path, record, "some/folder/record.uds", mode, {paper, kDay});
+        return result == ks::CWriteResult::Written ? path : std::string();
     }
-    std::vector<CPdfPage> Pages(const ks::CNSignal& record, ReportMode mode, ReportPaper paper) {
+    std::vector<CPdfPage> Pages(const ks::CNSignal& record, CReportMode mode, CReportPaper paper) {
         return ReadPdf(QString::fromStdString(Write(record, mode, paper)));
     }
 

@@ -162,7 +162,7 @@ void CUDSDialog::SetTabOrder() {
 }
 
 CReportSubject CUDSDialog::Report() const {
-    return {m_record, FileName(), static_cast<ReportMode>(m_ui->modeBox->currentIndex()), QDate::currentDate()};
+    return {m_record, FileName(), static_cast<CReportMode>(m_ui->modeBox->currentIndex()), QDate::currentDate()};
 }
 
 QString CUDSDialog::FileName() const {
@@ -186,15 +186,15 @@ void CUDSDialog::PrintReport() {
     }
     const CPrinter report(Report());
     switch (report.Print(printer)) {
-        case PrintResult::Printed:
+        case CPrintResult::Printed:
             break;
-        case PrintResult::NoPages:
+        case CPrintResult::NoPages:
             m_host.ShowError(this, NoSuchPages(report.PageCount(printer.pageLayout())));
             break;
-        case PrintResult::NotOpened:
+        case CPrintResult::NotOpened:
             m_host.ShowError(this, file.isEmpty() ? NotPrinted(printer.printerName()) : FileNotOpened(file));
             break;
-        case PrintResult::NotCompleted:
+        case CPrintResult::NotCompleted:
             m_host.ShowError(this, FileNotCompleted(file));
             break;
     }
@@ -215,12 +215,12 @@ void CUDSDialog::ExportPoints() {
     const ks::CAsciiForm form = m_ui->xyButton->isChecked() ? ks::CAsciiForm::XY : ks::CAsciiForm::X;
     try {
         switch (ks::ExportAsciiPoints(path->toStdString(), m_record, form)) {
-            case ks::WriteResult::Written:
+            case ks::CWriteResult::Written:
                 break;
-            case ks::WriteResult::NotOpened:
+            case ks::CWriteResult::NotOpened:
                 m_host.ShowError(this, FileNotOpened(*path));
                 break;
-            case ks::WriteResult::NotCompleted:
+            case ks::CWriteResult::NotCompleted:
                 m_host.ShowError(this, FileNotCompleted(*path));
                 break;
         }

@@ -15,8 +15,8 @@ constexpr int kResolution = 1200;  // dots per inch; positions are rounded to th
 
 }  // namespace
 
-ks::WriteResult WritePdfFile(const std::string& path, const CPdfForm& form, const PaintPages& paint) {
-    if (!ks::CanWrite(path)) return ks::WriteResult::NotOpened;
+ks::CWriteResult WritePdfFile(const std::string& path, const CPdfForm& form, const PaintPages& paint) {
+    if (!ks::CanWrite(path)) return ks::CWriteResult::NotOpened;
     QBuffer file;
     file.open(QIODevice::WriteOnly);
     {
@@ -25,7 +25,7 @@ ks::WriteResult WritePdfFile(const std::string& path, const CPdfForm& form, cons
         writer.setTitle(form.title);
         writer.setCreator(QStringLiteral("Quorvel"));
         writer.setPageLayout(form.layout);
-        if (!paint(writer)) return ks::WriteResult::NotCompleted;
+        if (!paint(writer)) return ks::CWriteResult::NotCompleted;
     }
     return ks::WriteFile(path, std::string_view(file.data().constData(), static_cast<std::size_t>(file.size())));
 }

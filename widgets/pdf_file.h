@@ -22,7 +22,7 @@ using PaintPages = std::function<bool(QPagedPaintDevice& device)>;
 /// Writes what `paint` paints as a PDF file to `path` (UTF-8). The toolkit empties an old file before it paints and
 /// tells no fault of writing; this file is painted in memory and replaces an old one only when it is complete.
 /// @return NotCompleted also when `paint` fails
-[[nodiscard]] ks::WriteResult WritePdfFile(const std::string& path, const CPdfForm& form, const PaintPages& paint);
+[[nodiscard]] ks::CWriteResult WritePdfFile(const std::string& path, const CPdfForm& form, const PaintPages& paint);
 
 /// Whether `printer` was told to make a PDF file of a given name: its case for WritePdfFile.
 [[nodiscard]] bool MakesPdfFile(const QPrinter& printer);

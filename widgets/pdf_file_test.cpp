@@ -33,7 +33,7 @@ class CPdfFileTest : public QObject {
 private slots:
     void TheFileHasThePaperTheTitleAndThePages() {
         const std::string path = m_folder.Path("two.pdf");
-        QVERIFY(WritePdfFile(path, {kSideways, "Velocity"}, PaintTwoPages) == ks::WriteResult::Written);
+        QVERIFY(WritePdfFile(path, {kSideways, "Velocity"}, PaintTwoPages) == ks::CWriteResult::Written);
         const QByteArray pdf = QByteArray::fromStdString(ReadAll(path));
         QVERIFY(pdf.startsWith("%PDF-") && pdf.trimmed().endsWith("%%EOF"));
         QCOMPARE(pdf.count("/Type /Page\n"), qsizetype{2});
@@ -50,7 +50,7 @@ private slots:
             inches = QSizeF(device.width(), device.height()) / device.logicalDpiX();
             return PaintTwoPages(device);
         };
-        QVERIFY(WritePdfFile(m_folder.Path("a.pdf"), {kSideways, {}}, measure) == ks::WriteResult::Written);
+        QVERIFY(WritePdfFile(m_folder.Path("a.pdf"), {kSideways, {}}, measure) == ks::CWriteResult::Written);
         const QSizeF expected((792.0 - 36.0 - 18.0) / 72.0, (612.0 - 72.0 - 9.0) / 72.0);
         QVERIFY(std::abs(inches.width() - expected.width()) <= 0.002);
         QVERIFY(std::abs(inches.height() - expected.height()) <= 0.002);
@@ -59,14 +59,14 @@ private slots:
     void AFaultIsToldAndLeavesTheOldFileAsItIs() {
         const std::string path = m_folder.Write("old.pdf", "old");
         const PaintPages fail = [](QPagedPaintDevice&) { return false; };
-        QVERIFY(WritePdfFile(path, {kSideways, {}}, fail) == ks::WriteResult::NotCompleted);
+        QVERIFY(WritePdfFile(path, {kSideways, {}}, fail) == ks::CWriteResult::NotCompleted);
         {
             const CFileSizeLimit limit(500);
-            QVERIFY(WritePdfFile(path, {kSideways, {}}, PaintTwoPages) == ks::WriteResult::NotCompleted);
+            QVERIFY(WritePdfFile(path, {kSideways, {}}, PaintTwoPages) == ks::CWriteResult::NotCompleted);
         }
         {
             const COrdinaryUser user;  // who may not write there
-            QVERIFY(WritePdfFile(path, {kSideways, {}}, PaintTwoPages) == ks::WriteResult::NotOpened);
+            QVERIFY(WritePdfFile(path, {kSideways, {}}, PaintTwoPages) == ks::CWriteResult::NotOpened);
         }
         QCOMPARE(ReadAll(path), std::string("old"));
     }
@@ -75,12 +75,12 @@ private slots:
         bool isPainted = false;
         const PaintPages paint = [&isPainted](QPagedPaintDevice&) { return isPainted = true; };
         const std::string path = m_folder.Path("nowhere/a.pdf");
-        QVERIFY(WritePdfFile(path, {kSideways, {}}, paint) == ks::WriteResult::NotOpened);
+        QVERIFY(WritePdfFile(path, {kSideways, {}}, paint) == ks::CWriteResult::NotOpened);
         QVERIFY(!isPainted);
     }
 
     void AFullDeviceIsTold() {
-        QVERIFY(WritePdfFile("/dev/full", {kSideways, {}}, PaintTwoPages) == ks::WriteResult::NotCompleted);
+        QVERIFY(WritePdfFile("/dev/full", {kSideways, {}}, PaintTwoPages) == ks::CWriteResult::NotCompleted);
     }
 
     void OnlyAPrinterWithTheNameOfAPdfFileMakesOne() {

@@ -22,8 +22,8 @@ QStringList DialogFilters(const std::vector<ks::CFileFilter>& filters) {
 }
 
 QFileDialog::FileMode FileModeOf(const ks::CFileRequest& request) {
-    if (request.kind == ks::PickerKind::Save || !request.fileMustExist) return QFileDialog::AnyFile;
-    return request.kind == ks::PickerKind::OpenSeveral ? QFileDialog::ExistingFiles : QFileDialog::ExistingFile;
+    if (request.kind == ks::CPickerKind::Save || !request.fileMustExist) return QFileDialog::AnyFile;
+    return request.kind == ks::CPickerKind::OpenSeveral ? QFileDialog::ExistingFiles : QFileDialog::ExistingFile;
 }
 
 void SetFilters(QFileDialog& dialog, const ks::CFileRequest& request) {
@@ -54,13 +54,13 @@ QStringList NativePaths(const QStringList& paths) {
 
 }  // namespace
 
-std::unique_ptr<QFileDialog> CFileDialogs::MakeDialog(QWidget* parent, const ks::CFileRequest& request, Style style) {
+std::unique_ptr<QFileDialog> CFileDialogs::MakeDialog(QWidget* parent, const ks::CFileRequest& request, CStyle style) {
     auto dialog = std::make_unique<QFileDialog>(parent, QString::fromStdString(request.title),
                                                 ExistingFolder(QString::fromStdString(request.folder)));
-    dialog->setOption(QFileDialog::DontUseNativeDialog, style == Style::Drawn);
+    dialog->setOption(QFileDialog::DontUseNativeDialog, style == CStyle::Drawn);
     dialog->setOption(QFileDialog::HideNameFilterDetails);
     dialog->setOption(QFileDialog::DontConfirmOverwrite, !request.askBeforeOverwriting);
-    dialog->setAcceptMode(request.kind == ks::PickerKind::Save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+    dialog->setAcceptMode(request.kind == ks::CPickerKind::Save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     dialog->setFileMode(FileModeOf(request));
     SetFilters(*dialog, request);
     dialog->setDefaultSuffix(QString::fromStdString(request.defaultExtension));

@@ -28,17 +28,17 @@ public:
 /// The file dialogs of the platform.
 class CFileDialogs : public CFilePicker {
 public:
-    enum class Style { Native, Drawn };
+    enum class CStyle { Native, Drawn };
 
     /// Drawn dialogs are Qt's own; they can be driven without a screen.
-    explicit CFileDialogs(Style style = Style::Native) : m_style(style) {}
+    explicit CFileDialogs(CStyle style = CStyle::Native) : m_style(style) {}
     std::optional<CPickedFiles> Pick(QWidget* parent, const ks::CFileRequest& request) override;
 
     /// The dialog that Pick shows.
-    static std::unique_ptr<QFileDialog> MakeDialog(QWidget* parent, const ks::CFileRequest& request, Style style);
+    static std::unique_ptr<QFileDialog> MakeDialog(QWidget* parent, const ks::CFileRequest& request, CStyle style);
 
 private:
-    Style m_style;
+    CStyle m_style;
 };
 
 /// `folder` when it exists, else the home folder.

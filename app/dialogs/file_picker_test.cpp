@@ -44,9 +44,9 @@ private slots:
     }
 
     void ThePickerShowsTheFiltersLetterForLetter() {
-        ks::CFileRequest request = Request(ks::PickerKind::OpenSeveral);
+        ks::CFileRequest request = Request(ks::CPickerKind::OpenSeveral);
         request.filterIndex = 2;
-        const auto dialog = CFileDialogs::MakeDialog(nullptr, request, CFileDialogs::Style::Drawn);
+        const auto dialog = CFileDialogs::MakeDialog(nullptr, request, CFileDialogs::CStyle::Drawn);
         QCOMPARE(dialog->windowTitle(), QString("Select Uds File(s) to Evaluate"));
         const auto* const combo = dialog->findChild<QComboBox*>("fileTypeCombo");
         QVERIFY(combo);
@@ -61,9 +61,9 @@ private slots:
 
     void AFilterIndexOutOfRangeSelectsTheFirst() {
         for (const int index : {-1, 0, 7}) {
-            ks::CFileRequest request = Request(ks::PickerKind::OpenOne);
+            ks::CFileRequest request = Request(ks::CPickerKind::OpenOne);
             request.filterIndex = index;
-            const auto dialog = CFileDialogs::MakeDialog(nullptr, request, CFileDialogs::Style::Drawn);
+            const auto dialog = CFileDialogs::MakeDialog(nullptr, request, CFileDialogs::CStyle::Drawn);
             QCOMPARE(dialog->findChild<QComboBox*>("fileTypeCombo")->currentIndex(), 0);
             QCOMPARE(dialog->fileMode(), QFileDialog::ExistingFile);
         }
@@ -71,7 +71,7 @@ private slots:
 
     void ThePickerStartsWithinTheScreen() {
         const auto dialog =
-            CFileDialogs::MakeDialog(nullptr, Request(ks::PickerKind::OpenOne), CFileDialogs::Style::Drawn);
+            CFileDialogs::MakeDialog(nullptr, Request(ks::CPickerKind::OpenOne), CFileDialogs::CStyle::Drawn);
         const QSize screen = dialog->screen()->availableSize();
         QVERIFY(dialog->width() < screen.width() && dialog->height() < screen.height());
         QVERIFY(dialog->width() == 820 || dialog->width() > screen.width() - 60);  // no smaller than it must be
@@ -86,7 +86,7 @@ private slots:
             OpenButton(window).click();
         });
         const auto picked =
-            CFileDialogs(CFileDialogs::Style::Drawn).Pick(nullptr, Request(ks::PickerKind::OpenSeveral));
+            CFileDialogs(CFileDialogs::CStyle::Drawn).Pick(nullptr, Request(ks::CPickerKind::OpenSeveral));
         QVERIFY(picked);
         QCOMPARE(picked->paths, Native({"a.uds", "b.uds"}));
         QCOMPARE(picked->filterIndex, 5);
@@ -94,7 +94,7 @@ private slots:
 
     void TheFilterChosenAtTheStartComesBackUntouched() {
         for (int index = 1; index <= 6; ++index) {
-            ks::CFileRequest request = Request(ks::PickerKind::OpenOne);
+            ks::CFileRequest request = Request(ks::CPickerKind::OpenOne);
             request.filterIndex = index;
             // A file that the filter shows; for any file, one without a dot.
             const std::string& pattern = request.filters[static_cast<std::size_t>(index - 1)].pattern;
@@ -104,7 +104,7 @@ private slots:
                 window.findChild<QLineEdit*>("fileNameEdit")->setText(name);
                 OpenButton(window).click();
             });
-            const auto picked = CFileDialogs(CFileDialogs::Style::Drawn).Pick(nullptr, request);
+            const auto picked = CFileDialogs(CFileDialogs::CStyle::Drawn).Pick(nullptr, request);
             QVERIFY(picked);
             QCOMPARE(picked->filterIndex, index);
         }
@@ -123,31 +123,31 @@ private slots:
             QVERIFY(window.isVisible());
             window.close();
         });
-        QVERIFY(!CFileDialogs(CFileDialogs::Style::Drawn).Pick(nullptr, Request(ks::PickerKind::OpenOne)));
+        QVERIFY(!CFileDialogs(CFileDialogs::CStyle::Drawn).Pick(nullptr, Request(ks::CPickerKind::OpenOne)));
     }
 
     void CancelGivesNothing() {
         m_dialogs.Expect([](QWidget& window) { window.close(); });
-        QVERIFY(!CFileDialogs(CFileDialogs::Style::Drawn).Pick(nullptr, Request(ks::PickerKind::OpenOne)));
+        QVERIFY(!CFileDialogs(CFileDialogs::CStyle::Drawn).Pick(nullptr, Request(ks::CPickerKind::OpenOne)));
     }
 
     void SavingTakesANewNameEvenWhereAFileMustExist() {
-        ks::CFileRequest request = Request(ks::PickerKind::Save);
+        ks::CFileRequest request = Request(ks::CPickerKind::Save);
         m_dialogs.Expect([](QWidget& window) {
             window.findChild<QLineEdit*>("fileNameEdit")->setText("new.hit");
             OpenButton(window).click();
         });
-        const auto picked = CFileDialogs(CFileDialogs::Style::Drawn).Pick(nullptr, request);
+        const auto picked = CFileDialogs(CFileDialogs::CStyle::Drawn).Pick(nullptr, request);
         QVERIFY(picked);
         QCOMPARE(picked->paths, Native({"new.hit"}));
     }
 
     void SavingOverAFileAsksOnlyWhenTold() {
-        ks::CFileRequest request = Request(ks::PickerKind::Save);
-        const auto quiet = CFileDialogs::MakeDialog(nullptr, request, CFileDialogs::Style::Drawn);
+        ks::CFileRequest request = Request(ks::CPickerKind::Save);
+        const auto quiet = CFileDialogs::MakeDialog(nullptr, request, CFileDialogs::CStyle::Drawn);
         QVERIFY(quiet->testOption(QFileDialog::DontConfirmOverwrite));
         request.askBeforeOverwriting = true;
-        const auto asking = CFileDialogs::MakeDialog(nullptr, request, CFileDialogs::Style::Drawn);
+        const auto asking = CFileDialogs::MakeDialog(nullptr, request, CFileDialogs::CStyle::Drawn);
         QVERIFY(!asking->testOption(QFileDialog::DontConfirmOverwrite));
 
         request.askBeforeOverwriting = false;
@@ -156,13 +156,13 @@ private slots:
             OpenButton(window).click();
             QVERIFY(!window.isVisible());
         });
-        const auto picked = CFileDialogs(CFileDialogs::Style::Drawn).Pick(nullptr, request);
+        const auto picked = CFileDialogs(CFileDialogs::CStyle::Drawn).Pick(nullptr, request);
         QVERIFY(picked);
         QCOMPARE(picked->paths, Native({"a.uds"}));
     }
 
 private:
-    ks::CFileRequest Request(ks::PickerKind kind) const {
+    ks::CFileRequest Request(ks::CPickerKind kind) const {
         ks::CFileRequest request;
         request.kind = kind;
         request.title = "Select Uds File(s) to Evaluate";

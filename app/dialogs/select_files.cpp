@@ -138,7 +138,7 @@ ks::CFileRequest CSelectFiles::SignalFileRequest() const {
 
 void CSelectFiles::AddFiles() {
     ks::CFileRequest request = SignalFileRequest();
-    request.kind = ks::PickerKind::OpenSeveral;
+    request.kind = ks::CPickerKind::OpenSeveral;
     request.title = tr("Select Uds File(s) to Evaluate").toStdString();
     request.folder = m_settings.Get(setting::kInputDir).toStdString();
     const auto picked = m_picker.Pick(this, request);
@@ -184,19 +184,19 @@ void CSelectFiles::ReadHitList() {
 
 void CSelectFiles::SaveHitList() {
     ks::CFileRequest request = HitListRequest();
-    request.kind = ks::PickerKind::Save;
+    request.kind = ks::CPickerKind::Save;
     request.title = tr("Save Hit List as").toStdString();
     const auto picked = m_picker.Pick(this, request);
     if (!picked) return;
     const QString path = picked->paths.first();
     switch (ks::WriteHitList(path.toStdString(), m_ui->fileList->Files())) {
-        case ks::WriteResult::Written:
+        case ks::CWriteResult::Written:
             RememberHitList(path);
             break;
-        case ks::WriteResult::NotOpened:
+        case ks::CWriteResult::NotOpened:
             m_messages.ShowError(this, HitListUnreadable());
             break;
-        case ks::WriteResult::NotCompleted:
+        case ks::CWriteResult::NotCompleted:
             m_messages.ShowError(
                 this,
                 tr("Writing the hit list failed before it was complete. An older file of this name is unchanged."));
@@ -213,7 +213,7 @@ void CSelectFiles::TakeDropped(const QStringList& paths, int row) {
     const CDroppedFiles dropped = TakeDroppedFiles(paths, m_settings, m_messages, this);
     m_ui->fileList->InsertFiles(row, dropped.files);
     if (!dropped.files.empty() || !dropped.unreadableHitLists.isEmpty()) return;
-    m_messages.Show(this, MessageIcon::Information, windowTitle(), NothingDropped(CurrentDataTypeText(m_settings)));
+    m_messages.Show(this, CMessageIcon::Information, windowTitle(), NothingDropped(CurrentDataTypeText(m_settings)));
 }
 
 void CSelectFiles::accept() {
@@ -259,7 +259,7 @@ bool CSelectFiles::CheckFiles() {
 void CSelectFiles::CheckTimes() {
     if (m_selection.windowStart < m_selection.windowEnd) return;
     // A warning only, whether or not the window is used: the times are returned as entered, the run decides.
-    m_messages.Show(this, MessageIcon::Warning, tr("Error"), tr("Max time must be > min time"));
+    m_messages.Show(this, CMessageIcon::Warning, tr("Error"), tr("Max time must be > min time"));
     m_ui->maxTimeEdit->setFocus();
 }
 

@@ -213,7 +213,7 @@ private slots:
         Button(kAddFilesId).click();
         QCOMPARE(m_picker.requests.size(), std::size_t{1});
         const ks::CFileRequest& request = m_picker.requests[0];
-        QCOMPARE(request.kind, ks::PickerKind::OpenSeveral);
+        QCOMPARE(request.kind, ks::CPickerKind::OpenSeveral);
         QCOMPARE(request.title, std::string("Select Uds File(s) to Evaluate"));
         QVERIFY(request.fileMustExist && request.hideReadOnly);
         CheckSignalFilters(request);
@@ -280,7 +280,7 @@ private slots:
         Button(kBrowseReferenceId).click();
         QCOMPARE(m_picker.requests.size(), std::size_t{1});
         const ks::CFileRequest& request = m_picker.requests[0];
-        QCOMPARE(request.kind, ks::PickerKind::OpenOne);
+        QCOMPARE(request.kind, ks::CPickerKind::OpenOne);
         QCOMPARE(request.title, std::string("Select Reference Uds File"));
         QVERIFY(request.fileMustExist && request.hideReadOnly);
         CheckSignalFilters(request);
@@ -311,7 +311,7 @@ private slots:
     void ReadHitListAsksForAHitList() {
         Open({});
         Button(kReadHitListId).click();
-        CheckHitListRequest("Select Hit List", ks::PickerKind::OpenOne);
+        CheckHitListRequest("Select Hit List", ks::CPickerKind::OpenOne);
     }
 
     void ReadHitListSkipsEmptyLinesAndAppendsTheOthers() {
@@ -338,7 +338,7 @@ private slots:
     void SaveHitListAsksForAHitList() {
         Open({});
         Button(kSaveHitListId).click();
-        CheckHitListRequest("Save Hit List as", ks::PickerKind::Save);
+        CheckHitListRequest("Save Hit List as", ks::CPickerKind::Save);
         QVERIFY(!m_picker.requests[0].askBeforeOverwriting);
     }
 
@@ -764,7 +764,7 @@ private:
         for (std::size_t i = 0; i < 6; ++i) QCOMPARE(request.filters[i].text, DataTypeFilters()[i].text);
     }
 
-    void CheckHitListRequest(const QString& title, ks::PickerKind kind) {
+    void CheckHitListRequest(const QString& title, ks::CPickerKind kind) {
         QCOMPARE(m_picker.requests.size(), std::size_t{1});
         const ks::CFileRequest& request = m_picker.requests[0];
         QCOMPARE(request.kind, kind);

@@ -36,7 +36,7 @@ QString PrintFault(CChartControl& chart, QPrinter& printer) {
     if (MakesPdfFile(printer)) {
         const QString path = printer.outputFileName();
         const CPdfForm form{printer.pageLayout(), printer.docName()};
-        if (WritePdfFile(path.toStdString(), form, paint) == ks::WriteResult::Written) return {};
+        if (WritePdfFile(path.toStdString(), form, paint) == ks::CWriteResult::Written) return {};
         return CChartPrinting::tr("The plot could not be printed to %1.").arg(path);
     }
     if (paint(printer) && printer.printerState() != QPrinter::Error) return {};

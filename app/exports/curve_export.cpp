@@ -14,11 +14,11 @@ struct CCurveExport {
 
 }  // namespace
 
-QString SaveCurves(const CChartControl& chart, CQuorvelDoc& document, CWindowHost& host, CurveFormat format) {
+QString SaveCurves(const CChartControl& chart, CQuorvelDoc& document, CWindowHost& host, CCurveFormat format) {
     // Before a name is asked for: the document would make an empty ASCII table of it.
     if (!chart.Exists()) return CCurveExport::tr("This page has no curves to save.");
     host.BeginSaving();
-    format == CurveFormat::Uds ? document.OnSaveUds() : document.OnSaveAscii();
+    format == CCurveFormat::Uds ? document.OnSaveUds() : document.OnSaveAscii();
     const QStringList& paths = host.SavePaths();
     if (host.HasShownErrors() || paths.isEmpty()) return {};
     if (paths.size() == 1) return CCurveExport::tr("Saved as %1.").arg(paths.front());

@@ -6,11 +6,11 @@ class CChartControl;
 class CQuorvelDoc;
 class CWindowHost;
 
-enum class CurveFormat { Uds, Ascii };
+enum class CCurveFormat { Uds, Ascii };
 
 /// Has the document save the curves of the page on show, which `chart` shows; `host` is the document's.
 /// @return what was done, or that the page has no curves, for the status bar; empty when the user cancelled or was told
 ///         otherwise
 /// @throws ks::CError from the UDS writer
 [[nodiscard]] QString SaveCurves(const CChartControl& chart, CQuorvelDoc& document, CWindowHost& host,
-                                 CurveFormat format);
+                                 CCurveFormat format);

@@ -10,8 +10,8 @@
 
 namespace {
 
-ks::CFileRequest PictureRequest(PictureKind kind, const std::string& folder) {
-    if (kind == PictureKind::Bitmap) {
+ks::CFileRequest PictureRequest(CPictureKind kind, const std::string& folder) {
+    if (kind == CPictureKind::Bitmap) {
         return ks::SaveRequest(CPictureExport::tr("Save Bitmap as").toStdString(), folder,
                                {{"Windows Bitmap(*.bmp)", "*.bmp"}, AllFilesFilter()});
     }
@@ -19,19 +19,19 @@ ks::CFileRequest PictureRequest(PictureKind kind, const std::string& folder) {
                            {{"Windows Metafile(*.wmf)", "*.wmf"}, AllFilesFilter()});
 }
 
-ks::WriteResult WritePicture(CChartControl& chart, PictureKind kind, const std::string& path) {
-    return kind == PictureKind::Bitmap ? chart.ExportBitmap(kBitmapSize, path)
-                                       : chart.ExportMetafile(kMetafileSize, path);
+ks::CWriteResult WritePicture(CChartControl& chart, CPictureKind kind, const std::string& path) {
+    return kind == CPictureKind::Bitmap ? chart.ExportBitmap(kBitmapSize, path)
+                                        : chart.ExportMetafile(kMetafileSize, path);
 }
 
 }  // namespace
 
-QString CPictureExport::Save(CChartControl& chart, PictureKind kind, QWidget* parent) {
+QString CPictureExport::Save(CChartControl& chart, CPictureKind kind, QWidget* parent) {
     if (!chart.Exists()) return {};
     const std::optional<CPickedFiles> picked = m_services.picker.Pick(parent, PictureRequest(kind, m_folder));
     if (!picked) return {};
     const QString& path = picked->paths.front();
-    if (WritePicture(chart, kind, path.toStdString()) != ks::WriteResult::Written) {
+    if (WritePicture(chart, kind, path.toStdString()) != ks::CWriteResult::Written) {
         m_services.messages.ShowError(parent, tr("The plot could not be written to %1.").arg(path));
         return {};
     }

@@ -9,7 +9,7 @@
 
 class QWidget;
 
-enum class PictureKind { Bitmap, Metafile };
+enum class CPictureKind { Bitmap, Metafile };
 
 /// Saves the chart as a picture and remembers, as long as it lives, in which folder.
 class CPictureExport {
@@ -20,7 +20,7 @@ public:
 
     /// Asks for a file above `parent` and writes `chart` to it; a picture that cannot be written is reported.
     /// @return what was done, for the status bar; empty when nothing was, for example without a chart
-    [[nodiscard]] QString Save(CChartControl& chart, PictureKind kind, QWidget* parent);
+    [[nodiscard]] QString Save(CChartControl& chart, CPictureKind kind, QWidget* parent);
 
 private:
     CWindowServices m_services;

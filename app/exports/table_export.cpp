@@ -38,12 +38,12 @@ QString SaveHtmlReport(const CSummaryList& list, const CWindowServices& services
     if (!picked) return {};
     const QString& path = picked->paths.front();
     switch (WriteHtmlReport(path.toStdString(), list.DisplayedTable())) {
-        case ks::WriteResult::NotOpened:
+        case ks::CWriteResult::NotOpened:
             return {};
-        case ks::WriteResult::NotCompleted:
+        case ks::CWriteResult::NotCompleted:
             services.messages.ShowError(parent, CTableExport::tr("The report could not be written to %1.").arg(path));
             return {};
-        case ks::WriteResult::Written:
+        case ks::CWriteResult::Written:
             break;
     }
     services.settings.Set(setting::kHtmlOutputDir, DriveAndFolder(path));

@@ -42,7 +42,7 @@ protected:
 
 private:
     static bool IsJudged(const QModelIndex& index) {
-        return index.data(kVerdictRole).toInt() != static_cast<int>(Verdict::None);
+        return index.data(kVerdictRole).toInt() != static_cast<int>(CVerdict::None);
     }
 };
 

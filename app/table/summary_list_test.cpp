@@ -10,8 +10,6 @@
 #include <QSignalSpy>
 #include <QTest>
 #include <QVBoxLayout>
-#include <algorithm>
-#include <numeric>
 
 #include "app/testing/summary_samples.h"
 
@@ -19,13 +17,7 @@ namespace {
 
 const int kColumnCount = static_cast<int>(ColumnCount());
 
-/// All columns, the third in front of the first.
-const std::vector<int> kThirdFirst = [] {
-    std::vector<int> order(ColumnCount());
-    std::iota(order.begin(), order.end(), 0);
-    std::rotate(order.begin(), order.begin() + 2, order.begin() + 3);
-    return order;
-}();
+const std::vector<int> kThirdFirst = ThirdColumnFirst();
 
 }  // namespace
 
@@ -208,8 +200,8 @@ private slots:
 
     void AJudgedCellKeepsItsColourWhenItsRowIsSelected() {
         CSummarySnapshot snapshot = PlainSnapshot({"x", "y"});
-        snapshot.table.rows[0][At(kResidualColumn)].verdict = Verdict::Good;
-        snapshot.table.rows[1][At(kResidualColumn)].verdict = Verdict::Bad;
+        snapshot.table.rows[0][At(kResidualColumn)].verdict = CVerdict::Good;
+        snapshot.table.rows[1][At(kResidualColumn)].verdict = CVerdict::Bad;
         m_list->SetSnapshot(snapshot);
         Show();
         QCOMPARE(Pixel(0, kResidualColumn), QColor(0, 224, 0));

@@ -30,11 +30,11 @@ Qt::Alignment ColumnAlignment(const CSummaryColumn& column) {
 }
 
 /// Good or bad in words; empty without a verdict.
-QString VerdictWord(Verdict verdict) {
+QString VerdictWord(CVerdict verdict) {
     switch (verdict) {
-        case Verdict::Good:
+        case CVerdict::Good:
             return CSummaryModel::tr("good");
-        case Verdict::Bad:
+        case CVerdict::Bad:
             return CSummaryModel::tr("bad");
         default:
             return {};
@@ -42,7 +42,7 @@ QString VerdictWord(Verdict verdict) {
 }
 
 /// The verdict's color; of a previous run, mixed with as much white.
-QColor CellColor(Verdict verdict, bool isPreviousRun) {
+QColor CellColor(CVerdict verdict, bool isPreviousRun) {
     const QColor color = QColor::fromRgb(static_cast<QRgb>(ColorOf(verdict)));
     if (!isPreviousRun) return color;
     constexpr int kWhite = 255;
@@ -67,7 +67,7 @@ CSummarySnapshot MakeSummarySnapshot(const std::vector<CSignal>& signalList) {
 QString LimitText(const CSummaryColumn& column, const CCriticalValues& limits) {
     if (!column.judgement) return {};
     const CCriterion& criterion = CriterionOf(column.judgement->limit);
-    if (column.judgement->goodSide == GoodSide::Above) {
+    if (column.judgement->goodSide == CGoodSide::Above) {
         return CSummaryModel::tr("above %1").arg(QString::fromStdString(ks::ShortestText(limits.*criterion.limit)));
     }
     return Sentence(criterion.demand, criterion.demandNumbers(limits.*criterion.limit));
@@ -159,13 +159,13 @@ QString CSummaryModel::Text(const QModelIndex& index) const {
 }
 
 QVariant CSummaryModel::Background(const QModelIndex& index) const {
-    const Verdict verdict = Cell(index).verdict;
-    if (verdict == Verdict::None) return {};  // the theme's own background
+    const CVerdict verdict = Cell(index).verdict;
+    if (verdict == CVerdict::None) return {};  // the theme's own background
     return QBrush(CellColor(verdict, m_snapshot.isPreviousRun));
 }
 
 QVariant CSummaryModel::Foreground(const QModelIndex& index) const {
-    if (Cell(index).verdict != Verdict::None) return QBrush(Qt::black);
+    if (Cell(index).verdict != CVerdict::None) return QBrush(Qt::black);
     if (m_snapshot.isPreviousRun) return QGuiApplication::palette().brush(QPalette::PlaceholderText);
     return {};
 }

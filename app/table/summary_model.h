@@ -29,7 +29,7 @@ QString LimitText(const CSummaryColumn& column, const CCriticalValues& limits);
 QString PreviousRunText();
 
 /// What the summary's model offers in addition to the roles of Qt.
-enum SummaryRole : int {
+enum CSummaryRole : int {
     kVerdictRole = Qt::UserRole + 1,  ///< int of the cell's Verdict
     kIsNameRole,                      ///< whether the cell is of a column of paths
 };

@@ -102,8 +102,8 @@ private slots:
         QFETCH(QString, name);
         QFETCH(QString, limit);
         CSummarySnapshot snapshot = PlainSnapshot({"x", "y"});
-        snapshot.table.rows[0][At(column)].verdict = Verdict::Good;
-        snapshot.table.rows[1][At(column)].verdict = Verdict::Bad;
+        snapshot.table.rows[0][At(column)].verdict = CVerdict::Good;
+        snapshot.table.rows[1][At(column)].verdict = CVerdict::Bad;
         m_model->SetSnapshot(snapshot);
         const QString good = "x." + QString::number(column), bad = "y." + QString::number(column);
         QCOMPARE(ToolTip(0, column), name + "\n" + good + "\nLimit: " + limit + "\nVerdict: good");
@@ -261,8 +261,8 @@ private:
     /// Rows "x" and "y", good and bad in the column of the corridor.
     static CSummarySnapshot Judged() {
         CSummarySnapshot snapshot = PlainSnapshot({"x", "y"});
-        snapshot.table.rows[0][At(kCorridorColumn)].verdict = Verdict::Good;
-        snapshot.table.rows[1][At(kCorridorColumn)].verdict = Verdict::Bad;
+        snapshot.table.rows[0][At(kCorridorColumn)].verdict = CVerdict::Good;
+        snapshot.table.rows[1][At(kCorridorColumn)].verdict = CVerdict::Bad;
         return snapshot;
     }
 

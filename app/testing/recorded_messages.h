@@ -9,7 +9,7 @@ class CRecordedMessages : public CMessages {
 public:
     QStringList said;
 
-    void Show(QWidget*, MessageIcon icon, const QString& caption, const QString& text) override {
+    void Show(QWidget*, CMessageIcon icon, const QString& caption, const QString& text) override {
         static const QStringList icons = {QStringLiteral("information"), QStringLiteral("warning"),
                                           QStringLiteral("error")};
         said.append(icons[static_cast<qsizetype>(icon)] + QLatin1Char('|') + caption + QLatin1Char('|') + text);

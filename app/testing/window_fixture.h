@@ -98,7 +98,7 @@ public:
             }
             Answer(dialog, files, reference);
         });
-        frame->RunCommand(CommandId::SelectFiles);
+        frame->RunCommand(CCommandId::SelectFiles);
     }
 
     void Answer(QWidget& dialog, const std::vector<std::string>& files, const std::string& reference) {
@@ -120,7 +120,7 @@ public:
             Control<QLineEdit>(dialog, kCorridorSizeId)->setText(size);
             dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->click();
         });
-        frame->RunCommand(CommandId::CorridorSize);
+        frame->RunCommand(CCommandId::CorridorSize);
     }
 
     /// Chooses a page as a user does, by the selector's entry.
@@ -140,7 +140,7 @@ public:
     [[nodiscard]] QString StatusText() const { return frame->findChild<QLabel*>("statusMessage")->text(); }
     [[nodiscard]] bool IsHintShown() const { return frame->findChild<QLabel*>("hint")->isVisible(); }
     [[nodiscard]] bool IsBannerShown() const { return frame->findChild<QLabel*>("banner")->isVisible(); }
-    [[nodiscard]] bool IsEnabled(CommandId id) const { return frame->Action(id)->isEnabled(); }
+    [[nodiscard]] bool IsEnabled(CCommandId id) const { return frame->Action(id)->isEnabled(); }
     [[nodiscard]] QStringList EnabledCommands() const {
         QStringList names;
         for (const CCommand& command : Commands()) {

@@ -28,7 +28,7 @@ protected:
     }
 
     CMainFrame& Frame() { return *m_window->frame; }
-    void Trigger(CommandId id) { Frame().Action(id)->trigger(); }
+    void Trigger(CCommandId id) { Frame().Action(id)->trigger(); }
 
     static std::string Sled(int number) { return CWindowFixture::Sled(number); }
     static std::string Force(int number) { return CWindowFixture::Force(number); }

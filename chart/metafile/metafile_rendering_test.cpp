@@ -85,7 +85,7 @@ private slots:
         ShowChart(*chart, nullptr, kBitmapSize, page.block, page.names, styles);
         const QTemporaryDir folder;
         const QString metafile = folder.filePath("chart.wmf");
-        QVERIFY(chart->ExportMetafile(kMetafileSize, metafile.toStdString()) == ks::WriteResult::Written);
+        QVERIFY(chart->ExportMetafile(kMetafileSize, metafile.toStdString()) == ks::CWriteResult::Written);
         QFile file(metafile);
         QVERIFY(file.open(QIODevice::ReadOnly));
         m_written = ReadWmf(file.readAll().toStdString());
@@ -108,7 +108,7 @@ private slots:
 
     void everyCurveRunsThroughItsPoints() {
         for (std::size_t series = 0; series < 4; ++series) {
-            const std::uint32_t color = LookOfLine(5, series, ChartBackground::Light).rgb;
+            const std::uint32_t color = LookOfLine(5, series, CChartBackground::Light).rgb;
             int points = 0;
             int seen = 0;
             for (const CReadLine& line : m_written.lines) {

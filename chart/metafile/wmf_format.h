@@ -13,7 +13,7 @@ inline constexpr std::size_t kHeaderBytes = 18;
 inline constexpr std::uint16_t kVersion = 0x0300;
 inline constexpr std::uint16_t kPolyPointLimit = 8000;  ///< some readers take no more in one record
 
-enum Function : std::uint16_t {
+enum CFunction : std::uint16_t {
     EndOfFile = 0x0000,
     SetBackgroundMode = 0x0102,
     SetPolygonFillMode = 0x0106,

@@ -50,7 +50,7 @@ private slots:
         ShowThick(FlatPage(2));
         const QTemporaryDir folder;
         const QString path = folder.filePath("chart.bmp");
-        QVERIFY(m_chart->ExportBitmap(kBitmapSize, path.toStdString()) == ks::WriteResult::Written);
+        QVERIFY(m_chart->ExportBitmap(kBitmapSize, path.toStdString()) == ks::CWriteResult::Written);
         QCOMPARE(FileBytes(path).left(2), QByteArray("BM"));
         const QImage image = QImage(path).convertToFormat(QImage::Format_RGB32);
         QCOMPARE(image.size(), QSize(800, 600));
@@ -67,7 +67,7 @@ private slots:
         m_window->setPalette(dark);
         const QTemporaryDir folder;
         const QString path = folder.filePath("chart.bmp");
-        QVERIFY(m_chart->ExportBitmap(kBitmapSize, path.toStdString()) == ks::WriteResult::Written);
+        QVERIFY(m_chart->ExportBitmap(kBitmapSize, path.toStdString()) == ks::CWriteResult::Written);
         QCOMPARE(QImage(path).pixel(1, 1), qRgb(255, 255, 255));
     }
 
@@ -85,7 +85,7 @@ private slots:
         QVERIFY(picture.HasText("5.5"));
         for (const CReadText& text : picture.texts) QCOMPARE(text.tenthsOfDegree, text.bytes == "Residual" ? 900 : 0);
         for (std::size_t series = 1; series < 3; ++series)
-            QVERIFY(picture.PointsOfColor(LookOfLine(0, series, ChartBackground::Light).rgb) > 100);
+            QVERIFY(picture.PointsOfColor(LookOfLine(0, series, CChartBackground::Light).rgb) > 100);
     }
 
     void theMetafileShowsTheZoomedPartOnly() {
@@ -108,7 +108,7 @@ private slots:
         std::size_t curvePoints = 0;
         for (const CReadLine& line : picture.lines) {
             for (const CWmfPlace& place : line.points) {
-                if (line.rgb != LookOfLine(6, 1, ChartBackground::Light).rgb || place.x > 8100) continue;
+                if (line.rgb != LookOfLine(6, 1, CChartBackground::Light).rgb || place.x > 8100) continue;
                 ++curvePoints;
                 QVERIFY(place.x >= low.x && place.x <= high.x && place.y >= low.y && place.y <= high.y);
             }
@@ -127,8 +127,8 @@ private slots:
         Show(FlatPage(1));
         const QTemporaryDir folder;
         const std::string path = folder.filePath("missing/chart.wmf").toStdString();
-        QVERIFY(m_chart->ExportMetafile(kMetafileSize, path) == ks::WriteResult::NotOpened);
-        QVERIFY(m_chart->ExportBitmap(kBitmapSize, path) == ks::WriteResult::NotOpened);
+        QVERIFY(m_chart->ExportMetafile(kMetafileSize, path) == ks::CWriteResult::NotOpened);
+        QVERIFY(m_chart->ExportBitmap(kBitmapSize, path) == ks::CWriteResult::NotOpened);
     }
 
     void theClipboardHoldsMetafileAndPicture() {
@@ -156,7 +156,7 @@ private slots:
         const CWmfPicture picture = ReadWmf(page.Finish());
         QCOMPARE(picture.fault, std::string());
         QVERIFY(picture.HasText("Reference"));
-        QVERIFY(picture.PointsOfColor(LookOfLine(6, 1, ChartBackground::Light).rgb) > 100);
+        QVERIFY(picture.PointsOfColor(LookOfLine(6, 1, CChartBackground::Light).rgb) > 100);
         int right = 0;
         for (const CReadLine& line : picture.lines) {
             for (const CWmfPlace& place : line.points) {
@@ -192,7 +192,7 @@ private slots:
         QVERIFY(TopLevelPlot() != nullptr && !TopLevelPlot()->isVisible());
         const QTemporaryDir folder;
         const QString path = folder.filePath("chart.wmf");
-        QVERIFY(chart->ExportMetafile(kMetafileSize, path.toStdString()) == ks::WriteResult::Written);
+        QVERIFY(chart->ExportMetafile(kMetafileSize, path.toStdString()) == ks::CWriteResult::Written);
         QVERIFY(ReadWmf(FileBytes(path).toStdString()).HasText("v01001aa0.001"));
     }
 };

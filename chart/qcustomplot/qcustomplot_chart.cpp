@@ -49,27 +49,27 @@ bool CQCustomPlotChart::Exists() const {
     return !m_window.isNull();
 }
 
-void CQCustomPlotChart::SetInteger(ChartProperty property, std::int32_t value) {
+void CQCustomPlotChart::SetInteger(CChartProperty property, std::int32_t value) {
     m_model->SetInteger(property, value);
 }
 
-void CQCustomPlotChart::SetText(ChartProperty property, std::string_view text) {
+void CQCustomPlotChart::SetText(CChartProperty property, std::string_view text) {
     m_model->SetText(property, text);
 }
 
-void CQCustomPlotChart::SetArray(ChartProperty property, std::span<const double> values) {
+void CQCustomPlotChart::SetArray(CChartProperty property, std::span<const double> values) {
     m_model->SetArray(property, values);
 }
 
-void CQCustomPlotChart::SetArray(ChartProperty property, std::span<const std::int32_t> values) {
+void CQCustomPlotChart::SetArray(CChartProperty property, std::span<const std::int32_t> values) {
     m_model->SetArray(property, values);
 }
 
-void CQCustomPlotChart::SetArray(ChartProperty property, std::string_view texts, std::int32_t count) {
+void CQCustomPlotChart::SetArray(CChartProperty property, std::string_view texts, std::int32_t count) {
     m_model->SetArray(property, texts, count);
 }
 
-void CQCustomPlotChart::ClearArray(ChartProperty property) {
+void CQCustomPlotChart::ClearArray(CChartProperty property) {
     m_model->ClearArray(property);
 }
 
@@ -92,12 +92,12 @@ void CQCustomPlotChart::CopyMetafile(CChartSize size) {
     QGuiApplication::clipboard()->setMimeData(data.release());
 }
 
-ks::WriteResult CQCustomPlotChart::ExportMetafile(CChartSize size, const std::string& path) {
-    return Exists() ? ks::WriteFile(path, MetafileOf(Plot(), size)) : ks::WriteResult::NotOpened;
+ks::CWriteResult CQCustomPlotChart::ExportMetafile(CChartSize size, const std::string& path) {
+    return Exists() ? ks::WriteFile(path, MetafileOf(Plot(), size)) : ks::CWriteResult::NotOpened;
 }
 
-ks::WriteResult CQCustomPlotChart::ExportBitmap(CChartSize size, const std::string& path) {
-    if (!Exists()) return ks::WriteResult::NotOpened;
+ks::CWriteResult CQCustomPlotChart::ExportBitmap(CChartSize size, const std::string& path) {
+    if (!Exists()) return ks::CWriteResult::NotOpened;
     QBuffer file;
     file.open(QIODevice::WriteOnly);
     PictureOf(Plot(), size).save(&file, "BMP");

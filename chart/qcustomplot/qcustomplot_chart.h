@@ -22,17 +22,17 @@ public:
     void Create(const CChartCreation& creation) override;
     void Destroy() override;
     [[nodiscard]] bool Exists() const override;
-    void SetInteger(ChartProperty property, std::int32_t value) override;
-    void SetText(ChartProperty property, std::string_view text) override;
-    void SetArray(ChartProperty property, std::span<const double> values) override;
-    void SetArray(ChartProperty property, std::span<const std::int32_t> values) override;
-    void SetArray(ChartProperty property, std::string_view texts, std::int32_t count) override;
-    void ClearArray(ChartProperty property) override;
+    void SetInteger(CChartProperty property, std::int32_t value) override;
+    void SetText(CChartProperty property, std::string_view text) override;
+    void SetArray(CChartProperty property, std::span<const double> values) override;
+    void SetArray(CChartProperty property, std::span<const std::int32_t> values) override;
+    void SetArray(CChartProperty property, std::string_view texts, std::int32_t count) override;
+    void ClearArray(CChartProperty property) override;
     void Draw(std::int32_t first, std::int32_t second) override;
     void Apply() override;
     void CopyMetafile(CChartSize size) override;
-    [[nodiscard]] ks::WriteResult ExportMetafile(CChartSize size, const std::string& path) override;
-    [[nodiscard]] ks::WriteResult ExportBitmap(CChartSize size, const std::string& path) override;
+    [[nodiscard]] ks::CWriteResult ExportMetafile(CChartSize size, const std::string& path) override;
+    [[nodiscard]] ks::CWriteResult ExportBitmap(CChartSize size, const std::string& path) override;
     void Resized(std::int32_t width, std::int32_t height) override;
     void PaintOnto(QPainter& painter, const QRectF& area) override;
 

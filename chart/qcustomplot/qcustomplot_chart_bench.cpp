@@ -70,7 +70,7 @@ void Metafile(benchmark::State& state) {
     const QTemporaryDir folder;
     const std::string path = folder.filePath("chart.wmf").toStdString();
     for (auto _ : state)
-        if (chart->ExportMetafile(kMetafileSize, path) != ks::WriteResult::Written) state.SkipWithError("not written");
+        if (chart->ExportMetafile(kMetafileSize, path) != ks::CWriteResult::Written) state.SkipWithError("not written");
     CountPoints(state);
 }
 

@@ -71,8 +71,8 @@ private slots:
         m_window->setPalette(dark);
         const QImage image = Picture();
         QCOMPARE(image.pixel(2, 2), qRgb(30, 30, 30));
-        QVERIFY(BoxOfColor(image, SeriesColor(1, ChartBackground::Dark), CurveArea()).isValid());
-        QVERIFY(BoxOfColor(image, SeriesColor(1, ChartBackground::Light), CurveArea()).isNull());
+        QVERIFY(BoxOfColor(image, SeriesColor(1, CChartBackground::Dark), CurveArea()).isValid());
+        QVERIFY(BoxOfColor(image, SeriesColor(1, CChartBackground::Light), CurveArea()).isNull());
     }
 
     void theContextMenuReachesTheParent() {
@@ -130,8 +130,8 @@ private slots:
         QVERIFY(picture.boundingRect().isEmpty());
         const QTemporaryDir folder;
         const std::string path = folder.filePath("none").toStdString();
-        QVERIFY(chart->ExportMetafile(kMetafileSize, path) == ks::WriteResult::NotOpened);
-        QVERIFY(chart->ExportBitmap(kBitmapSize, path) == ks::WriteResult::NotOpened);
+        QVERIFY(chart->ExportMetafile(kMetafileSize, path) == ks::CWriteResult::NotOpened);
+        QVERIFY(chart->ExportBitmap(kBitmapSize, path) == ks::CWriteResult::NotOpened);
         QVERIFY(!QFile::exists(folder.filePath("none")));
     }
 

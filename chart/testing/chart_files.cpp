@@ -16,7 +16,7 @@ QByteArray FileBytes(const QString& path) {
 QByteArray ExportedMetafileBytes(CChartControl& chart) {
     const QTemporaryDir folder;
     const QString path = folder.filePath("chart.wmf");
-    if (chart.ExportMetafile(kMetafileSize, path.toStdString()) != ks::WriteResult::Written) return {};
+    if (chart.ExportMetafile(kMetafileSize, path.toStdString()) != ks::CWriteResult::Written) return {};
     return FileBytes(path);
 }
 

@@ -31,7 +31,7 @@ CSamplePage FlatPage(std::int32_t seriesCount) {
     return SamplePage(seriesCount, 101, 5.0, 6.0, [](int series, double) { return series + 1.0; });
 }
 
-QRgb SeriesColor(std::size_t series, ChartBackground background) {
+QRgb SeriesColor(std::size_t series, CChartBackground background) {
     return 0xFF000000U | LookOfLine(kThickestLine, series, background).rgb;
 }
 

@@ -24,7 +24,7 @@ inline constexpr QRect kInsideFrame(100, 20, 500, 440);  // whatever the width o
 CSamplePage FlatPage(std::int32_t seriesCount);
 
 /// The color of the series when all lines are thick.
-QRgb SeriesColor(std::size_t series, ChartBackground background = ChartBackground::Light);
+QRgb SeriesColor(std::size_t series, CChartBackground background = CChartBackground::Light);
 
 /// The box around all pixels of exactly one color.
 QRect BoxOfColor(const QImage& image, QRgb color, const QRect& part);

@@ -20,7 +20,7 @@ std::string Text(Number number) {
     return {buffer.data(), end};
 }
 
-std::string Text(ChartProperty property) {
+std::string Text(CChartProperty property) {
     return Text(static_cast<std::int32_t>(property));
 }
 
@@ -38,7 +38,7 @@ std::string Joined(std::initializer_list<std::string_view> parts) {
 }
 
 template <class Number>
-std::string ArrayCall(ChartProperty property, std::span<const Number> values) {
+std::string ArrayCall(CChartProperty property, std::span<const Number> values) {
     std::string call = Joined({"array ", Text(property), " ="});
     for (const Number value : values) {
         call += ' ';
@@ -62,32 +62,32 @@ void CRecordingChartControl::Destroy() {
     if (m_passedOnTo) m_passedOnTo->Destroy();
 }
 
-void CRecordingChartControl::SetInteger(ChartProperty property, std::int32_t value) {
+void CRecordingChartControl::SetInteger(CChartProperty property, std::int32_t value) {
     calls.push_back(Joined({"set ", Text(property), " = ", Text(value)}));
     if (m_passedOnTo) m_passedOnTo->SetInteger(property, value);
 }
 
-void CRecordingChartControl::SetText(ChartProperty property, std::string_view text) {
+void CRecordingChartControl::SetText(CChartProperty property, std::string_view text) {
     calls.push_back(Joined({"text ", Text(property), " = \"", text, "\""}));
     if (m_passedOnTo) m_passedOnTo->SetText(property, text);
 }
 
-void CRecordingChartControl::SetArray(ChartProperty property, std::span<const double> values) {
+void CRecordingChartControl::SetArray(CChartProperty property, std::span<const double> values) {
     calls.push_back(ArrayCall(property, values));
     if (m_passedOnTo) m_passedOnTo->SetArray(property, values);
 }
 
-void CRecordingChartControl::SetArray(ChartProperty property, std::span<const std::int32_t> values) {
+void CRecordingChartControl::SetArray(CChartProperty property, std::span<const std::int32_t> values) {
     calls.push_back(ArrayCall(property, values));
     if (m_passedOnTo) m_passedOnTo->SetArray(property, values);
 }
 
-void CRecordingChartControl::SetArray(ChartProperty property, std::string_view texts, std::int32_t count) {
+void CRecordingChartControl::SetArray(CChartProperty property, std::string_view texts, std::int32_t count) {
     calls.push_back(Joined({"array ", Text(property), " = \"", texts, "\" (", Text(count), ")"}));
     if (m_passedOnTo) m_passedOnTo->SetArray(property, texts, count);
 }
 
-void CRecordingChartControl::ClearArray(ChartProperty property) {
+void CRecordingChartControl::ClearArray(CChartProperty property) {
     calls.push_back(Joined({"array ", Text(property), " empty"}));
     if (m_passedOnTo) m_passedOnTo->ClearArray(property);
 }
@@ -107,12 +107,12 @@ void CRecordingChartControl::CopyMetafile(CChartSize size) {
     if (m_passedOnTo) m_passedOnTo->CopyMetafile(size);
 }
 
-ks::WriteResult CRecordingChartControl::ExportMetafile(CChartSize size, const std::string& path) {
+ks::CWriteResult CRecordingChartControl::ExportMetafile(CChartSize size, const std::string& path) {
     calls.push_back(Joined({"metafile ", Text(size), " \"", path, "\""}));
     return m_passedOnTo ? m_passedOnTo->ExportMetafile(size, path) : exportResult;
 }
 
-ks::WriteResult CRecordingChartControl::ExportBitmap(CChartSize size, const std::string& path) {
+ks::CWriteResult CRecordingChartControl::ExportBitmap(CChartSize size, const std::string& path) {
     calls.push_back(Joined({"bitmap ", Text(size), " \"", path, "\""}));
     return m_passedOnTo ? m_passedOnTo->ExportBitmap(size, path) : exportResult;
 }

@@ -30,7 +30,7 @@ const std::array<COptionDeclaration, 16> kOptions = {{
     {"--pages", COptionKind::Flag, ""},
     {"--ascii", COptionKind::Single, "a DIR to write to"},
     {"--uds", COptionKind::Single, "a DIR to write to"},
-    {"--fail-on-bad", COptionKind::Names, "names behind =, or no ="},
+    {"--fail-on-bad", COptionKind::Names, "names after =, or no ="},
     {"--quiet", COptionKind::Flag, ""},
     {"--verbose", COptionKind::Flag, ""},
 }};
@@ -119,15 +119,15 @@ std::vector<const CCriterion*> ReadFailOnBad(const CArguments& arguments) {
     return criteria;
 }
 
-Verbosity ReadVerbosity(const CArguments& arguments) {
+CVerbosity ReadVerbosity(const CArguments& arguments) {
     const bool quiet = arguments.Has("--quiet");
     if (quiet && arguments.Has("--verbose")) {
         throw CUsageError("Options --quiet and --verbose exclude each other.");
     }
     if (quiet) {
-        return Verbosity::Quiet;
+        return CVerbosity::Quiet;
     }
-    return arguments.Has("--verbose") ? Verbosity::Verbose : Verbosity::Usual;
+    return arguments.Has("--verbose") ? CVerbosity::Verbose : CVerbosity::Usual;
 }
 
 bool IsStandardOutput(const std::optional<std::string>& path) {

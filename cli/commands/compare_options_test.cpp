@@ -32,7 +32,7 @@ TEST(CompareOptions, HaveTheirDefaults) {
     EXPECT_FALSE(options.UsesStandardOutput());
     EXPECT_FALSE(options.pages);
     EXPECT_TRUE(options.failOnBad.empty());
-    EXPECT_EQ(options.verbosity, Verbosity::Usual);
+    EXPECT_EQ(options.verbosity, CVerbosity::Usual);
 }
 
 TEST(CompareOptions, FilterTheReferenceOnlyWithAClassAndUnlessForbidden) {

@@ -4,6 +4,6 @@ bool CanWritePdfReport() {
     return false;
 }
 
-ks::WriteResult WritePdfReport(const std::string&, const ks::CNSignal&, const std::string&, bool) {
-    return ks::WriteResult::NotOpened;
+ks::CWriteResult WritePdfReport(const std::string&, const ks::CNSignal&, const std::string&, bool) {
+    return ks::CWriteResult::NotOpened;
 }

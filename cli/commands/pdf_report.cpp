@@ -8,7 +8,7 @@
 
 namespace {
 
-// Qt's advice about the surroundings (a missing runtime folder, an unknown font alias) is none of the user's business.
+// Qt's advice about the environment (a missing runtime folder, an unknown font alias) does not concern the user.
 void ShowOnlyFailures(QtMsgType type, const QMessageLogContext&, const QString& text) {
     if (type != QtCriticalMsg && type != QtFatalMsg) return;
     std::fprintf(stderr, "quorvel-cli: %s\n", text.toUtf8().constData());  // NOLINT(*-vararg)
@@ -20,9 +20,10 @@ bool CanWritePdfReport() {
     return true;
 }
 
-ks::WriteResult WritePdfReport(const std::string& pdf, const ks::CNSignal& record, const std::string& file, bool full) {
+ks::CWriteResult WritePdfReport(const std::string& pdf, const ks::CNSignal& record, const std::string& file,
+                                bool full) {
     qInstallMessageHandler(ShowOnlyFailures);
-    // Whatever the user's desktop asks of Qt programs: a theme plugin may end the program where there is no screen.
+    // Ignores what the user's desktop asks of Qt programs: without a screen, a theme plugin may end the program.
     qunsetenv("QT_QPA_PLATFORMTHEME");
     std::string name = "quorvel-cli";
     std::string option = "-platform";
@@ -30,5 +31,5 @@ ks::WriteResult WritePdfReport(const std::string& pdf, const ks::CNSignal& recor
     std::array<char*, 4> arguments = {name.data(), option.data(), platform.data(), nullptr};
     int count = 3;
     const QApplication application(count, arguments.data());
-    return WriteReportPdf(pdf, record, file, full ? ReportMode::Full : ReportMode::Specification);
+    return WriteReportPdf(pdf, record, file, full ? CReportMode::Full : CReportMode::Specification);
 }

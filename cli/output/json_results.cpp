@@ -201,13 +201,13 @@ std::string CJsonResults::Finish(bool withPages) {
     return std::move(m_text);
 }
 
-std::string_view VerdictName(Verdict verdict) {
+std::string_view VerdictName(CVerdict verdict) {
     switch (verdict) {
-        case Verdict::None:
+        case CVerdict::None:
             return "none";
-        case Verdict::Good:
+        case CVerdict::Good:
             return "good";
-        case Verdict::Bad:
+        case CVerdict::Bad:
             break;
     }
     return "bad";

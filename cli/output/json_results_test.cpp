@@ -29,7 +29,7 @@ CSignal SignalOf(const std::string& path, std::vector<double> y) {
     return signal;
 }
 
-TEST(JsonResults, StandInTheirOrderOneMemberPerLine) {
+TEST(JsonResults, AreInOrderOneMemberPerLine) {
     EXPECT_EQ(
         CJsonResults({}, {{"e"}, {"r"}, {1, 7}}, CSignal("ref"), {}).Finish(false),
         "{\n"
@@ -147,15 +147,15 @@ TEST(JsonResults, ShowAChartPageWithoutSeriesAsNotBuilt) {
     EXPECT_TRUE(page.at("error").is_null());
 }
 
-TEST(JsonResults, ShowNotesBesideTheWarnings) {
+TEST(JsonResults, ShowNotesNextToTheWarnings) {
     CSignal reference("ref");
-    reference.Notes().push_back({NoteKind::ReferenceResampled, "R."});
+    reference.Notes().push_back({CNoteKind::ReferenceResampled, "R."});
     CSignal signal("a");
-    signal.Notes().push_back({NoteKind::NotFiltered, "S."});
-    signal.Notes().push_back({NoteKind::Resampled, "T."});
-    CJsonResults results({}, {{}, {}, {}, {{NoteKind::AverageIsFirst, "U."}}}, reference, {signal});
+    signal.Notes().push_back({CNoteKind::NotFiltered, "S."});
+    signal.Notes().push_back({CNoteKind::Resampled, "T."});
+    CJsonResults results({}, {{}, {}, {}, {{CNoteKind::AverageIsFirst, "U."}}}, reference, {signal});
     CPageView page{6, std::nullopt, {}, {}, {}};
-    page.notes.push_back({3, {NoteKind::CutByPage, "V."}});
+    page.notes.push_back({3, {CNoteKind::CutByPage, "V."}});
     results.AddPage(page);
     const std::string text = results.Finish(true);
 

@@ -6,7 +6,7 @@ namespace {
 
 void AddNoCommonTime(std::vector<std::string>& complaints, const std::vector<CNote>& notes, std::string_view path) {
     for (const CNote& note : notes) {
-        if (note.kind != NoteKind::NoCommonTime) {
+        if (note.kind != CNoteKind::NoCommonTime) {
             continue;
         }
         complaints.push_back(path.empty() ? note.sentence : Join({path, ": ", note.sentence}));
@@ -27,7 +27,7 @@ void ComplainOfNoCommonTime(const CQuorvelDoc& document, CConsole& console) {
 std::string NoteLines(const std::vector<CNote>& notes, std::string_view indent) {
     std::string lines;
     for (const CNote& note : notes) {
-        if (note.kind != NoteKind::NoCommonTime) {
+        if (note.kind != CNoteKind::NoCommonTime) {
             lines += Join({indent, "note: ", note.sentence, "\n"});
         }
     }

@@ -6,12 +6,12 @@ namespace {
 
 TEST(NoteLines, GiveOneLinePerNote) {
     EXPECT_EQ(NoteLines({}, "  "), "");
-    EXPECT_EQ(NoteLines({{NoteKind::Resampled, "One."}, {NoteKind::CutByPage, "Two."}}, "  "),
+    EXPECT_EQ(NoteLines({{CNoteKind::Resampled, "One."}, {CNoteKind::CutByPage, "Two."}}, "  "),
               "  note: One.\n  note: Two.\n");
 }
 
 TEST(NoteLines, LeaveOutWhatIsAComplaint) {
-    EXPECT_EQ(NoteLines({{NoteKind::NoCommonTime, "One."}, {NoteKind::AverageIsFirst, "Two."}}, ""), "note: Two.\n");
+    EXPECT_EQ(NoteLines({{CNoteKind::NoCommonTime, "One."}, {CNoteKind::AverageIsFirst, "Two."}}, ""), "note: Two.\n");
 }
 
 }  // namespace

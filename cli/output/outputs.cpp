@@ -27,14 +27,14 @@ void COutputs::Write(std::string_view what, const std::string& path, const std::
     }
 }
 
-void COutputs::Note(std::string_view what, const std::string& path, ks::WriteResult result) {
+void COutputs::Note(std::string_view what, const std::string& path, ks::CWriteResult result) {
     switch (result) {
-        case ks::WriteResult::Written:
+        case ks::CWriteResult::Written:
             return;
-        case ks::WriteResult::NotOpened:
+        case ks::CWriteResult::NotOpened:
             Fail(std::string(what) + " could not be written; the file cannot be opened for writing: " + path);
             return;
-        case ks::WriteResult::NotCompleted:
+        case ks::CWriteResult::NotCompleted:
             Fail(std::string(what) + " could not be written in full: " + path);
             return;
     }

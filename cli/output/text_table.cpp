@@ -21,7 +21,7 @@ constexpr std::string_view kPlain = "\x1b[0m";
 
 struct CCell {
     std::string value;
-    Verdict verdict = Verdict::None;
+    CVerdict verdict = CVerdict::None;
     std::string_view word;  // the verdict after the value
 };
 
@@ -36,13 +36,13 @@ struct CColumn {
     std::size_t Width() const { return valueWidth + wordWidth; }
 };
 
-std::string_view VerdictWord(Verdict verdict) {
+std::string_view VerdictWord(CVerdict verdict) {
     switch (verdict) {
-        case Verdict::None:
+        case CVerdict::None:
             return "";
-        case Verdict::Good:
+        case CVerdict::Good:
             return kGood;
-        case Verdict::Bad:
+        case CVerdict::Bad:
             break;
     }
     return kBad;
@@ -51,7 +51,7 @@ std::string_view VerdictWord(Verdict verdict) {
 void Measure(CColumn& column) {
     for (const CCell& cell : column.cells) {
         column.valueWidth = std::max(column.valueWidth, DisplayWidth(cell.value));
-        // "good" and "BAD" line up over the whole table, whichever of them a column has.
+        // "good" and "BAD" line up across the whole table, whichever of them a column has.
         column.wordWidth = std::max(column.wordWidth, cell.word.empty() ? 0 : 1 + kGood.size());
     }
     const std::size_t headerWidth = DisplayWidth(column.header);
@@ -78,7 +78,7 @@ CColumn MakeColumn(const CSummaryTable& table, std::size_t index) {
 CColumn NumberColumn(std::size_t count) {
     CColumn column;
     for (std::size_t i = 1; i <= count; ++i)
-        column.cells.push_back({Join({"(", std::to_string(i), ")"}), Verdict::None, {}});
+        column.cells.push_back({Join({"(", std::to_string(i), ")"}), CVerdict::None, {}});
     Measure(column);
     return column;
 }
@@ -87,13 +87,13 @@ CColumn BalanceColumn(const CSummaryTable& table) {
     CColumn column;
     column.header = "Bad verdicts";
     for (const CSummaryRow& row : table.rows) {
-        const auto count = [&row](Verdict verdict) {
+        const auto count = [&row](CVerdict verdict) {
             return std::count_if(row.begin(), row.end(),
                                  [verdict](const CSummaryCell& cell) { return cell.verdict == verdict; });
         };
-        const auto bad = count(Verdict::Bad);
-        const auto judged = bad + count(Verdict::Good);
-        const Verdict verdict = bad > 0 ? Verdict::Bad : Verdict::Good;
+        const auto bad = count(CVerdict::Bad);
+        const auto judged = bad + count(CVerdict::Good);
+        const CVerdict verdict = bad > 0 ? CVerdict::Bad : CVerdict::Good;
         column.cells.push_back({Join({std::to_string(bad), " of ", std::to_string(judged)}), verdict, {}});
     }
     Measure(column);
@@ -113,8 +113,8 @@ std::string CellText(const CColumn& column, const CCell& cell, bool color) {
     const std::string pad = Blanks(column.valueWidth - DisplayWidth(cell.value));
     const std::string rest = Blanks(column.wordWidth - (cell.word.empty() ? 0 : 1 + cell.word.size()));
     std::string shown = cell.word.empty() ? cell.value : Join({cell.value, " ", cell.word});
-    if (cell.verdict != Verdict::None) {
-        shown = Painted(shown, cell.verdict == Verdict::Good ? kGreen : kRed, color);
+    if (cell.verdict != CVerdict::None) {
+        shown = Painted(shown, cell.verdict == CVerdict::Good ? kGreen : kRed, color);
     }
     return column.leftAligned ? Join({shown, pad, rest}) : Join({pad, shown, rest});
 }

@@ -14,10 +14,10 @@ using testing::Not;
 const std::vector<CSummaryColumn> kColumns = FixedColumns();
 
 // `value` in every column of numbers, `verdict` in every judged one.
-CSummaryRow RowOf(const std::string& path, const std::string& value, Verdict verdict) {
+CSummaryRow RowOf(const std::string& path, const std::string& value, CVerdict verdict) {
     CSummaryRow row;
     for (const CSummaryColumn& column : kColumns) {
-        row.push_back({column.isName ? "ref.uds" : value, column.judgement ? verdict : Verdict::None});
+        row.push_back({column.isName ? "ref.uds" : value, column.judgement ? verdict : CVerdict::None});
     }
     row[At(kFilenameColumn)].text = path;
     return row;
@@ -44,8 +44,9 @@ TEST(TextTable, IsEmptyWithoutSignals) {
     EXPECT_EQ(TextTable(TableOf({}), {}), "");
 }
 
-TEST(TextTable, StandsInLineWithWordsForVerdicts) {
-    CSummaryTable table = TableOf({RowOf("a.uds", "1.5", Verdict::Good), RowOf("long/b.uds", "-12.25", Verdict::Bad)});
+TEST(TextTable, IsAlignedAndHasWordsForVerdicts) {
+    CSummaryTable table =
+        TableOf({RowOf("a.uds", "1.5", CVerdict::Good), RowOf("long/b.uds", "-12.25", CVerdict::Bad)});
     table.order = {0, 1, 5, 13};
     EXPECT_EQ(TextTable(table, {70, false}),
               "     Filename    Peak Value  Correlation Factor  Ref Filename\n"
@@ -60,7 +61,7 @@ TEST(TextTable, StandsInLineWithWordsForVerdicts) {
 }
 
 TEST(TextTable, HoldsAllColumnsAtEveryWidth) {
-    const CSummaryTable table = TableOf({RowOf("a.uds", "1.5", Verdict::Good)});
+    const CSummaryTable table = TableOf({RowOf("a.uds", "1.5", CVerdict::Good)});
     for (const std::size_t width : {1U, 40U, 80U, 120U, 1000U}) {
         const std::string text = TextTable(table, {width, false});
         for (const CSummaryColumn& column : kColumns) EXPECT_THAT(text, HasSubstr(std::string(column.header)));
@@ -69,14 +70,14 @@ TEST(TextTable, HoldsAllColumnsAtEveryWidth) {
 
 TEST(TextTable, ShowsColumnsThatAreNotFixedToo) {
     const std::vector<CSummaryColumn> columns = ColumnsWithExtra();
-    const int extra = static_cast<int>(columns.size()) - 2;
+    const int extra = static_cast<int>(columns.size()) - 2, minimum = ColumnOf("Min Time");
     CSummaryTable table = MakeSummaryTable({}, columns);
     CSummaryRow row = PlainRow("x", columns.size());
-    row[At(extra)] = {"0 points", Verdict::Bad};
-    row[At(extra) - 1] = {"0.0000", Verdict::None};
-    row[At(kResidualColumn)].verdict = row[At(kFirstMomentColumn)].verdict = Verdict::Good;
+    row[At(extra)] = {"0 points", CVerdict::Bad};
+    row[At(minimum)] = {"0.0000", CVerdict::None};
+    row[At(kResidualColumn)].verdict = row[At(kFirstMomentColumn)].verdict = CVerdict::Good;
     table.rows = {row};
-    table.order = {extra, extra - 1};
+    table.order = {extra, minimum};
     EXPECT_EQ(TextTable(table, {60, false}),
               "             Extra  Min Time  Bad verdicts\n"
               "     -------------  --------  ------------\n"
@@ -84,49 +85,49 @@ TEST(TextTable, ShowsColumnsThatAreNotFixedToo) {
 }
 
 TEST(TextTable, KeepsToTheWidth) {
-    const CSummaryTable table = TableOf({RowOf(std::string(200, 'p'), "123456.789012 (12.34 %)", Verdict::Bad)});
+    const CSummaryTable table = TableOf({RowOf(std::string(200, 'p'), "123456.789012 (12.34 %)", CVerdict::Bad)});
     for (const std::size_t width : {60U, 80U, 120U, 200U}) {
         for (const std::string& line : Lines(TextTable(table, {width, false}))) EXPECT_LE(line.size(), width);
     }
 }
 
 TEST(TextTable, IsOneBandWhereEverythingFits) {
-    const CSummaryTable table = TableOf({RowOf("a.uds", "1.5", Verdict::Good)});
+    const CSummaryTable table = TableOf({RowOf("a.uds", "1.5", CVerdict::Good)});
     EXPECT_EQ(Lines(TextTable(table, {1000, false})).size(), 3U);
 }
 
 TEST(TextTable, CutsLongPathsAtTheFront) {
-    const CSummaryTable table = TableOf({RowOf("folder/folder/folder/folder/folder/signal.uds", "1", Verdict::Good)});
+    const CSummaryTable table = TableOf({RowOf("folder/folder/folder/folder/folder/signal.uds", "1", CVerdict::Good)});
     EXPECT_THAT(TextTable(table, {}), HasSubstr("(1)  ...folder/folder/folder/signal.uds "));
 }
 
-// Large numbers once lost their first digits, and what was left looked like another number.
+// Large numbers once lost their first digits and looked like different numbers.
 TEST(TextTable, NeverCutsNumbers) {
     const std::string number = "1" + std::string(100, '0') + ".0";
-    EXPECT_THAT(TextTable(TableOf({RowOf("a.uds", number, Verdict::Bad)}), {}), HasSubstr(" " + number + "\n"));
+    EXPECT_THAT(TextTable(TableOf({RowOf("a.uds", number, CVerdict::Bad)}), {}), HasSubstr(" " + number + "\n"));
 }
 
-TEST(TextTable, HasNoColoursUnlessAsked) {
-    const CSummaryTable table = TableOf({RowOf("a.uds", "1.5", Verdict::Bad)});
+TEST(TextTable, HasNoColorsUnlessAsked) {
+    const CSummaryTable table = TableOf({RowOf("a.uds", "1.5", CVerdict::Bad)});
     EXPECT_THAT(TextTable(table, {80, false}), Not(HasSubstr("\x1b")));
 }
 
-TEST(TextTable, ColoursVerdictsBesideTheirWords) {
-    CSummaryTable table = TableOf({RowOf("a.uds", "1.5", Verdict::Bad), RowOf("b.uds", "2.5", Verdict::Good)});
+TEST(TextTable, ColorsVerdictsAndTheirWords) {
+    CSummaryTable table = TableOf({RowOf("a.uds", "1.5", CVerdict::Bad), RowOf("b.uds", "2.5", CVerdict::Good)});
     const std::string text = TextTable(table, {80, true});
     EXPECT_THAT(text, HasSubstr("\x1b[1;31m1.5 BAD\x1b[0m"));
     EXPECT_THAT(text, HasSubstr("\x1b[32m2.5 good\x1b[0m"));
     EXPECT_THAT(text, HasSubstr("\x1b[1mPeak Value\x1b[0m"));
 }
 
-// The numbers once came out red: the zero of the verdict type is none of its three colours.
+// The numbers were once printed red: the zero of the verdict type is none of its three colors.
 TEST(TextTable, LeavesWhatHasNoVerdictPlain) {
-    const std::string text = TextTable(TableOf({RowOf("a.uds", "1.5", Verdict::Bad)}), {80, true});
+    const std::string text = TextTable(TableOf({RowOf("a.uds", "1.5", CVerdict::Bad)}), {80, true});
     EXPECT_THAT(text, HasSubstr("\n(1)  a.uds "));
 }
 
-TEST(TextTable, StandsInLineWithColoursToo) {
-    const CSummaryTable table = TableOf({RowOf("a.uds", "1.5", Verdict::Bad), RowOf("b.uds", "12.5", Verdict::Good)});
+TEST(TextTable, StaysAlignedWithColors) {
+    const CSummaryTable table = TableOf({RowOf("a.uds", "1.5", CVerdict::Bad), RowOf("b.uds", "12.5", CVerdict::Good)});
     std::string painted = TextTable(table, {80, true});
     for (const std::string sequence : {"\x1b[1;31m", "\x1b[32m", "\x1b[1m", "\x1b[0m"}) {
         for (std::size_t at = painted.find(sequence); at != std::string::npos; at = painted.find(sequence)) {
@@ -137,7 +138,7 @@ TEST(TextTable, StandsInLineWithColoursToo) {
 }
 
 TEST(TextTable, DisarmsTerminalCommandsInFileNames) {
-    const CSummaryTable table = TableOf({RowOf("a\x1b[2J.uds", "1", Verdict::Good)});
+    const CSummaryTable table = TableOf({RowOf("a\x1b[2J.uds", "1", CVerdict::Good)});
     EXPECT_THAT(TextTable(table, {}), HasSubstr("a?[2J.uds"));
 }
 

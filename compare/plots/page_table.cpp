@@ -20,19 +20,19 @@ std::unique_ptr<CPlot> Make() {
 constexpr bool kHasChart = true;
 
 constexpr std::array kPages = {
-    CPage{page::kSummary, "Summary", Make<CPlot>, PageLists::Every, !kHasChart},
-    CPage{page::kInputData, "Input Data", Make<CPlotInput>, PageLists::OfOtherQuantities},
-    CPage{page::kAcceleration, "Acceleration", Make<CPlotAcc>, PageLists::OfAccelerations},
-    CPage{page::kVelocity, "Velocity", Make<CPlotVel>, PageLists::OfAccelerations},
-    CPage{page::kDisplacement, "Displacement", Make<CPlotDisp>, PageLists::OfAccelerations, kHasChart,
+    CPage{page::kSummary, "Summary", Make<CPlot>, CPageLists::Every, !kHasChart},
+    CPage{page::kInputData, "Input Data", Make<CPlotInput>, CPageLists::OfOtherQuantities},
+    CPage{page::kAcceleration, "Acceleration", Make<CPlotAcc>, CPageLists::OfAccelerations},
+    CPage{page::kVelocity, "Velocity", Make<CPlotVel>, CPageLists::OfAccelerations},
+    CPage{page::kDisplacement, "Displacement", Make<CPlotDisp>, CPageLists::OfAccelerations, kHasChart,
           "Displacement shows the same single integral as the Velocity page."},
-    CPage{page::kCorridor, "Corridor", Make<CPlot4GCorridor>, PageLists::Every},
-    CPage{page::kStandardDeviation, "Standard Deviation", Make<CPlotStdDeviation>, PageLists::Every},
-    CPage{page::k90Percentile, "90 Percentile Corridor", Make<CPlot90Percent>, PageLists::Every},
-    CPage{page::kResiduals, "Residuals", Make<CPlotResidual>, PageLists::Every},
+    CPage{page::kCorridor, "Corridor", Make<CPlot4GCorridor>, CPageLists::Every},
+    CPage{page::kStandardDeviation, "Standard Deviation", Make<CPlotStdDeviation>, CPageLists::Every},
+    CPage{page::k90Percentile, "90 Percentile Corridor", Make<CPlot90Percent>, CPageLists::Every},
+    CPage{page::kResiduals, "Residuals", Make<CPlotResidual>, CPageLists::Every},
     // Spelled so in older reports.
-    CPage{page::kCumulativeDensity, "Cummulative Density", Make<CPlotCumulativeDensity>, PageLists::Every},
-    CPage{page::kCrossCorrelation, "Cross Correlation", Make<CPlotCrossCorrelation>, PageLists::Every},
+    CPage{page::kCumulativeDensity, "Cummulative Density", Make<CPlotCumulativeDensity>, CPageLists::Every},
+    CPage{page::kCrossCorrelation, "Cross Correlation", Make<CPlotCrossCorrelation>, CPageLists::Every},
 };
 
 constexpr bool HasEveryIdOnce() {
@@ -41,17 +41,17 @@ constexpr bool HasEveryIdOnce() {
     }
     return true;
 }
-static_assert(HasEveryIdOnce(), "An id stands for one page.");
+static_assert(HasEveryIdOnce(), "Each page needs an id of its own.");
 
 bool IsOffered(const CPage& row, bool isAcceleration) {
     switch (row.lists) {
-        case PageLists::Every:
+        case CPageLists::Every:
             return true;
-        case PageLists::OfAccelerations:
+        case CPageLists::OfAccelerations:
             return isAcceleration;
-        case PageLists::OfOtherQuantities:
+        case CPageLists::OfOtherQuantities:
             return !isAcceleration;
-        case PageLists::None:
+        case CPageLists::None:
             break;
     }
     return false;

@@ -72,7 +72,7 @@ CRoadside RoadsideAcceptance(const CSamples& samples, const CRoadsideLimits& lim
         if (!row.value.IsNumber()) return {{}, row.value.Reason()};
         isWithin = isWithin && std::abs(row.value.Number()) <= row.limit;
     }
-    return {isWithin ? RoadsideVerdict::Pass : RoadsideVerdict::Fail, {}};
+    return {isWithin ? CRoadsideVerdict::Pass : CRoadsideVerdict::Fail, {}};
 }
 
 }  // namespace ratings

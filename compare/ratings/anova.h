@@ -30,11 +30,11 @@ struct CRoadsideLimits {
     double standardDeviation = 0.35;
 };
 
-enum class RoadsideVerdict { Pass, Fail };
+enum class CRoadsideVerdict { Pass, Fail };
 
 /// The verdict, or why there is none.
 struct CRoadside {
-    std::optional<RoadsideVerdict> verdict;
+    std::optional<CRoadsideVerdict> verdict;
     std::string reason;  ///< empty with a verdict
 };
 

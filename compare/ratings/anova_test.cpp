@@ -64,20 +64,20 @@ TEST(Anova, WithoutEnoughToDivideItSaysWhy) {
 
 TEST(Roadside, EveryOneOfTheFourLimitsDecides) {
     const CPairOfSignals good{Pulse(500, 0.3), Pulse(500, 0.3, 5)};
-    EXPECT_EQ(RoadsideAcceptance(good.View()).verdict, RoadsideVerdict::Pass);
+    EXPECT_EQ(RoadsideAcceptance(good.View()).verdict, CRoadsideVerdict::Pass);
     EXPECT_EQ(RoadsideAcceptance(good.View()).reason, "");
-    EXPECT_EQ(RoadsideAcceptance(good.View(), {.magnitude = -1.0}).verdict, RoadsideVerdict::Fail);
-    EXPECT_EQ(RoadsideAcceptance(good.View(), {.phase = 0.01}).verdict, RoadsideVerdict::Fail);
-    EXPECT_EQ(RoadsideAcceptance(good.View(), {.mean = -1.0}).verdict, RoadsideVerdict::Fail);
-    EXPECT_EQ(RoadsideAcceptance(good.View(), {.standardDeviation = 0.001}).verdict, RoadsideVerdict::Fail);
+    EXPECT_EQ(RoadsideAcceptance(good.View(), {.magnitude = -1.0}).verdict, CRoadsideVerdict::Fail);
+    EXPECT_EQ(RoadsideAcceptance(good.View(), {.phase = 0.01}).verdict, CRoadsideVerdict::Fail);
+    EXPECT_EQ(RoadsideAcceptance(good.View(), {.mean = -1.0}).verdict, CRoadsideVerdict::Fail);
+    EXPECT_EQ(RoadsideAcceptance(good.View(), {.standardDeviation = 0.001}).verdict, CRoadsideVerdict::Fail);
 }
 
 TEST(Roadside, MagnitudesOfEitherSignAreLimited) {
-    EXPECT_EQ(RoadsideAcceptance(WithGain(Wave(800), 0.5).View()).verdict, RoadsideVerdict::Fail);
-    EXPECT_EQ(RoadsideAcceptance(WithGain(Wave(800), 1.5).View()).verdict, RoadsideVerdict::Fail);
-    EXPECT_EQ(RoadsideAcceptance(WithGain(Wave(800), 0.7).View()).verdict, RoadsideVerdict::Pass);
-    EXPECT_EQ(RoadsideAcceptance(WithGain(Wave(800), 1.0, 1.0).View()).verdict, RoadsideVerdict::Fail);
-    EXPECT_EQ(RoadsideAcceptance(WithGain(Wave(800), 1.0, -1.0).View()).verdict, RoadsideVerdict::Fail);
+    EXPECT_EQ(RoadsideAcceptance(WithGain(Wave(800), 0.5).View()).verdict, CRoadsideVerdict::Fail);
+    EXPECT_EQ(RoadsideAcceptance(WithGain(Wave(800), 1.5).View()).verdict, CRoadsideVerdict::Fail);
+    EXPECT_EQ(RoadsideAcceptance(WithGain(Wave(800), 0.7).View()).verdict, CRoadsideVerdict::Pass);
+    EXPECT_EQ(RoadsideAcceptance(WithGain(Wave(800), 1.0, 1.0).View()).verdict, CRoadsideVerdict::Fail);
+    EXPECT_EQ(RoadsideAcceptance(WithGain(Wave(800), 1.0, -1.0).View()).verdict, CRoadsideVerdict::Fail);
 }
 
 TEST(Roadside, WithoutAValueThereIsNoVerdict) {

@@ -97,7 +97,7 @@ void RateCrossCorrelation(const CSamples& interval, const CCoraOptions& options,
     const std::size_t count = interval.reference.size();
     const double least = std::ceil(options.leastOverlap * static_cast<double>(count) - kRounding);
     const auto overlapCount = static_cast<std::size_t>(std::max(least, 1.0));
-    const CLagCorrelation best = FindBestLag(interval, count - overlapCount, Centering::None);
+    const CLagCorrelation best = FindBestLag(interval, count - overlapCount, CCentering::None);
     if (best.isByRule) return;
     const double lag = static_cast<double>(best.lag);
     const double shape = std::pow((best.correlation + 1.0) / 2.0, options.shapeExponent);

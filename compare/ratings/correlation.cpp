@@ -8,17 +8,17 @@
 namespace ratings {
 namespace {
 
-std::vector<double> Prepared(std::span<const double> values, Centering centering) {
-    return centering == Centering::Mean ? Center(values).values : Scale(values).values;
+std::vector<double> Prepared(std::span<const double> values, CCentering centering) {
+    return centering == CCentering::Mean ? Center(values).values : Scale(values).values;
 }
 
 }  // namespace
 
-bool IsFlat(std::span<const double> values, Centering centering) {
-    return IsConstant(values) && (centering == Centering::Mean || values.empty() || values.front() == 0.0);
+bool IsFlat(std::span<const double> values, CCentering centering) {
+    return IsConstant(values) && (centering == CCentering::Mean || values.empty() || values.front() == 0.0);
 }
 
-std::optional<double> Correlation(const CSamples& samples, Centering centering) {
+std::optional<double> Correlation(const CSamples& samples, CCentering centering) {
     if (IsFlat(samples.reference, centering) || IsFlat(samples.computed, centering)) return {};
     const std::vector<double> x = Prepared(samples.reference, centering);
     const std::vector<double> y = Prepared(samples.computed, centering);

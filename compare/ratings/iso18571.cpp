@@ -59,9 +59,9 @@ CLagCorrelation BestLag(const CSamples& samples, const CIso18571Options& options
     const std::size_t count = samples.reference.size();
     const double largest = options.largestShiftShare * static_cast<double>(count);
     const auto maxLag = static_cast<std::size_t>(std::floor(largest + kRounding));
-    const CLagCorrelation best = FindBestLag(samples, std::min(maxLag, count - 1), Centering::Mean);
+    const CLagCorrelation best = FindBestLag(samples, std::min(maxLag, count - 1), CCentering::Mean);
     const std::size_t left = count - static_cast<std::size_t>(std::abs(best.lag));
-    return left < kIsoLeastSamples ? CorrelationAtLag(samples, 0, Centering::Mean) : best;
+    return left < kIsoLeastSamples ? CorrelationAtLag(samples, 0, CCentering::Mean) : best;
 }
 
 double PhaseScore(std::int64_t lag, std::size_t count, const CIso18571Options& options) {
@@ -88,7 +88,7 @@ std::vector<double> Gradient(std::span<const double> y) {
     return gradient;
 }
 
-/// Mean over up to four neighbours on either side, equally many.
+/// Mean over up to four neighbors on either side, equally many.
 std::vector<double> Smooth(std::span<const double> values) {
     constexpr std::size_t kReach = 4;
     std::vector<double> means(values.size());
@@ -147,14 +147,14 @@ std::optional<std::string_view> FaultOf(const CIso18571Options& options) {
     return {};
 }
 
-IsoGrade GradeOf(double r) {
-    if (r > 0.94) return IsoGrade::Excellent;
-    if (r > 0.80) return IsoGrade::Good;
-    if (r > 0.58) return IsoGrade::Fair;
-    return IsoGrade::Poor;
+CIsoGrade GradeOf(double r) {
+    if (r > 0.94) return CIsoGrade::Excellent;
+    if (r > 0.80) return CIsoGrade::Good;
+    if (r > 0.58) return CIsoGrade::Fair;
+    return CIsoGrade::Poor;
 }
 
-std::string_view NameOf(IsoGrade grade) {
+std::string_view NameOf(CIsoGrade grade) {
     constexpr std::array<std::string_view, 4> kNames{"excellent", "good", "fair", "poor"};
     return kNames.at(static_cast<std::size_t>(grade));
 }

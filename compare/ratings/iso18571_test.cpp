@@ -284,7 +284,7 @@ TEST(Iso18571, ARatingOfUsualSignalsHasEveryValue) {
     EXPECT_EQ(rating.r.Number(), scores.r);
     EXPECT_EQ(rating.lag.Number(), 17.0);
     EXPECT_NEAR(rating.correlation.Number(), 1.0, 1e-12);
-    EXPECT_EQ(rating.grade, IsoGrade::Good);
+    EXPECT_EQ(rating.grade, CIsoGrade::Good);
     EXPECT_EQ(rating.pointCount, 500U);
     EXPECT_FALSE(rating.isModified);
 }
@@ -319,7 +319,7 @@ TEST_P(UnratedIsoPair, IsNotAvailableWithItsReason) {
     const CIso18571Rating rating = Iso18571(GetParam().pair.View());
     for (const CValue* value :
          {&rating.r, &rating.z, &rating.ep, &rating.em, &rating.es, &rating.lag, &rating.correlation}) {
-        EXPECT_EQ(value->State(), ValueState::Unavailable);
+        EXPECT_EQ(value->State(), CValueState::Unavailable);
         EXPECT_EQ(value->Reason(), GetParam().reason);
     }
     EXPECT_FALSE(rating.grade);

@@ -13,7 +13,7 @@ namespace {
 constexpr double kTieMargin = 1e-12;
 
 /// Share of the product of both whole norms that a sum may be off by. The transform stays a tenth below; with this
-/// bound, exact ties such as those of ramps stay within the tie margin and need not be summed anew.
+/// bound, exact ties such as those of ramps stay within the tie margin and need not be summed again.
 constexpr double kSumError = 5e-14;
 
 /// FFTW plans one at a time in a process.
@@ -46,10 +46,10 @@ std::vector<double> PrefixSums(std::span<const double> values, Term term) {
     return sums;
 }
 
-/// How many values from the start on are equal to the first; with Centering::None only zeros count.
+/// How many values from the start on are equal to the first; with CCentering::None only zeros count.
 template <class Range>
-std::size_t FlatRun(const Range& values, Centering centering) {
-    const double level = centering == Centering::Mean ? *values.begin() : 0.0;
+std::size_t FlatRun(const Range& values, CCentering centering) {
+    const double level = centering == CCentering::Mean ? *values.begin() : 0.0;
     std::size_t count = 0;
     for (const double value : values) {
         if (value != level) break;
@@ -61,10 +61,10 @@ std::size_t FlatRun(const Range& values, Centering centering) {
 /// One signal with what every part at its start or end needs.
 class CPartSums {
 public:
-    CPartSums(std::span<const double> values, Centering centering) {
+    CPartSums(std::span<const double> values, CCentering centering) {
         const CCentered centered = Center(values);
         const double scale = std::ldexp(1.0, centered.exponent);
-        m_offset = centering == Centering::Mean ? 0.0 : values.front() - centered.values.front() * scale;
+        m_offset = centering == CCentering::Mean ? 0.0 : values.front() - centered.values.front() * scale;
         const double offset = m_offset;
         m_sums = PrefixSums(centered.values, [=](double value) { return value * scale; });
         m_squares = PrefixSums(centered.values, [=](double value) {
@@ -100,16 +100,16 @@ struct CBounds {
     double high = 1.0;
 };
 
-/// The correlation that stands in where an overlap is flat: flat parts are equal when their first values are.
-double CorrelationByRule(bool areBothFlat, double reference, double computed, Centering centering) {
-    return centering == Centering::Mean && areBothFlat && reference == computed ? 1.0 : 0.0;
+/// The correlation by rule where an overlap is flat: flat parts are equal when their first values are.
+double CorrelationByRule(bool areBothFlat, double reference, double computed, CCentering centering) {
+    return centering == CCentering::Mean && areBothFlat && reference == computed ? 1.0 : 0.0;
 }
 
 /// Bounds of every lag's correlation in constant time each. A correlation does not change with scale, so each signal
 /// is scaled by itself.
 class CLagBounds {
 public:
-    CLagBounds(const CSamples& samples, std::size_t maxLag, Centering centering)
+    CLagBounds(const CSamples& samples, std::size_t maxLag, CCentering centering)
         : CLagBounds(samples, Scale(samples.reference).values, Scale(samples.computed).values, maxLag, centering) {}
 
     bool IsFlat(std::int64_t lag) const { return IsReferenceFlat(lag) || IsComputedFlat(lag); }
@@ -127,7 +127,7 @@ public:
         const double sumX = m_reference.Sum(x, count), sumY = m_computed.Sum(y, count);
         double xx = m_reference.Squares(x, count), yy = m_computed.Squares(y, count);
         double xy = m_cross[static_cast<std::size_t>(lag + m_maxLag)];
-        if (m_centering == Centering::Mean) {
+        if (m_centering == CCentering::Mean) {
             xx -= sumX * sumX / n;
             yy -= sumY * sumY / n;
             xy -= sumX * sumY / n;
@@ -140,7 +140,7 @@ public:
 
 private:
     CLagBounds(const CSamples& samples, std::span<const double> reference, std::span<const double> computed,
-               std::size_t maxLag, Centering centering)
+               std::size_t maxLag, CCentering centering)
         : m_samples(samples),
           m_centering(centering),
           m_reference(reference, centering),
@@ -165,7 +165,7 @@ private:
     }
 
     CSamples m_samples;
-    Centering m_centering;
+    CCentering m_centering;
     CPartSums m_reference, m_computed;
     std::vector<double> m_cross;
     std::int64_t m_maxLag;
@@ -197,7 +197,7 @@ private:
     double m_highest = 0.0;  ///< the highest upper bound
 };
 
-CLagCorrelation BestOf(std::span<const std::int64_t> lags, const CSamples& samples, Centering centering) {
+CLagCorrelation BestOf(std::span<const std::int64_t> lags, const CSamples& samples, CCentering centering) {
     CLagCorrelation best = CorrelationAtLag(samples, lags.front(), centering);
     for (const std::int64_t lag : lags.subspan(1)) {
         const CLagCorrelation candidate = CorrelationAtLag(samples, lag, centering);
@@ -214,20 +214,20 @@ CSamples OverlapAt(const CSamples& samples, std::int64_t lag) {
     return {samples.reference.first(count), samples.computed.last(count)};
 }
 
-CLagCorrelation CorrelationAtLag(const CSamples& samples, std::int64_t lag, Centering centering) {
+CLagCorrelation CorrelationAtLag(const CSamples& samples, std::int64_t lag, CCentering centering) {
     const CSamples overlap = OverlapAt(samples, lag);
     if (const auto correlation = Correlation(overlap, centering)) return {lag, *correlation, false};
     const bool areBothFlat = IsFlat(overlap.reference, centering) && IsFlat(overlap.computed, centering);
     return {lag, CorrelationByRule(areBothFlat, overlap.reference.front(), overlap.computed.front(), centering), true};
 }
 
-CLagCorrelation FindBestLag(const CSamples& samples, std::size_t maxLag, Centering centering) {
+CLagCorrelation FindBestLag(const CSamples& samples, std::size_t maxLag, CCentering centering) {
     const CLagCorrelation atZero = CorrelationAtLag(samples, 0, centering);
     if (atZero.correlation + kTieMargin >= 1.0) return atZero;
 
     const CLagBounds bounds(samples, maxLag, centering);
     CCandidates candidates;
-    const bool isFlatTried = centering == Centering::Mean;
+    const bool isFlatTried = centering == CCentering::Mean;
     if (isFlatTried || !atZero.isByRule) candidates.Try({0, atZero.correlation, atZero.correlation});
     for (std::int64_t shift = 1; shift <= static_cast<std::int64_t>(maxLag); ++shift) {
         for (const std::int64_t lag : {shift, -shift}) {

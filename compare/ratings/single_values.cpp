@@ -47,7 +47,7 @@ struct CDivisor {
     }
 };
 
-CValue Correlate(const CSamples& samples, Centering centering, std::string_view referenceReason,
+CValue Correlate(const CSamples& samples, CCentering centering, std::string_view referenceReason,
                  std::string_view computedReason) {
     if (IsFlat(samples.reference, centering)) return CValue::Unavailable(referenceReason);
     if (IsFlat(samples.computed, centering)) return CValue::Unavailable(computedReason);
@@ -109,8 +109,8 @@ CSingleValues SingleValues(const CSamples& samples) {
     values.nrmseRange = constant.Under(rms, most - least);
     values.nrmseRms = zero.Under(error, reference);
     values.pearson =
-        Correlate(samples, Centering::Mean, rating_message::kReferenceConstant, rating_message::kComputedConstant);
-    values.nard = Correlate(samples, Centering::None, rating_message::kReferenceZero, rating_message::kComputedZero);
+        Correlate(samples, CCentering::Mean, rating_message::kReferenceConstant, rating_message::kComputedConstant);
+    values.nard = Correlate(samples, CCentering::None, rating_message::kReferenceZero, rating_message::kComputedZero);
     values.r2 = constant.Under(sums.variation - sums.errorSquares, sums.variation);
     values.regression = Regression(sums, count, constant);
     values.theil = bothZero.Under(error, reference + std::sqrt(sums.computedSquares));

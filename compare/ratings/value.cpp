@@ -6,21 +6,21 @@
 
 namespace ratings {
 
-CValue::CValue() : CValue(ValueState::Unavailable, rating_message::kNotRated) {}
+CValue::CValue() : CValue(CValueState::Unavailable, rating_message::kNotRated) {}
 
 CValue CValue::Of(double number) {
     if (!std::isfinite(number)) return Unavailable(rating_message::kBeyondNumbers);
-    CValue value(ValueState::Number, {});
+    CValue value(CValueState::Number, {});
     value.m_number = number;
     return value;
 }
 
 CValue CValue::Unavailable(std::string_view reason) {
-    return {ValueState::Unavailable, reason};
+    return {CValueState::Unavailable, reason};
 }
 
 CValue CValue::Error(std::string_view sentence) {
-    return {ValueState::Error, sentence};
+    return {CValueState::Error, sentence};
 }
 
 }  // namespace ratings

@@ -7,11 +7,11 @@
 namespace ratings {
 
 /// What a rated value is: a number, not defined for these signals, or failed before it could be computed.
-enum class ValueState { Number, Unavailable, Error };
+enum class CValueState { Number, Unavailable, Error };
 
-/// One value of a rating. It holds a finite number or says in words why there is none; a reason is never dressed up
+/// One value of a rating. It holds a finite number or says in words why there is none; a reason never appears
 /// as 0, infinity or not-a-number. The functions of this folder give numbers and reasons; `Error` is for callers that
-/// could not come as far as rating.
+/// failed before rating.
 class CValue {
 public:
     /// Not available, as kNotRated says.
@@ -23,17 +23,17 @@ public:
     /// @param sentence  what failed, as the user reads it
     static CValue Error(std::string_view sentence);
 
-    ValueState State() const { return m_state; }
-    bool IsNumber() const { return m_state == ValueState::Number; }
+    CValueState State() const { return m_state; }
+    bool IsNumber() const { return m_state == CValueState::Number; }
     /// @throws std::bad_optional_access unless IsNumber()
     double Number() const { return m_number.value(); }
     /// Empty when IsNumber().
     const std::string& Reason() const { return m_reason; }
 
 private:
-    CValue(ValueState state, std::string_view reason) : m_state(state), m_reason(reason) {}
+    CValue(CValueState state, std::string_view reason) : m_state(state), m_reason(reason) {}
 
-    ValueState m_state;
+    CValueState m_state;
     std::optional<double> m_number;
     std::string m_reason;
 };

@@ -12,18 +12,18 @@ namespace {
 
 TEST(RatedValue, ANumberIsANumber) {
     const CValue value = CValue::Of(0.25);
-    EXPECT_EQ(value.State(), ValueState::Number);
+    EXPECT_EQ(value.State(), CValueState::Number);
     EXPECT_EQ(value.Number(), 0.25);
     EXPECT_EQ(value.Reason(), "");
 }
 
 TEST(RatedValue, AReasonIsNeverReadAsANumber) {
     const CValue value = CValue::Unavailable("The reference is zero.");
-    EXPECT_EQ(value.State(), ValueState::Unavailable);
+    EXPECT_EQ(value.State(), CValueState::Unavailable);
     EXPECT_EQ(value.Reason(), "The reference is zero.");
     EXPECT_THROW(static_cast<void>(value.Number()), std::bad_optional_access);
     EXPECT_THROW(static_cast<void>(CValue::Error("No file.").Number()), std::bad_optional_access);
-    EXPECT_EQ(CValue::Error("No file.").State(), ValueState::Error);
+    EXPECT_EQ(CValue::Error("No file.").State(), CValueState::Error);
 }
 
 TEST(RatedValue, WhatIsNotFiniteIsNotAvailable) {
@@ -34,7 +34,7 @@ TEST(RatedValue, WhatIsNotFiniteIsNotAvailable) {
 }
 
 TEST(RatedValue, WithoutAResultItSaysSo) {
-    EXPECT_EQ(CValue().State(), ValueState::Unavailable);
+    EXPECT_EQ(CValue().State(), CValueState::Unavailable);
     EXPECT_EQ(CValue().Reason(), rating_message::kNotRated);
 }
 

@@ -12,6 +12,6 @@ CNSignal ReadRecord(const std::string& path) {
 
 }  // namespace
 
-const CSignalFormat kUdsFormat{"UDS-1992", true, ListOnlyChannel<ReadRecord>, LoadOnlyChannel<ReadRecord>};
+const CSignalFormat kUdsFormat{"UDS-1992", true, nullptr, ListOnlyChannel<ReadRecord>, LoadOnlyChannel<ReadRecord>};
 
 }  // namespace ks

@@ -1,4 +1,4 @@
-// Prints every rating of pairs of signals from a text file, for a check by other means.
+// Prints every rating of pairs of signals from a text file, for an independent check.
 //
 //     rating_values FILE
 //
@@ -119,7 +119,7 @@ void PrintAnova(const Printer& printer, const ratings::CSamples& samples) {
     printer.Print("anova.standardDeviation", anova.standardDeviation);
     printer.Print("anova.t", anova.t);
     const ratings::CRoadside roadside = ratings::RoadsideAcceptance(samples);
-    printer.Print("roadside.passes", roadside.verdict ? Flag(*roadside.verdict == ratings::RoadsideVerdict::Pass)
+    printer.Print("roadside.passes", roadside.verdict ? Flag(*roadside.verdict == ratings::CRoadsideVerdict::Pass)
                                                       : CValue::Unavailable(roadside.reason));
 }
 

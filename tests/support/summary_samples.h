@@ -1,6 +1,8 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
+#include <numeric>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -42,6 +44,14 @@ inline std::size_t ColumnCount() {
     return SummaryColumns().size();
 }
 
+/// All columns in their order, the third moved in front of the first.
+inline std::vector<int> ThirdColumnFirst() {
+    std::vector<int> order(ColumnCount());
+    std::iota(order.begin(), order.end(), 0);
+    std::rotate(order.begin(), order.begin() + 2, order.begin() + 3);
+    return order;
+}
+
 /// The fixed columns, in their order.
 inline std::vector<CSummaryColumn> FixedColumns() {
     std::vector<CSummaryColumn> columns;
@@ -51,7 +61,7 @@ inline std::vector<CSummaryColumn> FixedColumns() {
     return columns;
 }
 
-/// The program's columns and one that is not fixed, "Extra", in front of the last one: it shows the number of points,
+/// The program's columns and one that is not fixed, "Extra", before the last one: it shows the number of points,
 /// and that is good above the limit of the T statistic.
 inline std::vector<CSummaryColumn> ColumnsWithExtra() {
     std::vector<CSummaryColumn> columns(SummaryColumns().begin(), SummaryColumns().end());
@@ -59,7 +69,7 @@ inline std::vector<CSummaryColumn> ColumnsWithExtra() {
     columns.insert(columns.end() - 1,
                    {.header = "Extra",
                     .text = [](const CSignal& signal) { return std::to_string(signal.GetPointCount()) + " points"; },
-                    .judgement = CJudgement{count, &CCriticalValues::tStatistic, GoodSide::Above}});
+                    .judgement = CJudgement{count, &CCriticalValues::tStatistic, CGoodSide::Above}});
     return columns;
 }
 

@@ -32,17 +32,17 @@ std::uint32_t Word(double value, int bias) {
     return sign | (static_cast<std::uint32_t>(exponent + bias) << 23U) | (fraction & 0x7FFFFFU);
 }
 
-CByteValues RealBytes(double value, UdsNumbers numbers) {
-    if (numbers == UdsNumbers::Sun) return HighFirst(Word(value, 126));
-    if (numbers == UdsNumbers::Ieee) return LowFirst(Word(value, 126));
+CByteValues RealBytes(double value, CUdsNumbers numbers) {
+    if (numbers == CUdsNumbers::Sun) return HighFirst(Word(value, 126));
+    if (numbers == CUdsNumbers::Ieee) return LowFirst(Word(value, 126));
     // Two 16-bit words, the high one first, each with its low byte first.
     const CByteValues high = HighFirst(Word(value, 128));
     return {high[1], high[0], high[3], high[2]};
 }
 
-std::string NumberFormatText(UdsNumbers numbers) {
-    if (numbers == UdsNumbers::Sun) return "SUN";
-    return numbers == UdsNumbers::Vax ? "VAX" : "IEEE";
+std::string NumberFormatText(CUdsNumbers numbers) {
+    if (numbers == CUdsNumbers::Sun) return "SUN";
+    return numbers == CUdsNumbers::Vax ? "VAX" : "IEEE";
 }
 
 void PutFour(std::string& bytes, std::size_t offset, const CByteValues& values) {
@@ -79,7 +79,7 @@ CUDSBytes& CUDSBytes::PutText(std::size_t offset, std::size_t width, std::string
 
 CUDSBytes& CUDSBytes::PutInteger(std::size_t offset, std::int32_t value) {
     const auto word = static_cast<std::uint32_t>(value);
-    PutFour(m_bytes, offset, m_numbers == UdsNumbers::Sun ? HighFirst(word) : LowFirst(word));
+    PutFour(m_bytes, offset, m_numbers == CUdsNumbers::Sun ? HighFirst(word) : LowFirst(word));
     return *this;
 }
 

@@ -8,13 +8,13 @@
 #include <vector>
 
 /// Number formats of UDS files, for the test's own encoding.
-enum class UdsNumbers { Ieee, Sun, Vax };
+enum class CUdsNumbers { Ieee, Sun, Vax };
 
 /// Bytes of a UDS-1992 file made by hand. It shares no line with the product: offsets are literals, numbers are encoded
-/// arithmetically, so that a mistake of the product cannot hide behind the same mistake here.
+/// arithmetically, so that a mistake of the product is not repeated here.
 class CUDSBytes {
 public:
-    explicit CUDSBytes(UdsNumbers numbers = UdsNumbers::Ieee) : m_numbers(numbers) {}
+    explicit CUDSBytes(CUdsNumbers numbers = CUdsNumbers::Ieee) : m_numbers(numbers) {}
 
     /// Appends a record of 512 zero bytes.
     CUDSBytes& AddRecord();
@@ -36,14 +36,14 @@ public:
     std::span<const std::byte> Bytes() const { return std::as_bytes(std::span(m_bytes)); }
 
 private:
-    UdsNumbers m_numbers;
+    CUdsNumbers m_numbers;
     std::string m_bytes;
 };
 
 /// What a hand-made file says; the defaults are a good file of three points.
 class CUDSRecipe {
 public:
-    UdsNumbers numbers = UdsNumbers::Ieee;
+    CUdsNumbers numbers = CUdsNumbers::Ieee;
     std::string fileForm = "X-Y";
     std::int32_t firstPoint = 0;  ///< NFP
     std::int32_t lastPoint = 2;   ///< NLP
