@@ -255,8 +255,13 @@ def compare_examples(comparison):
         compare_one(comparison, label, copy_examples, options, words)
 
 
-def compare_one(comparison, label, make_files, options, words):
+def compare_outputs(comparison, label, make_files, options, words):
+    """One comparison with every output that there is."""
     comparison.run(label, make_files, arguments(options)[:2] + OUTPUTS + arguments(options)[4:] + words)
+
+
+def compare_one(comparison, label, make_files, options, words):
+    compare_outputs(comparison, label, make_files, options, words)
     first = options.files[0]
     comparison.run(label + ", show", make_files, ["show", "--json"] + options.files)
     comparison.run(label + ", export", make_files, ["export", first, "--xy", "--out", "points.txt"])
