@@ -3,8 +3,7 @@
 #include <optional>
 
 /// Which of the keyboard's locks are on.
-class CKeyboardIndicators {
-public:
+struct CKeyboardIndicators {
     bool capsLock = false;
     bool numLock = false;
     bool scrollLock = false;

@@ -6,6 +6,7 @@
 #include "app/page_pane.h"
 #include "app/testing/window_test.h"
 #include "chart/testing/recording_chart_control.h"
+#include "tests/support/summary_samples.h"
 #include "tests/support/test_signals.h"
 
 namespace {
@@ -127,7 +128,7 @@ private slots:
         QCOMPARE(m_window->List(), list);
         QVERIFY(list->isVisible());
         QVERIFY(columns.isEmpty());
-        QCOMPARE(list->DisplayedOrder(), std::vector<int>({2, 0, 1, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15}));
+        QCOMPARE(list->DisplayedOrder(), ThirdColumnFirst());
         QCOMPARE(list->model()->rowCount(), 1);  // refilled, not filled twice
         QVERIFY(list->columnWidth(4) != 177);    // sized to its contents again
     }

@@ -115,7 +115,8 @@ struct PoleSection {
     long double a0, a1, a2, b1, b2;
 };
 PoleSection SectionFromPoles(double timeStepS, double frequencyHz) {
-    const long double wa = std::tan(6.2831853L * 1.2465L * frequencyHz * timeStepS / 2.0L);
+    const long double wa = std::tan(6.2831853L * 1.2465L * static_cast<long double>(frequencyHz) *
+                                    static_cast<long double>(timeStepS) / 2.0L);
     const std::complex<long double> s = std::polar(wa, 0.75L * std::numbers::pi_v<long double>);
     const std::complex<long double> z = (1.0L + s) / (1.0L - s);
     const long double b1 = 2.0L * z.real();

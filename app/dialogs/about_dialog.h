@@ -9,8 +9,7 @@ class CKsAboutDlg;
 }
 
 /// What the about box says about the program; either text may be missing.
-class CAboutTexts {
-public:
+struct CAboutTexts {
     QString title;    ///< application title
     QString version;  ///< product version
 };

@@ -10,8 +10,6 @@
 #include <QSignalSpy>
 #include <QTest>
 #include <QVBoxLayout>
-#include <algorithm>
-#include <numeric>
 
 #include "app/testing/summary_samples.h"
 
@@ -19,13 +17,7 @@ namespace {
 
 const int kColumnCount = static_cast<int>(ColumnCount());
 
-/// All columns, the third before the first.
-const std::vector<int> kThirdFirst = [] {
-    std::vector<int> order(ColumnCount());
-    std::iota(order.begin(), order.end(), 0);
-    std::rotate(order.begin(), order.begin() + 2, order.begin() + 3);
-    return order;
-}();
+const std::vector<int> kThirdFirst = ThirdColumnFirst();
 
 }  // namespace
 

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
+#include <numeric>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -40,6 +42,14 @@ inline std::size_t At(int column) {
 
 inline std::size_t ColumnCount() {
     return SummaryColumns().size();
+}
+
+/// All columns in their order, the third moved in front of the first.
+inline std::vector<int> ThirdColumnFirst() {
+    std::vector<int> order(ColumnCount());
+    std::iota(order.begin(), order.end(), 0);
+    std::rotate(order.begin(), order.begin() + 2, order.begin() + 3);
+    return order;
 }
 
 /// The fixed columns, in their order.

@@ -124,7 +124,7 @@ class Session(WindowTest):
     def read_table(self):
         self.assertEqual(self.program.window.nameless(), [])
         wait_until(lambda: self.program.table().has("focused"), "the table had the focus")
-        self.assertEqual(self.program.table().headers, HEADERS)
+        self.assertEqual(self.program.table().headers[:len(HEADERS)], HEADERS)
         self.assertEqual(self.program.cells(), self.results.accessible_cells())
         verdicts = {verdict for row in self.results.rows for _, verdict in row}
         self.assertEqual(verdicts, {"none", "good", "bad"})
