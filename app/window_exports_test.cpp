@@ -13,6 +13,7 @@
 #include "app/testing/window_test.h"
 #include "chart/testing/wmf_reader.h"
 #include "compare/export.h"
+#include "compare/verdict.h"
 #include "tests/support/temp_folder.h"
 
 namespace {
@@ -478,8 +479,8 @@ private:
             QCOMPARE(headers.next().captured(1), model.headerData(column, Qt::Horizontal).toString());
         }
         QVERIFY(!headers.hasNext());
-        const std::map<CVerdictColor, QString> colors = {
-            {CVerdictColor::White, ""}, {CVerdictColor::Green, "#00E000"}, {CVerdictColor::Red, "#E00000"}};
+        const std::map<CVerdict, QString> colors = {
+            {CVerdict::None, ""}, {CVerdict::Good, "#00E000"}, {CVerdict::Bad, "#E00000"}};
         QSet<QString> seen;
         auto cells = cell.globalMatch(report);
         for (int row = 0; row < model.rowCount(); ++row) {
@@ -488,7 +489,7 @@ private:
                 const QRegularExpressionMatch match = cells.next();
                 const QModelIndex index = model.index(row, column);
                 QCOMPARE(match.captured(3), index.data().toString());
-                QCOMPARE(match.captured(2), colors.at(static_cast<CVerdictColor>(index.data(kVerdictRole).toInt())));
+                QCOMPARE(match.captured(2), colors.at(static_cast<CVerdict>(index.data(kVerdictRole).toInt())));
                 seen.insert(match.captured(2));
             }
         }

@@ -9,8 +9,8 @@
 #include <sys/mman.h>
 #endif
 
-/// Room for numbers, not set to anything. Long columns ask for large pages, which cost a fraction of what as much
-/// memory in small ones costs; so the bare loops show what memory need not cost.
+/// Memory for numbers, not initialized. Long columns ask for large pages, which cost a fraction of the same memory in
+/// small pages; so the bare loops show what memory need not cost.
 class CBareColumn {
 public:
     CBareColumn() = default;

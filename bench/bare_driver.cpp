@@ -90,7 +90,7 @@ public:
     void Run() override { bare::Integrate(m_original.axis, m_result.Values()); }
 };
 
-/// Without extrema where both are equally long, since whoever wrote the values knows them; with them after a cut.
+/// Without extrema where both are equally long, since the writer of the values knows them; with them after a cut.
 class CMeasures : public COperation {
 public:
     explicit CMeasures(const std::vector<std::string>& paths)

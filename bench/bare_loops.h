@@ -8,7 +8,7 @@
 
 #include "bench/bare_column.h"
 
-// The unavoidable work of each work item and nothing else: no check that a damaged file needs, no header, no record.
+// Only the unavoidable work of each work item: no check for damaged files, no header, no record.
 // They share no code with the product. The order of the arithmetic is the settled one.
 
 namespace bare {
@@ -23,7 +23,7 @@ struct CAxis {
     }
 };
 
-/// A curve. In files with ordinates only `x` is empty; the axis tells all abscissas.
+/// A curve. In files with ordinates only, `x` is empty; the axis gives all abscissas.
 struct CCurve {
     CBareColumn x;
     CBareColumn y;
@@ -43,13 +43,13 @@ CCurve ParseLines(const std::string& path);
 /// Both passes of the channel filter, in place, without the tails.
 void Filter(std::span<double> data, double timeStep, double frequency);
 
-/// Straight lines between neighbours at the multiples of `timeStep` from the first sample to the last one.
+/// Straight lines between neighbors at the multiples of `timeStep` from the first sample to the last one.
 CBareColumn Interpolate(const CAxis& axis, std::span<const double> y, double timeStep);
 
 /// The trapezoid rule from the first sample on, in place.
 void Integrate(const CAxis& axis, std::span<double> y);
 
-/// The sums behind all measures; arrays of two hold the computed and the reference signal's.
+/// The sums that all measures are made of; arrays of two hold the computed and the reference signal's.
 struct CSums {
     std::array<std::array<double, 2>, 6> moments{};
     std::array<double, 2> weightedSquares{}, squares{}, peaks{}, largest{}, least{};

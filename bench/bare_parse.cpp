@@ -9,7 +9,7 @@
 namespace bare {
 namespace {
 
-/// Fewer characters than any line of the data has; the room that no line takes costs nothing.
+/// Fewer characters than any line of the data has; memory that no line uses costs nothing.
 constexpr std::size_t kShortestLine = 8;
 
 struct CText {

@@ -4,10 +4,10 @@
     bench/cross_correlation.py BUILD [SAMPLES [STEP [REPEATS]]]
 
 BUILD is a release build folder configured with -DQUORVEL_BENCHMARKS=ON in which the target
-quorvel_cross_correlation_page was built. The default is 300 000 samples 1e-6 s apart, hence 20 001 offsets, for one
+quorvel_cross_correlation_page was built. The default is 300 000 samples 1e-6 s apart, so 20 001 offsets, for one
 computed signal: two correlations, the reference with itself and with the computed signal. SciPy does the same two with
-scipy.signal.correlate(method="fft"); what the page does beside (means, division by the overlap, curves as records) is
-in the page's time only. Each side is timed inside its own process; one runs after the other, never both at once.
+scipy.signal.correlate(method="fft"); the page's other work (means, division by the overlap, curves as records) is
+in the page's time only. Each side is timed inside its own process; they run one after the other.
 
 The page's values are checked against SciPy's. The exit status is 1 when they disagree or the page is not faster.
 Needs Debian's python3-scipy.

@@ -1,10 +1,10 @@
-// Times the Cross Correlation page; cross_correlation.py runs it beside SciPy.
+// Times the Cross Correlation page; cross_correlation.py runs it against SciPy.
 //
 //   quorvel_cross_correlation_page REFERENCE COMPUTED STEP REPEATS CURVES
 //
 // REFERENCE and COMPUTED are files of raw doubles, STEP is their time step in seconds. One line per repeat on standard
 // output: the milliseconds that the page took to build its series. The curves of the last repeat go to CURVES as raw
-// doubles, one curve behind the other.
+// doubles, one curve after the other.
 
 #include <chrono>
 #include <cstdlib>

@@ -145,7 +145,7 @@ class CrossCorrelation(Pair):
         self.signal.correlate(self.reference, self.computed, method="fft")
 
     def digest(self):
-        """Of the page's values: means taken off, the lags of 10 ms, each divided by its overlap."""
+        """Of the page's values: means subtracted, the lags of 10 ms, each divided by its overlap."""
         a, b = (values - values.mean() for values in (self.reference, self.computed))
         lags = self.signal.correlation_lags(len(a), len(b))
         wanted = numpy.abs(lags) <= int(0.01 / self.step)

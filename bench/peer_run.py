@@ -3,8 +3,8 @@
 
     peer_run.py REPORT START STOP REFERENCE COMPUTED...
 
-Reads UDS-1992 files with SUN numbers and ordinates only, filters each by the Butterworth of SAE J211 forwards and
-backwards, cuts them to the window, computes every measure against the reference and writes a small report. Prints the
+Reads UDS-1992 files with SUN numbers and ordinates only, filters each by the Butterworth of SAE J211 forward and
+backward, cuts them to the window, computes every measure against the reference and writes a small report. Prints the
 sum and the sum of the squares of each residual. Peer of the speed table, which also takes its functions apart.
 """
 import html
@@ -53,7 +53,7 @@ def filter_section(step, channel_class):
 
 
 def filtered(y, step, channel_class):
-    """Both ends are prolonged by 10 ms of the data's point reflection."""
+    """Both ends are extended by 10 ms of the data's point reflection."""
     tail = min(int(0.01 / step + 0.5), len(y) - 2)
     return scipy.signal.sosfiltfilt(filter_section(step, channel_class), y, padtype="odd", padlen=tail)
 

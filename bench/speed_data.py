@@ -77,7 +77,7 @@ def uds_file(form, numbers, samples, seed):
 
 
 def lines(samples):
-    """What goes beyond a million lines repeats them."""
+    """Lines beyond a million repeat the first ones."""
     count = min(samples, LINES_AT_A_TIME)
     text = "".join("%.6f\t%.9f\n" % point for point in zip(numpy.arange(count) * 1e-5, ordinates(count, 1).tolist()))
     if samples % count:

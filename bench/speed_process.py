@@ -17,7 +17,7 @@ def output_of(command):
 
 
 def run_whole(starter, command):
-    """Cost of one whole process whose output nobody reads; `starter` is bench/process_cost.cpp."""
+    """Cost of one whole process, its output discarded; `starter` is bench/process_cost.cpp."""
     return Cost(*(float(word) for word in output_of([starter, *command]).split()))
 
 

@@ -122,8 +122,8 @@ def comparisons(size):
 
 
 def checked():
-    """A small run by which the sides of a comparison are held against each other. Its step is one that single precision
-    holds exactly: with any other the product's cut to the common range may leave two signals one sample apart."""
+    """A small run by which the sides of a comparison are checked against each other. Single precision holds its step
+    exactly: with any other the product's cut to the common range may leave two signals one sample apart."""
     return Run("check", "check", "the clean script", 0, files=2, samples=20_000, form="exact")
 
 

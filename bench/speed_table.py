@@ -32,7 +32,7 @@ WORST = 1.3
 
 
 def machine():
-    """What kind of machine this is, and whether others were at work on it."""
+    """What kind of machine this is, and whether it was busy with other work."""
     with open("/proc/meminfo", encoding="ascii") as file:
         kilobytes = int(file.readline().split()[1])
     load = os.getloadavg()[0]

@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""Proof that the speed table's judgements can fail: targets, the check against the baseline, the comparison of what
+"""Proof that the speed table's judgments can fail: targets, the check against the baseline, the comparison of what
 both sides did, and the fitted growth."""
 
 import unittest

@@ -5,7 +5,7 @@
 
 BUILD is a release build folder. The program is started with a file name, so that no dialog opens, and counts as visible
 once the X server maps its window and names it. The server is asked every two milliseconds or so; the first start, which
-also fills the disk cache, is shown apart. Without -noreset the server would start anew whenever the last question ends.
+also fills the disk cache, is shown separately. Without -noreset the server would restart whenever the last query ends.
 Needs Debian's xvfb, xauth and xdotool.
 """
 import os

@@ -41,7 +41,7 @@ const COptionDeclaration* FindDeclaration(std::span<const COptionDeclaration> de
     return found == declarations.end() ? nullptr : &*found;
 }
 
-// The parser's complaint in our own words; it names the option first, with or without its hyphens.
+// Rewords the parser's complaint, which begins with the option's name, with or without its hyphens.
 std::string Sentence(std::span<const COptionDeclaration> declarations, const CLI::ParseError& error) {
     const std::string_view text = error.what();
     for (const COptionDeclaration& declaration : declarations) {
@@ -56,7 +56,7 @@ std::string Sentence(std::span<const COptionDeclaration> declarations, const CLI
     return std::string(text);
 }
 
-// The parser takes "--name=" as "--name" and would go on with the next argument as its value.
+// The parser takes "--name=" as "--name" and would use the next argument as its value.
 void RefuseEmptyValues(std::span<const COptionDeclaration> declarations, const std::vector<std::string>& arguments) {
     for (const std::string& argument : arguments) {
         if (argument == "--") {
@@ -73,7 +73,7 @@ void RefuseEmptyValues(std::span<const COptionDeclaration> declarations, const s
     }
 }
 
-// "--html --json out.json": the value of --html was forgotten; nobody means a file of the name "--json".
+// "--html --json out.json": the value of --html was forgotten; nobody means a file named "--json".
 void RefuseOptionsAsValues(std::span<const COptionDeclaration> declarations, const COptionDeclaration& option,
                            const std::vector<std::string>& values) {
     for (const std::string& value : values) {
@@ -91,7 +91,7 @@ void CheckCount(const COptionDeclaration& option, std::size_t count) {
     }
 }
 
-// What the parser left over: files, the mark "--" and options that it does not know.
+// What the parser left over: files, the separator "--" and options that it does not know.
 std::vector<std::string> FilesAmong(const std::vector<std::string>& rest) {
     std::vector<std::string> files;
     bool marked = false;
@@ -99,7 +99,7 @@ std::vector<std::string> FilesAmong(const std::vector<std::string>& rest) {
         if (!marked && argument == "--") {
             marked = true;
         } else if (!marked && argument.size() > 1 && argument.front() == '-') {
-            throw CUsageError("Unknown option: " + argument + "\nA file of that name can stand behind --.");
+            throw CUsageError("Unknown option: " + argument + "\nTo use a file with that name, put it after --.");
         } else {
             files.push_back(argument);
         }

@@ -6,10 +6,10 @@
 #include <string_view>
 #include <vector>
 
-/// How often an option may stand on the command line, and with what.
+/// How often an option may be given, and with what values.
 enum class COptionKind {
     Flag,       ///< no value
-    Names,      ///< a value only behind "=": --name or --name=A,B; repeatable
+    Names,      ///< a value only after "=": --name or --name=A,B; repeatable
     Single,     ///< one value, once
     Pair,       ///< two values, once
     Repeatable  ///< one value, any number of times
@@ -32,7 +32,7 @@ public:
     /// The values of an option, in order; an option of the kind Names without a value gives an empty text.
     const std::vector<std::string>& Values(std::string_view name) const;
     std::optional<std::string> Value(std::string_view name) const;
-    /// What is neither option nor value: everything behind "--", and before it what does not begin with "-".
+    /// What is neither option nor value: everything after "--", and before it what does not begin with "-".
     const std::vector<std::string>& Files() const { return m_files; }
 
 private:

@@ -17,7 +17,7 @@ constexpr std::array<COptionDeclaration, 5> kDeclarations = {{
     {"--out", COptionKind::Single, "a PATH"},
     {"--window", COptionKind::Pair, "two numbers"},
     {"--flag", COptionKind::Flag, ""},
-    {"--names", COptionKind::Names, "names behind ="},
+    {"--names", COptionKind::Names, "names after ="},
 }};
 
 CArguments Parsed(const Texts& arguments) {
@@ -39,7 +39,7 @@ TEST(Arguments, TakesNegativeNumbersAsValues) {
     EXPECT_THAT(Parsed({"--window=-1", "2", "a"}).Values("--window"), ElementsAre("-1", "2"));
 }
 
-TEST(Arguments, TakesEverythingBehindTheMarkAsFiles) {
+TEST(Arguments, TakesEverythingAfterTheSeparatorAsFiles) {
     EXPECT_THAT(Parsed({"a", "--", "-b", "--flag", "--"}).Files(), ElementsAre("a", "-b", "--flag", "--"));
     EXPECT_FALSE(Parsed({"--", "--flag"}).Has("--flag"));
 }
@@ -49,7 +49,7 @@ TEST(Arguments, KeepsFileNamesThatLookLikeLists) {
     EXPECT_EQ(Parsed({"--out", "[a,b]"}).Value("--out"), "[a,b]");
 }
 
-TEST(Arguments, TakesNamesOnlyBehindAnEqualsSign) {
+TEST(Arguments, TakesNamesOnlyAfterAnEqualsSign) {
     const CArguments arguments = Parsed({"--names", "a", "--names=x,y"});
     EXPECT_THAT(arguments.Values("--names"), ElementsAre("", "x,y"));
     EXPECT_THAT(arguments.Files(), ElementsAre("a"));
@@ -86,16 +86,16 @@ const Row kRows[] = {
     {"SecondValueMissing", {"--window", "0"}, "Option --window needs two numbers."},
     {"BothValuesMissing", {"--window"}, "Option --window needs two numbers."},
     {"EmptyValue", {"--out=", "a"}, "Option --out needs a PATH."},
-    {"EmptyNames", {"--names=", "a"}, "Option --names needs names behind =."},
+    {"EmptyNames", {"--names=", "a"}, "Option --names needs names after =."},
     {"OptionInPlaceOfAValue", {"--out", "--flag", "a"}, "Option --out needs a PATH."},
     {"MarkInPlaceOfAValue", {"--window", "--", "1"}, "Option --window needs two numbers."},
     {"GivenTwice", {"--out", "a", "--out", "b"}, "Option --out can be given only once."},
     {"PairGivenTwice", {"--window", "0", "1", "--window", "0", "1"}, "Option --window can be given only once."},
     {"FlagWithValue", {"--flag=no"}, "Option --flag takes no value."},
-    {"UnknownOption", {"--other"}, "Unknown option: --other\nA file of that name can stand behind --."},
-    {"UnknownShortOption", {"-x"}, "Unknown option: -x\nA file of that name can stand behind --."},
-    {"ShortenedOption", {"--ou", "a"}, "Unknown option: --ou\nA file of that name can stand behind --."},
-    {"UpperCase", {"--OUT", "a"}, "Unknown option: --OUT\nA file of that name can stand behind --."},
+    {"UnknownOption", {"--other"}, "Unknown option: --other\nTo use a file with that name, put it after --."},
+    {"UnknownShortOption", {"-x"}, "Unknown option: -x\nTo use a file with that name, put it after --."},
+    {"ShortenedOption", {"--ou", "a"}, "Unknown option: --ou\nTo use a file with that name, put it after --."},
+    {"UpperCase", {"--OUT", "a"}, "Unknown option: --OUT\nTo use a file with that name, put it after --."},
 };
 
 INSTANTIATE_TEST_SUITE_P(Rows, RefusedArguments, testing::ValuesIn(kRows),

@@ -23,7 +23,7 @@ std::optional<CFileSelection> CCliHost::SelectFiles(const CFileSelection& offere
     return selection;
 }
 
-// Without the paths: the files that could not be read are named in sentences of their own after the run.
+// Without the paths: separate sentences after the run name the files that could not be read.
 void CCliHost::ShowErrorList(const std::vector<CRunMessage>& messages) {
     std::vector<std::string> sentences;
     for (const CRunMessage& message : messages) sentences.push_back(message.text);

@@ -8,8 +8,7 @@
 #include "cli/output/console.h"
 #include "compare/document_host.h"
 
-/// The command line as the document's surroundings: the options are the answers to what it asks, its messages go to
-/// standard error.
+/// The document's host on the command line: the options answer its questions, and its messages go to standard error.
 class CCliHost : public CDocumentHost {
 public:
     /// `files` are the computed files in order. Both references must outlive the host.
@@ -19,7 +18,7 @@ public:
     void ShowErrorList(const std::vector<CRunMessage>& messages) override;
     std::optional<double> EditCorridorSize(double size) override;
     std::optional<CCriticalValues> EditCriticalValues(const CCriticalValues& values) override;
-    /// Never asked: outputs are named by options.
+    /// Never called: options name the outputs.
     std::optional<std::string> AskSavePath(const ks::CFileRequest& request) override;
     /// Settings belong to the desktop program.
     std::string ReadSetting(const CTextSetting& key) override;
@@ -31,9 +30,9 @@ public:
     /// Shows sentences as the messages of a run.
     void ShowSentences(const std::vector<std::string>& sentences);
 
-    /// One line on standard error when --verbose asks for more.
+    /// Prints one line on standard error, only with --verbose.
     void TellMore(std::string_view text);
-    /// From now on messages are shown with `source` and a colon in front; with an empty text, without.
+    /// From now on, shows `source` and a colon before each message; an empty text turns this off.
     void NameSource(std::string source);
     /// The messages shown since the last call.
     std::vector<std::string> TakeShownMessages();

@@ -6,7 +6,7 @@
 #include "compare/critical_values.h"
 #include "compare/summary_table.h"
 
-/// The names of all criteria, for sentences: "residual, stddev, corridor, correlation, t and moment".
+/// The names of all criteria, as text for sentences: "residual, stddev, corridor, correlation, t and moment".
 std::string CriterionNames();
 
 /// Whether a row of the table has a bad verdict under one of the criteria.

@@ -47,7 +47,7 @@ TEST(Criteria, FindNothingBadWithoutCriteriaOrSignals) {
 
 TEST(Criteria, CoverColumnsThatAreNotFixed) {
     const std::vector<CSummaryColumn> columns = ColumnsWithExtra();
-    CSignal signal("a.uds");  // no points: below the limit that the column wants to be above
+    CSignal signal("a.uds");  // no points: below a limit that good values exceed
     CSummaryTable table = MakeSummaryTable({signal}, columns);
     for (CSummaryCell& cell : table.rows[0]) {
         if (&cell != &table.rows[0][columns.size() - 2]) cell.verdict = CVerdict::None;

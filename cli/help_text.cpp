@@ -37,7 +37,7 @@ void AppendWrapped(std::string& help, std::string_view text, std::size_t indent,
     help += '\n';
 }
 
-// Text of a manual page: no character of it is a command, and options keep their hyphens when copied.
+// Text of a manual page: no character acts as a command, and options keep their hyphens when copied.
 std::string Roff(std::string_view text) {
     std::string roff;
     if (!text.empty() && (text.front() == '.' || text.front() == '\'')) {
@@ -106,7 +106,7 @@ std::string PlainHelp(const CHelpPage& page, std::size_t width) {
 }
 
 std::string ManPage(const CHelpPage& program, const std::vector<CHelpPage>& commands, std::string_view version) {
-    // No date: the page is the same in every build of one version.
+    // No date, so that every build of a version gives the same page.
     std::string man =
         ".TH " + UpperCase(Roff(program.name)) + " 1 \"\" \"Quorvel " + std::string(version) + "\" \"User Commands\"\n";
     man += ".SH NAME\n" + Roff(program.name) + " \\- " + LowerFirst(Roff(program.summary)) + "\n";

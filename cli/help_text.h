@@ -22,7 +22,7 @@ public:
 class CHelpPage {
 public:
     std::string name;     ///< as typed, for example "quorvel-cli compare"
-    std::string summary;  ///< one line, without a full stop
+    std::string summary;  ///< one line, without a period
     std::vector<std::string> usage;
     std::vector<CHelpSection> sections;
 };

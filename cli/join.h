@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-/// The texts, one behind the other, with one allocation.
+/// The texts in order, joined with one allocation.
 inline std::string Join(std::initializer_list<std::string_view> texts) {
     std::size_t size = 0;
     for (const std::string_view text : texts) size += text.size();

@@ -45,7 +45,7 @@ std::vector<std::string> Arguments(int argc, char** argv) {
     return argc > 0 ? std::vector<std::string>(argv + 1, argv + argc) : std::vector<std::string>();
 }
 
-// A closed pipe and a file beyond the size limit are outputs that could not be written: the others must still be made.
+// A closed pipe and a file beyond the size limit are outputs that could not be written; the others are still written.
 void PrepareProcess() {
     std::signal(SIGPIPE, SIG_IGN);
     std::signal(SIGXFSZ, SIG_IGN);

@@ -33,7 +33,7 @@ const CSubcommand* FindCommand(const std::string& name) {
     return found == kCommands.end() ? nullptr : &*found;
 }
 
-// Whether one of `names` stands among the options, that is before "--".
+// Whether one of `names` is among the options, that is, before "--".
 bool Asks(const std::vector<std::string>& arguments, std::initializer_list<std::string_view> names) {
     const auto end = std::find(arguments.begin(), arguments.end(), "--");
     return std::find_first_of(arguments.begin(), end, names.begin(), names.end()) != end;
@@ -41,25 +41,25 @@ bool Asks(const std::vector<std::string>& arguments, std::initializer_list<std::
 
 CHelpSection ExitStatusHelp() {
     return {"Exit status",
-            {{"", "The first that applies, from the top:"},
+            {{"", "The first one in this list that applies:"},
              {"2", "Wrong usage, or a command that this build does not have; nothing was read or written."},
-             {"4", "An output could not be written. The others are, and an old file is as it was."},
+             {"4", "An output could not be written. The others were, and existing files stay unchanged."},
              {"3",
               "A signal, a hit list or the reference could not be read, a point could not be exported, or the run "
-              "collected an error message. All messages are on standard error."},
+              "collected an error message. All messages go to standard error."},
              {"1", "--fail-on-bad found a bad verdict."},
-             {"0", "Everything asked for was done."}}};
+             {"0", "Everything requested was done."}}};
 }
 
 CHelpSection EnvironmentHelp() {
     return {"Environment",
             {{"NO_COLOR",
-              "When set and not empty, the table has no colours. They are used on a terminal only; a verdict "
-              "is always a word too."},
-             {"COLUMNS", "Width of the table when standard output is no terminal. Default: 80."}}};
+              "When set and not empty, the table has no colors. Colors appear only on a terminal; every verdict "
+              "is also a word."},
+             {"COLUMNS", "Width of the table when standard output is not a terminal. Default: 80."}}};
 }
 
-// A command's page alone also says what all commands share; the manual page says that once.
+// The help of a single command includes what all commands share; the manual page says that once.
 std::string CommandHelp(const CSubcommand& command) {
     CHelpPage page = command.help();
     page.sections.push_back(ExitStatusHelp());
@@ -113,7 +113,7 @@ CExitStatus Dispatch(const std::vector<std::string>& arguments, CConsole& consol
     if (first == "--version") {
         return PrintAndFinish(console, "quorvel-cli " + std::string(kVersion) + "\n");
     }
-    if (first == "--man") {  // for the build, which makes the manual page from it
+    if (first == "--man") {  // the build makes the manual page with this
         return PrintAndFinish(console, ManualPage());
     }
     console.Complain(arguments.empty() ? "A command is needed, for example compare." : "Unknown command: " + first);
@@ -130,7 +130,7 @@ CHelpPage ProgramHelp() {
             {command.name, Join({command.help().summary, ". See quorvel-cli ", command.name, " --help."})});
     }
     return {"quorvel-cli",
-            "Compare crash-test signals and look into their files on the command line",
+            "Compare crash-test signals and inspect their files from the command line",
             {"quorvel-cli COMMAND [OPTION]... FILE...", "quorvel-cli --help", "quorvel-cli --version"},
             {commands, ExitStatusHelp(), EnvironmentHelp()}};
 }

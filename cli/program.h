@@ -12,8 +12,8 @@ class CSubcommand {
 public:
     std::string name;
     CHelpPage (*help)();
-    /// Runs on the arguments behind the name, in UTF-8. Wrong usage is thrown as CUsageError; `--help` and
-    /// `--version` are the program's business and never arrive here.
+    /// Runs on the arguments after the name, in UTF-8. Throws CUsageError for wrong usage; the program handles `--help`
+    /// and `--version` itself.
     CExitStatus (*run)(const std::vector<std::string>& arguments, CConsole& console);
 };
 

@@ -3,7 +3,7 @@ include(CMakeFindDependencyMacro)
 find_dependency(Boost 1.74)
 find_dependency(FastFloat)
 
-# FFTW has no CMake package of its own on Debian; the module that finds it is installed beside this file.
+# FFTW has no CMake package of its own on Debian; the module that finds it is installed next to this file.
 list(PREPEND CMAKE_MODULE_PATH ${CMAKE_CURRENT_LIST_DIR})
 find_dependency(FFTW3)
 list(POP_FRONT CMAKE_MODULE_PATH)

@@ -18,14 +18,14 @@ if(QUORVEL_SANITIZERS)
     target_link_options(quorvel_sanitizers INTERFACE -fsanitize=${QUORVEL_SANITIZERS})
 endif()
 
-# libFuzzer steers by what the libraries run through, so they are instrumented, too.
+# libFuzzer is guided by coverage of the libraries, so they are instrumented, too.
 if(QUORVEL_FUZZ)
     target_compile_options(quorvel_sanitizers INTERFACE -fsanitize=fuzzer-no-link)
     target_link_options(quorvel_sanitizers INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 
-# quorvel_target(NAME): the shared settings of one of our targets. They end with this build: who uses an installed
-# library of ours has warnings of their own.
+# quorvel_target(NAME): the shared settings of one of our targets. They stay in this build: users of an
+# installed library of ours choose their own warnings.
 function(quorvel_target name)
     target_link_libraries(${name} PRIVATE
         $<BUILD_INTERFACE:quorvel_warnings> $<BUILD_INTERFACE:quorvel_exact> $<BUILD_INTERFACE:quorvel_sanitizers>)
@@ -114,7 +114,7 @@ function(quorvel_fuzz_target name source)
     endif()
 endfunction()
 
-# quorvel_gui_test_properties(TEST PLATFORM): a test of Qt's on that platform plugin, with settings of its own.
+# quorvel_gui_test_properties(TEST PLATFORM): a Qt test on that platform plugin, with settings of its own.
 function(quorvel_gui_test_properties test platform)
     set_tests_properties(${test} PROPERTIES LABELS gui ENVIRONMENT
         "QT_QPA_PLATFORM=${platform};XDG_CONFIG_HOME=${CMAKE_CURRENT_BINARY_DIR}/${test}-config;LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/support/leaks.supp")

@@ -14,8 +14,8 @@
 /// Source of every formula: docs/measures.md, "The points compared" and "The measures". In the formulas below c(i) and
 /// r(i), i = 0 ... N - 1, are the computed and the reference values, e(i) = c(i) - r(i), t(i) = dt (i + 1) with the
 /// time step dt. sum' leaves the last point out; sumT weighs as the trapezoid rule does: the first and the last point
-/// once, every other one twice. "Y units" are those of the two records, "X units" likewise; "no unit" is a plain
-/// number.
+/// once, every other one twice. With N = 1 the only point counts in sum' and twice in sumT. "Y units" and "X units" are
+/// those of the two records; "no unit" is a plain number.
 class CComparison {
 public:
     CComparison() = default;
@@ -29,10 +29,11 @@ public:
     void SetCorridor(double size) { m_corridorSize = size; }
 
     /// Compares `computed` with `reference`. Resamples `computed` to the reference's time step, cuts it to the common
-    /// time range, and leaves it so; the reference is not changed. With no Y values in either record every measure
-    /// is 0, and nothing is resampled or cut.
-    /// @return `computed` as it was resampled and not yet cut
-    /// @throws ks::CError from resampling or cutting; every measure is then 0, `computed` as far as it was changed
+    /// time range, and leaves it so; the reference is not changed. When either record has no Y values, every
+    /// measure is 0, and nothing is resampled or cut.
+    /// @return how `computed` was sampled after resampling, before any cut
+    /// @throws ks::CError from resampling or cutting; every measure is then 0, and `computed` may be resampled or
+    ///         cut already
     CSampling Compute(ks::CNSignal& computed, const ks::CNSignal& reference);
 
     /// Q / N, with Q of GetResidualSumOfSquares; Y units squared.
@@ -57,8 +58,8 @@ public:
     /// Q = sum' e^2; Y units squared.
     double GetResidualSumOfSquares() const { return m_residualSumOfSquares; }
 
-    /// 100 (points of sum' with |e| above the corridor size) / N; percent, 0 to 100. The first point is held
-    /// against 4.0 whatever the corridor size is.
+    /// 100 (points of sum' with |e| above the corridor size) / N; percent, 0 to 100. The first point is
+    /// judged against 4.0 whatever the corridor size is.
     double GetPercentOutsideCorridor() const { return m_percentOutsideCorridor; }
 
     /// N, the number of points compared; at least 0.
@@ -67,13 +68,13 @@ public:
     /// |(C - R) / C| with C = sumT t^k c and R = sumT t^k r, for the orders k = 0 to 5; no unit, a fraction of the
     /// computed signal's moment.
     const std::array<double, 6>& GetMomentDifferences() const { return m_momentDifferences; }
-    /// (dt sumT(c r) / 2) / (sqrt(dt sumT(c^2) / 2) sqrt(dt sumT(r^2) / 2)); no unit, -1 to 1 but for rounding.
+    /// (dt sumT(c r) / 2) / (sqrt(dt sumT(c^2) / 2) sqrt(dt sumT(r^2) / 2)); no unit, -1 to 1 except for rounding.
     double GetCorrelationFactor() const { return m_correlationFactor; }
 
     /// M = sqrt(sum r^2) / sqrt(sum c^2) - 1, over every point once; no unit, -1 or greater.
     double GetMagnitudeError() const { return m_magnitudeError; }
-    /// P = 1 - sqrt(|sum c r|) / sqrt(sqrt(sum r^2) sqrt(sum c^2)), over every point once; no unit, 0 to 1 but for
-    /// rounding.
+    /// P = 1 - sqrt(|sum c r|) / sqrt(sqrt(sum r^2) sqrt(sum c^2)), over every point once; no unit, 0 to 1 except
+    /// for rounding.
     double GetPhaseError() const { return m_phaseError; }
     /// C = sqrt(M^2 + P^2); no unit, 0 or greater.
     double GetComprehensiveError() const { return m_comprehensiveError; }
@@ -85,7 +86,7 @@ public:
     double GetMinimumTime() const { return m_minimumTime; }
     double GetMaximumTime() const { return m_maximumTime; }
 
-    /// Half-width of the corridor that the comparison used; Y units.
+    /// Half-width of the corridor as last set, which Compute uses; Y units.
     double GetCorridorSize() const { return m_corridorSize; }
 
 private:

@@ -37,7 +37,7 @@ void BM_MeasuresOnOneRange(benchmark::State& state) {
 }
 BENCHMARK(BM_MeasuresOnOneRange)->Arg(3'000)->Arg(100'000)->Arg(1'000'000)->Unit(benchmark::kMicrosecond);
 
-/// The same with both signals cut first; what is cut is copied anew for every turn.
+/// The same with both signals cut first; what is cut is copied again for every turn.
 void BM_MeasuresAfterACut(benchmark::State& state) {
     const ks::CNSignal shorter = MakeSignal(state.range(0) * 9 / 10, 0.1);
     const ks::CNSignal reference = MakeSignal(state.range(0), 0.0);

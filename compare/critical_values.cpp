@@ -8,7 +8,7 @@
 
 namespace {
 
-/// The limit as it was given.
+/// The limit as given.
 std::vector<std::string> Given(double limit) {
     return {ks::ShortestText(limit)};
 }

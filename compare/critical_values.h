@@ -26,7 +26,7 @@ CCriticalValues& CriticalValues();
 struct CCriterion {
     std::string_view name;     ///< in options and in results; frozen
     CCriticalValue limit;      ///< its default is that of CCriticalValues
-    std::string_view meaning;  ///< what is held against the limit, with its unit
+    std::string_view meaning;  ///< what is judged against the limit, with its unit
     /// Its part of the terminal's sentence on all limits, %1 the limit; ends where that line of the terminal does.
     std::string_view phrase;
     std::string_view demand;  ///< what a value below the limit is; good, unless its column is judged otherwise

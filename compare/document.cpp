@@ -72,7 +72,7 @@ void CQuorvelDoc::BuildPageList() {
 }
 
 bool CQuorvelDoc::SelectPage(std::int32_t pageId) {
-    m_page.reset();  // the old page goes before the new one is made
+    m_page.reset();  // destroy the old page before making the new one
     m_page = MakePage(pageId);
     if (FindPage(pageId) == nullptr) return false;
     m_pageId = pageId;
@@ -80,7 +80,7 @@ bool CQuorvelDoc::SelectPage(std::int32_t pageId) {
     const bool built = BuildSeries() && LayOutSeries();
     m_page->GetAxisTitles(m_block.xTitle, m_block.yTitle);
     Notify(kPageOrLimitsChanged);
-    // Shown last: whoever looks at the document while the list is open sees titles, series and matrices that agree.
+    // Shown last, so that titles, series and matrices agree while the list is open.
     if (!built) ShowErrors();
     return true;
 }
@@ -94,7 +94,7 @@ bool CQuorvelDoc::BuildSeries() {
     } catch (const std::bad_alloc&) {
         FailPage(std::string(kNoMemoryForPage));
         return false;
-    } catch (const std::length_error&) {  // more than any memory holds
+    } catch (const std::length_error&) {  // more than any memory can hold
         FailPage(std::string(kNoMemoryForPage));
         return false;
     } catch (const std::exception& error) {
@@ -119,7 +119,7 @@ void CQuorvelDoc::NoteCutsByPage(const std::vector<CSampling>& before) {
     }
 }
 
-/// The chart block of the series; without the memory for it the page has no series. The block is laid out in any case.
+/// The chart block of the series. If there is not enough memory for it, the page has no series and the block is empty.
 bool CQuorvelDoc::LayOutSeries() {
     try {
         BuildSeriesMatrices();
@@ -157,7 +157,7 @@ bool CQuorvelDoc::BuildSeriesMatrices() {
 
 void CQuorvelDoc::ReserveMatrices(std::int64_t cellCount) {
     if (cellCount <= m_block.capacity) return;
-    // The old matrices go first, so that old and new never stand in memory together.
+    // Free the old matrices first, so that old and new are never in memory together.
     m_block.capacity = 0;
     m_block.x = {};
     m_block.y = {};

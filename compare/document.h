@@ -16,7 +16,7 @@
 #include "compare/sampling.h"
 #include "compare/signal.h"
 
-/// The comparison document: reference, computed signals, options, page list and the page on show.
+/// The comparison document: reference, computed signals, options, page list and the current page.
 ///
 /// A run reads the chosen files, prepares the signals, makes the reference, computes the measures and tells the
 /// observers. It needs no window; what it asks goes to a CDocumentHost. Everything runs on one thread.
@@ -28,8 +28,8 @@ public:
     CQuorvelDoc& operator=(const CQuorvelDoc&) = delete;
     virtual ~CQuorvelDoc();
 
-    /// Observers are told in the order in which they were added; each must be removed before it dies. Adding and
-    /// removing is allowed while they are told.
+    /// Observers are told in the order in which they were added; each must be removed before it is destroyed. Adding
+    /// and removing is allowed while they are told.
     void AddObserver(CDocumentObserver& observer);
     void RemoveObserver(CDocumentObserver& observer);
 
@@ -38,8 +38,8 @@ public:
     /// The interactive run: asks for files and options, reads, filters, cuts, makes the reference, compares, tells the
     /// observers with hint 1 and shows the collected messages. Cancel changes nothing.
     ///
-    /// A step tries every signal; each failure becomes a message. A run stops behind the first step in which any
-    /// signal failed: it then tells nobody and leaves page list and page as they were. A reference that cannot be
+    /// A step tries every signal; each failure becomes a message. A run stops after the first step in which any
+    /// signal failed: it then gives no hint and does not change page list and page. A reference that cannot be
     /// read stops the run without a message and without ending the busy state.
     void OnCompareFiles();
 
@@ -60,10 +60,10 @@ public:
     /// Reads every computed file and keeps a copy of each record as read: 1 when all were read, else 0.
     int ReadComputedSignals();
     /// Reads the reference from its path and resamples the computed signals to its time step: 1 when it was read and
-    /// set. 0 leaves the reference as it was; the sentences of an unreadable file join the reference messages.
+    /// set. 0 does not change the reference; the sentences of an unreadable file join the reference messages.
     int ReadReference();
     /// Brings the computed signals to one time step and range and takes the first of them as the reference: 1 on
-    /// success. 0 leaves the reference as it was: there is no computed signal, no common time range, or one failed.
+    /// success. 0 does not change the reference: there is no computed signal, no common time range, or one failed.
     int BuildAverageReference();
     /// Filters the computed signals, except those read from ASCII files; false when any failed.
     bool FilterComputedSignals(std::int32_t channelClass);
@@ -78,7 +78,8 @@ public:
     /// error message, is shown, and leaves the page without series.
     bool SelectPage(std::int32_t pageId);
     /// Lays the series out in the chart block; false, with counts of 0, when there are none. A page without a chart
-    /// keeps the block. The matrices never shrink.
+    /// keeps the block and gives true.
+    /// @throws std::bad_alloc or std::length_error; the matrices are then empty
     bool BuildSeriesMatrices();
 
     // Commands.
@@ -86,7 +87,7 @@ public:
     void ShowErrors();        ///< hands the error messages to the host with a beep; nothing without any
     void OnCorridorSize();    ///< edits the corridor size; hint 2. Measures follow with the next run.
     void OnCriticalValues();  ///< edits the process-wide critical values; hint 2
-    /// Asks for a file per series of the page and writes each; stores the folder of the last one. Cancel skips the
+    /// Asks for a file per series of a chart page and writes each; stores the folder of the last one. Cancel skips the
     /// series. @throws ks::CError from the writer; the folder is then not stored
     void OnSaveUds();
     /// Asks for one file, writes the ASCII table of the page and stores the folder. A file that cannot be written
@@ -95,7 +96,7 @@ public:
 
     // What views and exports read.
 
-    /// Whether a run is at work, and how the last one ended.
+    /// Whether a run is in progress, and how the last one ended.
     CRunState Run() const { return m_run; }
     const std::vector<CSignal>& ComputedSignals() const { return m_computed; }
     const std::vector<boost::shared_ptr<ks::CNSignal>>& SignalCopies() const { return m_copies; }
@@ -109,7 +110,7 @@ public:
     /// The sentences of the error messages, in order.
     std::vector<std::string> ErrorMessages() const;
     const std::vector<std::string>& ReferenceMessages() const { return m_referenceErrors; }
-    /// What the last run did without a word, in order; the signals and the reference have notes of their own.
+    /// What the last run did without being asked, in order; the signals and the reference have notes of their own.
     const std::vector<CNote>& Notes() const { return m_notes; }
     double CorridorSize() const { return m_corridorSize; }
     bool AverageReference() const { return m_averageReference; }
@@ -123,7 +124,7 @@ private:
     /// How making the reference ended. NotMade: unreadable, or nothing to make it from.
     enum class CReferenceEnd { Made, NotMade, SignalFailed };
 
-    /// Says that a run is at work while `steps` lasts, and how it ended; also when it throws.
+    /// Sets the run state: in progress while `steps` runs, then how it ended, even if it throws.
     CRunEnd RunSteps(const CFileSelection& selection, CRunEnd (CQuorvelDoc::*steps)(const CFileSelection&));
     void EndRun(CRunEnd end);
     void SetRun(CRunState run);

@@ -27,7 +27,7 @@ public:
 
 /// A message of a run or of a page.
 struct CRunMessage {
-    std::string path;  ///< the file that `text` is about; empty where it is about none, or names it itself
+    std::string path;  ///< the file that `text` is about; empty where it is about no file, or names it itself
     std::string text;  ///< the sentence, UTF-8
 
     bool operator==(const CRunMessage&) const = default;
@@ -39,15 +39,15 @@ public:
     virtual ~CDocumentHost() = default;
 
     /// Lets the user choose what to compare. `offered` holds files, reference, flags and channel class of the document;
-    /// the rest has its defaults. No value: cancelled.
+    /// the rest has its defaults. No value: canceled.
     virtual std::optional<CFileSelection> SelectFiles(const CFileSelection& offered) = 0;
     /// Shows the messages of a run or of a page; never called without any. Those about one file follow each other.
     virtual void ShowErrorList(const std::vector<CRunMessage>& messages) = 0;
-    /// Lets the user edit the corridor size (> 0). No value: cancelled.
+    /// Lets the user edit the corridor size (> 0). No value: canceled.
     virtual std::optional<double> EditCorridorSize(double size) = 0;
-    /// Lets the user edit the critical values. No value: cancelled.
+    /// Lets the user edit the critical values. No value: canceled.
     virtual std::optional<CCriticalValues> EditCriticalValues(const CCriticalValues& values) = 0;
-    /// Lets the user name a file to write. No value: cancelled.
+    /// Lets the user name a file to write. No value: canceled.
     virtual std::optional<std::string> AskSavePath(const ks::CFileRequest& request) = 0;
 
     /// A per-user setting, or its fallback when it was never stored.
@@ -57,17 +57,17 @@ public:
     virtual void Beep() = 0;
     /// Shows or ends the wait cursor. A run whose reference cannot be read does not end it.
     virtual void SetBusy(bool busy) = 0;
-    /// `done` of `total` steps of a run are done; `path` is the file at work, empty at the end.
+    /// `done` of `total` steps of a run are done; `path` is the file being processed, empty at the end.
     virtual void Progress(std::size_t done, std::size_t total, const std::string& path) = 0;
 };
 
-/// Whom the document tells about changes.
+/// Is told about changes of the document.
 class CDocumentObserver {
 public:
     virtual ~CDocumentObserver() = default;
     /// `hint` is kRunCompleted or kPageOrLimitsChanged.
     virtual void OnDocumentUpdate(int hint) = 0;
-    /// A run began or ended. A completed one is told by this before its hint.
+    /// A run began or ended. For a completed run, this comes before its hint.
     virtual void OnRunStateChanged(CRunState /*run*/) {}
 };
 

@@ -110,7 +110,7 @@ TEST_F(Notes, TellNothingOfTheWindowThatWasAskedFor) {
     EXPECT_THAT(OfReference(), IsEmpty());
 }
 
-// Such signals were compared without a word: points numbered from 0 bound the resampling, so the curve is carried back
+// Such signals were compared without a note: points numbered from 0 bound the resampling, so the curve is carried back
 // to the reference's times by the line of its first two points.
 TEST_F(Notes, TellThatASignalHasNoTimeInCommonWithTheReference) {
     const std::string reference = Write("ref.uds", kFivePoints), signal = folder.Write("a.txt", "5 1\n5.5 2\n6 3\n");
@@ -193,7 +193,7 @@ TEST_F(Notes, TellWhatSignalsWithoutACommonTimeAreComparedWith) {
     Run(AverageChoice({early, second}));  // 0 to 0.5 and 0.5 to 1
     EXPECT_THAT(OfRun(), ElementsAre("no-common-time: The signals have no time in common, so no reference was made. "
                                      "They were compared with the reference of the run before."));
-    // early 0 to 0.5, the old reference 0 to 2: cut, though it is none of the signals.
+    // early 0 to 0.5, the old reference 0 to 2: cut, though it is not one of the signals.
     EXPECT_THAT(Of(0), ElementsAre("cut-to-common-range: Cut to the common time range: 2 points from 0 to 0.5 became 1 "
                                    "point from 0 to 0."));
     EXPECT_EQ(Of(1).front(),
@@ -211,7 +211,7 @@ TEST_F(Notes, AreForgottenByTheNextRun) {
     EXPECT_EQ(OfReference().size(), 1U);
 }
 
-TEST_F(Notes, StayWhenTheChoiceIsCancelled) {
+TEST_F(Notes, StayWhenTheChoiceIsCanceled) {
     Run(AverageChoice({Write("a.uds", kFivePoints)}));
     host.selection.reset();
     document.OnCompareFiles();

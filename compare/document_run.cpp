@@ -106,6 +106,7 @@ void CQuorvelDoc::CompareLoadedList(std::int32_t channelClass, double windowStar
     ShowErrors();
 }
 
+/// Outside a single step, a run that lacks memory ends as stopped.
 CQuorvelDoc::CRunEnd CQuorvelDoc::RunSteps(const CFileSelection& selection,
                                            CRunEnd (CQuorvelDoc::*steps)(const CFileSelection&)) {
     SetRun(CRunState::AtWork);
@@ -154,7 +155,6 @@ void CQuorvelDoc::TakeSelection(const CFileSelection& selection) {
     m_channelClass = selection.channelClass;
 }
 
-/// Ends a run that no single step could finish for want of memory as one that stopped.
 CQuorvelDoc::CRunEnd CQuorvelDoc::PrepareAndCompare(const CFileSelection& selection) {
     if (ReadComputedSignals() == 0) return CRunEnd::Stopped;
     if (m_filter && !FilterComputedSignals(selection.channelClass)) return CRunEnd::Stopped;
@@ -231,7 +231,7 @@ bool CQuorvelDoc::ResampleComputedSignals(double timeStep) {
     return ForEachComputed([timeStep](CSignal& signal) { Resample(signal, timeStep, CNoteKind::Resampled); });
 }
 
-/// `reference` as it was read: a resampling may carry a curve to times that it has no samples at.
+/// `reference` as read: resampling may carry a curve to times at which it has no samples.
 void CQuorvelDoc::NoteNoCommonTime(const CSignal& reference) {
     const CSampling sampling = SamplingOf(reference.Record());
     for (CSignal& signal : m_computed) {
@@ -319,7 +319,7 @@ CQuorvelDoc::CReferenceEnd CQuorvelDoc::MakeAverageReference() {
     return CReferenceEnd::Made;
 }
 
-/// The run goes on against what the reference holds.
+/// The run continues with what the reference holds.
 void CQuorvelDoc::NoteFailedAverage() {
     const bool isEmpty = m_reference.GetPointCount() == 0;
     m_notes.push_back({CNoteKind::NoCommonTime, std::string(isEmpty ? kNothingComparedNote : kOldReferenceNote)});

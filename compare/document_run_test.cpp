@@ -518,7 +518,7 @@ TEST_F(LargeSignals, StopARunWithASentenceWhereverTheMemoryEnds) {
 
 class StoppedRuns : public CDocumentFixture {
 protected:
-    /// Expects that the last run showed exactly these messages and told nobody.
+    /// Expects that the last run showed exactly these messages and gave no hint.
     void ExpectStopped(const std::vector<std::string>& messages) const {
         EXPECT_THAT(host.calls, ElementsAre("select", "busy on", "busy off", "beep", "errors"));
         EXPECT_THAT(host.errorLists, ElementsAre(messages));

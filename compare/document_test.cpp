@@ -382,7 +382,7 @@ TEST_F(Document, SavesEverySeriesOfThePageAsUds) {
     EXPECT_THAT(file.Columns().y, ElementsAre(0.0, 1.0, 2.0, 3.0, 4.0));
 }
 
-TEST_F(Document, SkipsOnlyTheSeriesThatIsCancelled) {
+TEST_F(Document, SkipsOnlyTheSeriesThatIsCanceled) {
     RunWith({10.0, 11.0, 12.0, 13.0, 14.0});
     document.SelectPage(2);
     Forget();
@@ -396,7 +396,7 @@ TEST_F(Document, SkipsOnlyTheSeriesThatIsCancelled) {
     EXPECT_THAT(folder.Listing(), testing::HasSubstr("second.uds"));
 }
 
-TEST_F(Document, StoresNoFolderWhenEverySeriesIsCancelled) {
+TEST_F(Document, StoresNoFolderWhenEverySeriesIsCanceled) {
     RunWith({10.0, 11.0, 12.0, 13.0, 14.0});
     document.SelectPage(2);
     Forget();

@@ -93,7 +93,7 @@ TEST(HtmlReport, OfAWholeTableIsByteForByte) {
                                      kBottom);
 }
 
-TEST(HtmlReport, FollowsTheDisplayedOrderAndColoursEachCellByItsOwnColumn) {
+TEST(HtmlReport, FollowsTheDisplayedOrderAndColorsEachCellByItsOwnColumn) {
     CSummaryTable table = TableOf(2);
     table.order = {5, 0, 4};
     table.rows[0][5].verdict = CVerdict::Bad;

@@ -48,6 +48,6 @@ std::string ReferenceResampledNote(const CSampling& before, const CSampling& aft
 std::string ResampledNote(const CSampling& before, const CSampling& after);
 std::string CutToCommonRangeNote(const CSampling& before, const CSampling& after);
 std::string CutByPageNote(std::string_view pageName, const CSampling& before, const CSampling& after);
-/// `path` and `reference` tell of the signal to compare with.
+/// `path` and `reference` are those of the signal to compare with.
 std::string NoCommonTimeNote(const CSampling& signal, std::string_view path, const CSampling& reference);
 std::string AverageIsFirstNote(std::string_view path);

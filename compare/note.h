@@ -20,8 +20,8 @@ enum class CNoteKind {
 /// The stable name of a kind.
 std::string_view NameOf(CNoteKind kind);
 
-/// A fact about the preparation of a signal, or of a run, that nothing else tells. It is no warning: a note neither
-/// joins the warnings nor changes a result or a verdict.
+/// A fact about the preparation of a signal, or of a run, that nothing else reports. It is not a warning: a note
+/// neither joins the warnings nor changes a result or a verdict.
 struct CNote {
     CNoteKind kind;
     std::string sentence;

@@ -23,7 +23,7 @@ public:
     virtual ~CSignal() = default;
 
     /// Reads the file at the path into a new record, by the first of all formats that can; see signal/signal_loader.h.
-    /// False when none can: the record then stays, and the sentence of each attempt joins its warnings.
+    /// False when none can: the record is then kept, and the sentence of each attempt joins its warnings.
     bool Read();
     /// The same with the UDS-1992 format alone.
     bool ReadUds();
@@ -43,7 +43,7 @@ public:
 
     /// Text of the summary column at that place of SummaryColumns(); empty for any other.
     std::string GetColumnText(int column) const;
-    /// Color of its verdict against the critical values of the moment; white for any other. See Judge.
+    /// Color of its verdict against the current critical values; white for any other. See Judge.
     CVerdictColor GetColumnColor(int column) const;
 
     ks::CNSignal& Record() { return m_record; }
@@ -52,7 +52,7 @@ public:
     void SetPath(std::string path) { m_path = std::move(path); }
     const std::string& GetReferenceName() const { return m_referenceName; }
     void SetReferenceName(std::string name) { m_referenceName = std::move(name); }
-    /// What was done to the record without a word, in order; never among its warnings.
+    /// What was done to the record without being asked, in order; never among its warnings.
     std::vector<CNote>& Notes() { return m_notes; }
     const std::vector<CNote>& Notes() const { return m_notes; }
     CComparison& Comparison() { return m_comparison; }

@@ -99,7 +99,7 @@ constexpr std::array kColumns = {
 };
 
 /// A judged value of exactly this gets no verdict, although its column is judged. Kept, so that verdicts agree with
-/// those of earlier reports: there the number marked the columns that nobody judges, and 1 minus a correlation factor
+/// those of earlier reports: there this number marked columns without verdicts, and 1 minus a correlation factor
 /// may happen to equal it.
 constexpr double kValueWithoutVerdict = std::numeric_limits<double>::epsilon();
 

@@ -19,7 +19,7 @@ struct CSummaryCell {
 /// One row of the summary table: a cell per column of the table.
 using CSummaryRow = std::vector<CSummaryCell>;
 
-/// Snapshot of the summary table, judged against the critical values of the moment.
+/// Snapshot of the summary table, judged against the current critical values.
 struct CSummaryTable {
     std::span<const CSummaryColumn> columns = SummaryColumns();  ///< must outlive the table
     std::vector<CSummaryRow> rows;

@@ -3,7 +3,7 @@
 
     python3 examples/make_examples.py [FOLDER]
 
-FOLDER is the folder to write the two sets into; without it they go beside this program. All values come from closed
+FOLDER is the folder to write the two sets into; without it they go next to this program. All values come from closed
 forms, from math.sin and math.exp and from a small random generator of our own, and are narrowed to single precision
 before they are stored, so a second run gives the same bytes. README.md tells how each signal was made.
 """
@@ -104,7 +104,7 @@ def signal_file(fields, number_format, file_form, first, step, values, second_co
 # --- shapes ---------------------------------------------------------------------------------------------------------
 
 class Noise:
-    """A linear congruential generator, so that the same seed gives the same noise for ever."""
+    """A linear congruential generator, so that the same seed always gives the same noise."""
 
     def __init__(self, seed):
         self.state = seed

@@ -77,7 +77,7 @@ TEST_F(MillionPoints, BecomeAListWithFewAllocations) {
     EXPECT_LT(AllocationsOf([&] { EXPECT_EQ(file.Points().size(), std::size_t{kMillion}); }), 10U);
 }
 
-// Point numbers may promise what no memory holds; the file's size has the last word.
+// Point numbers may promise more than any memory holds; the file's size decides.
 TEST(DamagedFile, NeverMakesRoomForWhatItPromises) {
     CUDSRecipe recipe;
     recipe.firstPoint = -2147483647;

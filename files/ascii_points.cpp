@@ -17,7 +17,7 @@ namespace {
 constexpr std::uint64_t kLargestText = std::uint64_t{1} << 30U;
 constexpr std::size_t kBytesAtATime = std::size_t{1} << 18U;
 
-/// Points for which room is made at once; longer lists grow as their points arrive.
+/// Points to reserve memory for at once; longer lists grow as their points arrive.
 constexpr std::size_t kLargestReserve = std::size_t{1} << 20U;
 
 constexpr std::size_t kNowhere = std::string_view::npos;
@@ -53,7 +53,7 @@ bool MayStandInData(char c) {
     return syntax::IsOfNumber(c) || IsWhite(c) || c == ',';
 }
 
-/// Where a text's data end, and whether something that can never parse stands before.
+/// Where a text's data end, and whether something that can never parse comes before that.
 class CDataEnd {
 public:
     std::size_t length = kNowhere;  ///< kNowhere: not in the part looked at
@@ -74,14 +74,14 @@ CDataEnd FindDataEnd(std::string_view text, std::size_t start) {
     return {};
 }
 
-/// A text of which only the part is held that is not parsed yet.
+/// A text of which only the part not parsed yet is in memory.
 class CReading {
 public:
     CReading(CByteSource& source, std::size_t bytesAtATime, CPointColumns& points)
         : m_source(source), m_bytesAtATime(bytesAtATime), m_points(points), m_document(points) {}
 
-    /// Reads and parses piece by piece, as far as the data reach. What no data can hold, and a beginning that no text
-    /// of points has, end the reading, too.
+    /// Reads and parses piece by piece, up to the end of the data. Reading also ends at a character that no data can
+    /// hold, and at a beginning that no text of points has.
     /// @return whether the data are a document as a whole
     bool ReadAll(const std::string& path);
 
@@ -94,7 +94,7 @@ private:
     CPointColumns& m_points;
     syntax::CDocument m_document;
     std::string m_text;        ///< what is not parsed yet
-    std::size_t m_enough = 0;  ///< length of `m_text` from which on another parsing is worth its time
+    std::size_t m_enough = 0;  ///< length of `m_text` at which parsing again is worth its time
     std::uint64_t m_bytesRead = 0;
     bool m_isLast = false;  ///< the data end with `m_text`
 };
@@ -121,12 +121,12 @@ void CReading::ReadPiece(const std::string& path) {
     if (end.length != kNowhere) {
         m_text.resize(end.length);
     } else if (m_isLast && m_bytesRead < m_source.Size()) {
-        throw CError(ReadFailed(path));  // a part of a signal must not pass for it
+        throw CError(ReadFailed(path));  // part of a signal must not pass for all of it
     }
 }
 
 /// Parses what is certain, or all that is left. A point of many pieces is tried again each time the text has doubled,
-/// so that its length counts but once.
+/// so that its length counts only once.
 bool CReading::Parse() {
     if (!m_isLast && m_text.size() < m_enough) return true;
     const std::size_t certain = m_isLast ? m_text.size() : syntax::CertainLength(m_text);

@@ -9,8 +9,8 @@
 
 namespace ks {
 
-/// Where the data of a file's text end: at the first place in front of an empty line, behind a line end that a tab
-/// follows, at a tab before a line end or a blank, or at two blanks in a row; else at the end of the text.
+/// Where the data of a file's text end: at the first place before an empty line, after a line end that a tab follows,
+/// at a tab before a line end or a blank, or at two blanks in a row; else at the end of the text.
 /// @return the length of the data in bytes
 std::size_t DataLength(std::string_view text);
 
@@ -23,18 +23,18 @@ class CPoints {
 public:
     /// Reads the file at `path` (UTF-8), cut at the first place that ends the data: an empty line, a line that begins
     /// with a tab, a tab before a line end or a blank, two blanks in a row.
-    /// A text whose beginning is that of no points is refused at once, however long it is; no more of the text is held
-    /// than one piece of it, or one point.
-    /// @throws CError if the file cannot be opened, is larger than 1 GiB, or does not parse; the points before the
-    ///         failure stay held
+    /// A text that does not begin like points is refused at once, whatever its length. Of the text, only one piece or
+    /// one point is in memory at a time.
+    /// @throws CError if the file cannot be opened or read completely, is larger than 1 GiB, or does not parse; the
+    ///         points before the failure are kept
     void ReadFile(const std::string& path);
 
-    /// The same from a source of which nothing was read yet, `bytesAtATime` > 0 bytes at a time; `path` is for the
+    /// The same from a source that has not been read from yet, `bytesAtATime` > 0 bytes at a time; `path` is for the
     /// sentences.
     void ReadFrom(CByteSource& source, const std::string& path, std::size_t bytesAtATime);
 
     /// Parses the text as it is, without the cut.
-    /// @throws CError "Failure to parse the data."; the points before the failure stay held
+    /// @throws CError "Failure to parse the data."; the points before the failure are kept
     void ParseData(std::string_view text);
 
     const CPointColumns& Columns() const { return m_columns; }

@@ -14,7 +14,7 @@ public:
     CByteSource& operator=(const CByteSource&) = delete;
     virtual ~CByteSource() = default;
 
-    /// Size in bytes of the whole, as it was when the source was opened.
+    /// Total size in bytes at the time the source was opened.
     [[nodiscard]] virtual std::uint64_t Size() const = 0;
 
     /// Fills `target` from the front with the next bytes.

@@ -19,7 +19,7 @@ public:
     [[nodiscard]] bool Open(const std::string& path);
 
     /// Finds out the size.
-    /// @return false when the system does not tell it
+    /// @return false when the system does not report it
     [[nodiscard]] bool FindSize();
 
     std::uint64_t Size() const override { return m_size; }

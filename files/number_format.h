@@ -17,8 +17,9 @@ enum class CNumberFormat { Ieee = 1, Sun = 2, Vax = 3, Unknown = 4 };
 using CFourBytes = std::array<std::byte, 4>;
 
 /// One real converted between number formats; equal formats leave it unchanged, any pair with a format other than
-/// the three known ones gives zero bytes. A VAX or IEEE exponent byte of 0 or 128 gives 0; too large a value becomes
-/// the largest VAX magnitude.
+/// the three known ones gives zero bytes. From and to VAX, an exponent byte of 0 or 128 gives 0. From IEEE to VAX, too
+/// large a value becomes the largest magnitude of its sign; the conversion from SUN tests another exponent byte for
+/// that, 129 instead of 127.
 CFourBytes ConvertReal(CFourBytes value, CNumberFormat from, CNumberFormat to);
 
 /// The same for a block of reals in place; its size is a multiple of 4 bytes.

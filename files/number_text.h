@@ -14,8 +14,8 @@ struct CLeadingNumber {
 };
 
 /// The longest number at the start of `text`: optional sign, then digits with an optional point and optional further
-/// digits, or a point and digits, then an optional exponent. Blanks, hexadecimal digits, "inf" and "nan" are none.
-/// The user's locale has no say.
+/// digits, or a point and digits, then an optional exponent. Blanks, hexadecimal digits, "inf" and "nan" are not
+/// numbers. The user's locale does not matter.
 CLeadingNumber ReadLeadingNumber(std::string_view text);
 
 /// The finite number that the whole of `text` is, spelled as ReadLeadingNumber reads it; no value for anything else,

@@ -8,7 +8,7 @@ namespace ks {
 /// platform. A path that ends in a separator gives an empty text.
 std::string_view FileNameOf(std::string_view path);
 
-/// What stands before FileNameOf(path), the separator included.
+/// The part of `path` before FileNameOf(path), including the separator.
 std::string_view FolderOf(std::string_view path);
 
 }  // namespace ks

@@ -21,7 +21,7 @@
 
 /// The grammar of ASCII point files; docs/formats/ascii-points.md has it in words.
 ///
-/// A run of points is tried greedily, each point as a whole: a point that does not match to its end gives its position
+/// A run of points is tried greedily, each point as a whole: a point that does not match completely gives its position
 /// back and appends nothing. Every attempt reads at most three numbers, so the time is linear in the text.
 namespace ks::syntax {
 
@@ -131,8 +131,8 @@ public:
     /// The points are appended to `points`, which must outlive the document.
     explicit CDocument(CPointColumns& points) : m_points(&points) {}
 
-    /// Takes the points that begin in the first `certain` characters of `text`, which goes on where the last taking
-    /// ended. What decides about them must be in the text.
+    /// Takes the points that begin in the first `certain` characters of `text`, which continues where the previous call
+    /// ended. Everything that decides about these points must be in the text.
     /// @return how many characters they took; no value when no document begins so
     std::optional<std::size_t> Take(std::string_view text, std::size_t certain) {
         const char* at = text.data();
@@ -146,7 +146,7 @@ public:
     }
 
 private:
-    /// The points of the run at hand.
+    /// The points of the current run.
     void TakeRun(const char*& at, std::string_view text, std::size_t certain) {
         if (m_numbers == 1) return TakeAll(point_one_parser(*m_points), at, text, certain);
         if (m_numbers == 2) return TakeAll(point_two_parser(*m_points), at, text, certain);
@@ -164,16 +164,16 @@ private:
     }
 
     CPointColumns* m_points;
-    int m_numbers = 1;  ///< of each point of the run at hand
+    int m_numbers = 1;  ///< of each point of the current run
 };
 
-/// Whether the character can stand in a number, be it in a place where none allows it.
+/// Whether the character can be part of a number, even if this is not a place where a number allows it.
 inline bool IsOfNumber(char c) {
     return (c >= '0' && c <= '9') || c == '.' || c == '+' || c == '-' || c == 'e' || c == 'E';
 }
 
-/// How many characters at the start of a text stand so far from its end that what follows the text cannot change
-/// whether and how a point begins at one of them. The last character of the text itself is not looked at.
+/// How many characters at the start of a text are so far from its end that nothing after the text can change whether
+/// and how a point begins at one of them. The last character of the text itself is not looked at.
 ///
 /// A point has three numbers at most, each within one row of characters of numbers, and a line end of two characters.
 /// So three whole rows and two characters decide. A text of one endless number is certain nowhere.
@@ -181,7 +181,7 @@ inline std::size_t CertainLength(std::string_view text) {
     constexpr std::size_t kUndecided = 3;  // a line end, and the last character
     if (text.size() <= kUndecided) return 0;
     std::size_t i = text.size() - kUndecided;
-    while (i > 0 && IsOfNumber(text[i])) --i;  // a row that may go on
+    while (i > 0 && IsOfNumber(text[i])) --i;  // a row that may continue
     for (int row = 0; row < 3; ++row) {
         while (i > 0 && !IsOfNumber(text[i - 1])) --i;
         if (i == 0) return 0;

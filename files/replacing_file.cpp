@@ -38,7 +38,7 @@ bool IsLackOfRoom(int error) {
     return error == ENOSPC;
 }
 
-/// Why the last call of the system failed; never 0.
+/// Why the last system call failed; never 0.
 int LastError() {
     return errno != 0 ? errno : EIO;
 }
@@ -183,7 +183,7 @@ int CWriting::Fill() {
     return std::fflush(m_stream.get()) == 0 && FlushToDisk(m_stream.get()) ? 0 : LastError();
 }
 
-/// Puts the temporary file in the place of the target: 0, or the reason why that cannot be.
+/// Puts the temporary file in the place of the target: 0, or the reason why that failed.
 int CWriting::TakeThePlace() {
     std::error_code error;
     if (!m_target.IsNew()) fs::permissions(m_path, m_target.Permissions(), error);
@@ -206,7 +206,7 @@ CWriteResult CWriting::CopyIntoThePlace() {
     const Stream old = OpenOld(m_target.Path());
     if (error || old == nullptr) return CWriteResult::NotOpened;
 
-    // Before the first old byte is lost: there has to be room for all of the new ones.
+    // Before the first old byte is overwritten: there must be space for all of the new ones.
     if (const int refusal = ReserveRoom(old.get(), m_size); refusal != 0) {
         SetSize(old.get(), oldSize);
         return NotCompleted(refusal);

@@ -248,7 +248,7 @@ TEST_F(InPlace, IsAFileInAReadOnlyFolderWritten) {
     ExpectWrittenInPlace(0555);
 }
 
-// Where everybody may make files, a user may replace nobody else's: the exchange was refused, and the file with it.
+// Where everybody may create files, no user may replace another's: the exchange was refused, and the file with it.
 TEST_F(InPlace, IsAFileWrittenWhoseExchangeTheSystemRefuses) {
     if (geteuid() != 0) GTEST_SKIP() << "only a superuser can leave a file to another user";
     ExpectWrittenInPlace(01777);
@@ -323,7 +323,7 @@ TEST(WriteFile, TellsTheMakerThatTheRestIsLost) {
     EXPECT_EQ(folder.Listing(), "");
 }
 
-// What there is to tell.
+// What is reported.
 
 TEST(WriteTrouble, IsAFullDeviceOnlyWhereThereIsNoRoom) {
     if (!fs::is_character_file("/dev/full")) GTEST_SKIP() << "no /dev/full here";

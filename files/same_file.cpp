@@ -21,7 +21,7 @@ fs::path WithoutLinks(fs::path path) {
     return path;
 }
 
-/// Where a file at `path` is, or would be made; empty where that cannot be told.
+/// Where a file at `path` is, or would be created; empty when that is unknown.
 fs::path PlaceOf(const fs::path& path) {
     if (path.empty()) return {};
     std::error_code error;

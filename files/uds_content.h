@@ -9,14 +9,14 @@
 
 namespace ks {
 
-/// What reading did not take over as it stands in the file.
+/// What reading changed or left out.
 class CUDSRepairs {
 public:
-    std::array<float, 4> userReals{};  ///< RD2 to RD5 as they stand there, maybe not a number; all became RD1
-    std::int32_t year = 0;             ///< year of component 1 as it stands there; two digits became four
+    std::array<float, 4> userReals{};  ///< RD2 to RD5 in the file, maybe not a number; all became RD1
+    std::int32_t year = 0;             ///< year of component 1 in the file; two digits became four
     std::uint64_t notNumbers = 0;      ///< other reals of header and points that were not a number; they became 0
-    std::uint64_t movedTexts = 0;      ///< texts and tags behind blanks, which are not kept
-    std::uint64_t clearedRecords = 0;  ///< records with more than zero bytes behind their last field or point
+    std::uint64_t movedTexts = 0;      ///< texts and tags with leading blanks, which are not kept
+    std::uint64_t clearedRecords = 0;  ///< records with nonzero bytes after their last field or point
     std::uint64_t unusedRecords = 0;   ///< data records beyond those that the points need
 };
 

@@ -4,7 +4,7 @@
 /// field table (uds_field_table.h) and the record's double-precision copy (signal/data_fields.h) all come from here.
 ///
 /// The order is the order in the file; offsets are running sums of the widths, from 0 in the file header and from 12,
-/// behind the tag, in the other two records. Frozen: files on disk depend on order, widths and types.
+/// after the tag, in the other two records. Frozen: files on disk depend on order, widths and types.
 ///
 ///   TEXT(record, NAME, width, default)   characters, `width` bytes
 ///   INTEGER(record, NAME, default)       4 bytes, two's complement

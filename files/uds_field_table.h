@@ -36,7 +36,7 @@ public:
     void (CUDSFields::*set)(float);
 };
 
-/// One header field: where it stands, how wide it is, and how it is read from and written to a field set.
+/// One header field: where it is, how wide it is, and how it is read from and written to a field set.
 class CUDSField {
 public:
     CUDSRecord record;

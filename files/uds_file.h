@@ -16,9 +16,9 @@ namespace ks {
 
 /// Reads a UDS file into a header-field set and a list of points, and writes one back. See docs/formats/uds-1992.md.
 ///
-/// Every failure is thrown as CError with one of the sentences of files/messages.h. After a failed Read nothing is held
-/// of a file read before: the fields are as far as they were read from the refused file, else they have their defaults;
-/// there are no points, and the image size is 0.
+/// Every failure is thrown as CError with one of the sentences of files/messages.h. After a failed Read nothing is left
+/// of an earlier file: fields that were read before the failure hold the values of the refused file, the others their
+/// defaults; there are no points, and the image size is 0.
 class CUDSFile {
 public:
     virtual ~CUDSFile() = default;
@@ -30,7 +30,7 @@ public:
     /// Reads a file image held in memory, with the same checks from the size test on.
     void ReadImage(std::span<const std::byte> image);
 
-    /// Writes fields and points to `path` (UTF-8). The old file stays as it was unless the new one is complete.
+    /// Writes fields and points to `path` (UTF-8). An old file is replaced only when the new one is complete.
     /// Sets NUMFORM and repairs a two-digit component-1 year in the field set.
     void Write(const std::string& path);
 
@@ -45,7 +45,7 @@ public:
     const CPointColumns& Columns() const { return m_content.columns; }
     /// Gives the columns away; the file then holds no points.
     CPointColumns TakeColumns();
-    /// @throws CError when `x` and `y` differ in length; the points held before then stay
+    /// @throws CError when `x` and `y` differ in length; the points held before are then kept
     void SetColumns(CPointColumns columns);
 
     /// The points as a list of shared points, made at each call.

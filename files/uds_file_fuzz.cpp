@@ -1,5 +1,5 @@
 // Whatever the bytes: the reader refuses them with an error of ours, or what it read can be written and read again to
-// the same fields and points, in the machine's format and in SUN's. When it told of no change, the same bytes are
+// the same fields and points, in the machine's format and in SUN's. When it reported no change, the same bytes are
 // written.
 
 #include <algorithm>
@@ -64,7 +64,7 @@ bool IsTakenOverAsItStands(const ks::CUDSFile& file) {
            repairs.clearedRecords == 0 && repairs.unusedRecords == 0;
 }
 
-/// But for the number format and the order of the data records, of which nothing has to be told.
+/// Except for the number format and the order of the data records, which need not be reported.
 void RequireSameBytes(ks::CUDSFile& file, std::span<const std::byte> bytes) {
     const std::string format = file.Fields().GetNUMFORM();
     if (file.Fields().GetFILEFORM() != "Y" || format == "VAX" || !IsTakenOverAsItStands(file)) return;

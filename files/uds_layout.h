@@ -8,8 +8,8 @@
 
 namespace ks {
 
-// What reader and writer share about the records of a UDS-1992 file; see docs/formats/uds-1992.md. Frozen: these texts
-// and numbers stand in files on disk.
+// What reader and writer share about the records of a UDS-1992 file; see docs/formats/uds-1992.md. Frozen: files on
+// disk contain these texts and numbers.
 
 /// The record geometry of a UDS file variant.
 class CUDSGeometry {

@@ -28,7 +28,7 @@ namespace {
 /// Data records read at a time: large enough for speed, small enough to refuse a bad file soon.
 constexpr std::uint64_t kRecordsAtATime = 256;
 
-/// Values for which room is made at once. Longer lists grow as their values arrive: a file's own word for its length
+/// Values to reserve memory for at once. Longer lists grow as their values arrive: a file's own claim about its length
 /// is not trusted with gigabytes.
 constexpr std::uint64_t kLargestReserve = std::uint64_t{1} << 20U;
 
@@ -39,7 +39,7 @@ std::string_view Trimmed(std::span<const std::byte> bytes) {
     return text.substr(first, text.find_last_not_of(' ') - first + 1);
 }
 
-/// Whether blanks stand before the text, so that it does not stay where it is.
+/// Whether the text has leading blanks, so that it does not keep its place.
 bool BeginsWithBlanks(std::span<const std::byte> text) {
     return text.front() == std::byte{' '} && !Trimmed(text).empty();
 }

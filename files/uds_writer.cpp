@@ -142,7 +142,7 @@ CNumberFormats OutputFormats(bool sunOutput, const CNumberFormats& machine) {
 
 std::vector<std::byte> MakeUdsImage(const CUDSContent& content, const CUDSGeometry& geometry,
                                     const CNumberFormats& machine) {
-    // Before any room is made: the point numbers alone could ask for gigabytes.
+    // Before any memory is reserved: the point numbers alone could ask for gigabytes.
     const std::int64_t byIndices = CountByIndices(content.fields);
     const std::size_t points = content.columns.Count();
     if (byIndices < 0 || static_cast<std::uint64_t>(byIndices) != points) {

@@ -5,7 +5,7 @@
 
 namespace ks {
 
-/// Stands for what is not UTF-8.
+/// Replaces what is not UTF-8.
 inline constexpr char32_t kReplacementCharacter = U'\uFFFD';
 
 /// One character of a text that should be UTF-8.

@@ -19,7 +19,7 @@ public:
 
     bool IsNew() const { return m_status.type() == std::filesystem::file_type::not_found; }
     bool IsRegular() const { return m_status.type() == std::filesystem::file_type::regular; }
-    /// Whether a file made beside it and renamed would leave other names with the old content.
+    /// Whether a file made next to it and renamed would leave other names with the old content.
     bool HasSeveralNames() const;
 
     /// Whether this user may write it, or create it where it is new. Touches nothing.

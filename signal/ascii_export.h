@@ -7,7 +7,7 @@
 
 namespace ks {
 
-/// What stands on each line of an exported point file.
+/// What each line of an exported point file holds.
 enum class CAsciiForm {
     XY,  ///< "x y"
     X    ///< the Y value alone; read back, every x is 0
@@ -20,8 +20,8 @@ enum class CAsciiForm {
 ///         an abscissa counts only where it is written
 std::string AsciiPoints(const CData& record, CAsciiForm form);
 
-/// Writes AsciiPoints(record, form) to the file at `path` (UTF-8); an old file there is replaced only by a whole new
-/// one.
+/// Writes AsciiPoints(record, form) to the file at `path` (UTF-8); an old file there is replaced only when the new one
+/// is complete.
 /// @throws CError as AsciiPoints; no file is then made or changed
 [[nodiscard]] CWriteResult ExportAsciiPoints(const std::string& path, const CData& record, CAsciiForm form);
 

@@ -50,7 +50,7 @@ void RunBackwards(const CFilterSection& section, std::span<double> data, std::si
     const std::size_t end = data.size() - 1;
     const double twiceEnd = 2.0 * data[end];
     const double settled = twiceEnd - FarHalfMean(tail, [&](std::size_t k) { return data[end - k]; });
-    // Not the mirror of the forward tail: it begins with the samples `tail` and `tail` + 1 away and goes on with the
+    // Not the mirror of the forward tail: it begins with the samples `tail` and `tail` + 1 away and continues with the
     // one `tail` - 4 away. Kept, since existing results carry it in their last digits.
     CSectionState state{section, twiceEnd - data[end - 1 - tail], twiceEnd - data[end - tail], settled, settled};
     for (std::size_t k = tail; k > 4; --k) state.Next(twiceEnd - data[end - (k - 4)]);

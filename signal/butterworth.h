@@ -18,7 +18,7 @@ public:
 /// @param frequencyHz  > 0 and below half the sampling rate
 CFilterSection ButterworthSection(double timeStepS, double frequencyHz);
 
-/// Number of samples by which the data are prolonged at each end: 10 ms or one period of the filter frequency,
+/// Number of samples by which the data are extended at each end: 10 ms or one period of the filter frequency,
 /// whichever is longer, rounded half up, at least 1, saturated to 32 bits.
 std::int32_t FilterTailLength(double timeStepS, double frequencyHz);
 
@@ -28,7 +28,7 @@ enum class CFilterTail {
     Short,  ///< the data were too few, the tails are as long as they allow
 };
 
-/// The four-pole, zero-phase low-pass of SAE J211-1, in place: the section runs forwards, then backwards. Before each
+/// The four-pole, zero-phase low-pass of SAE J211-1, in place: the section runs forward, then backward. Before each
 /// run the section settles on a tail, the data's point reflection about the end sample; no tail is stored.
 ///
 /// The gain at frequency 0 is 1, at `frequencyHz` -3 dB where the sampling rate is high. Above 77.5 % of half the

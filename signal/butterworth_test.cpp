@@ -283,7 +283,7 @@ TEST(FilterInPlace, KeepsAConstant) {
 }
 
 TEST(FilterInPlace, KeepsAStraightLineUpToTheRaggedEndTail) {
-    // The point reflection goes on with the line and the section's delays in both directions cancel, but the end
+    // The point reflection continues the line and the section's delays in both directions cancel, but the end
     // tail skips samples, and the outputs before both tails are means: the middle is untouched by all that.
     std::vector<double> data;
     for (int i = 0; i < 4001; ++i) data.push_back(0.01 * i - 3.0);

@@ -22,12 +22,12 @@ std::string ChannelClassList(std::string_view between, std::string_view beforeLa
 /// Filter frequency in Hz of a channel frequency class: its number times 1.66666666667.
 double FilterFrequencyOf(std::int32_t cfc);
 
-/// The class that recorded filter frequencies tell: that of the cutoff, or of the prefilter when the cutoff is 0.
+/// The class that recorded filter frequencies indicate: that of the cutoff, or of the prefilter when the cutoff is 0.
 /// The windows, ends excluded, lie around the classes' 3 dB frequencies of 100, 300, 1000 and 1650 Hz.
 /// @return 60, 180, 600, 1000, or kUnknownChannelClass
 std::int32_t ClassifyRecordedFrequencies(double cutoffHz, double prefilterHz);
 
-/// The class of data just filtered at `frequencyHz`, or `otherwise` when the frequency is none of a class.
+/// The class of data just filtered at `frequencyHz`, or `otherwise` when the frequency belongs to no class.
 std::int32_t ClassOfFilter(double frequencyHz, std::int32_t otherwise);
 
 }  // namespace ks

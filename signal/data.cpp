@@ -9,7 +9,7 @@
 namespace ks {
 namespace {
 
-/// The extrema of `values`; those of before when there are none.
+/// The extrema of `values`; `before` when there are no values.
 CExtrema ExtremaOr(const CExtrema& before, const std::vector<double>& values) {
     return values.empty() ? before : ExtremaOf(values);
 }

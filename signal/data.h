@@ -43,7 +43,7 @@ public:
     /// a stored Z that is as long as Y, else gives zeros.
     /// @throws CError "No X, Y or Z Siganl Data.", "No x signal data and delt is zero.", "No x signal data, NFP and NLP
     ///         are zero.\nSet x signal data or set NFP and NLP", "X and Y Counts are different", "No Y Signal Data",
-    ///         "x != y signal data", "x != y != z signal data"; the arrays are then as far as they were replaced
+    ///         "x != y signal data", "x != y != z signal data"; arrays replaced before the failure stay replaced
     void SetData(std::vector<double> x, std::vector<double> y, std::vector<double> z);
     /// @throws CError "No X or Y Signal Data" when both are empty, else as the full form with an empty z
     void SetData(std::vector<double> x, std::vector<double> y);
@@ -54,11 +54,12 @@ public:
     /// @throws CError "No Information." for an empty list
     void SetPoints(const CPointList& points);
     /// The same from columns; an empty `z` column means zeros.
+    /// @throws CError also "x != y != z signal data"; nothing has changed then
     void SetPoints(CPointColumns columns);
 
-    /// Overwrites sample i of X and Y; the extrema follow. Each question for an extremum then scans the arrays, until
-    /// UpdateLimits, any setter of the arrays or an operation has stored the extrema anew: whoever overwrites many
-    /// samples ends with UpdateLimits.
+    /// Overwrites sample i of X and Y; the extrema follow. Each call for an extremum then scans the arrays until
+    /// UpdateLimits, a setter of the arrays or an operation stores the extrema again: after overwriting many samples,
+    /// call UpdateLimits.
     /// @throws std::runtime_error " Index Out of Bounds..." when i is not below both lengths
     void SetPoint(std::size_t i, double x, double y);
 
@@ -73,10 +74,10 @@ public:
     /// saturated to 32 bits. Always current.
     std::int32_t GetCount() const;
 
-    /// Rebuilds X as delt * (NFP + i) for i = 0 ... Count - 1.
+    /// Rebuilds X as delt * (NFP + i) for i = 0 ... Count - 1; its length may then differ from that of Y.
     void GenerateTime();
 
-    /// Computes and stores extrema, StartTime and EndTime. The extrema of an empty array stay as they were.
+    /// Computes and stores extrema, StartTime and EndTime. The extrema of an empty array do not change.
     void UpdateLimits();
 
     double GetXMax() const { return Limits().x.maximum; }
@@ -88,7 +89,7 @@ public:
     double GetStartTime() const { return m_StartTime; }  ///< NFP * delt
     double GetEndTime() const { return m_EndTime; }      ///< NLP * delt
 
-    // Descriptors beside the header.
+    // Descriptors outside the header.
 
     /// Stores the canonical long form of a status code or word, upper-cased; see signal/data_status.h.
     void SetDataStatus(std::string_view text);
@@ -129,22 +130,24 @@ public:
     /// Reads a UDS file (UTF-8 path) into this record. Throws what the reader throws; the record is then unchanged.
     void LoadUDS(const std::string& path);
     /// Writes this record as a UDS file in the machine's number format.
-    /// @throws CError with the text of any exception of the writer
+    /// @throws CError with the text of any exception of the writer, or a sentence of its own when memory runs out
     void SaveUDS(const std::string& path) const;
 
-    /// Takes points, header fields and source texts over from a file object; DataStatus follows STATUS, CFCClass
-    /// follows the recorded frequencies, the file type becomes empty.
+    /// Takes points, header fields and number format over from a file object; DataStatus follows STATUS, CFCClass
+    /// follows the recorded frequencies, source path and file type become empty.
+    /// @throws CError "No Information." for a file object without points; nothing has changed then
     void FromUDSFields(const CUDSFile& file);
     void FromUDSFields(CUDSFile&& file);  ///< the same; the points are moved
     /// Copies the record into a file object, doubles narrowed; FILEID becomes "UDS-1992", STATUS the data status, and
     /// FILEFORM "X-Y" when delt is 0.
+    /// @throws CError when X and Y differ in length
     void ToUDSFields(CUDSFile& file) const;
 
     // Operations. Each returns true, runs the limits update and sets Modified.
 
     /// Linear interpolation onto the multiples of `dt` (X units) within the sampled range; Z becomes zeros.
     /// @throws CError "Requested Time step <= 0", "Not enough data points", "X axis data is not monotonically
-    ///         increasing", "Error Interpolating Data"
+    ///         increasing", "Error Interpolating Data", "No Y Signal Data"
     bool Resample(double dt);
 
     /// Cumulative trapezoid from time zero on, with the units of IntegralUnits; X is kept, Z becomes zeros.

@@ -46,7 +46,7 @@ CData Over(std::vector<double> x) {
     return data;
 }
 
-/// Runs a call that must fail and tells its sentence; the record must stay as it was.
+/// Runs a call that must fail and returns its sentence; the record must not change.
 template <class Call>
 std::string Refusal(CData& data, Call call) {
     const CData before = data;

@@ -182,23 +182,23 @@ constexpr auto kExtrema = std::array{
     Made("YMax:", ExtremumText<&CData::GetYMax>), Made("YMin:", ExtremumText<&CData::GetYMin>),
 };
 
-constexpr auto kLabelled = CHeaderPart::Labelled;
+constexpr auto kLabeled = CHeaderPart::Labeled;
 constexpr auto kFullOnly = CHeaderPart::FullOnly;
 using enum CHeaderGroupId;
 
 // In the order of the ids.
 constexpr auto kGroups = std::array{
-    CHeaderGroup{File, "File", kLabelled, false, kFile},
-    CHeaderGroup{Test, "Test", kLabelled, false, kTest},
-    CHeaderGroup{VehicleOne, "Vehicle One", kLabelled, false, kVehicleOne},
-    CHeaderGroup{VehicleTwo, "Vehicle Two", kLabelled, true, kVehicleTwo},
-    CHeaderGroup{OccupantOne, "Occupant One", kLabelled, false, kOccupantOne},
-    CHeaderGroup{OccupantTwo, "Occupant Two", kLabelled, true, kOccupantTwo},
-    CHeaderGroup{OccupantInjury, "Occupant InJury", kLabelled, false, kOccupantInjury},
-    CHeaderGroup{Curve, "Curve", kLabelled, false, kCurve},
-    CHeaderGroup{CurveData, "Curve data and sensor", kLabelled, false, kCurveData},
-    CHeaderGroup{Sensor, "Curve data and sensor", kLabelled, false, kSensor},
-    CHeaderGroup{CurveUserData, "Curve User Data", kLabelled, false, kCurveUserData},
+    CHeaderGroup{File, "File", kLabeled, false, kFile},
+    CHeaderGroup{Test, "Test", kLabeled, false, kTest},
+    CHeaderGroup{VehicleOne, "Vehicle One", kLabeled, false, kVehicleOne},
+    CHeaderGroup{VehicleTwo, "Vehicle Two", kLabeled, true, kVehicleTwo},
+    CHeaderGroup{OccupantOne, "Occupant One", kLabeled, false, kOccupantOne},
+    CHeaderGroup{OccupantTwo, "Occupant Two", kLabeled, true, kOccupantTwo},
+    CHeaderGroup{OccupantInjury, "Occupant InJury", kLabeled, false, kOccupantInjury},
+    CHeaderGroup{Curve, "Curve", kLabeled, false, kCurve},
+    CHeaderGroup{CurveData, "Curve data and sensor", kLabeled, false, kCurveData},
+    CHeaderGroup{Sensor, "Curve data and sensor", kLabeled, false, kSensor},
+    CHeaderGroup{CurveUserData, "Curve User Data", kLabeled, false, kCurveUserData},
     CHeaderGroup{OtherFile, "Other File Fields", kFullOnly, false, kOtherFile},
     CHeaderGroup{OtherTest, "Other Test Fields", kFullOnly, false, kOtherTest},
     CHeaderGroup{OtherVehicleOne, "Other Vehicle One Fields", kFullOnly, false, kOtherVehicleOne},

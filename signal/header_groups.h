@@ -10,7 +10,7 @@
 
 namespace ks {
 
-// The header of a signal as its reader meets it: labelled values in groups. The file viewer, the printed report and
+// The header of a signal as its reader sees it: labeled values in groups. The file viewer, the printed report and
 // the command line all show this one table.
 
 /// A group. Pages and sub-pages pick theirs by it. The header has one set of injury values, so they have one group.
@@ -39,31 +39,31 @@ enum class CHeaderGroupId {
 
 /// Where a group is shown.
 enum class CHeaderPart {
-    Labelled,  ///< everywhere
-    FullOnly   ///< only where everything is asked for: the full report and the command line
+    Labeled,  ///< everywhere
+    FullOnly  ///< only where everything is asked for: the full report and the command line
 };
 
-/// One labelled value.
+/// One labeled value.
 class CHeaderEntry {
 public:
     std::string_view label;                  ///< as shown, with its colon: "Weight:"
-    std::string_view unit;                   ///< as shown behind the value: "(kgs)"; empty for most
-    std::array<std::string_view, 2> fields;  ///< header fields that it stands for; "" for none, second rarely used
+    std::string_view unit;                   ///< as shown after the value: "(kgs)"; empty for most
+    std::array<std::string_view, 2> fields;  ///< header fields that it shows; "" for none, second rarely used
     /// Makes the value of an entry that is more than its first field; null for that one.
     std::string (*make)(const CData& record);
 };
 
-/// One group. Neighbours in the table that have the same title are one group where all are shown below each other.
+/// One group. Neighbors in the table that have the same title are one group where all are shown below each other.
 class CHeaderGroup {
 public:
     CHeaderGroupId id;
     std::string_view title;
     CHeaderPart part;
-    bool secondComponent;  ///< its fields stand in the header of the second component, which few files have
+    bool secondComponent;  ///< its fields are in the header of the second component, which few files have
     std::span<const CHeaderEntry> entries;
 };
 
-/// Every group in the order of showing, the labelled ones first. Each header field stands in exactly one entry.
+/// Every group in the order of showing, the labeled ones first. Each header field is in exactly one entry.
 std::span<const CHeaderGroup> HeaderGroups();
 
 /// The group with this id.
@@ -93,8 +93,8 @@ public:
 /// The values of a group, one per entry.
 std::vector<CHeaderValue> HeaderValues(const CHeaderGroup& group, const CData& record);
 
-/// "Weight: 1500.000000 (kgs)": label, value and unit, each one blank behind the other. Nothing follows a label
-/// without a value but its blank and its unit.
+/// "Weight: 1500.000000 (kgs)": label, value and unit, separated by one blank each. Nothing follows a label without a
+/// value but its blank and its unit.
 std::string HeaderLine(const CHeaderValue& value);
 
 }  // namespace ks

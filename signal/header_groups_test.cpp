@@ -60,7 +60,7 @@ TEST(HeaderGroups, CanBeFoundByTheirIds) {
     for (const CHeaderGroup& group : HeaderGroups()) EXPECT_EQ(&HeaderGroup(group.id), &group);
 }
 
-TEST(HeaderGroups, StandWithTheLabelledOnesFirst) {
+TEST(HeaderGroups, ListTheLabeledOnesFirst) {
     Lines titles;
     for (const CHeaderGroup& group : HeaderGroups()) titles.emplace_back(group.title);
     EXPECT_THAT(
@@ -69,8 +69,8 @@ TEST(HeaderGroups, StandWithTheLabelledOnesFirst) {
                     "Curve", "Curve data and sensor", "Curve data and sensor", "Curve User Data", "Other File Fields",
                     "Other Test Fields", "Other Vehicle One Fields", "Other Vehicle Two Fields",
                     "Other Occupant InJury Fields", "Other Curve Fields", "Other Sensor Fields", "Extrema"));
-    EXPECT_EQ(Groups(CHeaderPart::Labelled).size(), 11U);
-    EXPECT_EQ(HeaderGroups()[10].part, CHeaderPart::Labelled);
+    EXPECT_EQ(Groups(CHeaderPart::Labeled).size(), 11U);
+    EXPECT_EQ(HeaderGroups()[10].part, CHeaderPart::Labeled);
     EXPECT_EQ(HeaderGroups()[11].part, CHeaderPart::FullOnly);
 }
 
@@ -108,7 +108,7 @@ TEST(HeaderGroups, NameTheFieldsWithoutALabel) {
     }
 }
 
-/// No two values of the two components are the same, so that none can stand for another.
+/// No two values of the two components are the same, so that none can pass for another.
 void PutComponent(CUDSBytes& bytes, std::size_t start, const std::string& letter, std::int32_t number) {
     const double real = number;
     bytes.PutInteger(start, 10 + number).PutText(start + 4, 2, "C" + letter).PutText(start + 6, 30, "DESC " + letter);

@@ -8,7 +8,7 @@
 namespace ks {
 
 /// Index of the sample at time zero in an array of `length` values (at least one) whose first value has point number
-/// `firstPoint`: 0 when the numbers begin behind zero, the last sample when they end before it.
+/// `firstPoint`: 0 when the numbers begin after zero, the last sample when they end before it.
 std::size_t TimeZeroIndex(std::int32_t firstPoint, std::size_t length);
 
 /// Cumulative integral by the trapezoid rule, anchored inside the array: the value at `anchor` is `initialValue`, and

@@ -11,8 +11,8 @@ namespace ks {
 /// The largest number of points that a resampling may give; more is taken for a mistaken time step.
 inline constexpr std::int64_t kMostResampledPoints = 100'000'000;
 
-/// The sampled curve with the point numbers that go with it. `x` ascends, equal neighbours are allowed. `count` is what
-/// the point numbers say; it may differ from the lengths, then only samples that both know are used.
+/// A sampled curve and its point numbers. `x` ascends, equal neighbors are allowed. `count` is what the point numbers
+/// say; if it differs from the lengths, only the samples that both include are used.
 class CNumberedCurve {
 public:
     std::span<const double> x;
@@ -33,13 +33,14 @@ public:
 bool IsAscending(std::span<const double> x);
 
 /// The multiples of `timeStep` (> 0, in units of X) that a resampling of `curve` covers.
-/// @return no value when `count` is 0, when either array has fewer than two values, when the step is longer than the
-///         sampled range, or when a number leaves 32 bits or the points exceed kMostResampledPoints
+/// @return no value when `count` is 0, when either array has fewer than two values, when the step is more than 100
+///         times as long as the sampled range, or when a number leaves 32 bits or the points exceed
+///         kMostResampledPoints
 std::optional<CPointRange> ResampledRange(const CNumberedCurve& curve, double timeStep);
 
-/// The curve at the abscissas (range.first + j) * timeStep, by straight lines between neighbouring samples; before the
-/// first and after the last sample the line of the two nearest goes on. Two equal abscissas at a bracket divide by
-/// zero: the result is what IEEE arithmetic makes of it. Takes time linear in samples plus points.
+/// The curve at the abscissas (range.first + j) * timeStep, by straight lines between neighboring samples; before the
+/// first and after the last sample the line through the two nearest continues. Two equal abscissas at a bracket divide
+/// by zero: the result is what IEEE arithmetic makes of it. Takes time linear in samples plus points.
 /// @param curve  at least two samples
 /// @return       one value for each point number of `range`; none when both ends are 0 or they are crossed
 std::vector<double> Interpolate(const CNumberedCurve& curve, const CPointRange& range, double timeStep);

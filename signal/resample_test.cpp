@@ -48,7 +48,7 @@ void ExpectRange(const Samples& samples, double timeStep, std::int32_t first, st
     EXPECT_EQ(range->last, last);
 }
 
-TEST(IsAscending, AllowsEqualNeighbours) {
+TEST(IsAscending, AllowsEqualNeighbors) {
     EXPECT_TRUE(IsAscending(std::vector{0.0, 0.001, 0.001, 0.002}));
     EXPECT_FALSE(IsAscending(std::vector{0.0, 0.002, 0.001}));
     EXPECT_TRUE(IsAscending(std::vector{1.0}));
@@ -134,7 +134,7 @@ TEST(Interpolate, IsExactForALine) {
     EXPECT_THAT(Resampled(samples, 0.25), Pointwise(DoubleNear(1e-14), expected));
 }
 
-TEST(Interpolate, JoinsNeighboursByStraightLines) {
+TEST(Interpolate, JoinsNeighborsByStraightLines) {
     const Samples samples{{0.0, 1.0, 2.0, 4.0}, {0.0, 1.0, -1.0, 3.0}, 0, 3};
 
     EXPECT_THAT(Resampled(samples, 0.5), ElementsAre(0.0, 0.5, 1.0, 0.0, -1.0, 0.0, 1.0, 2.0, 3.0));
@@ -148,7 +148,7 @@ TEST(Interpolate, ContinuesTheFirstAndTheLastLineBeyondTheSamples) {
 }
 
 TEST(Interpolate, DividesByZeroWhereTheBracketHasEqualAbscissas) {
-    // The only target after the samples lies behind the last two, which are equal: (3 - 2) / 0 * (5 - 2).
+    // The only target after the samples lies after the last two, which are equal: (3 - 2) / 0 * (5 - 2).
     const Samples samples{{0.0, 1.0, 2.0, 2.0}, {0.0, 1.0, 2.0, 5.0}, 0, 3};
 
     EXPECT_THAT(Interpolate(samples.Curve(), {0, 3}, 1.0), ElementsAre(0.0, 1.0, 2.0, kInfinity));
@@ -161,7 +161,7 @@ TEST(Interpolate, PassesOverEqualAbscissasBetweenOthers) {
 }
 
 TEST(Interpolate, UsesOnlyTheSamplesThatThePointNumbersKnow) {
-    // Count 2: behind 1 the line through the first two samples goes on, the later ones are not looked at.
+    // Count 2: after 1 the line through the first two samples continues, the later ones are not looked at.
     Samples samples{{0.0, 1.0, 2.0, 3.0}, {0.0, 1.0, 7.0, 9.0}, 0, 1};
     EXPECT_THAT(Resampled(samples, 1.0), ElementsAre(0.0, 1.0));
     EXPECT_THAT(Interpolate(samples.Curve(), {0, 3}, 1.0), ElementsAre(0.0, 1.0, 2.0, 3.0));

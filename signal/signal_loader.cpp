@@ -9,7 +9,7 @@
 namespace ks {
 namespace {
 
-/// The first format that does not pass the file over and for which `attempt` does not throw; null when there is none.
+/// The first format that does not skip the file and for which `attempt` does not throw; null when there is none.
 template <class Attempt>
 const CSignalFormat* FirstThatReads(CFormatList formats, const std::string& path, std::vector<std::string>& complaints,
                                     Attempt attempt) {

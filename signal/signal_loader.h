@@ -29,9 +29,9 @@ struct CChannelList {
     std::vector<std::string> complaints;    ///< one sentence for each attempt that failed, in order
 };
 
-// All try the formats in order, except those that pass the file over, until one does not throw. What a format throws is
-// its complaint. Without the memory for a file the complaint says so, and no other format is tried: it would fail on
-// the same file, after as long a time. None throws anything but std::bad_alloc for want of the memory for a sentence.
+// All try the formats in order, except those that skip the file, until one does not throw. What a format throws is its
+// complaint. When there is not enough memory for a file, the complaint says so and no other format is tried: it would
+// fail on the same file after just as long. They throw only std::bad_alloc, when there is no memory for a sentence.
 
 /// Reads one channel of the file at `path` (UTF-8); the empty name is that of a file's only channel.
 CLoadedSignal LoadSignal(const std::string& path, const std::string& channel = std::string(kOnlyChannel),

@@ -17,11 +17,11 @@ public:
 
 /// The samples with start <= x < stop among the first `count` - 1: the last sample never counts, even inside the
 /// window; kept, since results of many years were cut that way. A `count` beyond the array is taken as its length.
-/// @param x  begins to be >= start at one index, from which on the samples are taken up to the first not below stop
+/// @param x  the samples are those from the first x >= start up to, but without, the next x that is not below stop
 CIndexRange SamplesInWindow(std::span<const double> x, double start, double stop, std::int32_t count);
 
-/// Point number of the first sample after a cut at `start`: start / timeStep cut toward zero and saturated; 0 without
-/// a time step. It follows the requested time, not the time of the first kept sample.
+/// Point number of the first sample after a cut at `start`: start / timeStep cut toward zero and saturated; 0
+/// unless the time step is > 0. It follows the requested time, not the time of the first kept sample.
 std::int32_t FirstPointAt(double start, double timeStep);
 
 /// The array indices of the samples `first` ... `last` (from 0, both included).

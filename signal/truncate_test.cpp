@@ -86,9 +86,9 @@ TEST(SamplesBetween, RefusesCrossedOrEqualIndices) {
 TEST(SamplesBetween, RefusesWhatIsNoSample) {
     const char* message = "Unable to provide requested stop/start indices";
     EXPECT_THAT([] { SamplesBetween(-1, 4, 10, 10); }, ThrowsMessage<CError>(message));
-    EXPECT_THAT([] { SamplesBetween(0, 11, 10, 20); }, ThrowsMessage<CError>(message)) << "behind the count";
-    EXPECT_THAT([] { SamplesBetween(0, 10, 10, 20); }, ThrowsMessage<CError>(message)) << "one behind the count";
-    EXPECT_THAT([] { SamplesBetween(0, 10, 20, 10); }, ThrowsMessage<CError>(message)) << "one behind the array";
+    EXPECT_THAT([] { SamplesBetween(0, 11, 10, 20); }, ThrowsMessage<CError>(message)) << "beyond the count";
+    EXPECT_THAT([] { SamplesBetween(0, 10, 10, 20); }, ThrowsMessage<CError>(message)) << "one beyond the count";
+    EXPECT_THAT([] { SamplesBetween(0, 10, 20, 10); }, ThrowsMessage<CError>(message)) << "one beyond the array";
     EXPECT_THAT([] { SamplesBetween(15, 16, 20, 10); }, ThrowsMessage<CError>(message));
     ExpectRange(SamplesBetween(0, 9, 10, 10), 0, 10);
 }

@@ -6,7 +6,7 @@
 namespace ks {
 namespace {
 
-/// Energy: a force over a way.
+/// Energy: a force over a distance.
 class CWayRow {
 public:
     std::string_view xUnits, yUnits;

@@ -24,8 +24,8 @@ public:
 
 /// The result of integrating `yUnits` over `xUnits`: for accelerations in "G'S" a velocity that starts at
 /// `initialVelocity`, for velocities a displacement, for forces an impulse or an energy, and so on. Pairs that are not
-/// known give units and type "UNKNOWN", with " x SECONDS" and " x TIME" behind them over seconds, and with " - "
-/// behind the units over an X that is neither a time nor a length.
+/// known give units and type "UNKNOWN". Over seconds, " x SECONDS" and " x TIME" follow; over an X that is neither a
+/// time nor a length, " - " follows the units.
 CIntegralUnits IntegralUnits(std::string_view xUnits, std::string_view yUnits, double initialVelocity,
                              std::string_view dimensionSystem);
 

@@ -17,7 +17,7 @@
 
 namespace {
 
-// Whether the run came to its end; a stopped run tells nobody.
+// Whether the run completed; a stopped run notifies nobody.
 class CRunObserver : public CDocumentObserver {
 public:
     void OnDocumentUpdate(int hint) override { m_completed = m_completed || hint == kRunCompleted; }
@@ -49,7 +49,7 @@ CInput CollectFiles(const CCompareOptions& options) {
     return input;
 }
 
-// An output that takes the place of an input would destroy a measurement that may exist only once.
+// An output that replaces an input would destroy a measurement that may exist only once.
 std::vector<std::string> AllInputs(const CCompareOptions& options, std::vector<std::string> files) {
     files.insert(files.end(), options.hitLists.begin(), options.hitLists.end());
     if (options.reference) {
@@ -132,7 +132,7 @@ CExitStatus FinishCompleted(const CCompareOptions& options, const CResults& resu
                             CConsole& console) {
     COutputs outputs(console);
     outputs.Protect(inputs);
-    // Pages may cut the signals, so everything about the run itself is taken down before the first of them.
+    // Pages may cut the signals, so everything about the run itself is recorded before the first page.
     const CSummaryTable table = MakeSummaryTable(document.ComputedSignals());
     CJsonResults json(options, results, document.Reference(), document.ComputedSignals());
     PrintReports(options, document, table, console);
@@ -169,7 +169,7 @@ CExitStatus RunCompare(const std::vector<std::string>& arguments, CConsole& cons
     document.RemoveObserver(observer);
     console.EraseProgress();
 
-    // The document collects these and shows them nowhere.
+    // The document collects these but does not show them.
     console.ComplainAll(document.ReferenceMessages());
     ComplainOfNoCommonTime(document, console);
     const CResults results{document.ErrorMessages(), document.ReferenceMessages(), {}, document.Notes()};

@@ -30,7 +30,7 @@ const std::array<COptionDeclaration, 16> kOptions = {{
     {"--pages", COptionKind::Flag, ""},
     {"--ascii", COptionKind::Single, "a DIR to write to"},
     {"--uds", COptionKind::Single, "a DIR to write to"},
-    {"--fail-on-bad", COptionKind::Names, "names behind =, or no ="},
+    {"--fail-on-bad", COptionKind::Names, "names after =, or no ="},
     {"--quiet", COptionKind::Flag, ""},
     {"--verbose", COptionKind::Flag, ""},
 }};

@@ -15,7 +15,7 @@ public:
     double max = 0.0;
 };
 
-/// How much the command tells beside its results.
+/// How much the command prints in addition to its results.
 enum class CVerbosity { Quiet, Usual, Verbose };
 
 /// What `quorvel-cli compare` was asked to do. Paths are UTF-8; "-" is standard output.
@@ -25,7 +25,7 @@ public:
     std::vector<std::string> hitLists;
     std::optional<std::string> reference;  ///< none: made from the computed signals
     std::optional<std::int32_t> cfc;       ///< 60, 180, 600 or 1000; none: nothing is filtered
-    bool filterReference = true;           ///< as asked; nothing is filtered without a class
+    bool filterReference = true;           ///< as requested; without a class, nothing is filtered
     std::optional<CWindow> window;
     double corridor = 4.0;  ///< > 0
     CCriticalValues critical;
@@ -37,11 +37,11 @@ public:
 
     /// Whether the reference file is to be filtered.
     bool FiltersReference() const { return cfc.has_value() && filterReference; }
-    /// Whether an output goes to standard output in place of the table.
+    /// Whether an output goes to standard output instead of the table.
     bool UsesStandardOutput() const;
 };
 
-/// Reads the arguments behind `compare`.
+/// Reads the arguments after `compare`.
 /// @throws CUsageError with a sentence that says what would be accepted
 CCompareOptions ParseCompareOptions(const std::vector<std::string>& arguments);
 

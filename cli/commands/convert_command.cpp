@@ -45,15 +45,13 @@ void TellOfCounts(const ks::CUDSRepairs& repairs, CConsole& console) {
         console.Note("Values that were not a number and are now 0: " + std::to_string(repairs.notNumbers));
     }
     if (repairs.movedTexts > 0) {
-        console.Note("Texts that stood behind blanks and now begin without them: " +
-                     std::to_string(repairs.movedTexts));
+        console.Note("Texts that lost their leading blanks: " + std::to_string(repairs.movedTexts));
     }
     if (repairs.clearedRecords > 0) {
-        console.Note("Records whose bytes behind the last field or point are now 0: " +
-                     std::to_string(repairs.clearedRecords));
+        console.Note("Records whose unused bytes are now 0: " + std::to_string(repairs.clearedRecords));
     }
     if (repairs.unusedRecords > 0) {
-        console.Note("Data records beyond the last point, left out: " + std::to_string(repairs.unusedRecords));
+        console.Note("Data records dropped after the last point: " + std::to_string(repairs.unusedRecords));
     }
 }
 
@@ -72,7 +70,7 @@ std::string_view Characters(std::span<const std::byte> bytes) {
 CExitStatus RunConvert(const std::vector<std::string>& arguments, CConsole& console) {
     const CConvertOptions options = ParseConvertOptions(arguments);
     RefuseOverwriting(options.out, options.file);
-    // The file object itself, not a record made from it: what reading repaired is told, and no field may be lost.
+    // The file object itself, not a record made from it, because it keeps every field and knows what reading repaired.
     ks::CUDS1992 file;
     if (ComplaintOfReading(options.file, console, [&] { file.Read(options.file); })) {
         return CExitStatus::Input;

@@ -6,6 +6,6 @@
 #include "cli/exit_status.h"
 #include "cli/output/console.h"
 
-/// Runs `quorvel-cli export` on the arguments behind its name.
+/// Runs `quorvel-cli export` on the arguments after its name.
 /// @throws CUsageError for wrong usage, before anything is read or written
 CExitStatus RunExport(const std::vector<std::string>& arguments, CConsole& console);

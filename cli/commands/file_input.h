@@ -7,14 +7,14 @@
 #include "cli/output/console.h"
 #include "signal/nsignal.h"
 
-// Reading the file of a command. A failure is the reader's sentence on standard error and, as not all of those name the
-// file, another one that does.
+// Reading the file of a command. A failure prints the reader's sentence on standard error, then one that names the
+// file, because not every reader's sentence does.
 
 /// Reads the file at `path` as UDS-1992 into `record`.
 /// @return the reader's sentence; nothing when the file was read
 std::optional<std::string> ComplaintOfReadingUds(const std::string& path, CConsole& console, ks::CNSignal& record);
 
-/// Calls `read`, which reads the file at `path` by other means and throws CError where it cannot.
+/// Calls `read`, which reads the file at `path` in its own way and throws CError if it cannot.
 /// @return the reader's sentence; nothing when the file was read
 std::optional<std::string> ComplaintOfReading(const std::string& path, CConsole& console,
                                               const std::function<void()>& read);

@@ -5,8 +5,8 @@
 
 #include "signal/ascii_export.h"
 
-// What the commands that look at one file at a time were asked to do. Paths are UTF-8; "-" is standard output where it
-// says so. Each parser throws CUsageError with a sentence that says what would be accepted.
+// The options of the commands for single files. Paths are UTF-8; "-" is standard output where a comment says so. Each
+// parser throws CUsageError with a sentence that says what would be accepted.
 
 /// `quorvel-cli show FILE... [--json]`
 class CShowOptions {

@@ -19,7 +19,7 @@ TEST(ShowOptions, TakeAnyNumberOfFiles) {
     EXPECT_THAT(ParseShowOptions({"--", "--json"}).files, ElementsAre("--json"));
 }
 
-TEST(ExportOptions, SayWhatStandsOnALine) {
+TEST(ExportOptions, SayWhatEachLineHolds) {
     const CExportOptions both = ParseExportOptions({"a", "--xy", "--out", "b"});
     EXPECT_EQ(both.file, "a");
     EXPECT_EQ(both.form, ks::CAsciiForm::XY);
@@ -72,7 +72,7 @@ const Row kRows[] = {
     {"ShowWithoutFile", kShow, {}, "At least one FILE to show is needed."},
     {"ShowOnlyJson", kShow, {"--json"}, "At least one FILE to show is needed."},
     {"ShowJsonWithPath", kShow, {"--json=a", "b"}, "Option --json takes no value."},
-    {"ShowUnknown", kShow, {"--xml", "a"}, "Unknown option: --xml\nA file of that name can stand behind --."},
+    {"ShowUnknown", kShow, {"--xml", "a"}, "Unknown option: --xml\nTo use a file with that name, put it after --."},
     {"ExportWithoutFile", kExport, {"--xy", "--out", "b"}, "A FILE to export is needed."},
     {"ExportOfTwo",
      kExport,

@@ -24,7 +24,7 @@ void Refuse(const std::string& a, const std::string& b) {
     throw CUsageError("Two outputs would go to one file: " + a + " and " + b);
 }
 
-/// The outputs whose paths are known beforehand.
+/// The outputs whose paths are known before the run.
 std::vector<std::string> KnownOutputs(const CCompareOptions& options) {
     std::vector<std::string> paths;
     for (const std::optional<std::string>& path : {options.html, options.json, options.csv}) {
@@ -44,7 +44,7 @@ void RefuseEqual(const std::vector<std::string>& paths) {
     }
 }
 
-/// The file in `folder` that has the name of a page's series and is the file at `path`, there already or not.
+/// The file in `folder` that has the name of a page's series and is the file at `path`, whether it exists or not.
 std::optional<std::string> UdsPageAt(const std::string& path, const std::string& folder,
                                      const std::vector<std::string>& existing) {
     for (const std::string& page : existing) {

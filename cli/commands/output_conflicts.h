@@ -2,7 +2,7 @@
 
 #include "cli/commands/compare_options.h"
 
-/// Two outputs on one path: only the last would be left. Looks through "./", links and further names of a file, and at
-/// the files of the chart pages, whichever of them the run will write.
+/// Refuses two outputs to one path, since only the last would remain. Sees through "./", links and other names of a
+/// file, and considers every file of the chart pages that the run might write.
 /// @throws CUsageError that names both
 void RefuseSharedOutputs(const CCompareOptions& options);

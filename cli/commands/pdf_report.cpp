@@ -8,7 +8,7 @@
 
 namespace {
 
-// Qt's advice about the surroundings (a missing runtime folder, an unknown font alias) is none of the user's business.
+// Qt's advice about the environment (a missing runtime folder, an unknown font alias) does not concern the user.
 void ShowOnlyFailures(QtMsgType type, const QMessageLogContext&, const QString& text) {
     if (type != QtCriticalMsg && type != QtFatalMsg) return;
     std::fprintf(stderr, "quorvel-cli: %s\n", text.toUtf8().constData());  // NOLINT(*-vararg)
@@ -23,7 +23,7 @@ bool CanWritePdfReport() {
 ks::CWriteResult WritePdfReport(const std::string& pdf, const ks::CNSignal& record, const std::string& file,
                                 bool full) {
     qInstallMessageHandler(ShowOnlyFailures);
-    // Whatever the user's desktop asks of Qt programs: a theme plugin may end the program where there is no screen.
+    // Ignores what the user's desktop asks of Qt programs: without a screen, a theme plugin may end the program.
     qunsetenv("QT_QPA_PLATFORMTHEME");
     std::string name = "quorvel-cli";
     std::string option = "-platform";

@@ -5,9 +5,9 @@
 #include "files/replacing_file.h"
 #include "signal/nsignal.h"
 
-/// Whether this build can write reports. They are painted by Qt, which a build without the desktop program lacks.
+/// Whether this build can write reports. Qt draws them, and a build without the desktop program has no Qt.
 bool CanWritePdfReport();
 
 /// Writes the report of `record`, read from the file at `file`, as PDF to `pdf` (both UTF-8), without a screen; `full`
-/// asks for the full report. Only where CanWritePdfReport().
+/// requests the full report. Requires CanWritePdfReport().
 ks::CWriteResult WritePdfReport(const std::string& pdf, const ks::CNSignal& record, const std::string& file, bool full);

@@ -6,6 +6,6 @@
 #include "cli/exit_status.h"
 #include "cli/output/console.h"
 
-/// Runs `quorvel-cli report` on the arguments behind its name.
+/// Runs `quorvel-cli report` on the arguments after its name.
 /// @throws CUsageError for wrong usage, before anything is read or written
 CExitStatus RunReport(const std::vector<std::string>& arguments, CConsole& console);

@@ -11,7 +11,7 @@
 
 namespace {
 
-// One file after the other: the points of a long list need not fit into memory together.
+// One file at a time, so that the points of a long list need not fit into memory together.
 bool ShowFiles(const CShowOptions& options, CConsole& console) {
     bool good = true;
     std::string_view gap;

@@ -6,6 +6,6 @@
 #include "cli/exit_status.h"
 #include "cli/output/console.h"
 
-/// Runs `quorvel-cli show` on the arguments behind its name.
+/// Runs `quorvel-cli show` on the arguments after its name.
 /// @throws CUsageError for wrong usage, before anything is read
 CExitStatus RunShow(const std::vector<std::string>& arguments, CConsole& console);

@@ -121,7 +121,7 @@ void CConsole::ComplainAll(const std::vector<std::string>& texts) {
 
 void CConsole::Note(std::string_view text) {
     EraseProgress();
-    // A log or a pipe gets the bytes as they are, so that a file name in a message stays the file's name.
+    // A log or a pipe gets the unchanged bytes, so that a file name in a message stays correct.
     Put(m_err, m_errorTerminal ? DisplayText(text, true) : std::string(text));
     Put(m_err, "\n");
     std::fflush(m_err);
@@ -131,7 +131,7 @@ void CConsole::ShowProgress(std::string_view text) {
     if (!m_errorTerminal) {
         return;
     }
-    // One column stays free: a full line would wrap, and could not be erased.
+    // Leaves one column free: a full line would wrap and could not be erased.
     Put(m_err, "\r\x1b[K" + ElideFront(DisplayText(text), m_errorWidth - 1));
     std::fflush(m_err);
     m_progressShown = true;

@@ -6,37 +6,37 @@
 #include <string_view>
 #include <vector>
 
-/// Standard output and standard error of the program: results to the one, complaints and progress to the other.
+/// Standard output of the program, for results, and standard error, for complaints and progress.
 class CConsole {
 public:
-    /// Both streams must outlive the object. Colour and progress need a terminal; the environment variables NO_COLOR,
-    /// TERM and COLUMNS are looked at.
+    /// Both streams must outlive the object. Color and progress need a terminal; the environment variables NO_COLOR,
+    /// TERM and COLUMNS apply.
     CConsole(std::FILE* out, std::FILE* err);
     CConsole(const CConsole&) = delete;
     CConsole& operator=(const CConsole&) = delete;
     ~CConsole();
 
-    /// Results for standard output. What cannot be written shows in FinishOutput.
+    /// Prints results on standard output. FinishOutput reports what could not be written.
     void Print(std::string_view text);
-    /// Sends out what is buffered. False when anything printed so far could not be written, with the system's reason
-    /// in `reason`.
+    /// Flushes the output. False when anything printed so far could not be written, with the system's reason in
+    /// `reason`.
     [[nodiscard]] bool FinishOutput(std::string& reason);
 
-    /// One complaint on standard error, ended by a line feed; it may have several lines.
+    /// One complaint on standard error, followed by a line feed; it may have several lines.
     void Complain(std::string_view text);
-    /// All of them, each run of equal ones once and followed by how often: "(2 times)". Both readers of signal files
-    /// say the same of a missing file.
+    /// Prints all of them; equal ones in a row appear once, followed by how often: "(2 times)". Both readers of signal
+    /// files say the same about a missing file.
     void ComplainAll(const std::vector<std::string>& texts);
-    /// The same as Complain without the program's name in front, for what is no complaint.
+    /// The same as Complain without the program's name in front, for what is not a complaint.
     void Note(std::string_view text);
 
-    /// Shows `text` in place of the progress line before; nothing unless standard error is a terminal.
+    /// Shows `text` instead of the last progress line; does nothing unless standard error is a terminal.
     void ShowProgress(std::string_view text);
     void EraseProgress();
 
-    /// Whether results may be coloured.
+    /// Whether results may be colored.
     bool Color() const { return m_color; }
-    /// Columns of the terminal behind standard output; else COLUMNS, else 80.
+    /// Columns of the terminal that standard output goes to; else COLUMNS, else 80.
     std::size_t Width() const { return m_width; }
 
 private:

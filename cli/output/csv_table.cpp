@@ -20,7 +20,7 @@ std::string CsvField(std::string_view text) {
 
 namespace {
 
-// `textOf` gives the text of a column.
+// `textOf` returns the text of a column.
 template <class TextOf>
 void AppendLine(std::string& csv, const std::vector<int>& order, TextOf textOf) {
     bool first = true;

@@ -9,5 +9,5 @@
 std::string CsvField(std::string_view text);
 
 /// The fixed columns of the summary table as CSV: the headers, then one line per signal, columns in displayed order,
-/// lines ended by CR LF. Bytes of file names are kept as they are.
+/// lines ending with CR LF. Bytes of file names are kept as they are.
 std::string CsvTable(const CSummaryTable& table);

@@ -19,7 +19,7 @@ constexpr const char* kHeaderLine =
     "0 Moment Difference,1st Moment Difference,2nd Moment Difference,3rd Moment Difference,4th Moment Difference,"
     "5th Moment Difference,Ref Filename,Min Time,Max Time\r\n";
 
-TEST(CsvField, StandsAsItIsWithoutSpecialCharacters) {
+TEST(CsvField, IsUnchangedWithoutSpecialCharacters) {
     EXPECT_EQ(CsvField("1.0 (2.00 %)"), "1.0 (2.00 %)");
     EXPECT_EQ(CsvField(""), "");
     EXPECT_EQ(CsvField("'\t; \xFF"), "'\t; \xFF");

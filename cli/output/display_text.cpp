@@ -8,7 +8,7 @@
 
 namespace {
 
-/// The character at `position`; each byte that is not UTF-8 is one of its own.
+/// The character at `position`; each byte that is not UTF-8 counts as a character.
 ks::CUtf8Character CharacterAt(std::string_view text, std::size_t position) {
     ks::CUtf8Character character = ks::FirstUtf8Character(text.substr(position));
     if (!character.isWellFormed) character.byteCount = 1;
@@ -23,7 +23,7 @@ bool InRanges(const std::array<CRange, Size>& ranges, char32_t c) {
                        [c](const CRange& range) { return range.first <= c && c <= range.second; });
 }
 
-// The blocks that file names meet in practice; not the whole of UAX #11.
+// The blocks that occur in file names in practice, not all of UAX #11.
 constexpr std::array<CRange, 5> kZeroWidth = {
     {{0x300, 0x36F}, {0x200B, 0x200F}, {0x20D0, 0x20FF}, {0xFE00, 0xFE0F}, {0xFE20, 0xFE2F}}};
 constexpr std::array<CRange, 9> kDoubleWidth = {{{0x1100, 0x115F},

@@ -4,8 +4,8 @@
 #include <string>
 #include <string_view>
 
-/// `text` fit for a terminal: "?" for each control character, U+FFFD for each byte that is not UTF-8. A file name can
-/// hold anything, terminal commands included. Line feeds stay when `keepLineFeeds` is set.
+/// `text` made safe for a terminal: "?" for each control character, U+FFFD for each byte that is not UTF-8. A file name
+/// can hold anything, terminal commands included. Line feeds stay when `keepLineFeeds` is set.
 std::string DisplayText(std::string_view text, bool keepLineFeeds = false);
 
 /// Columns that `text` (UTF-8) takes on a terminal: East Asian wide characters take two, combining marks none, each

@@ -54,7 +54,7 @@ Json GroupsJson(const ks::CData& record) {
     Json json = Json::array();
     for (const ks::CHeaderGroup& group : ks::HeaderGroups()) {
         if (!ks::HasHeaderGroup(record, group)) continue;
-        // Neighbours with one title are one group.
+        // Adjacent groups with the same title become one.
         if (json.empty() || json.back()["title"] != group.title) {
             json.push_back({{"title", group.title}, {"entries", Json::array()}});
         }

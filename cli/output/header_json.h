@@ -10,7 +10,7 @@ public:
     void AddFile(const std::string& path, const ks::CData& record);
     void AddError(const std::string& path, const std::string& message);
 
-    /// The whole text. Nothing may be added afterwards.
+    /// The whole text. Nothing may be added after this call.
     std::string Finish();
 
 private:

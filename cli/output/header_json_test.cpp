@@ -47,11 +47,11 @@ TEST(HeaderJson, HasOneLinePerFileAndPerError) {
     std::istringstream read(text.Finish());
     std::vector<std::string> lines;
     for (std::string line; std::getline(read, line);) lines.push_back(line);
-    // Every file is a whole object of one line, which begins with its path.
-    const auto file = [](const std::string& path, const std::string& behind) {
+    // Each file is one whole object on one line, which begins with its path.
+    const auto file = [](const std::string& path, const std::string& end) {
         return testing::AllOf(testing::StartsWith("  {\"path\":\"" + path + "\",\"secondComponent\":false,"),
-                              testing::EndsWith("}" + behind), testing::Truly([&](const std::string& line) {
-                                  return json::accept(line.substr(0, line.size() - behind.size()));
+                              testing::EndsWith("}" + end), testing::Truly([&](const std::string& line) {
+                                  return json::accept(line.substr(0, line.size() - end.size()));
                               }));
     };
     EXPECT_THAT(lines, testing::ElementsAre("{", "\"format\": \"quorvel-show\",", "\"version\": 1,", "\"files\": [",
@@ -93,7 +93,7 @@ TEST(HeaderJson, HasTheFieldsOfASecondComponentOnlyWhereThereIsOne) {
               json({{"label", "Make:"}, {"value", "MAKE"}, {"unit", ""}}));
 }
 
-TEST(HeaderJson, HasTheLabelledValuesInGroupsOfDifferentTitles) {
+TEST(HeaderJson, HasTheLabeledValuesInGroupsOfDifferentTitles) {
     ks::CData record;
     record.Setdelt(0.001);
     record.SetNLP(2);

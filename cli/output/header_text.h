@@ -4,6 +4,6 @@
 
 #include "signal/data.h"
 
-/// The header of a signal for a terminal: the path, then each group's title with its labelled values below, indented.
-/// Every line is ended by LF.
+/// The header of a signal for a terminal: the path, then each group's title with its labeled values below, indented.
+/// Every line ends with LF.
 std::string HeaderReport(const std::string& path, const ks::CData& record);

@@ -31,7 +31,7 @@ TEST(HeaderReport, SaysWhereASecondComponentIsLacking) {
     EXPECT_THAT(HeaderReport("a", record), Not(HasSubstr("not in this file")));
 }
 
-TEST(HeaderReport, ShowsNeighboursWithOneTitleAsOneGroup) {
+TEST(HeaderReport, ShowsAdjacentGroupsWithOneTitleAsOneGroup) {
     const std::string report = HeaderReport("a", ks::CData());
     const std::size_t first = report.find("Curve data and sensor\n");
     ASSERT_NE(first, std::string::npos);

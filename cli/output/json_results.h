@@ -17,7 +17,7 @@
 #include "compare/summary_columns.h"
 #include "compare/verdict.h"
 
-/// What a comparison left, as the results file shows it. A stopped run has neither pages nor signals.
+/// What a comparison produced, as the results file shows it. A stopped run has neither pages nor signals.
 class CResults {
 public:
     std::vector<std::string> errors;           ///< messages of the run
@@ -41,8 +41,8 @@ public:
 ///
 /// One line per member, signal and page, so that two files can be compared by eye. Numbers read back bit for bit,
 /// numbers that are not finite are null, and bytes that are not UTF-8 appear as U+FFFD. Members are added in the order
-/// of the functions below; series pass through one at a time, so a long page list needs little memory besides the
-/// text itself.
+/// of the functions below; series are added one at a time, so a long page list needs little memory apart from
+/// the text itself.
 class CJsonResults {
 public:
     CJsonResults(const CCompareOptions& options, const CResults& results, const CSignal& reference,
@@ -50,7 +50,7 @@ public:
 
     void AddPage(const CPageView& page);
     /// Ends the text. `withPages` adds the member "pages", empty when no page was added.
-    /// @throws std::bad_alloc when the memory for the text did not suffice, here or before
+    /// @throws std::bad_alloc when there was not enough memory for the text, here or in an earlier call
     std::string Finish(bool withPages);
 
 private:

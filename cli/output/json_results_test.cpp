@@ -29,7 +29,7 @@ CSignal SignalOf(const std::string& path, std::vector<double> y) {
     return signal;
 }
 
-TEST(JsonResults, StandInTheirOrderOneMemberPerLine) {
+TEST(JsonResults, AreInOrderOneMemberPerLine) {
     EXPECT_EQ(
         CJsonResults({}, {{"e"}, {"r"}, {1, 7}}, CSignal("ref"), {}).Finish(false),
         "{\n"
@@ -147,7 +147,7 @@ TEST(JsonResults, ShowAChartPageWithoutSeriesAsNotBuilt) {
     EXPECT_TRUE(page.at("error").is_null());
 }
 
-TEST(JsonResults, ShowNotesBesideTheWarnings) {
+TEST(JsonResults, ShowNotesNextToTheWarnings) {
     CSignal reference("ref");
     reference.Notes().push_back({CNoteKind::ReferenceResampled, "R."});
     CSignal signal("a");

@@ -8,11 +8,11 @@
 #include "cli/output/console.h"
 #include "compare/document.h"
 
-/// Complains about every signal without any time in common with its reference, and about signals without any in
-/// common: such a run looks like a result. All other notes are for those who ask.
+/// Complains about every signal that has no time in common with its reference, and about signals with no time in common
+/// with each other, because such a run looks like a result. Other notes are printed on request only.
 void ComplainOfNoCommonTime(const CQuorvelDoc& document, CConsole& console);
 
-/// One line per note, each after `indent`; those that ComplainOfNoCommonTime tells are left out.
+/// One line per note, each indented by `indent`, without those that ComplainOfNoCommonTime prints.
 std::string NoteLines(const std::vector<CNote>& notes, std::string_view indent);
 
 /// A note that a chart page left on a signal.
@@ -21,10 +21,10 @@ struct CPageNote {
     CNote note;
 };
 
-/// Tells the notes that a page leaves on the signals from those that they have had before.
+/// Tells apart the notes that a page leaves on the signals and those that they had before.
 class CPageNotes {
 public:
-    /// Takes down how many notes the document's signals have now.
+    /// Records how many notes the document's signals have now.
     explicit CPageNotes(const CQuorvelDoc& document);
     /// The notes added since then.
     std::vector<CPageNote> Added() const;

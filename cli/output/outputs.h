@@ -9,11 +9,11 @@
 #include "cli/output/console.h"
 #include "files/replacing_file.h"
 
-/// The path that stands for standard output.
+/// The path that means standard output.
 inline constexpr const char* kStandardOutput = "-";
 
-/// Where the outputs of a command go. Each is tried, whatever became of the ones before; every failure is one sentence
-/// on standard error.
+/// Writes the outputs of a command. Each is tried even if earlier ones failed; every failure is one sentence on
+/// standard error.
 class COutputs {
 public:
     explicit COutputs(CConsole& console) : m_console(console) {}
@@ -21,23 +21,23 @@ public:
     /// Puts `text` into the file at `path`, or prints it when that is "-". `what` names it in a sentence, for example
     /// "The HTML report".
     void Write(std::string_view what, const std::string& path, std::string_view text);
-    /// The same for a text that is made here: where the memory for it does not suffice, that is the failure's sentence.
+    /// The same for a text that is made here; too little memory for it is a failure with its own sentence.
     void Write(std::string_view what, const std::string& path, const std::function<std::string()>& make);
-    /// Takes note of how a file was written by other hands.
+    /// Records how a file was written elsewhere.
     void Note(std::string_view what, const std::string& path, ks::CWriteResult result);
     /// Names the files that no output may replace: a measurement may exist only once.
     void Protect(std::vector<std::string> inputs) { m_inputs = std::move(inputs); }
     /// Whether `path` leads to a protected file.
     bool Protects(const std::string& path) const;
-    /// The same; it is then a failure with its sentence.
+    /// The same; if so, it is a failure with its sentence.
     bool IsInput(const std::string& path);
-    /// Makes the folder at `path` with its parents. False when there is none afterwards.
+    /// Makes the folder at `path` with its parents. False if it does not exist afterward.
     bool MakeFolder(const std::string& path);
-    /// A sentence about an output that was written, and is of use.
+    /// A sentence about an output that was written and can be used.
     void Warn(const std::string& sentence) { m_console.Complain(sentence); }
-    /// A failure with a sentence of its own.
+    /// A failure with its own sentence.
     void Fail(const std::string& sentence);
-    /// Sends out what went to standard output.
+    /// Flushes standard output.
     void Finish();
 
     /// Whether anything could not be written.

@@ -21,7 +21,7 @@ std::string PageStem(std::int32_t pageId) {
     return std::string(kStem) + std::to_string(pageId);
 }
 
-/// A whole number from 1, as std::to_string writes it: digits alone, no 0 in front.
+/// A whole number from 1, as std::to_string writes it: only digits, without leading zeros.
 std::optional<std::int64_t> ReadCount(std::string_view text) {
     std::int64_t value = 0;
     const auto result = std::from_chars(text.data(), text.data() + text.size(), value);

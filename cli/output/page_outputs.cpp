@@ -22,7 +22,7 @@ void WriteAsciiPage(const std::string& folder, const CQuorvelDoc& document, std:
     if (outputs.IsInput(path)) {
         return;
     }
-    // The table of a page that could not be built is empty: one of an earlier run would pass for this run's.
+    // A page that could not be built gets an empty table, so that one from an earlier run does not pass for this run's.
     outputs.Note("The ASCII table of a page", path, WriteAsciiTable(path, document.ChartBlock(), pageId));
 }
 
@@ -32,7 +32,7 @@ public:
     CUdsPages(const std::string& folder, COutputs& outputs) : m_folder(folder), m_outputs(outputs) {}
 
     void Write(const CQuorvelDoc& document, std::int32_t pageId);
-    /// Removes those of an earlier run, which would pass for this run's.
+    /// Removes those of an earlier run, so that they do not pass for this run's.
     void RemoveOlder();
 
 private:

@@ -6,11 +6,11 @@
 #include "cli/output/outputs.h"
 #include "compare/document.h"
 
-/// Whether the options ask for anything of the chart pages.
+/// Whether the options request any output of the chart pages.
 bool WantsPages(const CCompareOptions& options);
 
-/// Selects every page of the document's page list once, in order, and writes what the options ask of it: into `json`
-/// for --pages, and the files of --ascii and --uds. What a page shows depends on the pages before it, because some cut
-/// the signals for good.
+/// Selects every page of the document's page list once, in order, and writes what the options request: into `json` for
+/// --pages, and the files of --ascii and --uds. What a page shows depends on the pages before it, because some cut
+/// the signals permanently.
 void WritePages(const CCompareOptions& options, CQuorvelDoc& document, CCliHost& host, CJsonResults& json,
                 COutputs& outputs);

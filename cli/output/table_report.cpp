@@ -31,7 +31,7 @@ std::string PreparationText(const CCompareOptions& options) {
     return text;
 }
 
-// `text` with `number` in place of its %1.
+// `text` with its %1 replaced by `number`.
 std::string WithNumber(std::string_view text, double number) {
     constexpr std::string_view kPlace = "%1";
     const std::size_t place = text.find(kPlace);

@@ -11,6 +11,6 @@
 std::string TableReport(const CCompareOptions& options, const CQuorvelDoc& document, const CSummaryTable& table,
                         const CTextTableStyle& style);
 
-/// What --verbose tells on standard error about a completed run: the notes of the run, and every signal with its
+/// What --verbose prints on standard error about a completed run: the notes of the run, and every signal with its
 /// points, its warnings and its notes.
 std::string VerboseReport(const CQuorvelDoc& document);

@@ -51,7 +51,7 @@ std::string_view VerdictWord(CVerdict verdict) {
 void Measure(CColumn& column) {
     for (const CCell& cell : column.cells) {
         column.valueWidth = std::max(column.valueWidth, DisplayWidth(cell.value));
-        // "good" and "BAD" line up over the whole table, whichever of them a column has.
+        // "good" and "BAD" line up across the whole table, whichever of them a column has.
         column.wordWidth = std::max(column.wordWidth, cell.word.empty() ? 0 : 1 + kGood.size());
     }
     const std::size_t headerWidth = DisplayWidth(column.header);

@@ -12,8 +12,8 @@ public:
     bool color = false;      ///< color verdicts and headings by terminal sequences
 };
 
-/// All columns of the summary table, one line per signal, numbered from 1. What does not fit next to the columns before
-/// it starts a new band of columns below them; each band repeats the numbers. Verdicts are the words "good" and "BAD"
-/// after the values; a last column counts the bad ones. Long paths are cut at their front. Every line is ended by LF; a
-/// table without rows is an empty text.
+/// All columns of the summary table, one line per signal, numbered from 1. A column that does not fit next to
+/// the ones before it starts a new band of columns below them; each band repeats the numbers. Verdicts are the words
+/// "good" and "BAD" after the values; a last column counts the bad ones. Long paths are cut at their front. Every line
+/// ends with LF; a table without rows gives an empty text.
 std::string TextTable(const CSummaryTable& table, const CTextTableStyle& style);

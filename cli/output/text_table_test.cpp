@@ -44,7 +44,7 @@ TEST(TextTable, IsEmptyWithoutSignals) {
     EXPECT_EQ(TextTable(TableOf({}), {}), "");
 }
 
-TEST(TextTable, StandsInLineWithWordsForVerdicts) {
+TEST(TextTable, IsAlignedAndHasWordsForVerdicts) {
     CSummaryTable table =
         TableOf({RowOf("a.uds", "1.5", CVerdict::Good), RowOf("long/b.uds", "-12.25", CVerdict::Bad)});
     table.order = {0, 1, 5, 13};
@@ -101,18 +101,18 @@ TEST(TextTable, CutsLongPathsAtTheFront) {
     EXPECT_THAT(TextTable(table, {}), HasSubstr("(1)  ...folder/folder/folder/signal.uds "));
 }
 
-// Large numbers once lost their first digits, and what was left looked like another number.
+// Large numbers once lost their first digits and looked like different numbers.
 TEST(TextTable, NeverCutsNumbers) {
     const std::string number = "1" + std::string(100, '0') + ".0";
     EXPECT_THAT(TextTable(TableOf({RowOf("a.uds", number, CVerdict::Bad)}), {}), HasSubstr(" " + number + "\n"));
 }
 
-TEST(TextTable, HasNoColoursUnlessAsked) {
+TEST(TextTable, HasNoColorsUnlessAsked) {
     const CSummaryTable table = TableOf({RowOf("a.uds", "1.5", CVerdict::Bad)});
     EXPECT_THAT(TextTable(table, {80, false}), Not(HasSubstr("\x1b")));
 }
 
-TEST(TextTable, ColoursVerdictsBesideTheirWords) {
+TEST(TextTable, ColorsVerdictsAndTheirWords) {
     CSummaryTable table = TableOf({RowOf("a.uds", "1.5", CVerdict::Bad), RowOf("b.uds", "2.5", CVerdict::Good)});
     const std::string text = TextTable(table, {80, true});
     EXPECT_THAT(text, HasSubstr("\x1b[1;31m1.5 BAD\x1b[0m"));
@@ -120,13 +120,13 @@ TEST(TextTable, ColoursVerdictsBesideTheirWords) {
     EXPECT_THAT(text, HasSubstr("\x1b[1mPeak Value\x1b[0m"));
 }
 
-// The numbers once came out red: the zero of the verdict type is none of its three colours.
+// The numbers were once printed red: the zero of the verdict type is none of its three colors.
 TEST(TextTable, LeavesWhatHasNoVerdictPlain) {
     const std::string text = TextTable(TableOf({RowOf("a.uds", "1.5", CVerdict::Bad)}), {80, true});
     EXPECT_THAT(text, HasSubstr("\n(1)  a.uds "));
 }
 
-TEST(TextTable, StandsInLineWithColoursToo) {
+TEST(TextTable, StaysAlignedWithColors) {
     const CSummaryTable table = TableOf({RowOf("a.uds", "1.5", CVerdict::Bad), RowOf("b.uds", "12.5", CVerdict::Good)});
     std::string painted = TextTable(table, {80, true});
     for (const std::string sequence : {"\x1b[1;31m", "\x1b[32m", "\x1b[1m", "\x1b[0m"}) {

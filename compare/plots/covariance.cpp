@@ -46,7 +46,7 @@ double ProductSum(std::span<const double> a, std::span<const double> b, std::int
 
 /// Largest magnitude; infinite or not-a-number values count as larger than every other.
 double LargestMagnitude(std::span<const double> values) {
-    // The bits of magnitudes are ordered as the magnitudes are, with infinity and then not-a-number behind the rest.
+    // The bits of magnitudes are ordered as the magnitudes are, with infinity and then not-a-number after the rest.
     std::uint64_t largest = 0;
     for (const double value : values) largest = std::max(largest, std::bit_cast<std::uint64_t>(std::abs(value)));
     return std::bit_cast<double>(largest);

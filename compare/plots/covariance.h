@@ -45,7 +45,7 @@ class CCovariances {
 public:
     explicit CCovariances(std::int32_t maxLag, CCovarianceMethod method = CCovarianceMethod::Automatic);
 
-    /// The sequence that stands first in the pairs from now on; copied.
+    /// Sets the first sequence of the pairs from now on; copied.
     void SetFirst(std::span<const double> a);
     /// The first sequence paired with itself. The values of L and -L are the same bits.
     std::vector<double> WithItself();

@@ -282,7 +282,7 @@ TEST(Covariance, TheShorterSequenceSaysHowManyValuesCountInBothMeansAndSums) {
     std::vector<double> b = Noise(400, 21, 1.0);
     const std::vector<double> expected = Covariances(std::span(a).first(400), b, 50);
     EXPECT_EQ(Covariances(a, b, 50), expected);
-    b.resize(450, 1.0e9);  // behind the others' end: seen by neither mean nor sum
+    b.resize(450, 1.0e9);  // after the others' end: seen by neither mean nor sum
     EXPECT_EQ(Covariances(std::span(a).first(400), b, 50), expected);
 }
 

@@ -7,7 +7,7 @@
 class CPlotCrossCorrelation : public CPlot {
 public:
     CPlotCrossCorrelation();
-    /// Cuts the computed signals to the common range, lasting.
+    /// Cuts the computed signals to the common range for good.
     /// @throws ks::CError from TruncateByIndex when the reference's point numbers do not cover 0 ... the number of
     ///         offsets - 1, and "Unable to provide requested stop/start indices" when these pass 32 bits; then nothing
     ///         is cut. From TruncateByTime; the signals before are then cut already. When memory runs out.

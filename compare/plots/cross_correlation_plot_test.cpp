@@ -134,7 +134,7 @@ TEST(PlotCrossCorrelation, ADelayedSignalPeaksAtMinusItsDelay) {
     EXPECT_EQ(peak - 20, -7);
 }
 
-TEST(PlotCrossCorrelation, CutsTheSignalLastingAndPairsWhatIsLeft) {
+TEST(PlotCrossCorrelation, CutsTheSignalForGoodAndPairsWhatIsLeft) {
     const std::vector<double> a = Noise(100, 1), b = Noise(60, 2);
     std::vector<CSignal> computed{ComputedSignal("short", TimeSignal(0.001, b)),
                                   ComputedSignal("whole", TimeSignal(0.001, Noise(100, 3))),
@@ -150,7 +150,7 @@ TEST(PlotCrossCorrelation, CutsTheSignalLastingAndPairsWhatIsLeft) {
 }
 
 TEST(PlotCrossCorrelation, LongSignalsOfSeveralLengthsGiveTheSameAsTheDefinition) {
-    // Long enough for the transform, which is shared while nothing is cut and made anew where something is.
+    // Long enough for the transform, which is shared while nothing is cut and made again where something is.
     const std::vector<double> a = Noise(30000, 1), b = Noise(25000, 2), c = Noise(30000, 3);
     std::vector<CSignal> computed{ComputedSignal("short", TimeSignal(0.0001, b)),
                                   ComputedSignal("whole", TimeSignal(0.0001, c)),

@@ -6,7 +6,7 @@
 class CPlotCumulativeDensity : public CPlot {
 public:
     CPlotCumulativeDensity();
-    /// Cuts the computed signals to the common range, lasting.
+    /// Cuts the computed signals to the common range for good.
     /// @throws ks::CError from TruncateByTime; the signals before are then cut already
     bool BuildSeries(std::vector<CSignal>& computed, const ks::CNSignal& reference, CSeriesList& series,
                      std::vector<std::string>& names) override;

@@ -90,7 +90,7 @@ TEST(PlotCumulativeDensity, SigmaNotANumberGivesPaddingOnly) {
     EXPECT_EQ(shown.series[0]->GetX(), std::vector<double>(100, kNoDataValue));
 }
 
-TEST(PlotCumulativeDensity, CutsTheSignalLastingAndDividesByWhatIsLeft) {
+TEST(PlotCumulativeDensity, CutsTheSignalForGoodAndDividesByWhatIsLeft) {
     const CSignal reference = ReferenceSignal();
     std::vector<CSignal> computed{ComparedSignal("a", reference)};
     ks::CNSignal longer = TimeSignal(0.5, {8, 4, 2, 1, 0, 0, 0});

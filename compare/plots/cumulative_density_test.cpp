@@ -46,7 +46,7 @@ TEST(CumulativeDensity, ResidualsMinusOneZeroAndOneRiseInThirds) {
     EXPECT_EQ(density.y[0], 0.0);
     for (std::size_t k = 0; k < 99; ++k) {
         EXPECT_NEAR(density.x[k], -2.0 + static_cast<double>(k) * 4.0 / 99.0, 1e-13) << k;
-        // Thresholds stand at odd multiples of 2/99, none of them at a residual; 50 is the first above 0.
+        // Thresholds are at odd multiples of 2/99, none of them at a residual; 50 is the first above 0.
         const double below = k < 25 ? 0.0 : k < 50 ? 1.0 : k < 75 ? 2.0 : 3.0;
         EXPECT_EQ(density.y[k], below * 100.0 / 3.0) << k;
     }
@@ -115,7 +115,7 @@ TEST(CumulativeDensity, AnInfiniteSigmaGivesOnePointBelowEverything) {
 }
 
 TEST(CumulativeDensity, AStepLostInRoundingGivesAHundredEqualThresholds) {
-    // The smallest double times 4 / 99 is 0, so x stays at -2 sigma for ever.
+    // The smallest double times 4 / 99 is 0, so x stays at -2 sigma forever.
     const double sigma = std::numeric_limits<double>::denorm_min();
     const std::vector<double> residuals{-1.0, 0.0, 1.0};
     const CCumulativeDensity density = DensityOf(residuals, sigma);

@@ -41,7 +41,7 @@ constexpr bool HasEveryIdOnce() {
     }
     return true;
 }
-static_assert(HasEveryIdOnce(), "An id stands for one page.");
+static_assert(HasEveryIdOnce(), "Each page needs an id of its own.");
 
 bool IsOffered(const CPage& row, bool isAcceleration) {
     switch (row.lists) {

@@ -8,7 +8,7 @@
 
 #include "compare/plots/plot.h"
 
-/// In which page lists a page stands.
+/// Which page lists a page is in.
 enum class CPageLists {
     Every,              ///< of every run
     OfAccelerations,    ///< only where the reference is an acceleration
@@ -23,7 +23,7 @@ struct CPage {
     std::unique_ptr<CPlot> (*make)() = nullptr;  ///< makes a page object
     CPageLists lists = CPageLists::None;         ///< the place in a list is that of the row in the table
     bool hasChart = true;                        ///< false: a table; no series, no chart block of its own
-    std::string_view remark = {};                ///< a sentence for whoever chooses the page; may be empty
+    std::string_view remark = {};                ///< a sentence to show when the page is chosen; may be empty
 };
 
 /// Every page, in the order in which the page lists offer them.
@@ -35,7 +35,7 @@ const CPage* FindPage(std::int32_t pageId);
 /// Name of a page; empty for an id that no page has.
 std::string_view PageName(std::int32_t pageId);
 
-/// What whoever chooses the page should know; mostly empty.
+/// What the user should know about the page; mostly empty.
 std::string_view PageRemark(std::int32_t pageId);
 
 /// Whether the page draws series; false for the summary, before the first run (id 0), and for an id that no page has.

@@ -16,7 +16,7 @@ using CSeriesList = std::vector<boost::shared_ptr<ks::CNSignal>>;
 /// Base of every chart page, and the summary page itself, which has no series.
 ///
 /// A page derives its curves from the document's signals. An exception of a signal operation passes out of
-/// BuildSeries; the lists are then as far as they were filled.
+/// BuildSeries; the lists then hold what was added before it.
 class CPlot {
 public:
     CPlot() = default;
@@ -24,7 +24,7 @@ public:
     CPlot& operator=(const CPlot&) = delete;
     virtual ~CPlot() = default;
 
-    /// Empties both lists and fills them. `computed` may be cut to the common range, lasting, by the pages that say so.
+    /// Empties both lists and fills them. Pages that say so cut `computed` to the common range for good.
     /// @return false when the page has nothing to show
     virtual bool BuildSeries(std::vector<CSignal>& computed, const ks::CNSignal& reference, CSeriesList& series,
                              std::vector<std::string>& names);

@@ -33,7 +33,7 @@ CBuffer Allocate(std::size_t count) {
 }
 
 /// FFTW ends the program when it lacks the memory for a plan. A plan's factors take about as much as the transform;
-/// there has to be room for twice that, and some more for its notes.
+/// there must be memory for twice that, and some more for its bookkeeping.
 void RequireRoomForPlans(std::size_t size) {
     constexpr std::size_t kNotes = 65536;
     Allocate(2 * size + kNotes);

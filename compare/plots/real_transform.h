@@ -14,14 +14,14 @@
 class CRealTransform {
 public:
     /// @param size  number of samples, even, > 0; a FastSize is fast
-    /// @throws std::bad_alloc when memory or a plan cannot be had
+    /// @throws std::bad_alloc when there is no memory or no plan
     explicit CRealTransform(std::size_t size);
     CRealTransform(const CRealTransform&) = delete;
     CRealTransform& operator=(const CRealTransform&) = delete;
     ~CRealTransform();
 
     /// A size >= `size` that FFTW handles fast: a multiple of 64 without prime factors above 5 and, when large, without
-    /// many factors 2, whose strides fight for the same cache lines.
+    /// many factors 2, whose strides compete for the same cache lines.
     static std::size_t FastSize(std::size_t size);
 
     std::size_t Size() const { return m_size; }

@@ -7,7 +7,7 @@ class CPlotResidual : public CPlot {
 public:
     /// The page kind stays 0; kept, only the document's page id counts.
     CPlotResidual() = default;
-    /// Cuts the computed signals to the common range, lasting.
+    /// Cuts the computed signals to the common range for good.
     /// @throws ks::CError from TruncateByTime; the signals before are then cut already
     bool BuildSeries(std::vector<CSignal>& computed, const ks::CNSignal& reference, CSeriesList& series,
                      std::vector<std::string>& names) override;

@@ -39,7 +39,7 @@ TEST(PlotResidual, HeaderAndAbscissasAreThoseOfTheReference) {
     EXPECT_EQ(Show(page::kResiduals, computed, reference).series[0]->GetTITLE(), "reference");
 }
 
-TEST(PlotResidual, CutsTheSignalLastingAndTheReferenceNever) {
+TEST(PlotResidual, CutsTheSignalForGoodAndTheReferenceNever) {
     std::vector<CSignal> computed{ComputedSignal("a", TimeSignal(0.5, {1, 2, 3, 4, 5, 6}, 1))};  // 0.5 ... 3
     const ks::CNSignal reference = TimeSignal(0.5, {10, 10, 10, 10, 10});                        // 0 ... 2
     const CShownPage shown = Show(page::kResiduals, computed, reference);

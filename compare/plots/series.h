@@ -26,8 +26,8 @@ void SetSamples(ks::CNSignal& record, const ks::CNSignal& source, std::vector<do
 /// A copy of `record` with other Y values, as many as it has.
 ks::CNSignal CopyWithY(const ks::CNSignal& record, std::vector<double> y);
 
-/// The reference as a page compares it with `computed`. CommonRange cuts both, `computed` lasting, where their ranges
-/// differ; `cut` then holds the reference's cut copy and the result refers to it. Otherwise the result is `reference`
+/// The reference as a page compares it with `computed`. Where their ranges differ, CommonRange cuts both, `computed`
+/// for good; `cut` then holds the reference's cut copy and the result refers to it. Otherwise the result is `reference`
 /// itself and nothing is copied.
 /// @throws ks::CError from TruncateByTime
 const ks::CNSignal& InCommonRange(const ks::CNSignal& reference, ks::CNSignal& computed,

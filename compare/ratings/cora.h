@@ -10,7 +10,7 @@
 namespace ratings {
 
 /// Parameters of the CORA-like score, under their usual names in the comments. Values are comparable only between
-/// scores of equal parameters, so all of them belong beside the value. Defaults of the interval, K and G_1 are those
+/// scores of equal parameters, so always show all of them with the value. Defaults of the interval, K and G_1 are those
 /// of a vendor's help page; the others are to be confirmed against the CORA manual.
 struct CCoraOptions {
     // Interval of evaluation.

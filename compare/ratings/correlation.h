@@ -6,7 +6,7 @@
 
 namespace ratings {
 
-/// What is taken off both signals before their products are summed.
+/// What is subtracted from both signals before their products are summed.
 enum class CCentering {
     Mean,  ///< each signal's mean: Pearson's correlation
     None,  ///< nothing: the cosine of the angle between the signals

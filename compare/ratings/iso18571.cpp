@@ -88,7 +88,7 @@ std::vector<double> Gradient(std::span<const double> y) {
     return gradient;
 }
 
-/// Mean over up to four neighbours on either side, equally many.
+/// Mean over up to four neighbors on either side, equally many.
 std::vector<double> Smooth(std::span<const double> values) {
     constexpr std::size_t kReach = 4;
     std::vector<double> means(values.size());

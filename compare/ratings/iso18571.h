@@ -58,7 +58,7 @@ struct CIso18571Scores {
     double es = 0.0;           ///< slope
     std::int64_t lag = 0;      ///< in samples, positive when the computed signal comes late
     double correlation = 0.0;  ///< of the overlapping parts at the lag, -1 to 1
-    /// Set where a divisor is zero and a rule stands in: 1 when there is no difference either, else 0.
+    /// Set where a divisor is zero and a rule applies: 1 when there is no difference either, else 0.
     bool isCorrelationByRule = false, isMagnitudeByRule = false, isSlopeByRule = false;
 };
 
@@ -72,10 +72,10 @@ struct CIso18571Scores {
 /// - Magnitude EM, on the overlapping parts: e = path sum of |c - m| / path sum of |m| along the cheapest warping path
 ///   (WarpingPathSums, width ceil(0.1 L)); EM = ((eM - e) / eM)^k, 0 beyond eM.
 /// - Slope ES, on the overlapping parts: gradients by central differences (one-sided at the ends), smoothed by a
-///   running mean of 9 samples (1, 3, 5, 7 towards the ends); e = sum |sc - sm| / sum |sm|; ES = ((eS - e) / eS)^k, 0
+///   running mean of 9 samples (1, 3, 5, 7 toward the ends); e = sum |sc - sm| / sum |sm|; ES = ((eS - e) / eS)^k, 0
 ///   from eS on.
 ///
-/// The algorithm is taken from public scorers; to be confirmed against the standard, whose text was not at hand.
+/// The algorithm is taken from public scorers; to be confirmed against the standard, whose text was not available.
 /// Meant for signals at kIsoStepS and filtered alike.
 ///
 /// @param samples  9 to 200 000 finite values of each
@@ -83,7 +83,7 @@ struct CIso18571Scores {
 CIso18571Scores ScoreIso18571(const CSamples& samples, const CIso18571Options& options = {});
 
 /// The rating as it is shown. Beyond the algorithm it is not available for a reference that is zero throughout, where
-/// the rules would give a score that says nothing. The correlation is not available where a rule stands in for it.
+/// the rules would give a score that says nothing. The correlation is not available where a rule replaces it.
 struct CIso18571Rating {
     CValue r, z, ep, em, es;
     CValue lag;  ///< whole number of samples

@@ -38,7 +38,7 @@ std::size_t BandWidth(std::size_t count) {
     return count / 10;
 }
 
-/// What any warping of one row after the other costs: the cheapest of three neighbours in two rows of the band, the
+/// What any warping of one row after the other costs: the cheapest of three neighbors in two rows of the band, the
 /// cost alone and no path.
 double PlainBandLoop(const CSamples& samples, std::size_t width) {
     const std::size_t count = samples.reference.size();

@@ -11,7 +11,7 @@
 namespace ratings {
 namespace {
 
-/// Positions are differences of times, so a whole number of samples may come out this far beside.
+/// Positions are differences of times, so a whole number of samples may be off by this much.
 constexpr double kPositionRounding = 1e-9;
 
 /// Index, with its fraction, at which the magnitude of the signal's straight lines first reaches the level.

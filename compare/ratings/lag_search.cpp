@@ -13,7 +13,7 @@ namespace {
 constexpr double kTieMargin = 1e-12;
 
 /// Share of the product of both whole norms that a sum may be off by. The transform stays a tenth below; with this
-/// bound, exact ties such as those of ramps stay within the tie margin and need not be summed anew.
+/// bound, exact ties such as those of ramps stay within the tie margin and need not be summed again.
 constexpr double kSumError = 5e-14;
 
 /// FFTW plans one at a time in a process.
@@ -100,7 +100,7 @@ struct CBounds {
     double high = 1.0;
 };
 
-/// The correlation that stands in where an overlap is flat: flat parts are equal when their first values are.
+/// The correlation by rule where an overlap is flat: flat parts are equal when their first values are.
 double CorrelationByRule(bool areBothFlat, double reference, double computed, CCentering centering) {
     return centering == CCentering::Mean && areBothFlat && reference == computed ? 1.0 : 0.0;
 }

@@ -17,8 +17,8 @@ CSamples OverlapAt(const CSamples& samples, std::int64_t lag);
 struct CLagCorrelation {
     std::int64_t lag = 0;      ///< in samples, positive when the computed signal comes late
     double correlation = 0.0;  ///< Correlation() of the overlap, or by rule
-    /// True where an overlap is flat, so that the correlation is not defined. With CCentering::Mean a rule stands in: 1
-    /// for equal parts, else 0. With CCentering::None such a lag is passed over; true then means that all were.
+    /// True where an overlap is flat, so that the correlation is not defined. With CCentering::Mean a rule applies: 1
+    /// for equal parts, else 0. With CCentering::None such a lag is skipped; true then means that all were.
     bool isByRule = false;
 };
 
@@ -31,7 +31,7 @@ CLagCorrelation CorrelationAtLag(const CSamples& samples, std::int64_t lag, CCen
 /// to rounding, which the margin keeps out.
 ///
 /// One Fourier transform gives the product sums of all lags, prefix sums the rest; only lags whose rounding could
-/// change the choice are summed anew, so the result does not depend on the transform's rounding. O(n log n), except
+/// change the choice are summed again, so the result does not depend on the transform's rounding. O(n log n), except
 /// where very many lags tie.
 ///
 /// @param samples  equally many finite values of each, at least one

@@ -111,7 +111,7 @@ TEST(LagSearch, WithoutCenteringLagsWithAZeroPartArePassedOver) {
 }
 
 TEST(LagSearch, APeakThatLeavesTheOverlapDoesNotSpoilTheRest) {
-    // Beside the peak at the end the rest is eight orders smaller: only sums made anew tell its lag.
+    // The rest is eight orders smaller than the peak at the end: only new sums tell its lag.
     std::vector<double> reference = Noise(300, 5), computed(300, 0.0);
     for (std::size_t i = 12; i < 300; ++i) computed[i] = reference[i - 12];
     computed[0] = 1e8;

@@ -66,7 +66,9 @@ TEST(MagnitudePhase, ADelayOverWholePeriodsIsAllPhase) {
 }
 
 TEST(MagnitudePhase, OrthogonalSignalsHavePhaseOneHalfAndCountAsPositive) {
-    const CSamples samples{std::array{0.0, 1.0, 0.0, 0.0}, std::array{0.0, 0.0, 2.0, 0.0}};
+    constexpr std::array kReference = {0.0, 1.0, 0.0, 0.0};
+    constexpr std::array kComputed = {0.0, 0.0, 2.0, 0.0};
+    const CSamples samples{kReference, kComputed};
     ExpectErrors(SpragueGeers(samples), 1.0, 0.5, std::sqrt(1.25), 1e-15);
     ExpectErrors(GeersCsa(samples), 1.0, 1.0, std::sqrt(2.0), 1e-15);
 }

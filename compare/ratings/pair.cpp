@@ -42,9 +42,9 @@ CPart ComparedPart(const ks::CNSignal& computed, const ks::CNSignal& reference, 
     return Part(reference, range.begin, range.end);
 }
 
-/// Two neighbours of single precision may each be half a unit of their last place off.
+/// Two neighbors in single precision may each be half a unit of their last place off.
 bool IsEven(std::span<const double> x, double step) {
-    constexpr double kSinglePlace = std::numeric_limits<float>::epsilon();
+    constexpr auto kSinglePlace = static_cast<double>(std::numeric_limits<float>::epsilon());
     for (std::size_t i = 1; i < x.size(); ++i) {
         const double rounding = kSinglePlace * std::max(std::abs(x[i - 1]), std::abs(x[i]));
         if (!(std::abs((x[i] - x[i - 1]) - step) <= kLargestDeparture * step + rounding)) return false;
@@ -75,7 +75,7 @@ double LineAt(std::span<const double> values, double position) {
     const std::size_t last = values.size() - 1;
     const std::size_t index = std::min(static_cast<std::size_t>(position), last);
     if (index == last) return values[last];
-    // Weighted so that a value in between cannot overflow where its neighbours do not.
+    // Weighted so that a value in between cannot overflow where its neighbors do not.
     const double share = position - static_cast<double>(index);
     return (1.0 - share) * values[index] + share * values[index + 1];
 }

@@ -22,14 +22,14 @@ struct CRatedPair {
     /// Why no rating that needs time is available; empty when they are.
     std::string_view timeReason;
 
-    /// X of the last sample, as the time base has it; of no use without samples.
+    /// X of the last sample, as the time base has it; meaningless without samples.
     double End() const { return time.startS + time.stepS * (static_cast<double>(samples.reference.size()) - 1.0); }
 };
 
 /// The pair of a computed record as it was compared and the reference cut to the same range. Values are paired one by
 /// one from the first on, as the comparison's own measures pair them.
 ///
-/// Sample i stands at the later of both first X plus i times the reference's step; the records' own X only decide
+/// Sample i is at the later of both first X plus i times the reference's step; the records' own X only decide
 /// whether time can be used at all. It cannot where X is not in seconds in either record, where the reference has no
 /// step above 0, or where a step of either record departs from the reference's by more than 1e-3 of it. What single
 /// precision does to an X of a file is not counted as a departure.

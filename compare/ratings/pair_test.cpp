@@ -65,7 +65,7 @@ TEST(RatedPair, CutsAReferenceThatStartsWithTheComputedSignalButEndsLater) {
 }
 
 TEST(RatedPair, AFilesSinglePrecisionIsNotUneven) {
-    // Near 3 s neighbours in single precision lie 2.4e-7 s apart: 0.24 % of the step.
+    // Near 3 s neighbors in single precision lie 2.4e-7 s apart: 0.24 % of the step.
     const std::vector<double> x = InSinglePrecision(Abscissas(5000, 0.0001, 3.0));
     double largest = 0.0;
     for (std::size_t i = 1; i < x.size(); ++i) largest = std::max(largest, std::abs(x[i] - x[i - 1] - 0.0001));

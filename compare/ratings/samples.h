@@ -7,14 +7,14 @@
 
 namespace ratings {
 
-/// The two signals of a rating: sample i of both stands at the same time, steps are even. Ratings are not symmetric,
+/// The two signals of a rating: sample i of both is at the same time, steps are even. Ratings are not symmetric,
 /// so the members are named: `reference` is the measured signal that errors are related to.
 struct CSamples {
     std::span<const double> reference;
     std::span<const double> computed;
 };
 
-/// The step and start of the samples, in seconds: sample i stands at startS + i * stepS.
+/// The step and start of the samples, in seconds: sample i is at startS + i * stepS.
 struct CTimeBase {
     double startS = 0.0;
     double stepS = 0.0001;  ///< > 0

@@ -6,7 +6,7 @@
 namespace ratings {
 
 /// Single values of agreement. m is the reference, c the computed signal, e = c - m, n samples, plain sums. No units
-/// but for the RMS error. In brackets what is perfect, and when a value is not available.
+/// except for the RMS error. In brackets what is perfect, and when a value is not available.
 struct CSingleValues {
     CValue rms;         ///< sqrt(sum e^2 / n), in units of Y [0]
     CValue nrmsePeak;   ///< RMS / max |m| [0; reference zero]

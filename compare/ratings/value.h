@@ -9,9 +9,9 @@ namespace ratings {
 /// What a rated value is: a number, not defined for these signals, or failed before it could be computed.
 enum class CValueState { Number, Unavailable, Error };
 
-/// One value of a rating. It holds a finite number or says in words why there is none; a reason is never dressed up
+/// One value of a rating. It holds a finite number or says in words why there is none; a reason never appears
 /// as 0, infinity or not-a-number. The functions of this folder give numbers and reasons; `Error` is for callers that
-/// could not come as far as rating.
+/// failed before rating.
 class CValue {
 public:
     /// Not available, as kNotRated says.

@@ -9,9 +9,9 @@
 
 namespace ks {
 
-// What the formats share whose files hold one signal.
+// Shared by the formats whose files hold one signal.
 
-/// Reads the signal of a file; whoever does not throw shows that the file is of the format.
+/// Reads the signal of a file; throws when the file is not of the format.
 using CReadOnly = CNSignal (*)(const std::string& path);
 
 /// The row's `channels`.

@@ -12,25 +12,25 @@ namespace ks {
 struct CSignalFormat {
     std::string_view name;  ///< as a sentence would call it, for example "UDS-1992"
 
-    /// Whether a run filters the signals of such files; false where they are compared as they stand.
+    /// Whether a run filters the signals of such files; false where they are compared as they are.
     bool shouldFilter = true;
 
-    /// Whether the file at `path` begins as files of this format do. One that does not is passed over without a
-    /// sentence. Null where that is not asked: the format is tried on every file, and its sentence joins those that the
-    /// user reads.
+    /// Whether the file at `path` begins as files of this format do. The format is skipped, without a sentence, for a
+    /// file that does not. Null if the format does not check: it is then tried on every file, and its sentence joins
+    /// those that the user reads.
     bool (*recognizes)(const std::string& path) = nullptr;
 
     /// The names of the channels that the file at `path` holds, in its order. A format whose files hold one signal
     /// gives one name, the empty text.
-    /// @throws CError with the user's sentence when the file is none of this format
+    /// @throws CError with the user's sentence when the file is not of this format
     std::vector<std::string> (*channels)(const std::string& path) = nullptr;
 
     /// Reads one of those channels.
-    /// @throws CError with the user's sentence when the file is none of this format, or has no such channel
+    /// @throws CError with the user's sentence when the file is not of this format, or has no such channel
     CNSignal (*load)(const std::string& path, const std::string& channel) = nullptr;
 };
 
-/// The name of the channel where there is but one.
+/// The name of a file's only channel.
 inline constexpr std::string_view kOnlyChannel{};
 
 }  // namespace ks

@@ -1,5 +1,5 @@
-"""Signal files with every header field set: the layout once more, written down from the format's description and not from
-the program's own tables."""
+"""Signal files with every header field set: the layout again, taken from the format's description, not from the
+program's tables."""
 
 import struct
 
@@ -34,7 +34,7 @@ ORDINATES = [0.0, 3.0, -6.5, 3.0, 0.25]
 
 
 def header_values(second=True):
-    """A value of its own for every field: a text as wide as the field, an integer, or a real that is exact."""
+    """A different value for every field: a text as wide as the field, an integer, or a real that is exact."""
     values = {}
     fields = FILE_FIELDS + (SECOND_FIELDS if second else []) + CURVE
     for number, (_, width, name) in enumerate(fields, start=100):

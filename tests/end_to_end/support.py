@@ -1,5 +1,5 @@
 """What the end-to-end tests share: a folder per test, runs of the tool, the results' schema, and a writer of UDS-1992
-files that knows nothing of the program's own."""
+files that is independent of the program."""
 
 import json
 import os
@@ -17,7 +17,7 @@ SOURCE = Path(os.environ["QUORVEL_SOURCE"])
 SCHEMA = json.loads((SOURCE / "docs/formats/compare.schema.json").read_text(encoding="utf-8"))
 SHOW_SCHEMA = json.loads((SOURCE / "docs/formats/show.schema.json").read_text(encoding="utf-8"))
 
-# No run of these tests comes near it; it only ends a run that hangs.
+# No run of these tests comes near this; it only ends a run that hangs.
 HANG_GUARD_S = 120
 
 HEADERS = ["Filename", "Peak Value", "Avg Residual", "Std Dev of Residual", "% in Corridor", "Correlation Factor",
@@ -67,7 +67,7 @@ def data_blocks(tag, values, form):
 
 
 def as_nobody():
-    """Options for a run that may not do what only root may."""
+    """Options for a run without the rights of root."""
     return {"user": 65534, "group": 65534, "extra_groups": []} if os.geteuid() == 0 else {}
 
 
@@ -98,7 +98,7 @@ class Run:
 
 
 class EndToEndTest(unittest.TestCase):
-    """A test in a folder of its own, which is also the current folder of the runs."""
+    """A test in its own folder, which is also the current folder of the runs."""
 
     maxDiff = None
 
@@ -132,7 +132,7 @@ class EndToEndTest(unittest.TestCase):
         return self.run_cli("compare", *arguments, **options)
 
     def results(self, *arguments, status=0):
-        """Compares with --json -, holds the results against the schema, and returns them."""
+        """Compares with --json -, checks the results against the schema, and returns them."""
         run = self.compare("--json", "-", *arguments)
         self.assertEqual(run.status, status, run.complaints)
         return self.parse(run.out)
@@ -150,7 +150,7 @@ class EndToEndTest(unittest.TestCase):
         self.assertEqual(run.complaints, "".join(f"{sentence}\n" for sentence in sentences))
 
 
-# A reference and a signal of half as much again, at t = 0, 0.5 ... 2. All of it can be worked out by hand, and every
+# A reference and a signal 1.5 times as large, at t = 0, 0.5 ... 2. Everything can be worked out by hand, and every
 # number is exact in single precision.
 REFERENCE = [0.0, 2.0, 4.0, 2.0, 0.0]
 SCALED = [0.0, 3.0, 6.0, 3.0, 0.0]
@@ -161,7 +161,7 @@ SCALED_VERDICTS = ["none", "none", "bad", "good", "bad", "good", "good", "bad", 
 
 
 class ScaledTest(EndToEndTest):
-    """A test that has both files, and compares with the corridor of 1.5 that the numbers above are made for."""
+    """A test that has both files and compares with the corridor of 1.5 that fits the numbers above."""
 
     def setUp(self):
         super().setUp()

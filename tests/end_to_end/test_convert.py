@@ -10,7 +10,7 @@ from support import IEEE, SCALED, SUN, EndToEndTest, data_blocks, uds
 
 
 def vax(value):
-    """A single-precision number in the VAX format: the exponent is higher by 2, the 16-bit halves change places."""
+    """A single-precision number in the VAX format: the exponent is higher by 2, the 16-bit halves are swapped."""
     if value == 0.0:
         return bytes(4)
     b0, b1, b2, b3 = struct.pack("<f", value * 4.0)
@@ -101,17 +101,17 @@ class Changes(EndToEndTest):
                         "RD3 was not a number and is now 0, the value of RD1.",
                         "Values that were not a number and are now 0: 1")
 
-    def test_texts_behind_blanks(self):
+    def test_texts_after_blanks(self):
         values = {**header_values(), "TITLE": "  A  B  ", "MAKE2": " C", "CD2": "", "DESC": "D "}
         self.assertTold(header_file(values), header_file({**values, "TITLE": "A  B", "MAKE2": "C"}),
-                        "Texts that stood behind blanks and now begin without them: 2")
+                        "Texts that lost their leading blanks: 2")
 
-    def test_bytes_behind_the_last_field_or_point(self):
+    def test_bytes_after_the_last_field_or_point(self):
         expected = header_file(header_values())
         image = bytearray(expected)
         for place in [380, 2 * 512 - 1, 2 * 512 + 444, 3 * 512 + 12 + 4 * len(ORDINATES)]:
             image[place:place + 1] = b"!"
-        self.assertTold(bytes(image), expected, "Records whose bytes behind the last field or point are now 0: 4")
+        self.assertTold(bytes(image), expected, "Records whose unused bytes are now 0: 4")
 
     def test_a_year_of_two_digits(self):
         values = header_values()
@@ -132,7 +132,7 @@ class Changes(EndToEndTest):
     def test_records_beyond_the_last_point(self):
         image = header_file(header_values())
         self.assertTold(image + data_blocks(b"Y DATA", [1.0] * 300, IEEE), image,
-                        "Data records beyond the last point, left out: 3")
+                        "Data records dropped after the last point: 3")
 
 
 class Refused(EndToEndTest):
@@ -151,7 +151,7 @@ class Refused(EndToEndTest):
         self.assertNotConverted(3, "quorvel-cli: Not a UDS-1992 Signal File", "quorvel-cli: Could not be read: a.uds")
 
     def test_unwritable_outputs(self):
-        # What would have changed is of no interest when nothing was written.
+        # When nothing was written, what would have changed does not matter.
         self.write("a.uds", header_file({**header_values(), "RD2": 0.25, "YEAR1": 87}))
         os.mkdir(self.folder / "folder")
         for out in ["missing/out.uds", "folder"]:

@@ -1,4 +1,4 @@
-"""Outputs on a disk that is full: a sentence, status 4, and the old file as it was."""
+"""Outputs on a full disk: a sentence, status 4, and the old file unchanged."""
 
 import os
 import shutil
@@ -9,8 +9,8 @@ from support import CLI, EndToEndTest, uds
 
 HAS_REPORT = os.environ["QUORVEL_HAS_REPORT"] == "1"
 
-# A disk of four pages, in a mount namespace of its own that ends with the shell. The old file takes one of them, a part
-# of another stays free for the start of a new one. Only where this cannot be made is there no "made".
+# A disk of four pages, in a separate mount namespace that ends with the shell. The old file takes one of them; part of
+# another stays free for the start of a new file. Prints "made" unless the disk cannot be set up.
 DISK = """
 mount -t tmpfs -o size=16k tmpfs disk || exit
 set -e
@@ -54,7 +54,7 @@ class FullDisk(EndToEndTest):
             self.assertEqual(self.read("kept"), self.read("old"))
 
     def use_script(self, *lines):
-        """In place of the tool: what it is to do, before it complains about its last argument as the tool would."""
+        """A stand-in for the tool: runs these lines, then complains about its last argument as the tool would."""
         script = ["#!/bin/sh", 'for target; do :; done', *lines,
                   'echo "quorvel-cli: The thing could not be written in full: $target" >&2', "exit 4", ""]
         self.write("script", "\n".join(script).encode())
@@ -70,7 +70,7 @@ class FullDisk(EndToEndTest):
                 self.assertNothingLost("The thing", "export")
 
     def test_what_fits_is_written(self):
-        # Else the other tests would prove nothing about the disk's being full.
+        # Otherwise the other tests would prove nothing about a full disk.
         self.write("a.uds", uds([0.0, 1.0]))
         self.run_on_disk("export", "a.uds", "--x", "--out", "disk/old")
         self.assertEqual((self.read("status"), self.read("complaints")), (b"0\n", b""))

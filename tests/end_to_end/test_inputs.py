@@ -8,7 +8,7 @@ from support import CLI, REFERENCE, SCALED, EndToEndTest, uds
 
 PARSE = "Failure to parse the file: {0} for reading.\nFailure to parse the data."
 OPEN = "Failure to open file: {0} for reading."
-# Both readers say the same of it, and standard error says so.
+# Both readers say the same about it, and standard error says how often.
 TWICE = " (2 times)"
 
 
@@ -122,8 +122,8 @@ class RefusedSignals(EndToEndTest):
         self.assertRefused("sparse", "Not a UDS-1992 Signal File",
                            "The file is too large: {0}. Text files of up to 1 GiB can be read.")
 
-    def test_sparse_file_of_four_gigabytes_behind_good_headers(self):
-        # Its point numbers ask for far less than there is, so the tags of the records decide.
+    def test_sparse_file_of_four_gigabytes_after_good_headers(self):
+        # Its point numbers need far fewer records than there are, so the tags of the records decide.
         with open(self.folder / "sparse", "wb") as file:
             file.write(GOOD)
             file.truncate(4 * 2**30)
@@ -140,7 +140,7 @@ class RefusedSignals(EndToEndTest):
         self.write("closed.uds", SCALED)
         os.chmod(self.folder / "closed.uds", 0)
         os.chmod(self.folder, 0o755)
-        # Root reads everything; nobody does not.
+        # Root can read everything; the user "nobody" cannot.
         options = {"user": 65534, "group": 65534, "extra_groups": []} if os.geteuid() == 0 else {}
         try:
             run = self.compare("closed.uds", **options)
@@ -235,7 +235,7 @@ class StoppedRuns(EndToEndTest):
         self.assertEqual(results["errors"], [])
         self.assertEqual(results["referenceErrors"], [OPEN.format("missing")] * 2)
 
-    def test_a_name_that_is_not_utf8_stands_in_the_complaint_byte_for_byte(self):
+    def test_a_name_that_is_not_utf8_is_in_the_complaint_byte_for_byte(self):
         run = self.compare(b"missing\xff\x1b[2J")
         self.assertEqual(run.status, 3)
         self.assertIn(b"Failure to open file: missing\xff\x1b[2J for reading. (2 times)\n", run.err)

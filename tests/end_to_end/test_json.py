@@ -10,7 +10,7 @@ from support import (IEEE, REFERENCE, SCALED, SCALED_COLUMNS, SCALED_VERDICTS, S
 class ScaledSignal(ScaledTest):
     """c = 1.5 r, so e = r / 2 = 0, 1, 2, 1, 0 with N = 5; the last point is left out of the residual sums."""
 
-    def test_members_stand_in_their_order(self):
+    def test_members_are_in_order(self):
         results = self.scaled_results("--pages")
         self.assertEqual(list(results), ["format", "version", "settings", "errors", "referenceErrors", "reference",
                                          "pageList", "signals", "pages"])

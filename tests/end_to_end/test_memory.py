@@ -1,4 +1,4 @@
-"""Too little memory: a sentence and status 4 for an output, and the others are written; never a word of the system's."""
+"""Too little memory: a sentence of ours, status 4 for an output, and the others are written."""
 
 import os
 import resource
@@ -51,7 +51,7 @@ class Memory(EndToEndTest):
         self.assertGreater(finished, 1)
 
     def least(self, run):
-        """The smallest number of megabytes, to the next eight, with which a run succeeds."""
+        """The least memory in megabytes, rounded up to a multiple of eight, with which a run succeeds."""
         for megabytes in range(16, 400, 8):
             outcome = run(megabytes)
             if (outcome.status, outcome.err) == (0, b""):

@@ -1,10 +1,10 @@
-"""Notes on what a run does without being asked: in JSON, with --verbose, and what no run keeps to itself."""
+"""Notes on what a run does without being asked: in JSON, with --verbose, and those that every run prints."""
 
 import unittest
 
 from support import REFERENCE, SCALED, EndToEndTest, ScaledTest, uds
 
-# 0 to 3 in seven points, against a reference from 0 to 2: 0, 0.5, 1, 1.5 are left, since no cut keeps its end.
+# 0 to 3 in seven points, against a reference from 0 to 2: 0, 0.5, 1, 1.5 are left, because no cut keeps its last point.
 LONG = [0.0, 3.0, 6.0, 3.0, 0.0, 0.0, 0.0]
 CUT = {"kind": "cut-to-common-range",
        "text": "Cut to the common time range: 7 points from 0 to 3 became 4 points from 0 to 1.5."}
@@ -127,8 +127,8 @@ class Verbose(EndToEndTest):
 
 
 class NoCommonTime(EndToEndTest):
-    """Two signals seconds apart were compared without a word: the points of the text are numbered from 0, so that a
-    resampling begins there and carries the line of the first two points back."""
+    """Two signals seconds apart were once compared without a message: the points of the text are numbered from 0, so
+    resampling begins there and extends the line through the first two points backward."""
 
     SENTENCE = "No time in common with r, which runs from 0 to 2; this signal runs from 5 to 6. Its results mean " \
                "nothing."
@@ -150,7 +150,7 @@ class NoCommonTime(EndToEndTest):
         self.assertIn("became 12 points from 0.5 to 6 at a step of 0.5. Beyond its own points the curve goes on as a "
                       "straight line.\n", run.complaints)
 
-    def test_numbers_stay_and_the_note_stands_with_the_signal(self):
+    def test_numbers_stay_and_the_signal_has_the_note(self):
         signal = self.results("--reference", "r", "apart")["signals"][0]
         self.assertEqual(signal["notes"][0], {"kind": "no-common-time", "text": self.SENTENCE})
         self.assertEqual(kinds(signal["notes"]), ["no-common-time", "resampled", "cut-to-common-range"])

@@ -1,4 +1,4 @@
-"""Outputs: their bytes, and what happens where they cannot be written."""
+"""Outputs: their bytes, and what happens when they cannot be written."""
 
 import os
 import resource
@@ -7,7 +7,7 @@ import unittest
 
 from support import HEADERS, SCALED, SCALED_COLUMNS, SCALED_VERDICTS, EndToEndTest, ScaledTest
 
-COLOURS = {"none": "", "good": 'bgcolor="#00E000" ', "bad": 'bgcolor="#E00000" '}
+COLORS = {"none": "", "good": 'bgcolor="#00E000" ', "bad": 'bgcolor="#E00000" '}
 
 
 def html(rows):
@@ -17,7 +17,7 @@ def html(rows):
     lines += [f"\t<TD><B>{header}</B></TD>\n" for header in HEADERS] + ["</TR>\n"]
     for row in rows:
         lines += ["<TR ALIGN=CENTER VALIGN=CENTER>\n"]
-        lines += [f"\t<TD {COLOURS[verdict]}>{text}</TD>\n" for text, verdict in row] + ["</TR>\n"]
+        lines += [f"\t<TD {COLORS[verdict]}>{text}</TD>\n" for text, verdict in row] + ["</TR>\n"]
     lines += ["</TABLE> </CENTER> ", "</body> ", "</html> "]
     return "".join(lines).replace("\n", "\r\n").encode("ascii")
 
@@ -52,7 +52,7 @@ class Bytes(ScaledTest):
         run = self.compare(b"--csv", b"-", b"\xff.uds")
         self.assertTrue(run.out.split(b"\r\n")[1].startswith(b"\xff.uds,6.0,"))
 
-    def test_an_output_on_standard_output_takes_the_place_of_the_table(self):
+    def test_an_output_on_standard_output_replaces_the_table(self):
         run = self.compare_scaled("--csv", "-", "--json", "out.json", "--html", "out.html")
         self.assertEqual(run.status, 0)
         self.assertTrue(run.out.startswith(b"Filename,"))

@@ -11,10 +11,10 @@ NAMES = {1: "Summary", 2: "Input Data", 3: "Standard Deviation", 4: "Corridor", 
          11: "Cross Correlation"}
 
 
-# Eighth of a millisecond or so; a power of two, so that resampling to it changes no bit.
+# About an eighth of a millisecond; a power of two, so that resampling to it changes no bit.
 STEP = 2.0**-13
 
-# A cell that holds it counts as empty, wherever it comes from.
+# A cell with this value counts as empty, whatever its source.
 PADDING = 2.0**-52
 
 
@@ -23,7 +23,7 @@ def wave(count, factor=1.0):
 
 
 class Waves(EndToEndTest):
-    """Long enough, at this step, for every page."""
+    """Long enough for every page at this step."""
 
     def setUp(self):
         super().setUp()
@@ -194,7 +194,7 @@ class RefusedSeries(EndToEndTest):
 
 
 class Inputs(EndToEndTest):
-    """A measurement may exist only once: no output takes its place."""
+    """A measurement may exist only once: no output replaces it."""
 
     def test_a_series_never_overwrites_a_signal(self):
         (self.folder / "uds").mkdir()
@@ -218,7 +218,7 @@ class Inputs(EndToEndTest):
 
 class FailedPages(EndToEndTest):
     """A reference whose point numbers do not begin at 0 leaves the cross correlation page without its offsets: the page
-    fails and the run does not."""
+    fails, but the run does not."""
 
     def setUp(self):
         super().setUp()
@@ -257,7 +257,7 @@ class FailedPages(EndToEndTest):
 
 
 class LostTimes(EndToEndTest):
-    """A signal of ordinates alone, cut from before its first sample on, is numbered from where the cut began."""
+    """A signal in the form Y, cut from a time before its first sample, is numbered from where the cut began."""
 
     def test_standard_error_names_the_files_whose_times_are_others(self):
         self.write("r", uds(wave(300), STEP))
@@ -281,7 +281,7 @@ class LostTimes(EndToEndTest):
         self.assertEqual(self.first_time("uds/page-7-1.uds"), 0.015625)
 
     def first_time(self, name):
-        """The time of the first point as the file has it; none in a file of pairs."""
+        """The time of the first point in the file; none in the form X-Y."""
         content = self.read(name)
         first, _, step = struct.unpack("<iif", content[512 + 278:512 + 290])
         return first * step if content[16:26] == b"Y".ljust(10) else None

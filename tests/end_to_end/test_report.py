@@ -1,4 +1,4 @@
-"""quorvel-cli report: the printed report as PDF, or, in a build that has none, the sentence that says so."""
+"""quorvel-cli report: the printed report as PDF or, in a build without reports, the sentence that says so."""
 
 import os
 import resource
@@ -18,7 +18,7 @@ FULL_ONLY = ["Other File Fields", "Other Test Fields", "Other Vehicle One Fields
 
 
 def short_values():
-    """Fields whose texts fit beside their labels, so that none is wrapped."""
+    """Fields whose texts fit next to their labels, so that none is wrapped."""
     values = header_values()
     for _, width, name in FILE_FIELDS + SECOND_FIELDS + CURVE:
         if width >= 3 and name not in ("FILEFORM", "NUMFORM"):
@@ -62,7 +62,7 @@ class Report(EndToEndTest):
         self.report(environment={"DISPLAY": ":987", "QT_QPA_PLATFORM": "xcb", "QT_QPA_PLATFORMTHEME": "gtk3",
                                  "XDG_CURRENT_DESKTOP": "GNOME"})
 
-    def test_the_report_has_every_labelled_value(self):
+    def test_the_report_has_every_labeled_value(self):
         values = short_values()
         self.write("a.uds", header_file(values))
         self.report()

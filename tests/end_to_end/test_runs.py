@@ -1,4 +1,4 @@
-"""What the options make of a run: files, reference, window, filter, corridor, judgement and exit status."""
+"""What the options do to a run: files, reference, window, filter, corridor, judgment and exit status."""
 
 import unittest
 
@@ -27,7 +27,7 @@ class Files(EndToEndTest):
         self.write("one.hit", b"  \r\n")
         self.assertEqual(self.paths("--hit-list", "one.hit"), ["  "])
 
-    def test_names_that_begin_with_a_hyphen_stand_behind_the_mark(self):
+    def test_names_that_begin_with_a_hyphen_come_after_the_separator(self):
         self.write("-a", SCALED)
         self.write("--json", SCALED)
         self.assertEqual(self.paths("--", "-a", "--json"), ["-a", "--json"])
@@ -138,7 +138,7 @@ class Filter(EndToEndTest):
         self.assertNotEqual(reference, 1.0)
 
 
-class Judgement(ScaledTest):
+class Judgment(ScaledTest):
     """Bad are residual, corridor and moment; good are stddev, correlation and t."""
 
     def status(self, *options):
@@ -195,7 +195,7 @@ class StatusOrder(ScaledTest):
 
 
 class NoCommonRange(EndToEndTest):
-    """The run goes on against the reference as it stood, an empty one, and everything is written."""
+    """The run continues with the previous reference, here an empty one, and writes everything."""
 
     MESSAGE = "Error Computing the time range for evaluation"
 

@@ -8,7 +8,7 @@ import unittest
 from header_file import CURVE, FILE_FIELDS, SECOND_FIELDS, header_file, header_values
 from support import CLI, SCALED, SHOW_SCHEMA, SOURCE, SUN, EndToEndTest, as_nobody, uds
 
-# Labels of each group, with the field behind each and its unit. A name in brackets is worked out below.
+# Labels of each group, each with its field and unit. A name in brackets is worked out below.
 VEHICLE = [("Make:", "MAKE"), ("Year:", "YEAR"), ("Model:", "MODEL"), ("Engine Type:", "ENGINE"), ("Body:", "BODY"),
            ("Weight:", "VEHWGT", "(kgs)"), ("Speed:", "VEHSPD", "(kph)")]
 OCCUPANT = [("Type:", "OCCTYP"), ("Sex:", "OCCSEX"), ("Weight:", "OCCWGT", "(kgs)"), ("Age:", "OCCAGE"),
@@ -82,7 +82,7 @@ def report(path, groups, lacking=()):
 
 
 class Show(EndToEndTest):
-    def test_every_field_stands_under_its_label(self):
+    def test_every_field_is_under_its_label(self):
         values = header_values()
         self.write("a.uds", header_file(values))
         run = self.run_cli("show", "a.uds")
@@ -100,7 +100,7 @@ class Show(EndToEndTest):
         self.assertEqual(self.run_cli("show", "a.uds").text,
                          report("a.uds", expected_groups({**values, "NUMFORM": "SUN"})))
 
-    def test_a_second_component_that_is_not_there_is_told(self):
+    def test_a_missing_second_component_is_reported(self):
         values = {**header_values(second=False), **{name: "" for _, _, name in SECOND_FIELDS}}
         self.write("a.uds", header_file(values, second=False))
         self.assertEqual(self.run_cli("show", "a.uds").text, report("a.uds", expected_groups(values), SECOND_GROUPS))
@@ -114,7 +114,7 @@ class Show(EndToEndTest):
         self.write("a.uds", header_file({**header_values(), "TITLE": "\x1b[2J\nVersion: 9"}))
         self.assertIn("  Title: ?[2J?Version: 9\n", self.run_cli("show", "a.uds").text)
 
-    def test_many_files_stand_below_each_other(self):
+    def test_many_files_follow_each_other(self):
         self.write("a.uds", uds(SCALED))
         self.write("b.uds", uds(SCALED, units=b"KILOGRAMS"))
         one, two = self.run_cli("show", "a.uds").text, self.run_cli("show", "b.uds").text
@@ -152,7 +152,7 @@ class Json(EndToEndTest):
                   for group in file["groups"]]
         self.assertEqual(groups, expected_groups(values))
 
-    def test_fields_stand_in_the_order_of_the_file(self):
+    def test_fields_are_in_the_order_of_the_file(self):
         self.write("a.uds", header_file(header_values()))
         [file] = self.shown("a.uds")["files"]
         order = [[name for _, _, name in sorted(fields)] for fields in (FILE_FIELDS, SECOND_FIELDS, CURVE)]
@@ -176,7 +176,7 @@ class Json(EndToEndTest):
         self.assertIsNone(fields["FCOR"])
         self.assertEqual(fields["CLSSPD"], 0.0, "what is no number is read as 0")
 
-    def test_what_cannot_be_read_stands_among_the_errors(self):
+    def test_what_cannot_be_read_is_among_the_errors(self):
         self.write("a.uds", SCALED)
         results = self.shown("missing", "a.uds", "", status=3)
         self.assertEqual([file["path"] for file in results["files"]], ["a.uds"])
@@ -235,7 +235,7 @@ class Failures(EndToEndTest):
     def test_wrong_usage(self):
         for sentence, arguments in [
                 ("At least one FILE to show is needed.", []), ("At least one FILE to show is needed.", ["--json"]),
-                ("Unknown option: --xml\nA file of that name can stand behind --.", ["--xml", "a"]),
+                ("Unknown option: --xml\nTo use a file with that name, put it after --.", ["--xml", "a"]),
                 ("Option --json takes no value.", ["--json=a", "b"])]:
             run = self.run_cli("show", *arguments)
             self.assertEqual((run.status, run.out), (2, b""))

@@ -1,4 +1,4 @@
-"""The table in the terminal: its contents, its width, its colours, and the progress line."""
+"""The table in the terminal: its contents, its width, its colors, and the progress line."""
 
 import fcntl
 import os
@@ -97,12 +97,12 @@ class Terminal(ScaledTest):
     def scaled(self, **options):
         return self.on_terminal("--reference", "reference.uds", "--corridor", "1.5", "scaled.uds", **options)
 
-    def test_verdicts_are_coloured_beside_their_words(self):
+    def test_verdicts_are_colored_and_named(self):
         shown = self.scaled()
         self.assertIn("\x1b[1;31m0.800000 (20.00 %) BAD\x1b[0m", shown)
         self.assertIn("\x1b[32m0.748331 (18.71 %) good\x1b[0m", shown)
 
-    def test_no_color_takes_the_colours_away_and_nothing_else(self):
+    def test_no_color_removes_the_colors_and_nothing_else(self):
         plain = self.scaled(environment={"NO_COLOR": "1"})
         self.assertNotIn("\x1b", plain)
         self.assertEqual(SEQUENCE.sub("", self.scaled()), plain)
@@ -110,10 +110,10 @@ class Terminal(ScaledTest):
     def test_an_empty_no_color_does_not_count(self):
         self.assertIn("\x1b[32m", self.scaled(environment={"NO_COLOR": ""}))
 
-    def test_a_dumb_terminal_gets_no_colours(self):
+    def test_a_dumb_terminal_gets_no_colors(self):
         self.assertNotIn("\x1b", self.scaled(environment={"TERM": "dumb"}))
 
-    def test_a_file_gets_no_colours(self):
+    def test_a_file_gets_no_colors(self):
         self.assertNotIn(b"\x1b", self.compare_scaled().out)
 
     def test_the_table_keeps_to_the_terminal(self):
@@ -131,7 +131,7 @@ class Terminal(ScaledTest):
     def test_quiet_shows_no_progress(self):
         self.assertEqual(self.on_terminal("--quiet", "scaled.uds", stream="stderr"), "")
 
-    def test_complaints_stand_on_lines_of_their_own(self):
+    def test_complaints_are_on_their_own_lines(self):
         shown = self.on_terminal("scaled.uds", "missing\x1b[2J", stream="stderr")
         self.assertIn("\r\x1b[Kquorvel-cli: Failure to open file: missing?[2J for reading. (2 times)\n", shown)
         self.assertTrue(shown.endswith("Nothing was compared.\n"))

@@ -1,4 +1,4 @@
-"""Targets that no other file can take the place of: they are written all the same, when the bytes are complete."""
+"""Targets that no other file can replace: they are written anyway, once the bytes are complete."""
 
 import os
 import shutil
@@ -7,8 +7,8 @@ import unittest
 
 from support import CLI, ScaledTest
 
-# A file on which another one is mounted, in a mount namespace of its own that ends with the shell. Only where this
-# cannot be made is there no "made".
+# A file on which another one is mounted, in a separate mount namespace that ends with the shell. Prints "made" unless
+# the mount cannot be set up.
 MOUNT = """
 mount --bind source target || exit
 touch made

@@ -53,7 +53,7 @@ class WrongUsage(ScaledTest):
         self.assertRefused("Only one output can go to standard output (-).", "--json", "-", "--csv", "-", "scaled.uds")
 
     def test_an_unknown_option_is_refused(self):
-        self.assertRefused("Unknown option: --referenze\nA file of that name can stand behind --.", "--referenze",
+        self.assertRefused("Unknown option: --referenze\nTo use a file with that name, put it after --.", "--referenze",
                            "reference.uds", "scaled.uds")
 
     def test_a_forgotten_value_is_refused(self):
@@ -99,7 +99,7 @@ class WrongUsage(ScaledTest):
         os.remove(self.folder / "dir/page-4.txt")
         self.assertShared("dir/page-5.txt", "./dir/page-8-1.uds", "--ascii", "dir", "--uds", "./dir")
 
-    def test_outputs_beside_the_files_of_pages_are_not(self):
+    def test_outputs_next_to_the_files_of_pages_are_not(self):
         os.mkdir(self.folder / "dir")
         run = self.compare("--quiet", "--html", "dir/page-0.txt", "--csv", "dir/page-7-01.uds", "--ascii", "dir", "--uds",
                            "dir", "--reference", "reference.uds", "scaled.uds")

@@ -26,7 +26,7 @@ def skip(text, position, characters):
 
 
 def point(text, position, numbers):
-    """The numbers of one line and the position behind it, or None. No token ever gives characters back."""
+    """The numbers of one line and the position after it, or None. No token ever gives characters back."""
     values = []
     for i in range(numbers):
         position = skip(text, position, SPACE if i == 0 else SPACE + ",")

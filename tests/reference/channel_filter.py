@@ -1,4 +1,4 @@
-"""The channel filter: one second-order section run forwards and backwards, with point-reflected tails."""
+"""The channel filter: one second-order section run forward and backward, with point-reflected tails."""
 
 import math
 

@@ -22,7 +22,7 @@ def listed(hit_list):
 
 
 def option_sets():
-    """Name, options, and the words that stand for the files on the command line."""
+    """Name, options, and the words that name the files on the command line."""
     sled, force = listed(SLED + "sled.hit"), listed(FORCE + "force.hit")
     sled_reference, force_reference = SLED + "s01001aa0.001", FORCE + "f01001fa0.001"
     sled_list = ["--hit-list", SLED + "sled.hit"]

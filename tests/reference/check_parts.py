@@ -143,7 +143,7 @@ class Comparison(unittest.TestCase):
     def test_it_accepts_what_agrees(self):
         tally = Tally()
         tally.near_all("list", [1.0, math.nan, 0.0, 3.0], [1.0 + 1e-12, None, 0, 3])
-        tally.near("small beside its scale", 1e-12, 2e-12, scale=1.0)
+        tally.near("small against its scale", 1e-12, 2e-12, scale=1.0)
         self.assertEqual(([], 5), (tally.faults, tally.values))
 
 

@@ -4,7 +4,7 @@
     check_refusals.py TOOL    TOOL is the path of quorvel-cli
 
 Many files go into one run, which names every file that it cannot read, in order. A file that is not there comes first,
-so that no run goes on to compare what was damaged.
+so that no run continues with damaged files.
 """
 
 import math

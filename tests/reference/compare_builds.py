@@ -38,7 +38,7 @@ MOST_SHOWN = 20
 
 
 class Digits(str):
-    """A number of a JSON text as it stands there: only equal digits are equal numbers."""
+    """A number of a JSON text as written there: only equal digits are equal numbers."""
 
 
 def read_json(content):
@@ -83,7 +83,7 @@ def scale_of(scales, i):
 
 
 def is_near(a, b, scale, digits=0.0):
-    """Within the tolerance of the page, and what its digits can hold; a number that is none equals itself only."""
+    """Within the tolerance of the page, and what its digits can hold; a not-a-number value equals only itself."""
     if a is None or b is None or not (math.isfinite(float(a)) and math.isfinite(float(b))):
         return str(a) == str(b)
     a, b = float(a), float(b)
@@ -103,7 +103,7 @@ def same_curves(page_a, page_b, scales):
 
 
 def same_json(bytes_a, bytes_b, members):
-    """Whether two results agree: every line to the byte, but for the curves of the one page."""
+    """Whether two results agree: every line to the byte, except for the curves of the one page."""
     if bytes_a == bytes_b:
         return True
     a, b = (strip(read_json(content), members) for content in (bytes_a, bytes_b))
@@ -183,7 +183,7 @@ def same_output(name, bytes_a, bytes_b, scales, members):
 
 
 class Outcome:
-    """What one command line gave: the standard streams, the status, and every file in its folder afterwards."""
+    """What one command line gave: the standard streams, the status, and every file in its folder after the run."""
 
     def __init__(self, tool, folder, words):
         finished = subprocess.run([tool] + words, cwd=folder, capture_output=True, timeout=LONGEST_RUN_S, check=False,

@@ -110,7 +110,7 @@ class RandomPair:
         return values, [-value for value in values]
 
     def part_constant(self):
-        """Level but for a few samples at an end, so that shifted parts are constant."""
+        """Level except for a few samples at an end, so that shifted parts are constant."""
         level, few = self.dice.one_of((0.0, 2.0)), self.dice.between(1, max(1, self.size // 8))
         peaks = self.noise_values()[:few]
         m = peaks + [level] * (self.size - few)

@@ -132,7 +132,7 @@ class RandomFile:
             record = bytearray(tag.encode("ascii").ljust(12))
             for value in values[start:start + 125]:
                 record += self.value_bytes(value)
-            # What stands behind the last point is nobody's business.
+            # Bytes after the last point have no meaning.
             records.append(record.ljust(512, b"\0" if self.dice.chance(0.5) else b"\x41"))
         return records
 

@@ -11,7 +11,7 @@ SCALARS = ("meanSquareResidual", "computedPeak", "referencePeak", "computedMaxim
 
 
 def untouched(corridor):
-    """What stands in the measures of a signal that cannot be compared."""
+    """The measures of a signal that cannot be compared."""
     measures = dict.fromkeys(SCALARS, 0.0)
     measures.update(momentDifferences=[0.0] * 6, corridorSize=corridor)
     return measures

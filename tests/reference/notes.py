@@ -69,7 +69,7 @@ def as_json(notes):
 
 
 def complaints(document):
-    """What standard error tells in any case."""
+    """What standard error always reports."""
     return [text for kind, text in document.notes if kind == "no-common-time"] \
         + [signal.path + ": " + text for signal in document.computed for kind, text in signal.notes
            if kind == "no-common-time"]

@@ -140,7 +140,7 @@ def density(document):
     return series
 
 
-def centred(values):
+def centered(values):
     if not values:
         return []
     mean = divide(exact_sum(values), float(len(values)))
@@ -151,17 +151,17 @@ def root_mean_square(values):
     return root(divide(exact_sum(value * value for value in values), float(len(values))))
 
 
-def deviation_size(centred_values, values):
+def deviation_size(centered_values, values):
     """The standard deviation; for a signal that is all but constant, a size that the rounding of its mean stays far
     below, so that the noise it leaves is not taken for a result."""
-    return max(root_mean_square(centred_values), 1e-5 * root_mean_square(values))
+    return max(root_mean_square(centered_values), 1e-5 * root_mean_square(values))
 
 
 def covariances(a, b, most):
     """The mean products of two records at the lags -most ... most, and the size of their values."""
     count = min(len(a), len(b))
     raw_a, raw_b = a[:count], b[:count]
-    a, b = centred(raw_a), centred(raw_b)
+    a, b = centered(raw_a), centered(raw_b)
     values = []
     for lag in range(-most, most + 1):
         low, high = (0, count + lag) if lag < 1 else (lag, count)

@@ -25,7 +25,7 @@ def clip(value):
 
 
 def number(compute):
-    """A result that left the range of numbers is none."""
+    """A result beyond the range of numbers is not available."""
     try:
         value = compute()
     except OverflowError:

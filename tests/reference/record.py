@@ -30,7 +30,7 @@ class Record:
         return copy.deepcopy(self)
 
     def count(self):
-        """The number of samples as the point numbers tell it; both zero means none."""
+        """The number of samples by the point numbers; both zero means none."""
         if self.first == 0 and self.last == 0:
             return 0
         return max(self.last - self.first + 1, 0)
@@ -67,7 +67,7 @@ class Record:
         self.y = values
 
     def resampled_range(self, step):
-        """The first and last point number on the new step; raises Fault where they cannot be had."""
+        """The first and last point number on the new step; raises Fault where there are none."""
         spans = divide(self.x_max() - self.x_min(), step) + 0.99
         if self.count() == 0 or not spans >= 1.0 or not spans < INT_MAX + 1.0:
             raise Fault("Error Interpolating Data")

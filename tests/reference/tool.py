@@ -61,7 +61,7 @@ class Tally:
             self.near("%s[%d]" % (place, i), value, seen[i], scale)
 
     def report(self):
-        return ("%d runs (%d to the end), %d series, %d refused pages, %d notes, %d numbers and %d texts compared, "
+        return ("%d runs (%d completed), %d series, %d refused pages, %d notes, %d numbers and %d texts compared, "
                 "largest deviation %.3g %s" % (self.runs, self.finished_runs, self.series, self.failed_pages,
                                                self.notes, self.values, self.texts, self.largest, self.where))
 
@@ -83,8 +83,8 @@ def arguments(options):
 
 
 def check_run(tally, tool, folder, label, options, file_words=None):
-    """One run of the tool in `folder`, where both sides read the same relative paths; the caller stands there too.
-    Returns the independent document."""
+    """One run of the tool in `folder`, where both sides read the same relative paths; the caller must be
+    in it, too. Returns the independent document."""
     tally.runs += 1
     command = [tool] + arguments(options) + (options.files if file_words is None else file_words)
     finished = subprocess.run(command, cwd=folder, capture_output=True, timeout=LONGEST_RUN_S, check=False)
@@ -136,7 +136,7 @@ def check_head(tally, label, options, document, result):
 
 
 def check_notes(tally, place, expected, seen):
-    """The member is there where there is something to tell, and only there."""
+    """The member is present only when there is something to report."""
     tally.notes += len(expected)
     tally.same(place + " notes", note.as_json(expected) if expected else None, seen.get("notes"))
 

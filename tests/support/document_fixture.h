@@ -44,7 +44,7 @@ protected:
         return choice;
     }
 
-    /// Forgets what the host wrote down and runs a comparison.
+    /// Clears the host's record and runs a comparison.
     void Run(const CFileSelection& choice) {
         Forget();
         host.selection = choice;

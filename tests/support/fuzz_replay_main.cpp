@@ -18,7 +18,7 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 
-/// There only in a program built with a sanitizer.
+/// Present only in a program built with a sanitizer.
 extern "C" __attribute__((weak)) void __sanitizer_set_death_callback(void (*callback)());
 
 namespace {
@@ -60,7 +60,7 @@ public:
             Change(bytes);
         }
         bytes.resize(std::min(bytes.size(), kLargestInput));
-        // Files of whole records mostly stay so: else their size alone would end nearly every run.
+        // Files of whole records mostly stay that way: else their size alone would end nearly every run.
         if (wholeRecords && Below(8) > 0) bytes.resize((bytes.size() + kRecord / 2) / kRecord * kRecord);
         return bytes;
     }

@@ -20,7 +20,7 @@ public:
     CMemoryLimit& operator=(const CMemoryLimit&) = delete;
     ~CMemoryLimit() { setrlimit(RLIMIT_AS, &m_old); }
 
-    /// A sanitizer's own memory comes out of the same limit, and it ends the program where there is none.
+    /// A sanitizer's own memory comes out of the same limit, and it ends the program when there is none left.
     static constexpr bool IsUsable() {
 #if defined(__SANITIZE_ADDRESS__)
         return false;

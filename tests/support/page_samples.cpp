@@ -28,7 +28,7 @@ CSignal ComputedSignal(std::string path, ks::CNSignal record) {
 }
 
 std::vector<double> Noise(std::size_t count, std::uint32_t seed, double mean) {
-    // The standard fixes the engine's numbers but not those of its distributions, hence Box and Muller by hand.
+    // The standard fixes the engine's numbers but not those of its distributions, so this is Box and Muller by hand.
     std::mt19937 random(seed);
     const auto uniform = [&random] { return (static_cast<double>(random()) + 0.5) / 4294967296.0; };
     std::vector<double> values(count);

@@ -11,7 +11,7 @@
 
 // Signals for the tests and benchmarks of the pages.
 
-/// A time signal in seconds and G'S: sample i has the number firstPoint + i and stands at that many time steps.
+/// A time signal in seconds and G'S: sample i has the number firstPoint + i and is at that many time steps.
 ks::CNSignal TimeSignal(double timeStep, std::vector<double> y, std::int32_t firstPoint = 0);
 
 /// The record as a computed signal read from `path`.

@@ -1,4 +1,4 @@
-// Prints every rating of pairs of signals from a text file, for a check by other means.
+// Prints every rating of pairs of signals from a text file, for an independent check.
 //
 //     rating_values FILE
 //

@@ -10,14 +10,14 @@
 #include "compare/critical_values.h"
 #include "compare/document_host.h"
 
-/// A host that answers as it was told and writes down what it was asked.
+/// A host that gives prepared answers and records the requests.
 class CRecordingHost : public CDocumentHost {
 public:
     // Answers. A value that is not set cancels.
     std::optional<CFileSelection> selection;
     std::optional<double> corridorSize;
     std::optional<CCriticalValues> criticalValues;
-    std::vector<std::optional<std::string>> savePaths;  ///< one per request, in order; none left: cancelled
+    std::vector<std::optional<std::string>> savePaths;  ///< one per request, in order; none left: canceled
     std::map<std::string, std::string> settings;
     std::function<void()> whileErrorsAreShown = [] {};
     std::function<void()> whileAtWork = [] {};  ///< at every report of progress
@@ -52,7 +52,7 @@ public:
 
     std::function<void(int hint)> alsoDo = [](int) {};
 
-    std::vector<CRunState> runs;  ///< as they were told
+    std::vector<CRunState> runs;  ///< in the order of the calls
 
     void OnDocumentUpdate(int hint) override;
     void OnRunStateChanged(CRunState run) override { runs.push_back(run); }

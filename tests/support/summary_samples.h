@@ -61,7 +61,7 @@ inline std::vector<CSummaryColumn> FixedColumns() {
     return columns;
 }
 
-/// The program's columns and one that is not fixed, "Extra", in front of the last one: it shows the number of points,
+/// The program's columns and one that is not fixed, "Extra", before the last one: it shows the number of points,
 /// and that is good above the limit of the T statistic.
 inline std::vector<CSummaryColumn> ColumnsWithExtra() {
     std::vector<CSummaryColumn> columns(SummaryColumns().begin(), SummaryColumns().end());

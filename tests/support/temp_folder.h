@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-/// A folder of a test's own, gone with the object.
+/// A folder of a test's own, deleted with the object.
 class CTempFolder {
 public:
     CTempFolder();

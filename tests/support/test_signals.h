@@ -7,7 +7,7 @@
 #include "signal/nsignal.h"
 #include "tests/support/temp_folder.h"
 
-/// A time signal in G'S with the given values: sample i has the number `first` + i and stands at that times
+/// A time signal in G'S with the given values: sample i has the number `first` + i and is at that times
 /// `timeStep`, in seconds.
 ks::CNSignal MakeTimeSignal(std::vector<double> y, double timeStep, std::int32_t first = 0);
 

@@ -11,7 +11,7 @@
 enum class CUdsNumbers { Ieee, Sun, Vax };
 
 /// Bytes of a UDS-1992 file made by hand. It shares no line with the product: offsets are literals, numbers are encoded
-/// arithmetically, so that a mistake of the product cannot hide behind the same mistake here.
+/// arithmetically, so that a mistake of the product is not repeated here.
 class CUDSBytes {
 public:
     explicit CUDSBytes(CUdsNumbers numbers = CUdsNumbers::Ieee) : m_numbers(numbers) {}
