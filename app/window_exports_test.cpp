@@ -1,4 +1,4 @@
-// What the main window hands on: the clipboard, pictures, reports, signals and tables.
+// What the main window exports: the clipboard, pictures, reports, signals and tables.
 
 #include <QClipboard>
 #include <QHeaderView>

@@ -15,7 +15,7 @@ QByteArray PdfStreams(const QByteArray& pdf) {
     while ((place = pdf.indexOf("stream\n", place)) >= 0) {
         place += 7;
         if (pdf.mid(place, 1) != "x") continue;  // not compressed
-        // qUncompress wants the length of the result first; a wrong one is only a guess at the memory needed.
+        // qUncompress expects the length of the result first; it only sizes the buffer, so a guess is fine.
         contents += qUncompress(QByteArray("\0\1\0\0", 4) + pdf.mid(place, pdf.indexOf("endstream", place) - place));
         place = pdf.indexOf("endstream", place) + 9;
     }
@@ -43,7 +43,7 @@ private slots:
         const std::vector<CPdfPage> pages = ReadPdf(m_window->printers.path);
         QCOMPARE(pages.size(), std::size_t{1});
         QVERIFY(pages[0].size.width() > pages[0].size.height());
-        // Letters of the turned title stand below each other, so it is looked for without blanks and line ends.
+        // The letters of the rotated title are on separate lines, so blanks and line ends are ignored.
         const QString text = pages[0].lines.join("\n");
         for (const QString& part : {QString("Time (seconds)"), QString("Reference"), QString("s01002aa0.001"),
                                     QString("s01003aa0.001"), QString("s01004aa0.001")}) {
@@ -60,7 +60,7 @@ private slots:
         QVERIFY(PdfStreams(pdf).count(" l\n") > 400);  // four curves of some hundred visible points each
     }
 
-    void TheDefaultPrinterTakesTheChartWithoutAQuestion() {
+    void TheDefaultPrinterPrintsTheChartWithoutAsking() {
         m_window->ChoosePage("Velocity");
         m_window->printers.path = m_window->Path("plot.pdf");
         Trigger(CCommandId::PrintDirect);
@@ -81,7 +81,7 @@ private slots:
         QCOMPARE(m_window->StatusText(), QString("Ready"));
     }
 
-    void ACancelledPrinterPrintsNothing() {
+    void ACanceledPrinterPrintsNothing() {
         m_window->ChoosePage("Velocity");
         const QString status = m_window->StatusText();
         Trigger(CCommandId::Print);
@@ -106,7 +106,7 @@ private slots:
             QVERIFY2(inside.contains(word.box), qPrintable(word.text));
             used |= word.box;
         }
-        // And it fills them: titles and numbers stand near every edge.
+        // And it fills them: there are titles and numbers near every edge.
         QVERIFY(used.width() > 0.85 * inside.width() && used.height() > 0.85 * inside.height());
     }
 
@@ -116,8 +116,8 @@ private slots:
         CheckNotPrinted("/dev/full");
     }
 
-    /// The toolkit empties the old file first and tells no fault of writing.
-    void APrintThatFailsLeavesTheOldFileAsItIs() {
+    /// The toolkit empties the existing file first and reports no write errors.
+    void APrintThatFailsLeavesTheOldFileUnchanged() {
         const CTempFolder folder;
         const std::string old = folder.Write("plot.pdf", "an old plot");
         const QString path = QString::fromStdString(old);
@@ -127,7 +127,7 @@ private slots:
         }
         QCOMPARE(ReadAll(old), std::string("an old plot"));
         {
-            const COrdinaryUser user;  // who may not write there
+            const COrdinaryUser user;  // without write permission there
             CheckNotPrinted(path);
         }
         QCOMPARE(ReadAll(old), std::string("an old plot"));
