@@ -49,10 +49,8 @@ TEST(Criteria, HaveAPlaceForEachNumberInTheirTexts) {
         SCOPED_TRACE(criterion.name);
         EXPECT_NE(criterion.phrase.find("%1"), std::string_view::npos);
         const std::size_t count = criterion.demandNumbers(0.25).size();
-        for (const std::size_t number : {1U, 2U}) {
-            const bool isUsed = criterion.demand.find("%" + std::to_string(number)) != std::string_view::npos;
-            EXPECT_EQ(isUsed, number <= count);
-        }
+        EXPECT_EQ(criterion.demand.find("%1") != std::string_view::npos, count >= 1);
+        EXPECT_EQ(criterion.demand.find("%2") != std::string_view::npos, count >= 2);
     }
 }
 
