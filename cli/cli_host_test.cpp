@@ -74,7 +74,7 @@ TEST_F(CliHost, ShowsMessagesOnStandardErrorAndRemembersThem) {
     const CCompareOptions options;
     CCliHost host(options, {}, console);
     host.ShowErrorList({{"", "One"}, {"a.uds", "Two"}, {"a.uds", "Two"}, {"b.uds", "One"}});
-    EXPECT_EQ(StandardError(), "quorvel-cli: One\nquorvel-cli: Two (2 times)\nquorvel-cli: One\n");
+    EXPECT_EQ(StandardError(), "quorvel-cli: One (2 times)\nquorvel-cli: Two (2 times)\n");
     EXPECT_THAT(host.TakeShownMessages(), ElementsAre("One", "Two", "Two", "One"));
     EXPECT_THAT(host.TakeShownMessages(), IsEmpty());
 }

@@ -210,7 +210,7 @@ bool CQuorvelDoc::FilterComputedSignals(std::int32_t channelClass) {
         if (signal.ShouldFilter()) {
             signal.Record().FilterCFC(channelClass);
         } else {
-            signal.Notes().push_back({CNoteKind::NotFiltered, std::string(kNotFilteredNote)});
+            signal.Notes().push_back({CNoteKind::NotFiltered, NotFilteredNote(signal.FormatName())});
         }
     });
 }

@@ -38,6 +38,10 @@ std::string CutText(const CSampling& before, const CSampling& after) {
 
 }  // namespace
 
+std::string NotFilteredNote(std::string_view format) {
+    return "Not filtered: computed signals from " + std::string(format) + " never are.";
+}
+
 std::string ReferenceResampledNote(const CSampling& before, const CSampling& after) {
     return "The reference has no time step and was resampled: " + ResamplingText(before, after);
 }

@@ -36,7 +36,8 @@ inline std::string AsciiTableNotWritten(std::string_view path) {
 
 // Sentences of the notes; see compare/note.h. Numbers have six significant digits.
 
-inline constexpr std::string_view kNotFilteredNote = "Not filtered: computed signals from ASCII points never are.";
+/// `format` is the name of the format of the signal's file.
+std::string NotFilteredNote(std::string_view format);
 
 inline constexpr std::string_view kNothingComparedNote =
     "The signals have no time in common, so no reference was made. Nothing was compared; every result is 0.";

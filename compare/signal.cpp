@@ -37,7 +37,7 @@ bool CSignal::Take(ks::CLoadedSignal loaded) {
         return false;
     }
     m_record = std::move(loaded.record);
-    m_shouldFilter = loaded.format->shouldFilter;
+    m_format = loaded.format;
     return true;
 }
 

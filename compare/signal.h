@@ -31,7 +31,9 @@ public:
     bool ReadAscii();
 
     /// Whether a run filters the signal; that of its file's format, true before a file was read.
-    bool ShouldFilter() const { return m_shouldFilter; }
+    bool ShouldFilter() const { return m_format == nullptr || m_format->shouldFilter; }
+    /// Name of the format of its file, for sentences; empty before a file was read.
+    std::string_view FormatName() const { return m_format == nullptr ? std::string_view() : m_format->name; }
 
     /// Computes the measures against `reference` and takes its path as the reference name. See CComparison::Compute;
     /// what that does to the record becomes notes.
@@ -66,5 +68,5 @@ private:
     std::string m_referenceName;
     CComparison m_comparison;
     std::vector<CNote> m_notes;
-    bool m_shouldFilter = true;
+    const ks::CSignalFormat* m_format = nullptr;  ///< of the table of formats, which outlives every signal
 };

@@ -105,11 +105,13 @@ void WriteJson(const CCompareOptions& options, CJsonResults& json, COutputs& out
 
 // Some of the readers' sentences name no file, and a run may have many.
 void NameUnreadFiles(const CQuorvelDoc& document, CConsole& console) {
+    std::vector<std::string> unread;
     for (const CSignal& signal : document.ComputedSignals()) {
         if (signal.GetPointCount() == 0 && !signal.GetMessages().empty()) {
-            console.Complain("Could not be read: " + signal.GetPath());
+            unread.push_back("Could not be read: " + signal.GetPath());
         }
     }
+    console.ComplainAll(unread);
     if (!document.ReferenceMessages().empty()) {
         console.Complain("The reference could not be read: " + document.Reference().GetPath());
     }

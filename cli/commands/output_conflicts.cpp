@@ -24,11 +24,22 @@ void Refuse(const std::string& a, const std::string& b) {
     throw CUsageError("Two outputs would go to one file: " + a + " and " + b);
 }
 
+/// Where an output goes: standard output is a file too when it was redirected into one.
+std::string FileOf(const std::string& output) {
+    return output == kStandardOutput ? "/dev/stdout" : output;
+}
+
+/// Outputs do not overwrite each other on a terminal or on /dev/null.
+bool KeepsNothing(const std::string& path) {
+    std::error_code error;
+    return fs::is_character_file(ks::NativePath(path), error);
+}
+
 /// The outputs whose paths are known before the run.
 std::vector<std::string> KnownOutputs(const CCompareOptions& options) {
     std::vector<std::string> paths;
     for (const std::optional<std::string>& path : {options.html, options.json, options.csv}) {
-        if (path && *path != kStandardOutput) paths.push_back(*path);
+        if (path) paths.push_back(*path);
     }
     if (options.asciiFolder) {
         for (const std::int32_t id : PageIds()) paths.push_back(AsciiPagePath(*options.asciiFolder, id));
@@ -39,7 +50,8 @@ std::vector<std::string> KnownOutputs(const CCompareOptions& options) {
 void RefuseEqual(const std::vector<std::string>& paths) {
     for (std::size_t i = 0; i < paths.size(); ++i) {
         for (std::size_t j = i + 1; j < paths.size(); ++j) {
-            if (ks::IsSameFile(paths[i], paths[j])) Refuse(paths[i], paths[j]);
+            const std::string first = FileOf(paths[i]);
+            if (ks::IsSameFile(first, FileOf(paths[j])) && !KeepsNothing(first)) Refuse(paths[i], paths[j]);
         }
     }
 }

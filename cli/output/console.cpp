@@ -5,7 +5,12 @@
 #include <charconv>
 #include <cstddef>
 #include <cstdlib>
+#include <string>
+#include <string_view>
 #include <system_error>
+#include <unordered_map>
+#include <utility>
+#include <vector>
 
 #include "cli/output/display_text.h"
 
@@ -109,13 +114,12 @@ void CConsole::Complain(std::string_view text) {
 }
 
 void CConsole::ComplainAll(const std::vector<std::string>& texts) {
-    auto first = texts.begin();
-    while (first != texts.end()) {
-        const auto next =
-            std::find_if(first, texts.end(), [&first](const std::string& text) { return text != *first; });
-        const std::ptrdiff_t times = next - first;
-        Complain(times == 1 ? *first : *first + " (" + std::to_string(times) + " times)");
-        first = next;
+    std::unordered_map<std::string_view, std::size_t> timesOf;
+    for (const std::string& text : texts) ++timesOf[text];
+    for (const std::string& text : texts) {
+        const std::size_t times = std::exchange(timesOf[text], 0);  // told where it came first
+        if (times == 1) Complain(text);
+        if (times > 1) Complain(text + " (" + std::to_string(times) + " times)");
     }
 }
 

@@ -24,8 +24,8 @@ public:
 
     /// One complaint on standard error, followed by a line feed; it may have several lines.
     void Complain(std::string_view text);
-    /// Prints all of them; equal ones in a row appear once, followed by how often: "(2 times)". Both readers of signal
-    /// files say the same about a missing file.
+    /// Prints all of them; equal ones appear once, in place of the first, followed by how often: "(2 times)". Both
+    /// readers of signal files say the same about a missing file.
     void ComplainAll(const std::vector<std::string>& texts);
     /// The same as Complain without the program's name in front, for what is not a complaint.
     void Note(std::string_view text);

@@ -235,6 +235,12 @@ class StoppedRuns(EndToEndTest):
         self.assertEqual(results["errors"], [])
         self.assertEqual(results["referenceErrors"], [OPEN.format("missing")] * 2)
 
+    def test_a_missing_file_that_is_named_twice_is_complained_of_once(self):
+        run = self.compare("missing", "missing")
+        self.assertEqual(run.status, 3)
+        self.assertComplaints(run, "quorvel-cli: " + OPEN.format("missing") + " (4 times)",
+                              "quorvel-cli: Could not be read: missing (2 times)", "Nothing was compared.")
+
     def test_a_name_that_is_not_utf8_is_in_the_complaint_byte_for_byte(self):
         run = self.compare(b"missing\xff\x1b[2J")
         self.assertEqual(run.status, 3)

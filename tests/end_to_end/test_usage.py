@@ -82,6 +82,14 @@ class WrongUsage(ScaledTest):
         self.assertShared("waiting", "new", "--html", "waiting", "--csv", "new")
         self.assertEqual(self.read("old"), b"old")
 
+    def test_a_path_that_is_standard_output_is_refused_beside_it(self):
+        self.assertShared("-", "/dev/stdout", "--json", "-", "--csv", "/dev/stdout")
+        self.assertShared("/dev/stdout", "-", "--html", "/dev/stdout", "--csv", "-")
+
+    def test_outputs_that_nobody_keeps_may_meet(self):
+        run = self.compare_scaled("--json", "/dev/null", "--csv", "/dev/null")
+        self.assertEqual((run.status, run.err), (0, b""))
+
     def test_an_output_on_the_file_of_a_page_is_refused(self):
         self.assertShared("dir/page-2.txt", "dir/page-2.txt", "--html", "dir/page-2.txt", "--ascii", "dir")
         self.assertShared("./dir/page-7-3.uds", "dir/page-7-3.uds", "--csv", "./dir/page-7-3.uds", "--uds", "dir")
