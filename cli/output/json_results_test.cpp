@@ -154,7 +154,10 @@ TEST(JsonResults, ShowNotesNextToTheWarnings) {
     signal.Notes().push_back({CNoteKind::NotFiltered, "S."});
     signal.Notes().push_back({CNoteKind::Resampled, "T."});
     CJsonResults results({}, {{}, {}, {}, {{CNoteKind::AverageIsFirst, "U."}}}, reference, {signal});
-    CPageView page{6, std::nullopt, {}, {}, {}};
+    const CChartBlock block;
+    const CSeriesList series;
+    const std::vector<std::string> names;
+    CPageView page{6, std::nullopt, block, series, names};
     page.notes.push_back({3, {CNoteKind::CutByPage, "V."}});
     results.AddPage(page);
     const std::string text = results.Finish(true);
