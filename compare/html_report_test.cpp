@@ -26,7 +26,8 @@ CSummaryTable TableOf(int rowCount) {
     CSummaryTable table = MakeSummaryTable({});
     for (int i = 0; i < rowCount; ++i) {
         CSummaryRow row(table.columns.size());
-        for (std::size_t j = 0; j < row.size(); ++j) row[j].text = std::to_string(i).append(":").append(std::to_string(j));
+        for (std::size_t j = 0; j < row.size(); ++j)
+            row[j].text = std::to_string(i).append(":").append(std::to_string(j));
         table.rows.push_back(row);
     }
     return table;
