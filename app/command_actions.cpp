@@ -1,10 +1,13 @@
 #include "app/command_actions.h"
 
+#include "app/commands.h"
 #include "app/resources.h"
 
 #include <QAction>
 #include <QCoreApplication>
 #include <QWidget>
+#include <functional>
+#include <span>
 
 namespace {
 

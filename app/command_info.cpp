@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <span>
 #include <string>
+#include <string_view>
 
 #include "files/hit_list.h"
 #include "files/number_text.h"

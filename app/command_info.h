@@ -46,7 +46,7 @@ public:
     void ParseArgument(std::string_view argument);
 
 private:
-    bool IsSwitch(std::string_view argument) const;
+    [[nodiscard]] bool IsSwitch(std::string_view argument) const;
     void TakeSwitch(std::string_view text);
     void TakePlain(std::string_view text);
     bool AppendListFile(const std::string& path);

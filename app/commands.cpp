@@ -1,6 +1,8 @@
 #include "app/commands.h"
 
 #include <array>
+#include <span>
+#include "compare/run_state.h"
 
 namespace {
 

@@ -2,9 +2,11 @@
 
 #include <gmock/gmock.h>
 
+#include <cstddef>
 #include <set>
 #include <string>
 #include <vector>
+#include "compare/run_state.h"
 
 namespace {
 

@@ -4,6 +4,7 @@
 #include <QFileInfo>
 #include <QMimeData>
 #include <QUrl>
+#include <string>
 
 #include "app/dialogs/data_type_filters.h"
 #include "app/messages.h"

@@ -8,10 +8,16 @@
 #include <QTest>
 #include <QUrl>
 #include <algorithm>
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
 
 #include "app/dialogs/data_type_filters.h"
 #include "app/dialogs/file_picker.h"
 #include "app/settings.h"
+#include "compare/setting_keys.h"
 
 class CDroppedFilesTest : public QObject {
     Q_OBJECT

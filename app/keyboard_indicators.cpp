@@ -1,6 +1,8 @@
 #include "app/keyboard_indicators.h"
+#include <X11/extensions/XKB.h>
 
 #include <QGuiApplication>
+#include <optional>
 
 #if defined(_WIN32)
 

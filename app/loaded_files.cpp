@@ -4,6 +4,7 @@
 #include "files/same_file.h"
 
 #include <algorithm>
+#include <string>
 
 QStringList LoadedFiles(const CQuorvelDoc& document) {
     QStringList paths;

@@ -1,4 +1,5 @@
 #include <QSettings>
+#include <memory>
 
 #include "app/dialogs/file_picker.h"
 #include "app/dialogs/printer_picker.h"

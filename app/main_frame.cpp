@@ -10,8 +10,12 @@
 #include <QToolBar>
 #include <array>
 #include <cstdint>
+#include <memory>
 #include <utility>
+#include <vector>
 
+#include "app/command_actions.h"
+#include "app/commands.h"
 #include "app/loaded_files.h"
 #include "app/page_pane.h"
 #include "app/path_menu.h"
@@ -20,6 +24,7 @@
 #include "app/settings.h"
 #include "app/status_line.h"
 #include "app/toolbar_row.h"
+#include "app/window_services.h"
 #include "chart/make_chart.h"
 
 namespace {

@@ -16,6 +16,7 @@
 #include "app/window_services.h"
 #include "chart/chart_control.h"
 #include "compare/document.h"
+#include "compare/run_state.h"
 
 class CDialogPane;
 class CPathMenu;

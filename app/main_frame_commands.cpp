@@ -8,16 +8,21 @@
 #include <QTimer>
 #include <QToolBar>
 #include <exception>
+#include <functional>
 #include <optional>
+#include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
+#include "app/commands.h"
 #include "app/dialogs/about_dialog.h"
 #include "app/dialogs/customize_dialog.h"
 #include "app/dialogs/data_type_filters.h"
 #include "app/dropped_files.h"
 #include "app/exports/chart_printing.h"
 #include "app/exports/curve_export.h"
+#include "app/exports/picture_export.h"
 #include "app/exports/table_export.h"
 #include "app/loaded_files.h"
 #include "app/main_frame.h"
@@ -33,6 +38,7 @@
 #include "app/toolbar_row.h"
 #include "compare/plots/page_ids.h"
 #include "compare/plots/page_table.h"
+#include "compare/run_state.h"
 #include "files/hit_list.h"
 #include "viewer/uds_dialog.h"
 #include "widgets/take_copy.h"

@@ -10,8 +10,10 @@
 #include <QToolButton>
 #include <utility>
 
+#include "app/commands.h"
 #include "app/dialogs/customize_dialog.h"
 #include "app/page_pane.h"
+#include "app/testing/widget_probe.h"
 #include "app/testing/window_test.h"
 
 namespace {

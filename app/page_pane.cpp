@@ -5,6 +5,8 @@
 #include <QLabel>
 #include <QShortcut>
 #include <QSignalBlocker>
+#include <cstdint>
+#include <span>
 
 #include "compare/plots/page_table.h"
 

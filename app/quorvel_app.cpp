@@ -5,7 +5,10 @@
 #include <clocale>
 #include <exception>
 #include <functional>
+#include <memory>
+#include <string>
 #include <utility>
+#include <vector>
 
 #include "app/command_info.h"
 #include "app/commands.h"

@@ -3,10 +3,17 @@
 #include <QContextMenuEvent>
 #include <QLabel>
 #include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <vector>
 
 #include "app/table/summary_list.h"
+#include "app/table/summary_model.h"
+#include "chart/chart_control.h"
 #include "compare/document.h"
+#include "compare/document_host.h"
 #include "compare/plots/page_table.h"
+#include "compare/run_state.h"
 
 namespace {
 

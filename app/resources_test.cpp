@@ -3,7 +3,9 @@
 #include <QImage>
 #include <QPainter>
 #include <QTest>
+#include <cstddef>
 #include <set>
+#include <vector>
 
 #include "app/testing/contrast.h"
 

@@ -1,8 +1,10 @@
 #include "app/run_report.h"
 
 #include "compare/document.h"
+#include "compare/run_state.h"
 
 #include <QCoreApplication>
+#include <cstddef>
 
 namespace {
 

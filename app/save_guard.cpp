@@ -1,10 +1,13 @@
 #include "app/save_guard.h"
 
+#include "app/dialogs/file_picker.h"
 #include "app/loaded_files.h"
 #include "app/messages.h"
+#include "app/window_services.h"
 
 #include <QCoreApplication>
 #include <QPrinter>
+#include <optional>
 
 CWindowServices CSaveGuard::Guarded() {
     return {m_services.settings, *this, m_services.messages, *this};

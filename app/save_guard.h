@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include "app/dialogs/file_picker.h"
 #include "app/dialogs/printer_picker.h"
 #include "app/window_services.h"

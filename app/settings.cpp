@@ -2,6 +2,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include "compare/setting_keys.h"
 
 namespace {
 

@@ -19,28 +19,28 @@ public:
     static constexpr const char* kApplication = "Quorvel";
     static constexpr int kRecentFileCount = 4;
 
-    QString Get(const CTextSetting& key) const;
+    [[nodiscard]] QString Get(const CTextSetting& key) const;
     /// A stored text that is not a whole number counts as missing.
-    int Get(const CNumberSetting& key) const;
+    [[nodiscard]] int Get(const CNumberSetting& key) const;
     void Set(const CTextSetting& key, const QString& value);
     void Set(const CNumberSetting& key, int value);
 
     /// Paths of the recent files, newest first, at most four, in native form.
-    QStringList RecentFiles() const;
+    [[nodiscard]] QStringList RecentFiles() const;
     /// Puts `path`, made absolute, first; removes an older entry of the same file, and the fifth entry.
     void AddRecentFile(const QString& path);
     void RemoveRecentFile(const QString& path);
 
     /// Layout of the main window as QWidget::saveGeometry and QMainWindow::saveState give it; initially empty.
-    QByteArray WindowGeometry() const;
-    QByteArray WindowState() const;
+    [[nodiscard]] QByteArray WindowGeometry() const;
+    [[nodiscard]] QByteArray WindowState() const;
     void SetWindowLayout(const QByteArray& geometry, const QByteArray& state);
-    bool IsToolbarShown() const;  ///< initially true
+    [[nodiscard]] bool IsToolbarShown() const;  ///< initially true
     void SetToolbarShown(bool isShown);
-    bool IsStatusBarShown() const;  ///< initially true
+    [[nodiscard]] bool IsStatusBarShown() const;  ///< initially true
     void SetStatusBarShown(bool isShown);
     /// Ids of the toolbar's actions that are not shown; initially only "PrintDirect", which prints without asking.
-    QStringList HiddenToolbarActions() const;
+    [[nodiscard]] QStringList HiddenToolbarActions() const;
     void SetHiddenToolbarActions(const QStringList& ids);
 
 private:

@@ -3,6 +3,8 @@
 #include <QDir>
 #include <QTemporaryDir>
 #include <QTest>
+#include <memory>
+#include "compare/setting_keys.h"
 
 class CSettingsTest : public QObject {
     Q_OBJECT

@@ -1,9 +1,12 @@
 #include "app/specification_host.h"
+#include <optional>
 
 #include "app/dialogs/file_picker.h"
 #include "app/dialogs/printer_picker.h"
 #include "app/messages.h"
 #include "app/settings.h"
+#include "compare/setting_keys.h"
+#include "viewer/viewer_host.h"
 
 void CSpecificationHost::ShowError(QWidget* parent, const QString& text) {
     m_services.messages.ShowError(parent, text);

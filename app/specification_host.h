@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include "app/window_services.h"
 #include "viewer/viewer_host.h"
 

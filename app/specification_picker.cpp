@@ -3,9 +3,12 @@
 #include "app/dialogs/data_type_filters.h"
 #include "app/dialogs/file_picker.h"
 #include "app/settings.h"
+#include "app/window_services.h"
+#include "compare/setting_keys.h"
 #include "files/file_request.h"
 
 #include <QCoreApplication>
+#include <optional>
 
 std::optional<QString> PickSpecificationFile(const CWindowServices& services, QWidget* parent) {
     ks::CFileRequest request;

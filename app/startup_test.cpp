@@ -6,12 +6,22 @@
 #include <QTemporaryDir>
 #include <clocale>
 #include <cstdlib>
+#include <memory>
 #include <stdexcept>
+#include <string>
+#include <vector>
 
+#include "app/commands.h"
+#include "app/dialogs/file_picker.h"
+#include "app/messages.h"
 #include "app/quorvel_app.h"
+#include "app/settings.h"
 #include "app/testing/control_ids.h"
+#include "app/testing/widget_probe.h"
 #include "app/testing/window_test.h"
+#include "compare/summary_columns.h"
 #include "files/hit_list.h"
+#include "files/replacing_file.h"
 #include "tests/support/summary_samples.h"
 
 namespace {

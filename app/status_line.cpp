@@ -3,6 +3,7 @@
 #include <QLabel>
 #include <QProgressBar>
 #include <QStatusBar>
+#include <optional>
 
 #include "app/keyboard_indicators.h"
 

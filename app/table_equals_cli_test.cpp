@@ -4,8 +4,13 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QProcess>
+#include <cstddef>
+#include <string>
+#include <vector>
 
+#include "app/testing/window_fixture.h"
 #include "app/testing/window_test.h"
+#include "compare/document.h"
 #include "tests/support/summary_samples.h"
 
 namespace {

@@ -5,6 +5,7 @@
 #include <array>
 
 #include "app/command_actions.h"
+#include "app/commands.h"
 
 namespace {
 

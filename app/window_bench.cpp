@@ -4,6 +4,11 @@
 #include <QSettings>
 #include <QTemporaryDir>
 #include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <utility>
+#include <vector>
 
 #include "app/dialogs/file_picker.h"
 #include "app/dialogs/printer_picker.h"
@@ -14,6 +19,8 @@
 #include "app/window_services.h"
 #include "compare/chart_block.h"
 #include "compare/plots/page_table.h"
+#include "signal/nsignal.h"
+#include "tests/support/temp_folder.h"
 #include "tests/support/test_signals.h"
 
 namespace {

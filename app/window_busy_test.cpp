@@ -7,11 +7,19 @@
 #include <QToolBar>
 #include <QToolButton>
 #include <algorithm>
+#include <cstdint>
+#include <memory>
 #include <stdexcept>
+#include <utility>
 
+#include "app/commands.h"
+#include "app/dialogs/file_picker.h"
+#include "app/testing/widget_probe.h"
 #include "app/testing/window_test.h"
+#include "chart/chart_control.h"
 #include "chart/testing/recording_chart_control.h"
 #include "compare/plots/page_ids.h"
+#include "compare/run_state.h"
 
 namespace {
 

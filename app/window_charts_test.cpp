@@ -2,10 +2,19 @@
 
 #include <QHeaderView>
 #include <QSignalSpy>
+#include <algorithm>
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
 
+#include "app/commands.h"
 #include "app/page_pane.h"
+#include "app/testing/window_fixture.h"
 #include "app/testing/window_test.h"
 #include "chart/testing/recording_chart_control.h"
+#include "signal/nsignal.h"
 #include "tests/support/summary_samples.h"
 #include "tests/support/test_signals.h"
 

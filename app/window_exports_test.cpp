@@ -7,13 +7,26 @@
 #include <QMimeData>
 #include <QRegularExpression>
 #include <QSet>
+#include <algorithm>
 #include <cmath>
+#include <cstddef>
 #include <map>
+#include <optional>
+#include <vector>
 
+#include "app/commands.h"
+#include "app/dialogs/file_picker.h"
+#include "app/table/summary_model.h"
+#include "app/testing/control_ids.h"
+#include "app/testing/widget_probe.h"
 #include "app/testing/window_test.h"
 #include "chart/testing/wmf_reader.h"
+#include "compare/document.h"
 #include "compare/export.h"
+#include "compare/setting_keys.h"
 #include "compare/verdict.h"
+#include "files/replacing_file.h"
+#include "signal/nsignal.h"
 #include "tests/support/temp_folder.h"
 
 namespace {

@@ -5,11 +5,21 @@
 #include <QMenu>
 #include <QMimeData>
 #include <QUrl>
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <vector>
 
+#include "app/commands.h"
+#include "app/dialogs/file_picker.h"
 #include "app/specification_host.h"
+#include "app/table/summary_list.h"
 #include "app/testing/control_ids.h"
+#include "app/testing/widget_probe.h"
 #include "app/testing/window_test.h"
+#include "compare/setting_keys.h"
 #include "files/hit_list.h"
+#include "files/replacing_file.h"
 #include "viewer/uds_dialog.h"
 
 namespace {

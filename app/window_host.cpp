@@ -1,6 +1,10 @@
 #include "app/window_host.h"
 
 #include <QApplication>
+#include <cstddef>
+#include <memory>
+#include <optional>
+#include <string>
 #include <utility>
 
 #include "app/dialogs/corridor_dialog.h"
@@ -11,6 +15,10 @@
 #include "app/input_blocker.h"
 #include "app/messages.h"
 #include "app/settings.h"
+#include "app/window_services.h"
+#include "compare/critical_values.h"
+#include "compare/document_host.h"
+#include "compare/setting_keys.h"
 
 CWindowHost::CWindowHost(QWidget& window, const CWindowServices& services) : m_window(window), m_services(services) {}
 

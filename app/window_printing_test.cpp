@@ -1,5 +1,9 @@
 // What the main window prints.
 
+#include <cstddef>
+#include <string>
+#include <vector>
+#include "app/commands.h"
 #include "app/specification_host.h"
 #include "app/testing/window_test.h"
 #include "tests/support/failing_disk.h"

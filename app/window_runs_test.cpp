@@ -5,9 +5,18 @@
 #include <QLabel>
 #include <QProgressBar>
 #include <QSignalSpy>
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
 
+#include "app/commands.h"
 #include "app/page_pane.h"
+#include "app/table/summary_model.h"
 #include "app/testing/control_ids.h"
+#include "app/testing/widget_probe.h"
+#include "app/testing/window_fixture.h"
 #include "app/testing/window_test.h"
 #include "compare/critical_values.h"
 #include "compare/verdict.h"

@@ -29,7 +29,7 @@ public:
         m_count = count;
     }
 
-    std::span<double> Values() const {
+    [[nodiscard]] std::span<double> Values() const {
         return {m_values.get(), m_count};
     }
 

@@ -2,12 +2,18 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <bit>
+#include <cstddef>
+#include <cstdint>
 #include <cstring>
+#include <span>
 #include <stdexcept>
+#include <string>
 #include <string_view>
 #include <vector>
 
+#include "bench/bare_column.h"
 #include "bench/bare_loops.h"
 
 namespace bare {

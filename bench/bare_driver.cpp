@@ -4,14 +4,15 @@
 //   quorvel_bench_bare run START STOP REFERENCE COMPUTED...
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstddef>
 #include <cstdio>
 #include <exception>
 #include <iostream>
 #include <memory>
+#include <span>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "bench/bare_loops.h"

@@ -1,4 +1,6 @@
 #include <cmath>
+#include <cstddef>
+#include <span>
 
 #include "bench/bare_loops.h"
 

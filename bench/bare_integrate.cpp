@@ -1,3 +1,5 @@
+#include <cstddef>
+#include <span>
 #include "bench/bare_loops.h"
 
 namespace bare {

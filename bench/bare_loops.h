@@ -18,7 +18,7 @@ struct CAxis {
     std::int32_t first = 0;
     float timeStep = 0.0F;
 
-    double At(std::size_t i) const {
+    [[nodiscard]] double At(std::size_t i) const {
         return static_cast<double>(static_cast<float>(first + static_cast<std::int64_t>(i)) * timeStep);
     }
 };

@@ -1,5 +1,7 @@
-#include <algorithm>
+#include <array>
 #include <cmath>
+#include <cstddef>
+#include <span>
 
 #include "bench/bare_loops.h"
 

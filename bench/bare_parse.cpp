@@ -1,9 +1,12 @@
 #include <fast_float/fast_float.h>
+#include <fast_float/parse_number.h>
 
 #include <cstdio>
 #include <stdexcept>
+#include <string>
 #include <utility>
 
+#include "bench/bare_column.h"
 #include "bench/bare_loops.h"
 
 namespace bare {

@@ -1,3 +1,7 @@
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include "bench/bare_column.h"
 #include "bench/bare_loops.h"
 
 namespace bare {

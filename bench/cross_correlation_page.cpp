@@ -11,7 +11,8 @@
 #include <exception>
 #include <fstream>
 #include <iostream>
-#include <iterator>
+#include <memory>
+#include <ratio>
 #include <span>
 #include <stdexcept>
 #include <string>
@@ -19,6 +20,8 @@
 
 #include "compare/plots/page_ids.h"
 #include "compare/plots/page_table.h"
+#include "compare/plots/plot.h"
+#include "compare/signal.h"
 #include "tests/support/page_samples.h"
 
 namespace {

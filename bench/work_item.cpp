@@ -1,14 +1,18 @@
 #include "bench/work_item.h"
+#include <ctime>
 
 #include <cmath>
-#include <cstddef>
 #include <cstdlib>
 #include <ctime>
 #include <exception>
 #include <iomanip>
 #include <iostream>
 #include <limits>
+#include <map>
+#include <span>
 #include <stdexcept>
+#include <string>
+#include <vector>
 
 #if defined(__GLIBC__)
 #include <malloc.h>

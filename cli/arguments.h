@@ -28,12 +28,12 @@ public:
     /// @throws CUsageError for an unknown option, a missing or unwanted value, an option given too often
     CArguments(std::span<const COptionDeclaration> declarations, const std::vector<std::string>& arguments);
 
-    bool Has(std::string_view name) const;
+    [[nodiscard]] bool Has(std::string_view name) const;
     /// The values of an option, in order; an option of the kind Names without a value gives an empty text.
-    const std::vector<std::string>& Values(std::string_view name) const;
-    std::optional<std::string> Value(std::string_view name) const;
+    [[nodiscard]] const std::vector<std::string>& Values(std::string_view name) const;
+    [[nodiscard]] std::optional<std::string> Value(std::string_view name) const;
     /// What is neither option nor value: everything after "--", and before it what does not begin with "-".
-    const std::vector<std::string>& Files() const { return m_files; }
+    [[nodiscard]] const std::vector<std::string>& Files() const { return m_files; }
 
 private:
     struct COption {
@@ -41,7 +41,7 @@ private:
         bool present = false;
         std::vector<std::string> values;
     };
-    const COption& Find(std::string_view name) const;
+    [[nodiscard]] const COption& Find(std::string_view name) const;
 
     std::vector<COption> m_options;
     std::vector<std::string> m_files;

@@ -3,6 +3,9 @@
 #include <gmock/gmock.h>
 
 #include <array>
+#include <optional>
+#include <string>
+#include <vector>
 
 #include "cli/usage_error.h"
 

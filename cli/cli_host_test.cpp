@@ -4,6 +4,12 @@
 
 #include <cstdio>
 #include <memory>
+#include <optional>
+#include <string>
+#include "cli/commands/compare_options.h"
+#include "cli/output/console.h"
+#include "compare/document_host.h"
+#include "compare/setting_keys.h"
 
 namespace {
 

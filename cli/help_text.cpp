@@ -2,6 +2,10 @@
 
 #include <algorithm>
 #include <cctype>
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
 
 #include "cli/output/display_text.h"
 

@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "cli/exit_status.h"
 #include "cli/output/console.h"
 #include "cli/program.h"
 

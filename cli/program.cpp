@@ -3,7 +3,11 @@
 #include <algorithm>
 #include <array>
 #include <exception>
+#include <initializer_list>
 #include <new>
+#include <string>
+#include <string_view>
+#include <vector>
 
 #include "cli/commands/compare_command.h"
 #include "cli/commands/compare_help.h"
@@ -12,7 +16,10 @@
 #include "cli/commands/file_help.h"
 #include "cli/commands/report_command.h"
 #include "cli/commands/show_command.h"
+#include "cli/exit_status.h"
+#include "cli/help_text.h"
 #include "cli/join.h"
+#include "cli/output/console.h"
 #include "cli/usage_error.h"
 
 namespace {

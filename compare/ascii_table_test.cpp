@@ -1,8 +1,16 @@
 #include <gmock/gmock.h>
 
+#include <cstddef>
+#include <cstdint>
 #include <filesystem>
+#include <limits>
+#include <string>
+#include <utility>
+#include <vector>
 
+#include "compare/chart_block.h"
 #include "compare/export.h"
+#include "files/replacing_file.h"
 #include "tests/support/memory_limit.h"
 #include "tests/support/temp_folder.h"
 

@@ -1,11 +1,15 @@
 #include "compare/comparison.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstddef>
+#include <cstdint>
 #include <limits>
 #include <optional>
 #include <span>
+#include "compare/sampling.h"
+#include "signal/nsignal.h"
 
 namespace {
 

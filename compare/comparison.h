@@ -37,57 +37,57 @@ public:
     CSampling Compute(ks::CNSignal& computed, const ks::CNSignal& reference);
 
     /// Q / N, with Q of GetResidualSumOfSquares; Y units squared.
-    double GetMeanSquareResidual() const { return m_meanSquareResidual; }
+    [[nodiscard]] double GetMeanSquareResidual() const { return m_meanSquareResidual; }
 
     /// Largest |c(i)|, the last point left out; Y units. The first value counts with its sign, so a negative first
     /// value stays the peak until a larger magnitude follows.
-    double GetComputedPeak() const { return m_computedPeak; }
+    [[nodiscard]] double GetComputedPeak() const { return m_computedPeak; }
     /// The same of r(i).
-    double GetReferencePeak() const { return m_referencePeak; }
+    [[nodiscard]] double GetReferencePeak() const { return m_referencePeak; }
 
     // Largest and smallest value of the records as compared, the last point included; Y units.
-    double GetComputedMaximum() const { return m_computedMaximum; }
-    double GetReferenceMaximum() const { return m_referenceMaximum; }
-    double GetComputedMinimum() const { return m_computedMinimum; }
-    double GetReferenceMinimum() const { return m_referenceMinimum; }
+    [[nodiscard]] double GetComputedMaximum() const { return m_computedMaximum; }
+    [[nodiscard]] double GetReferenceMaximum() const { return m_referenceMaximum; }
+    [[nodiscard]] double GetComputedMinimum() const { return m_computedMinimum; }
+    [[nodiscard]] double GetReferenceMinimum() const { return m_referenceMinimum; }
 
     /// sqrt((Q - S^2 / N) / N), with S of GetResidualSum and Q of GetResidualSumOfSquares; Y units.
-    double GetResidualStandardDeviation() const { return m_residualStandardDeviation; }
+    [[nodiscard]] double GetResidualStandardDeviation() const { return m_residualStandardDeviation; }
     /// S = sum' e; Y units.
-    double GetResidualSum() const { return m_residualSum; }
+    [[nodiscard]] double GetResidualSum() const { return m_residualSum; }
     /// Q = sum' e^2; Y units squared.
-    double GetResidualSumOfSquares() const { return m_residualSumOfSquares; }
+    [[nodiscard]] double GetResidualSumOfSquares() const { return m_residualSumOfSquares; }
 
     /// 100 (points of sum' with |e| above the corridor size) / N; percent, 0 to 100. The first point is
     /// judged against 4.0 whatever the corridor size is.
-    double GetPercentOutsideCorridor() const { return m_percentOutsideCorridor; }
+    [[nodiscard]] double GetPercentOutsideCorridor() const { return m_percentOutsideCorridor; }
 
     /// N, the number of points compared; at least 0.
-    std::int32_t GetPointCount() const { return m_pointCount; }
+    [[nodiscard]] std::int32_t GetPointCount() const { return m_pointCount; }
 
     /// |(C - R) / C| with C = sumT t^k c and R = sumT t^k r, for the orders k = 0 to 5; no unit, a fraction of the
     /// computed signal's moment.
-    const std::array<double, 6>& GetMomentDifferences() const { return m_momentDifferences; }
+    [[nodiscard]] const std::array<double, 6>& GetMomentDifferences() const { return m_momentDifferences; }
     /// (dt sumT(c r) / 2) / (sqrt(dt sumT(c^2) / 2) sqrt(dt sumT(r^2) / 2)); no unit, -1 to 1 except for rounding.
-    double GetCorrelationFactor() const { return m_correlationFactor; }
+    [[nodiscard]] double GetCorrelationFactor() const { return m_correlationFactor; }
 
     /// M = sqrt(sum r^2) / sqrt(sum c^2) - 1, over every point once; no unit, -1 or greater.
-    double GetMagnitudeError() const { return m_magnitudeError; }
+    [[nodiscard]] double GetMagnitudeError() const { return m_magnitudeError; }
     /// P = 1 - sqrt(|sum c r|) / sqrt(sqrt(sum r^2) sqrt(sum c^2)), over every point once; no unit, 0 to 1 except
     /// for rounding.
-    double GetPhaseError() const { return m_phaseError; }
+    [[nodiscard]] double GetPhaseError() const { return m_phaseError; }
     /// C = sqrt(M^2 + P^2); no unit, 0 or greater.
-    double GetComprehensiveError() const { return m_comprehensiveError; }
+    [[nodiscard]] double GetComprehensiveError() const { return m_comprehensiveError; }
 
     /// T = (S / N) / (s / sqrt(N)) with s of GetResidualStandardDeviation; no unit. Not a number for equal signals.
-    double GetTStatistic() const { return m_tStatistic; }
+    [[nodiscard]] double GetTStatistic() const { return m_tStatistic; }
 
     // The common range: from the later start to the earlier end of both records; X units.
-    double GetMinimumTime() const { return m_minimumTime; }
-    double GetMaximumTime() const { return m_maximumTime; }
+    [[nodiscard]] double GetMinimumTime() const { return m_minimumTime; }
+    [[nodiscard]] double GetMaximumTime() const { return m_maximumTime; }
 
     /// Half-width of the corridor as last set, which Compute uses; Y units.
-    double GetCorridorSize() const { return m_corridorSize; }
+    [[nodiscard]] double GetCorridorSize() const { return m_corridorSize; }
 
 private:
     void Clear();

@@ -1,11 +1,17 @@
+#include "compare/chart_block.h"
 #include "compare/comparison.h"
 
 #include <benchmark/benchmark.h>
 
 #include <cmath>
+#include <cstdint>
 #include <cstdio>
+#include <utility>
+#include <vector>
 
 #include "compare/export.h"
+#include "files/replacing_file.h"
+#include "signal/nsignal.h"
 
 namespace {
 

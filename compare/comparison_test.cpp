@@ -2,12 +2,17 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <cmath>
+#include <cstddef>
+#include <cstdint>
 #include <limits>
 #include <numbers>
 #include <random>
+#include <vector>
 
 #include "files/error.h"
+#include "signal/nsignal.h"
 #include "tests/support/test_signals.h"
 
 namespace {

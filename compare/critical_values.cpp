@@ -3,6 +3,10 @@
 #include <algorithm>
 #include <array>
 #include <cassert>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
 
 #include "files/number_text.h"
 

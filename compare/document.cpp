@@ -1,19 +1,31 @@
 #include "compare/document.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <cstdint>
 #include <exception>
+#include <functional>
 #include <limits>
+#include <memory>
 #include <new>
 #include <optional>
 #include <stdexcept>
+#include <string>
 #include <utility>
+#include <vector>
 
+#include "compare/critical_values.h"
+#include "compare/document_host.h"
 #include "compare/export.h"
 #include "compare/messages.h"
+#include "compare/note.h"
 #include "compare/plots/page_table.h"
+#include "compare/plots/plot.h"
+#include "compare/sampling.h"
 #include "compare/setting_keys.h"
 #include "files/file_request.h"
 #include "files/path_text.h"
+#include "files/replacing_file.h"
 
 namespace {
 

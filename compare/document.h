@@ -15,6 +15,7 @@
 #include "compare/run_state.h"
 #include "compare/sampling.h"
 #include "compare/signal.h"
+#include "signal/nsignal.h"
 
 /// The comparison document: reference, computed signals, options, page list and the current page.
 ///
@@ -97,25 +98,25 @@ public:
     // What views and exports read.
 
     /// Whether a run is in progress, and how the last one ended.
-    CRunState Run() const { return m_run; }
-    const std::vector<CSignal>& ComputedSignals() const { return m_computed; }
-    const std::vector<boost::shared_ptr<ks::CNSignal>>& SignalCopies() const { return m_copies; }
-    const CSignal& Reference() const { return m_reference; }
-    const std::vector<std::int32_t>& PageList() const { return m_pageList; }
-    std::int32_t CurrentPageId() const { return m_pageId; }
-    const CPlot& CurrentPage() const { return *m_page; }
-    const CChartBlock& ChartBlock() const { return m_block; }
-    const CSeriesList& Series() const { return m_series; }
-    const std::vector<std::string>& SeriesNames() const { return m_seriesNames; }
+    [[nodiscard]] CRunState Run() const { return m_run; }
+    [[nodiscard]] const std::vector<CSignal>& ComputedSignals() const { return m_computed; }
+    [[nodiscard]] const std::vector<boost::shared_ptr<ks::CNSignal>>& SignalCopies() const { return m_copies; }
+    [[nodiscard]] const CSignal& Reference() const { return m_reference; }
+    [[nodiscard]] const std::vector<std::int32_t>& PageList() const { return m_pageList; }
+    [[nodiscard]] std::int32_t CurrentPageId() const { return m_pageId; }
+    [[nodiscard]] const CPlot& CurrentPage() const { return *m_page; }
+    [[nodiscard]] const CChartBlock& ChartBlock() const { return m_block; }
+    [[nodiscard]] const CSeriesList& Series() const { return m_series; }
+    [[nodiscard]] const std::vector<std::string>& SeriesNames() const { return m_seriesNames; }
     /// The sentences of the error messages, in order.
-    std::vector<std::string> ErrorMessages() const;
-    const std::vector<std::string>& ReferenceMessages() const { return m_referenceErrors; }
+    [[nodiscard]] std::vector<std::string> ErrorMessages() const;
+    [[nodiscard]] const std::vector<std::string>& ReferenceMessages() const { return m_referenceErrors; }
     /// What the last run did without being asked, in order; the signals and the reference have notes of their own.
-    const std::vector<CNote>& Notes() const { return m_notes; }
-    double CorridorSize() const { return m_corridorSize; }
-    bool AverageReference() const { return m_averageReference; }
-    bool FilterFlag() const { return m_filter; }
-    bool WindowFlag() const { return m_window; }
+    [[nodiscard]] const std::vector<CNote>& Notes() const { return m_notes; }
+    [[nodiscard]] double CorridorSize() const { return m_corridorSize; }
+    [[nodiscard]] bool AverageReference() const { return m_averageReference; }
+    [[nodiscard]] bool FilterFlag() const { return m_filter; }
+    [[nodiscard]] bool WindowFlag() const { return m_window; }
     void SetLineStyleMode(std::int32_t mode) { m_block.lineStyleMode = mode; }
 
 private:
@@ -129,7 +130,7 @@ private:
     void EndRun(CRunEnd end);
     void SetRun(CRunState run);
 
-    CFileSelection OfferedSelection() const;
+    [[nodiscard]] CFileSelection OfferedSelection() const;
     void TakeSelection(const CFileSelection& selection);
     CRunEnd PrepareAndCompare(const CFileSelection& selection);
     CRunEnd PrepareAndCompareLoaded(const CFileSelection& selection);
@@ -157,7 +158,7 @@ private:
     void EndProgress(CRunEnd end);
 
     bool BuildSeries();
-    std::vector<CSampling> ComputedSamplings() const;
+    [[nodiscard]] std::vector<CSampling> ComputedSamplings() const;
     void NoteCutsByPage(const std::vector<CSampling>& before);
     bool LayOutSeries();
     void FailPage(std::string sentence);

@@ -1,10 +1,18 @@
 // What a run and the pages note on the signals, on the reference and on the run.
 
 #include <gmock/gmock.h>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <utility>
+#include <vector>
 
+#include "compare/document_host.h"
+#include "compare/note.h"
 #include "compare/plots/page_ids.h"
 #include "tests/support/allocation_count.h"
 #include "tests/support/document_fixture.h"
+#include "tests/support/test_signals.h"
 
 namespace {
 

@@ -2,14 +2,24 @@
 
 #include <algorithm>
 #include <boost/make_shared.hpp>
+#include <cstddef>
+#include <cstdint>
 #include <exception>
+#include <functional>
 #include <new>
 #include <optional>
+#include <string>
 #include <utility>
+#include <vector>
 
 #include "compare/document.h"
+#include "compare/document_host.h"
 #include "compare/messages.h"
+#include "compare/note.h"
 #include "compare/plots/page_ids.h"
+#include "compare/run_state.h"
+#include "compare/sampling.h"
+#include "compare/signal.h"
 #include "signal/channel_class.h"
 
 namespace {

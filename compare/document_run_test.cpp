@@ -1,12 +1,18 @@
 #include <gmock/gmock.h>
 
+#include <cstddef>
+#include <cstdint>
 #include <stdexcept>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "compare/document_host.h"
+#include "compare/plots/plot.h"
+#include "compare/run_state.h"
 #include "tests/support/allocation_count.h"
 #include "tests/support/document_fixture.h"
+#include "tests/support/test_signals.h"
 
 namespace {
 

@@ -2,13 +2,21 @@
 
 #include <gmock/gmock.h>
 
+#include <cstddef>
+#include <cstdint>
+#include <optional>
 #include <utility>
+#include <vector>
 
+#include "compare/chart_block.h"
+#include "compare/critical_values.h"
 #include "compare/plots/page_table.h"
 #include "files/error.h"
 #include "files/uds_file.h"
 #include "tests/support/document_fixture.h"
 #include "tests/support/memory_limit.h"
+#include "tests/support/recording_host.h"
+#include "tests/support/temp_folder.h"
 
 namespace {
 

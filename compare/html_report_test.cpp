@@ -1,10 +1,16 @@
 #include <gmock/gmock.h>
 
+#include <cstddef>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
 #include "compare/export.h"
+#include "compare/signal.h"
+#include "compare/summary_columns.h"
+#include "compare/summary_table.h"
+#include "compare/verdict.h"
+#include "files/replacing_file.h"
 #include "tests/support/summary_samples.h"
 #include "tests/support/temp_folder.h"
 

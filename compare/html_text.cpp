@@ -1,6 +1,8 @@
 #include "compare/html_text.h"
 
 #include <cstdint>
+#include <string>
+#include <string_view>
 
 #include "files/utf8.h"
 

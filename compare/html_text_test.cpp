@@ -1,6 +1,8 @@
 #include "compare/html_text.h"
 
 #include <gmock/gmock.h>
+#include <string>
+#include <string_view>
 
 namespace {
 

@@ -1,5 +1,8 @@
 #include "compare/messages.h"
+#include <string>
+#include <string_view>
 
+#include "compare/sampling.h"
 #include "files/number_text.h"
 
 namespace {

@@ -1,6 +1,9 @@
 #include "compare/note.h"
+#include <string_view>
+#include <vector>
 
 #include "compare/messages.h"
+#include "compare/sampling.h"
 
 namespace {
 

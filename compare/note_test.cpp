@@ -1,6 +1,9 @@
 #include "compare/note.h"
 
 #include <gmock/gmock.h>
+#include <string>
+#include <vector>
+#include "compare/sampling.h"
 
 namespace {
 

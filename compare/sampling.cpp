@@ -1,6 +1,8 @@
 #include "compare/sampling.h"
 
 #include <algorithm>
+#include <cstddef>
+#include "signal/nsignal.h"
 
 CSampling SamplingOf(const ks::CNSignal& record) {
     const std::size_t points = record.GetPointCount();

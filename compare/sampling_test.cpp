@@ -1,6 +1,7 @@
 #include "compare/sampling.h"
 
 #include <gtest/gtest.h>
+#include <vector>
 
 #include "tests/support/test_signals.h"
 

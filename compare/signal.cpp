@@ -2,9 +2,15 @@
 
 #include <cstddef>
 #include <span>
+#include <string>
 #include <utility>
 
+#include "compare/note.h"
+#include "compare/sampling.h"
 #include "compare/summary_columns.h"
+#include "compare/verdict.h"
+#include "signal/formats/formats.h"
+#include "signal/signal_loader.h"
 
 namespace {
 

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "compare/comparison.h"
@@ -31,34 +33,36 @@ public:
     bool ReadAscii();
 
     /// Whether a run filters the signal; that of its file's format, true before a file was read.
-    bool ShouldFilter() const { return m_format == nullptr || m_format->shouldFilter; }
+    [[nodiscard]] bool ShouldFilter() const { return m_format == nullptr || m_format->shouldFilter; }
     /// Name of the format of its file, for sentences; empty before a file was read.
-    std::string_view FormatName() const { return m_format == nullptr ? std::string_view() : m_format->name; }
+    [[nodiscard]] std::string_view FormatName() const {
+        return m_format == nullptr ? std::string_view() : m_format->name;
+    }
 
     /// Computes the measures against `reference` and takes its path as the reference name. See CComparison::Compute;
     /// what that does to the record becomes notes.
     void Compare(const CSignal& reference);
 
     /// The record's warnings; after a failed reading, the readers' sentences.
-    const std::vector<std::string>& GetMessages() const { return m_record.GetWarnings(); }
-    std::size_t GetPointCount() const { return m_record.GetPointCount(); }
+    [[nodiscard]] const std::vector<std::string>& GetMessages() const { return m_record.GetWarnings(); }
+    [[nodiscard]] std::size_t GetPointCount() const { return m_record.GetPointCount(); }
 
     /// Text of the summary column at that place of SummaryColumns(); empty for any other.
-    std::string GetColumnText(int column) const;
+    [[nodiscard]] std::string GetColumnText(int column) const;
     /// Color of its verdict against the current critical values; white for any other. See Judge.
-    CVerdictColor GetColumnColor(int column) const;
+    [[nodiscard]] CVerdictColor GetColumnColor(int column) const;
 
     ks::CNSignal& Record() { return m_record; }
-    const ks::CNSignal& Record() const { return m_record; }
-    const std::string& GetPath() const { return m_path; }
+    [[nodiscard]] const ks::CNSignal& Record() const { return m_record; }
+    [[nodiscard]] const std::string& GetPath() const { return m_path; }
     void SetPath(std::string path) { m_path = std::move(path); }
-    const std::string& GetReferenceName() const { return m_referenceName; }
+    [[nodiscard]] const std::string& GetReferenceName() const { return m_referenceName; }
     void SetReferenceName(std::string name) { m_referenceName = std::move(name); }
     /// What was done to the record without being asked, in order; never among its warnings.
     std::vector<CNote>& Notes() { return m_notes; }
-    const std::vector<CNote>& Notes() const { return m_notes; }
+    [[nodiscard]] const std::vector<CNote>& Notes() const { return m_notes; }
     CComparison& Comparison() { return m_comparison; }
-    const CComparison& Comparison() const { return m_comparison; }
+    [[nodiscard]] const CComparison& Comparison() const { return m_comparison; }
 
 private:
     bool Take(ks::CLoadedSignal loaded);

@@ -4,8 +4,14 @@
 #include <cmath>
 #include <cstddef>
 #include <limits>
+#include <span>
+#include <string>
+#include <string_view>
 
+#include "compare/comparison.h"
+#include "compare/critical_values.h"
 #include "compare/signal.h"
+#include "compare/verdict.h"
 #include "files/number_text.h"
 
 namespace {

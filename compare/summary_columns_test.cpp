@@ -3,11 +3,14 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <iterator>
 #include <limits>
 #include <string>
 #include <vector>
 
+#include "compare/critical_values.h"
 #include "compare/signal.h"
+#include "compare/verdict.h"
 #include "tests/support/summary_samples.h"
 
 namespace {

@@ -2,7 +2,11 @@
 
 #include <cstddef>
 #include <numeric>
+#include <span>
 #include <stdexcept>
+#include <vector>
+#include "compare/signal.h"
+#include "compare/summary_columns.h"
 
 namespace {
 

@@ -1,15 +1,20 @@
 #include "files/ascii_points.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <span>
+#include <string>
+#include <string_view>
 #include <utility>
 
+#include "files/byte_source.h"
 #include "files/error.h"
 #include "files/input_file.h"
 #include "files/messages.h"
 #include "files/point_grammar.h"
+#include "files/points.h"
 
 namespace ks {
 namespace {

@@ -37,11 +37,11 @@ public:
     /// @throws CError "Failure to parse the data."; the points before the failure are kept
     void ParseData(std::string_view text);
 
-    const CPointColumns& Columns() const { return m_columns; }
+    [[nodiscard]] const CPointColumns& Columns() const { return m_columns; }
     CPointColumns TakeColumns();
 
     /// The points as a list of shared points, made at each call.
-    CPointList Points() const { return MakePointList(m_columns); }
+    [[nodiscard]] CPointList Points() const { return MakePointList(m_columns); }
 
 private:
     CPointColumns m_columns;

@@ -14,6 +14,7 @@
 #include "files/byte_source.h"
 #include "files/error.h"
 #include "files/number_text.h"
+#include "files/points.h"
 
 namespace {
 

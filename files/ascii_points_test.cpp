@@ -19,7 +19,9 @@
 #include <vector>
 
 #include "files/byte_source.h"
+#include "files/error.h"
 #include "files/number_text.h"
+#include "files/points.h"
 #include "tests/support/expect_error.h"
 #include "tests/support/point_reference.h"
 #include "tests/support/temp_folder.h"

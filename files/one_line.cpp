@@ -1,6 +1,8 @@
 #include "files/one_line.h"
 
 #include <algorithm>
+#include <string>
+#include <string_view>
 
 namespace ks {
 

@@ -82,7 +82,7 @@ public:
     using CPointParser::CPointParser;
 
     template <class Scanner>
-    typename result<Scanner>::type parse(const Scanner& scan) const {
+    [[nodiscard]] typename result<Scanner>::type parse(const Scanner& scan) const {
         double y = 0.0;
         const auto match = (*kWhite >> kReal[classic::assign_a(y)] >> kLineEnd).parse(scan);
         if (match) Append(*m_points, 0.0, y);
@@ -96,7 +96,7 @@ public:
     using CPointParser::CPointParser;
 
     template <class Scanner>
-    typename result<Scanner>::type parse(const Scanner& scan) const {
+    [[nodiscard]] typename result<Scanner>::type parse(const Scanner& scan) const {
         double x = 0.0;
         double y = 0.0;
         const auto match =
@@ -113,7 +113,7 @@ public:
     using CPointParser::CPointParser;
 
     template <class Scanner>
-    typename result<Scanner>::type parse(const Scanner& scan) const {
+    [[nodiscard]] typename result<Scanner>::type parse(const Scanner& scan) const {
         double x = 0.0;
         double y = 0.0;
         double z = 0.0;

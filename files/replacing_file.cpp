@@ -2,11 +2,16 @@
 
 #include <array>
 #include <cerrno>
+#include <cstddef>
 #include <cstdint>
+#include <cstdio>
 #include <filesystem>
 #include <memory>
 #include <optional>
 #include <random>
+#include <span>
+#include <string>
+#include <string_view>
 #include <system_error>
 
 #include "files/write_target.h"

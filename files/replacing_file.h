@@ -31,11 +31,11 @@ public:
     /// Appends `text`; nothing after a failure.
     void Put(std::string_view text);
     /// Whether something could not be written. Whatever follows is lost, so there is no need to make it.
-    bool HasFailed() const { return m_error != 0; }
+    [[nodiscard]] bool HasFailed() const { return m_error != 0; }
     /// The system's number of the failure; 0 without one.
-    int Error() const { return m_error; }
+    [[nodiscard]] int Error() const { return m_error; }
     /// Bytes taken so far.
-    std::uint64_t Size() const { return m_size; }
+    [[nodiscard]] std::uint64_t Size() const { return m_size; }
 
 private:
     std::FILE* m_stream;

@@ -1,6 +1,7 @@
 #include "files/same_file.h"
 
 #include <filesystem>
+#include <string>
 #include <system_error>
 
 #include "files/native_path.h"

@@ -1,11 +1,18 @@
 #include "files/uds_file.h"
 
+#include <cstddef>
+#include <span>
+#include <string>
 #include <utility>
+#include <vector>
 
+#include "files/byte_source.h"
 #include "files/error.h"
 #include "files/input_file.h"
 #include "files/messages.h"
+#include "files/number_format.h"
 #include "files/replacing_file.h"
+#include "files/uds_layout.h"
 #include "files/uds_reader.h"
 #include "files/uds_writer.h"
 

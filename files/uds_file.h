@@ -38,37 +38,37 @@ public:
     std::vector<std::byte> MakeImage();
 
     CUDSFields& Fields() { return m_content.fields; }
-    const CUDSFields& Fields() const { return m_content.fields; }
+    [[nodiscard]] const CUDSFields& Fields() const { return m_content.fields; }
 
     /// Points as columns; `z` is empty. The abscissa of point i in a "Y" file is NFP + i times delt, the product
     /// formed in single precision.
-    const CPointColumns& Columns() const { return m_content.columns; }
+    [[nodiscard]] const CPointColumns& Columns() const { return m_content.columns; }
     /// Gives the columns away; the file then holds no points.
     CPointColumns TakeColumns();
     /// @throws CError when `x` and `y` differ in length; the points held before are then kept
     void SetColumns(CPointColumns columns);
 
     /// The points as a list of shared points, made at each call.
-    CPointList Points() const { return MakePointList(m_content.columns); }
+    [[nodiscard]] CPointList Points() const { return MakePointList(m_content.columns); }
 
     /// Whether the header of a second vehicle or component is present, read or to be written.
-    bool HasSecondComponent() const { return m_content.secondComponent; }
+    [[nodiscard]] bool HasSecondComponent() const { return m_content.secondComponent; }
     void SetSecondComponent(bool present) { m_content.secondComponent = present; }
 
     /// Whether to write big-endian IEEE ("SUN") instead of the machine's own format. Default: no.
-    bool SunOutput() const { return m_sunOutput; }
+    [[nodiscard]] bool SunOutput() const { return m_sunOutput; }
     void SetSunOutput(bool sun) { m_sunOutput = sun; }
 
     /// Name of the number format of the file last read or written: "IEEE", "SUN", "VAX" or "UKNOWN".
-    std::string NumberFormatName() const;
+    [[nodiscard]] std::string NumberFormatName() const;
 
     /// Size in bytes of the file last read or written; 0 after a failure.
-    std::uint64_t ImageSize() const { return m_imageSize; }
+    [[nodiscard]] std::uint64_t ImageSize() const { return m_imageSize; }
 
     /// What the last Read changed; all zeros before it.
-    const CUDSRepairs& Repairs() const { return m_content.repairs; }
+    [[nodiscard]] const CUDSRepairs& Repairs() const { return m_content.repairs; }
 
-    const CUDSGeometry& Geometry() const { return m_geometry; }
+    [[nodiscard]] const CUDSGeometry& Geometry() const { return m_geometry; }
 
 protected:
     explicit CUDSFile(const CUDSGeometry& geometry);

@@ -6,7 +6,11 @@
 #include <utility>
 #include <vector>
 
+#include "files/number_format.h"
+#include "files/points.h"
+#include "files/uds_content.h"
 #include "files/uds_file.h"
+#include "files/uds_layout.h"
 #include "files/uds_writer.h"
 
 namespace ks {

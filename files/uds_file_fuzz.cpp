@@ -13,7 +13,9 @@
 #include <vector>
 
 #include "files/error.h"
+#include "files/uds_content.h"
 #include "files/uds_field_table.h"
+#include "files/uds_fields.h"
 #include "files/uds_file.h"
 
 namespace {

@@ -3,9 +3,13 @@
 #include <gmock/gmock.h>
 #include <sys/stat.h>
 
+#include <cstddef>
+#include <cstdint>
 #include <filesystem>
 #include <string>
+#include <vector>
 
+#include "files/uds_layout.h"
 #include "tests/support/expect_error.h"
 #include "tests/support/temp_folder.h"
 #include "tests/support/uds_bytes.h"

@@ -2,16 +2,22 @@
 
 #include <algorithm>
 #include <bit>
+#include <cstddef>
+#include <cstdint>
 #include <span>
-#include <string>
 #include <string_view>
 #include <utility>
 #include <variant>
+#include <vector>
 
 #include "files/error.h"
 #include "files/messages.h"
+#include "files/number_format.h"
 #include "files/text_encoding.h"
+#include "files/uds_content.h"
 #include "files/uds_field_table.h"
+#include "files/uds_fields.h"
+#include "files/uds_layout.h"
 
 namespace ks {
 namespace {

@@ -5,6 +5,7 @@
 
 #include "files/number_format.h"
 #include "files/uds_content.h"
+#include "files/uds_fields.h"
 #include "files/uds_layout.h"
 
 namespace ks {

@@ -2,14 +2,20 @@
 
 #include <gmock/gmock.h>
 
+#include <cstddef>
+#include <cstdint>
 #include <limits>
 #include <string>
 #include <string_view>
 #include <variant>
 #include <vector>
 
+#include "files/number_format.h"
+#include "files/points.h"
+#include "files/uds_content.h"
 #include "files/uds_field_table.h"
 #include "files/uds_file.h"
+#include "files/uds_layout.h"
 #include "tests/support/expect_error.h"
 #include "tests/support/uds_bytes.h"
 

@@ -1,5 +1,8 @@
 #include "files/write_target.h"
 
+#include <filesystem>
+#include <optional>
+#include <string>
 #include <system_error>
 #include <utility>
 

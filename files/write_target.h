@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <utility>
 
 namespace ks {
 
@@ -13,17 +14,17 @@ public:
     /// nowhere. No value when there can be no file.
     static std::optional<CWriteTarget> Find(const std::string& path);
 
-    const std::filesystem::path& Path() const { return m_path; }
-    std::filesystem::path Folder() const;
-    std::filesystem::perms Permissions() const { return m_status.permissions(); }
+    [[nodiscard]] const std::filesystem::path& Path() const { return m_path; }
+    [[nodiscard]] std::filesystem::path Folder() const;
+    [[nodiscard]] std::filesystem::perms Permissions() const { return m_status.permissions(); }
 
-    bool IsNew() const { return m_status.type() == std::filesystem::file_type::not_found; }
-    bool IsRegular() const { return m_status.type() == std::filesystem::file_type::regular; }
+    [[nodiscard]] bool IsNew() const { return m_status.type() == std::filesystem::file_type::not_found; }
+    [[nodiscard]] bool IsRegular() const { return m_status.type() == std::filesystem::file_type::regular; }
     /// Whether a file made next to it and renamed would leave other names with the old content.
-    bool HasSeveralNames() const;
+    [[nodiscard]] bool HasSeveralNames() const;
 
     /// Whether this user may write it, or create it where it is new. Touches nothing.
-    bool CanBeWritten() const;
+    [[nodiscard]] bool CanBeWritten() const;
 
 private:
     CWriteTarget(std::filesystem::path path, std::filesystem::file_status status)

@@ -4,9 +4,12 @@
 #include <cmath>
 #include <cstddef>
 #include <span>
+#include <string>
 
 #include "files/error.h"
 #include "files/number_text.h"
+#include "files/replacing_file.h"
+#include "signal/data.h"
 #include "signal/messages.h"
 
 namespace ks {

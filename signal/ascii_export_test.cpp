@@ -8,10 +8,12 @@
 #include <limits>
 #include <random>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "files/ascii_points.h"
-#include "files/error.h"
+#include "files/replacing_file.h"
+#include "signal/data.h"
 #include "tests/support/expect_error.h"
 #include "tests/support/temp_folder.h"
 

@@ -1,9 +1,16 @@
 #include "signal/data.h"
 
+#include <cstddef>
+#include <cstdint>
 #include <stdexcept>
+#include <string_view>
+#include <utility>
+#include <vector>
 
 #include "files/error.h"
+#include "files/points.h"
 #include "signal/data_status.h"
+#include "signal/limits.h"
 #include "signal/messages.h"
 
 namespace ks {

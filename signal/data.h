@@ -63,16 +63,16 @@ public:
     /// @throws std::runtime_error " Index Out of Bounds..." when i is not below both lengths
     void SetPoint(std::size_t i, double x, double y);
 
-    const std::vector<double>& GetX() const { return m_X; }
-    const std::vector<double>& GetY() const { return m_Y; }
-    const std::vector<double>& GetZ() const { return m_Z; }
-    std::size_t GetPointCount() const { return m_Y.size(); }
+    [[nodiscard]] const std::vector<double>& GetX() const { return m_X; }
+    [[nodiscard]] const std::vector<double>& GetY() const { return m_Y; }
+    [[nodiscard]] const std::vector<double>& GetZ() const { return m_Z; }
+    [[nodiscard]] std::size_t GetPointCount() const { return m_Y.size(); }
 
     // Derived values.
 
     /// Number of samples by the point numbers: 0 when NFP and NLP are both 0 or NFP > NLP, else NLP - NFP + 1,
     /// saturated to 32 bits. Always current.
-    std::int32_t GetCount() const;
+    [[nodiscard]] std::int32_t GetCount() const;
 
     /// Rebuilds X as delt * (NFP + i) for i = 0 ... Count - 1; its length may then differ from that of Y.
     void GenerateTime();
@@ -80,49 +80,49 @@ public:
     /// Computes and stores extrema, StartTime and EndTime. The extrema of an empty array do not change.
     void UpdateLimits();
 
-    double GetXMax() const { return Limits().x.maximum; }
-    double GetXMin() const { return Limits().x.minimum; }
-    double GetYMax() const { return Limits().y.maximum; }
-    double GetYMin() const { return Limits().y.minimum; }
-    double GetZMax() const { return Limits().z.maximum; }
-    double GetZMin() const { return Limits().z.minimum; }
-    double GetStartTime() const { return m_StartTime; }  ///< NFP * delt
-    double GetEndTime() const { return m_EndTime; }      ///< NLP * delt
+    [[nodiscard]] double GetXMax() const { return Limits().x.maximum; }
+    [[nodiscard]] double GetXMin() const { return Limits().x.minimum; }
+    [[nodiscard]] double GetYMax() const { return Limits().y.maximum; }
+    [[nodiscard]] double GetYMin() const { return Limits().y.minimum; }
+    [[nodiscard]] double GetZMax() const { return Limits().z.maximum; }
+    [[nodiscard]] double GetZMin() const { return Limits().z.minimum; }
+    [[nodiscard]] double GetStartTime() const { return m_StartTime; }  ///< NFP * delt
+    [[nodiscard]] double GetEndTime() const { return m_EndTime; }      ///< NLP * delt
 
     // Descriptors outside the header.
 
     /// Stores the canonical long form of a status code or word, upper-cased; see signal/data_status.h.
     void SetDataStatus(std::string_view text);
-    const std::string& GetDataStatus() const { return m_DataStatus; }
+    [[nodiscard]] const std::string& GetDataStatus() const { return m_DataStatus; }
 
     /// Physical quantity of Y after an operation, set by Integrate. The header's YTYPE stays as it is.
-    const std::string& GetYQuantity() const { return m_YQuantity; }
+    [[nodiscard]] const std::string& GetYQuantity() const { return m_YQuantity; }
     void SetYQuantity(std::string text) { m_YQuantity = std::move(text); }
 
     /// Channel frequency class of SAE J211: 60, 180, 600, 1000, or 1001 for unknown.
-    std::int32_t GetCFCClass() const { return m_CFCClass; }
+    [[nodiscard]] std::int32_t GetCFCClass() const { return m_CFCClass; }
     void SetCFCClass(std::int32_t value) { m_CFCClass = value; }
 
-    bool GetModified() const { return m_Modified; }
+    [[nodiscard]] bool GetModified() const { return m_Modified; }
     void SetModified(bool value) { m_Modified = value; }
 
     /// Path of the file that the record was loaded from; empty for a record made otherwise.
-    const std::string& GetSourcePath() const { return m_SourcePath; }
+    [[nodiscard]] const std::string& GetSourcePath() const { return m_SourcePath; }
     void SetSourcePath(std::string text) { m_SourcePath = std::move(text); }
     /// Number format of that file: "IEEE", "SUN" or "VAX"; empty for a record made otherwise.
-    const std::string& GetSourceFormat() const { return m_SourceFormat; }
+    [[nodiscard]] const std::string& GetSourceFormat() const { return m_SourceFormat; }
     void SetSourceFormat(std::string text) { m_SourceFormat = std::move(text); }
     /// "ASCII File" for a record read from an ASCII point file, else empty. A text to keep with the record; what
     /// follows from a file's format is a property of the format, see signal/formats/signal_format.h.
-    const std::string& GetFileType() const { return m_FileType; }
+    [[nodiscard]] const std::string& GetFileType() const { return m_FileType; }
     void SetFileType(std::string text) { m_FileType = std::move(text); }
 
     /// Four further reals, index 0 to 3. Filtering resets the first; loading puts injury value 5 into the fourth.
-    double GetFurtherReal(std::size_t index) const { return m_FurtherReals.at(index); }
+    [[nodiscard]] double GetFurtherReal(std::size_t index) const { return m_FurtherReals.at(index); }
     void SetFurtherReal(std::size_t index, double value) { m_FurtherReals.at(index) = value; }
 
     /// Whether the header of a second vehicle or component travels with the record from load to save.
-    bool HasSecondComponent() const { return m_SecondComponent; }
+    [[nodiscard]] bool HasSecondComponent() const { return m_SecondComponent; }
     void SetSecondComponent(bool present) { m_SecondComponent = present; }
 
     // Files.
@@ -170,8 +170,8 @@ protected:
 
 private:
     void KeepOrBuildX(const std::vector<double>& y, const std::vector<double>& z);
-    CLimits Limits() const;
-    CLimits ScannedLimits() const;
+    [[nodiscard]] CLimits Limits() const;
+    [[nodiscard]] CLimits ScannedLimits() const;
     void UpdateTimes();
     void TakeDescriptors(const CUDSFile& file);
     void FinishOperation(std::vector<double> x, std::vector<double> y);

@@ -1,4 +1,6 @@
 #include "signal/data_fields.h"
+#include "files/uds_field_list.h"
+#include "files/uds_fields.h"
 
 namespace ks {
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "files/uds_field_list.h"
 #include "files/uds_fields.h"
 
 namespace ks {

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include <limits>
+#include "files/uds_field_list.h"
 
 namespace ks {
 namespace {

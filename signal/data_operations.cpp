@@ -1,9 +1,14 @@
 #include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
 #include <utility>
+#include <vector>
 
 #include "files/error.h"
 #include "signal/data.h"
 #include "signal/integrate.h"
+#include "signal/limits.h"
 #include "signal/messages.h"
 #include "signal/resample.h"
 #include "signal/truncate.h"

@@ -1,8 +1,12 @@
 #include <gmock/gmock.h>
 
 #include <cmath>
+#include <cstddef>
+#include <cstdint>
 #include <limits>
-#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
 
 #include "files/error.h"
 #include "signal/data.h"

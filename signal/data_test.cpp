@@ -3,13 +3,19 @@
 #include <gmock/gmock.h>
 
 #include <atomic>
+#include <cstddef>
+#include <cstdint>
 #include <limits>
 #include <stdexcept>
 #include <thread>
 #include <type_traits>
+#include <utility>
 #include <vector>
 
 #include "files/error.h"
+#include "files/points.h"
+#include "files/uds_fields.h"
+#include "signal/data_fields.h"
 #include "signal/nsignal.h"
 
 namespace ks {

@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 
 #include <bit>
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <utility>

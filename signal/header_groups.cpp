@@ -1,12 +1,20 @@
 #include "signal/header_groups.h"
 
 #include <algorithm>
+#include <array>
+#include <cstddef>
 #include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
 #include <type_traits>
 #include <variant>
+#include <vector>
 
 #include "files/number_text.h"
 #include "files/uds_field_table.h"
+#include "files/uds_fields.h"
+#include "signal/data.h"
 
 namespace ks {
 namespace {

@@ -2,12 +2,15 @@
 
 #include <gmock/gmock.h>
 
+#include <cstddef>
+#include <cstdint>
 #include <limits>
 #include <map>
 #include <string>
 #include <vector>
 
 #include "files/uds_field_table.h"
+#include "signal/data.h"
 #include "tests/support/temp_folder.h"
 #include "tests/support/uds_bytes.h"
 

@@ -1,6 +1,10 @@
 #include "signal/integrate.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <vector>
 
 namespace ks {
 

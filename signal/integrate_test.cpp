@@ -3,8 +3,10 @@
 #include <gmock/gmock.h>
 
 #include <cmath>
+#include <cstdint>
 #include <limits>
 #include <numbers>
+#include <vector>
 
 #include "signal/limits.h"
 

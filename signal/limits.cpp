@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <cstdint>
+#include <span>
+#include <vector>
 
 #include "signal/whole_number.h"
 

@@ -3,7 +3,10 @@
 #include <gmock/gmock.h>
 
 #include <cmath>
+#include <cstddef>
+#include <cstdint>
 #include <limits>
+#include <vector>
 
 namespace ks {
 namespace {

@@ -1,6 +1,10 @@
 #include "signal/messages.h"
 
 #include <boost/lexical_cast.hpp>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
 
 #include "files/number_text.h"
 

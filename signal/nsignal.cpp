@@ -1,4 +1,6 @@
 #include "signal/nsignal.h"
+#include <cstdint>
+#include <span>
 
 #include "files/error.h"
 #include "signal/butterworth.h"

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <span>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "signal/data.h"
@@ -12,7 +13,7 @@ namespace ks {
 /// A signal record that can be filtered. What makes a result doubtful but not wrong goes to its list of warnings.
 class CNSignal : public CData {
 public:
-    const std::vector<std::string>& GetWarnings() const { return m_Warnings; }
+    [[nodiscard]] const std::vector<std::string>& GetWarnings() const { return m_Warnings; }
     void AddWarning(std::string text) { m_Warnings.push_back(std::move(text)); }
     void ClearWarnings() { m_Warnings.clear(); }
 

@@ -1,6 +1,11 @@
 #include "signal/resample.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <vector>
 
 #include "signal/limits.h"
 #include "signal/whole_number.h"

@@ -3,7 +3,11 @@
 #include <gmock/gmock.h>
 
 #include <cmath>
+#include <cstdint>
 #include <limits>
+#include <optional>
+#include <utility>
+#include <vector>
 
 #include "signal/limits.h"
 

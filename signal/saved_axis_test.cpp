@@ -4,6 +4,7 @@
 
 #include <vector>
 
+#include "signal/data.h"
 #include "tests/support/temp_folder.h"
 
 namespace ks {

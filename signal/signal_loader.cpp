@@ -3,8 +3,11 @@
 #include <array>
 #include <exception>
 #include <new>
+#include <string>
+#include <vector>
 
 #include "files/messages.h"
+#include "signal/formats/signal_format.h"
 
 namespace ks {
 namespace {

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "signal/formats/formats.h"
+#include "signal/formats/signal_format.h"
 #include "signal/nsignal.h"
 
 namespace ks {
@@ -19,7 +20,7 @@ struct CLoadedSignal {
                                             ///< then empty
     std::vector<std::string> complaints;    ///< one sentence for each attempt that failed, in order
 
-    bool IsLoaded() const { return format != nullptr; }
+    [[nodiscard]] bool IsLoaded() const { return format != nullptr; }
 };
 
 /// What listing the channels of a file gave.

@@ -3,13 +3,14 @@
 #include <gmock/gmock.h>
 
 #include <array>
-#include <filesystem>
+#include <cstdint>
 #include <new>
-#include <stdexcept>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "files/error.h"
+#include "signal/formats/formats.h"
 #include "tests/support/allocation_count.h"
 #include "tests/support/temp_folder.h"
 #include "tests/support/uds_bytes.h"

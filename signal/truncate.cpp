@@ -1,6 +1,9 @@
 #include "signal/truncate.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <span>
 
 #include "files/error.h"
 #include "signal/messages.h"

@@ -12,7 +12,7 @@ public:
     std::size_t begin = 0;
     std::size_t end = 0;
 
-    std::size_t Count() const { return end - begin; }
+    [[nodiscard]] std::size_t Count() const { return end - begin; }
 };
 
 /// The samples with start <= x < stop among the first `count` - 1: the last sample never counts, even inside the

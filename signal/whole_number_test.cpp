@@ -2,7 +2,9 @@
 
 #include <gmock/gmock.h>
 
+#include <cstdint>
 #include <limits>
+#include <optional>
 
 namespace ks {
 namespace {

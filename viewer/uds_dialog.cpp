@@ -9,18 +9,23 @@
 #include <QScrollBar>
 #include <QUrl>
 #include <exception>
+#include <initializer_list>
+#include <memory>
 #include <string>
 #include <utility>
 
 #include "files/file_request.h"
 #include "files/path_text.h"
+#include "files/replacing_file.h"
 #include "files/same_file.h"
 #include "signal/ascii_export.h"
+#include "signal/formats/formats.h"
 #include "signal/signal_loader.h"
 #include "viewer/header_pages.h"
 #include "viewer/messages.h"
 #include "viewer/print_preview.h"
 #include "viewer/printer.h"
+#include "viewer/report_pdf.h"
 #include "viewer/ui_uds_dialog.h"
 #include "viewer/viewer_host.h"
 #include "widgets/make_child.h"

@@ -17,8 +17,13 @@
 #include <QToolButton>
 #include <QUrl>
 #include <QWindow>
+#include <algorithm>
+#include <cstddef>
 #include <functional>
 #include <limits>
+#include <memory>
+#include <optional>
+#include <string>
 
 #include "tests/support/temp_folder.h"
 #include "tests/support/uds_bytes.h"

@@ -3,6 +3,8 @@
 #include <QCoreApplication>
 #include <QIcon>
 #include <QStringList>
+#include <cstdint>
+#include <memory>
 
 #include "app/resources.h"
 #include "app/ui_about_dialog.h"

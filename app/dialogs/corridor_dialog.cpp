@@ -1,4 +1,5 @@
 #include "app/dialogs/corridor_dialog.h"
+#include <memory>
 
 #include "app/dialogs/number_field.h"
 #include "app/messages.h"

@@ -18,7 +18,7 @@ public:
     ~CCorridorDlg() override;
 
     /// The size as last read from the dialog: > 0 and finite after the dialog was closed with OK.
-    double Size() const { return m_size; }
+    [[nodiscard]] double Size() const { return m_size; }
 
 public slots:
     /// OK: stays open unless the field holds a number > 0.

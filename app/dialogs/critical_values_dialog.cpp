@@ -1,7 +1,10 @@
 #include "app/dialogs/critical_values_dialog.h"
+#include <memory>
+#include <vector>
 
 #include "app/dialogs/number_field.h"
 #include "app/ui_critical_values_dialog.h"
+#include "compare/critical_values.h"
 
 namespace ksres {
 

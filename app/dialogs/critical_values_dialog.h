@@ -26,7 +26,7 @@ public:
     ~CCriticalValuesDlg() override;
 
     /// The values given; after OK, the edited values.
-    const CCriticalValues& Values() const { return m_values; }
+    [[nodiscard]] const CCriticalValues& Values() const { return m_values; }
 
 public slots:
     /// OK: stays open and focuses the first field, from the top, that does not hold a number.
@@ -35,7 +35,7 @@ public slots:
 private:
     using CField = std::pair<QLineEdit*, CCriticalValue>;
     /// One per criterion, from top to bottom.
-    std::vector<CField> Fields() const;
+    [[nodiscard]] std::vector<CField> Fields() const;
 
     std::unique_ptr<Ui::CCriticalValuesDlg> m_ui;
     CCriticalValues m_values;

@@ -3,6 +3,7 @@
 #include <QAction>
 #include <QListWidgetItem>
 #include <QPushButton>
+#include <memory>
 
 #include "app/ui_customize_dialog.h"
 

@@ -27,7 +27,7 @@ public:
     ~CCustomizeDialog() override;
 
     /// The ids given; after OK, those of the unchecked actions, in order.
-    const QStringList& HiddenIds() const { return m_hiddenIds; }
+    [[nodiscard]] const QStringList& HiddenIds() const { return m_hiddenIds; }
 
 public slots:
     void accept() override;

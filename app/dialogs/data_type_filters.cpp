@@ -1,7 +1,10 @@
 #include "app/dialogs/data_type_filters.h"
+#include <cstddef>
+#include <vector>
 
 #include "app/dialogs/file_picker.h"
 #include "app/settings.h"
+#include "compare/setting_keys.h"
 
 namespace {
 

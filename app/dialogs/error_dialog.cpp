@@ -1,8 +1,12 @@
 #include "app/dialogs/error_dialog.h"
 
 #include <QDir>
+#include <memory>
+#include <string>
+#include <vector>
 
 #include "app/ui_error_dialog.h"
+#include "compare/document_host.h"
 
 namespace ksres {
 

@@ -25,7 +25,7 @@ public:
     /// Appends `message` and a line end to the text.
     void AddMessage(const std::string& message);
     /// All messages, each followed by CR LF; empty without messages.
-    const QString& Text() const { return m_text; }
+    [[nodiscard]] const QString& Text() const { return m_text; }
 
     /// Appends the messages. Messages about one file are grouped under its path, in native form, with an empty line
     /// before and after the group.

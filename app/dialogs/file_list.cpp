@@ -8,10 +8,13 @@
 #include <QStyle>
 #include <QStyledItemDelegate>
 #include <algorithm>
+#include <cstddef>
 #include <filesystem>
 #include <functional>
 #include <memory>
+#include <string>
 #include <system_error>
+#include <vector>
 
 #include "app/dropped_files.h"
 #include "files/native_path.h"

@@ -15,7 +15,7 @@ public:
     explicit CFileList(QWidget* parent = nullptr);
 
     /// The paths in the order shown, byte for byte as they were given.
-    std::vector<std::string> Files() const;
+    [[nodiscard]] std::vector<std::string> Files() const;
     void AppendFiles(const std::vector<std::string>& files);
     /// Inserts before the entry `row`, or at the end when there is no such entry.
     void InsertFiles(int row, const std::vector<std::string>& files);
@@ -32,8 +32,8 @@ signals:
     void PathsDropped(const QStringList& paths, int row);
 
 protected:
-    QStringList mimeTypes() const override;
-    Qt::DropActions supportedDropActions() const override;
+    [[nodiscard]] QStringList mimeTypes() const override;
+    [[nodiscard]] Qt::DropActions supportedDropActions() const override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dragMoveEvent(QDragMoveEvent* event) override;
     void dropEvent(QDropEvent* event) override;
@@ -41,8 +41,8 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    bool BringsFiles(const QDropEvent& event) const;
-    int DropRow(const QPoint& position) const;
+    [[nodiscard]] bool BringsFiles(const QDropEvent& event) const;
+    [[nodiscard]] int DropRow(const QPoint& position) const;
     void MoveRow(int from, int to);
     void Mark(QListWidgetItem& item) const;
 };

@@ -9,6 +9,10 @@
 #include <QTimer>
 #include <QUrl>
 #include <QWindow>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
 
 #include "app/testing/widget_probe.h"
 

@@ -3,6 +3,10 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <cstddef>
+#include <memory>
+#include <optional>
+#include <vector>
 
 #include "files/path_text.h"
 #include "widgets/screen_room.h"

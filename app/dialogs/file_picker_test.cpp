@@ -10,6 +10,8 @@
 #include <QScreen>
 #include <QTemporaryDir>
 #include <QTest>
+#include <cstddef>
+#include <memory>
 
 #include "app/dialogs/data_type_filters.h"
 #include "app/testing/dialog_driver.h"

@@ -3,6 +3,8 @@
 #include <QCoreApplication>
 #include <QFontMetrics>
 #include <QLineEdit>
+#include <cstddef>
+#include <optional>
 
 #include "app/messages.h"
 #include "files/number_text.h"

@@ -13,6 +13,7 @@
 #include "app/testing/error_list_watcher.h"
 #include "app/testing/recorded_messages.h"
 #include "app/testing/widget_probe.h"
+#include "compare/critical_values.h"
 #include "compare/plots/page_table.h"
 
 namespace {

@@ -5,7 +5,12 @@
 #include <QMimeData>
 #include <QPushButton>
 #include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
 #include <utility>
+#include <vector>
 
 #include "app/dialogs/data_type_filters.h"
 #include "app/dialogs/file_picker.h"
@@ -15,7 +20,10 @@
 #include "app/sentences.h"
 #include "app/settings.h"
 #include "app/ui_select_files.h"
+#include "compare/document_host.h"
+#include "compare/setting_keys.h"
 #include "files/hit_list.h"
+#include "files/replacing_file.h"
 #include "signal/channel_class.h"
 #include "widgets/screen_room.h"
 #include "widgets/take_copy.h"

@@ -28,7 +28,7 @@ public:
     ~CSelectFiles() override;
 
     /// The selection; complete after the dialog was closed with OK.
-    const CFileSelection& Selection() const { return m_selection; }
+    [[nodiscard]] const CFileSelection& Selection() const { return m_selection; }
 
 public slots:
     /// OK: checks the controls, takes the selection, and closes; stays open if something is missing.
@@ -56,8 +56,8 @@ private:
     void SaveHitList();
     void TakeDropped(const QStringList& paths, int row);
     void RememberHitList(const QString& path);
-    ks::CFileRequest SignalFileRequest() const;
-    ks::CFileRequest HitListRequest() const;
+    [[nodiscard]] ks::CFileRequest SignalFileRequest() const;
+    [[nodiscard]] ks::CFileRequest HitListRequest() const;
 
     std::unique_ptr<Ui::CSelectFiles> m_ui;
     CFileSelection m_selection;

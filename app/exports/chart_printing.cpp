@@ -2,6 +2,7 @@
 
 #include "app/dialogs/printer_picker.h"
 #include "app/messages.h"
+#include "app/window_services.h"
 #include "chart/chart_control.h"
 #include "files/replacing_file.h"
 #include "widgets/pdf_file.h"

@@ -3,10 +3,12 @@
 #include "app/dialogs/data_type_filters.h"
 #include "app/dialogs/file_picker.h"
 #include "app/messages.h"
+#include "chart/chart_control.h"
 #include "files/file_request.h"
 #include "files/replacing_file.h"
 
 #include <optional>
+#include <string>
 
 namespace {
 

@@ -5,7 +5,9 @@
 #include "app/messages.h"
 #include "app/settings.h"
 #include "app/table/summary_list.h"
+#include "app/window_services.h"
 #include "compare/export.h"
+#include "compare/setting_keys.h"
 #include "files/file_request.h"
 #include "files/replacing_file.h"
 

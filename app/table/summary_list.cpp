@@ -6,9 +6,14 @@
 #include <QPainter>
 #include <QStringList>
 #include <QStyledItemDelegate>
+#include <cstddef>
 #include <memory>
 #include <utility>
+#include <vector>
 
+#include "app/table/summary_model.h"
+#include "compare/summary_table.h"
+#include "compare/verdict.h"
 #include "files/one_line.h"
 
 namespace {

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "app/table/summary_model.h"
+#include "compare/summary_table.h"
 
 /// The view of the summary: all columns of CSummaryModel, which the user may drag into another order. That order
 /// and the columns are kept for the list's lifetime, no matter which snapshot it shows.
@@ -17,20 +18,20 @@ public:
 
     /// Shows `snapshot` and sizes every column to its contents.
     void SetSnapshot(CSummarySnapshot snapshot);
-    const CSummarySnapshot& Snapshot() const { return m_model.Snapshot(); }
+    [[nodiscard]] const CSummarySnapshot& Snapshot() const { return m_model.Snapshot(); }
     /// Marks the results as those of the previous run, or removes the mark.
     void MarkPreviousRun(bool isPreviousRun);
 
     /// Columns in the order shown, each by its index in the table.
-    std::vector<int> DisplayedOrder() const;
+    [[nodiscard]] std::vector<int> DisplayedOrder() const;
     /// The table shown, with the order of its columns.
-    CSummaryTable DisplayedTable() const;
+    [[nodiscard]] CSummaryTable DisplayedTable() const;
     /// The fixed columns of the table as text: the headers, then the rows, columns in the order shown,
     /// separated by tabs; every line ends in CR LF. A tab or line end within a file's name becomes a blank.
-    QString CopyDataText() const;
+    [[nodiscard]] QString CopyDataText() const;
 
     /// The row at a point of the screen; -1 where there is none.
-    int RowAt(const QPoint& globalPosition) const;
+    [[nodiscard]] int RowAt(const QPoint& globalPosition) const;
 
 signals:
     /// The user asks for the context menu at a point of the screen, for a row or, with -1, for none.

@@ -46,24 +46,25 @@ public:
 
     /// Shows `snapshot`. With the same columns and files in the same order, the views keep selection and position.
     void SetSnapshot(CSummarySnapshot snapshot);
-    const CSummarySnapshot& Snapshot() const { return m_snapshot; }
+    [[nodiscard]] const CSummarySnapshot& Snapshot() const { return m_snapshot; }
     /// Marks the results as those of the previous run, or removes the mark.
     void MarkPreviousRun(bool isPreviousRun);
 
-    int rowCount(const QModelIndex& parent = {}) const override;
-    int columnCount(const QModelIndex& parent = {}) const override;
-    QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
-    QVariant headerData(int section, Qt::Orientation orientation, int role = Qt::DisplayRole) const override;
+    [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
+    [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
+    [[nodiscard]] QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
+    [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation,
+                                      int role = Qt::DisplayRole) const override;
 
 private:
     void TellThatCellsChanged();
-    QString Text(const QModelIndex& index) const;
-    const CSummaryColumn& Column(int section) const;
-    const CSummaryCell& Cell(const QModelIndex& index) const;
-    QVariant Background(const QModelIndex& index) const;
-    QVariant Foreground(const QModelIndex& index) const;
-    QString ToolTip(const QModelIndex& index) const;
-    QString AccessibleText(const QModelIndex& index) const;
+    [[nodiscard]] QString Text(const QModelIndex& index) const;
+    [[nodiscard]] const CSummaryColumn& Column(int section) const;
+    [[nodiscard]] const CSummaryCell& Cell(const QModelIndex& index) const;
+    [[nodiscard]] QVariant Background(const QModelIndex& index) const;
+    [[nodiscard]] QVariant Foreground(const QModelIndex& index) const;
+    [[nodiscard]] QString ToolTip(const QModelIndex& index) const;
+    [[nodiscard]] QString AccessibleText(const QModelIndex& index) const;
 
     CSummarySnapshot m_snapshot;
 };

@@ -8,9 +8,19 @@
 #include <QSignalSpy>
 #include <QTest>
 #include <QTextDocument>
+#include <memory>
+#include <string>
+#include <vector>
 
 #include "app/testing/contrast.h"
 #include "app/testing/summary_samples.h"
+#include "compare/critical_values.h"
+#include "compare/signal.h"
+#include "compare/summary_columns.h"
+#include "compare/summary_table.h"
+#include "compare/verdict.h"
+#include "tests/support/summary_samples.h"
+#include "tests/support/test_signals.h"
 
 namespace {
 

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "app/table/summary_model.h"
+#include "compare/signal.h"
 #include "tests/support/summary_samples.h"
 #include "tests/support/test_signals.h"
 

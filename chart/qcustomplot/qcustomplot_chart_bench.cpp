@@ -1,3 +1,4 @@
+#include "chart/chart_control.h"
 #include "chart/qcustomplot/qcustomplot_chart.h"
 
 #include <benchmark/benchmark.h>
@@ -7,11 +8,14 @@
 #include <QPainter>
 #include <QTemporaryDir>
 #include <QWidget>
+#include <cstdint>
 #include <memory>
+#include <string>
 
 #include "chart/chart_sequences.h"
 #include "chart/make_chart.h"
 #include "chart/testing/sample_blocks.h"
+#include "files/replacing_file.h"
 
 namespace {
 

@@ -1,5 +1,7 @@
 #include "cli/commands/compare_help.h"
+#include <string>
 
+#include "cli/help_text.h"
 #include "cli/join.h"
 #include "compare/critical_values.h"
 #include "files/number_text.h"

@@ -5,7 +5,6 @@
 #include <string>
 #include <vector>
 
-#include "cli/criteria.h"
 #include "compare/critical_values.h"
 
 /// A time window, in X units; min < max.
@@ -36,9 +35,9 @@ public:
     CVerbosity verbosity = CVerbosity::Usual;
 
     /// Whether the reference file is to be filtered.
-    bool FiltersReference() const { return cfc.has_value() && filterReference; }
+    [[nodiscard]] bool FiltersReference() const { return cfc.has_value() && filterReference; }
     /// Whether an output goes to standard output instead of the table.
-    bool UsesStandardOutput() const;
+    [[nodiscard]] bool UsesStandardOutput() const;
 };
 
 /// Reads the arguments after `compare`.

@@ -1,9 +1,14 @@
 #include "cli/commands/compare_options.h"
 
 #include <gmock/gmock.h>
+#include <optional>
+#include <string>
+#include <vector>
 
 #include "cli/commands/compare_help.h"
+#include "cli/help_text.h"
 #include "cli/usage_error.h"
+#include "compare/critical_values.h"
 
 namespace {
 

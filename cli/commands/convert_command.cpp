@@ -6,11 +6,15 @@
 #include <cstddef>
 #include <cstdint>
 #include <span>
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "cli/commands/file_input.h"
 #include "cli/commands/file_options.h"
+#include "cli/exit_status.h"
 #include "cli/join.h"
+#include "cli/output/console.h"
 #include "cli/output/outputs.h"
 #include "files/number_text.h"
 #include "files/uds_file.h"

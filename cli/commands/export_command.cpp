@@ -1,10 +1,15 @@
 #include "cli/commands/export_command.h"
+#include <string>
+#include <vector>
 
 #include "cli/commands/file_input.h"
 #include "cli/commands/file_options.h"
+#include "cli/exit_status.h"
+#include "cli/output/console.h"
 #include "cli/output/outputs.h"
 #include "files/error.h"
 #include "signal/ascii_export.h"
+#include "signal/nsignal.h"
 
 CExitStatus RunExport(const std::vector<std::string>& arguments, CConsole& console) {
     const CExportOptions options = ParseExportOptions(arguments);

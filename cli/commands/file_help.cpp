@@ -1,4 +1,6 @@
 #include "cli/commands/file_help.h"
+#include <vector>
+#include "cli/help_text.h"
 
 namespace {
 

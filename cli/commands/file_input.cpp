@@ -1,13 +1,19 @@
 #include "cli/commands/file_input.h"
 
+#include <functional>
 #include <new>
+#include <optional>
+#include <string>
 #include <utility>
 
+#include "cli/output/console.h"
 #include "cli/output/outputs.h"
 #include "cli/usage_error.h"
 #include "files/error.h"
 #include "files/messages.h"
 #include "files/same_file.h"
+#include "signal/formats/formats.h"
+#include "signal/nsignal.h"
 #include "signal/signal_loader.h"
 
 namespace {

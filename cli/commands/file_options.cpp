@@ -3,12 +3,15 @@
 #include <array>
 #include <optional>
 #include <span>
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "cli/arguments.h"
 #include "cli/join.h"
 #include "cli/output/outputs.h"
 #include "cli/usage_error.h"
+#include "signal/ascii_export.h"
 
 namespace {
 

@@ -3,9 +3,14 @@
 #include <gmock/gmock.h>
 
 #include <functional>
+#include <string>
+#include <utility>
+#include <vector>
 
 #include "cli/commands/file_help.h"
+#include "cli/help_text.h"
 #include "cli/usage_error.h"
+#include "signal/ascii_export.h"
 
 namespace {
 

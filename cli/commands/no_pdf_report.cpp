@@ -1,4 +1,7 @@
+#include <string>
 #include "cli/commands/pdf_report.h"
+#include "files/replacing_file.h"
+#include "signal/nsignal.h"
 
 bool CanWritePdfReport() {
     return false;

@@ -8,6 +8,7 @@
 #include <system_error>
 #include <vector>
 
+#include "cli/commands/compare_options.h"
 #include "cli/output/outputs.h"
 #include "cli/output/page_files.h"
 #include "cli/usage_error.h"

@@ -3,7 +3,10 @@
 #include <QApplication>
 #include <array>
 #include <cstdio>
+#include <string>
 
+#include "files/replacing_file.h"
+#include "signal/nsignal.h"
 #include "viewer/report_pdf.h"
 
 namespace {

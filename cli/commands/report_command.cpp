@@ -1,10 +1,15 @@
 #include "cli/commands/report_command.h"
+#include <string>
+#include <vector>
 
 #include "cli/commands/file_input.h"
 #include "cli/commands/file_options.h"
 #include "cli/commands/pdf_report.h"
+#include "cli/exit_status.h"
+#include "cli/output/console.h"
 #include "cli/output/outputs.h"
 #include "cli/usage_error.h"
+#include "signal/nsignal.h"
 
 CExitStatus RunReport(const std::vector<std::string>& arguments, CConsole& console) {
     const CReportOptions options = ParseReportOptions(arguments);

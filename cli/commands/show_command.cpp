@@ -1,13 +1,18 @@
 #include "cli/commands/show_command.h"
 
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "cli/commands/file_input.h"
 #include "cli/commands/file_options.h"
+#include "cli/exit_status.h"
 #include "cli/join.h"
+#include "cli/output/console.h"
 #include "cli/output/header_json.h"
 #include "cli/output/header_text.h"
 #include "cli/output/outputs.h"
+#include "signal/nsignal.h"
 
 namespace {
 

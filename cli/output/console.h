@@ -35,9 +35,9 @@ public:
     void EraseProgress();
 
     /// Whether results may be colored.
-    bool Color() const { return m_color; }
+    [[nodiscard]] bool Color() const { return m_color; }
     /// Columns of the terminal that standard output goes to; else COLUMNS, else 80.
-    std::size_t Width() const { return m_width; }
+    [[nodiscard]] std::size_t Width() const { return m_width; }
 
 private:
     std::FILE* m_out;

@@ -3,7 +3,11 @@
 #include <gmock/gmock.h>
 
 #include <utility>
+#include <vector>
 
+#include "compare/signal.h"
+#include "compare/summary_columns.h"
+#include "compare/summary_table.h"
 #include "tests/support/summary_samples.h"
 
 namespace {

@@ -2,6 +2,9 @@
 
 #include <algorithm>
 #include <array>
+#include <cstddef>
+#include <string>
+#include <string_view>
 #include <utility>
 
 #include "files/utf8.h"

@@ -2,11 +2,14 @@
 
 #include <cstdint>
 #include <nlohmann/json.hpp>
+#include <string>
 #include <utility>
 #include <variant>
 
 #include "cli/join.h"
 #include "files/uds_field_table.h"
+#include "files/uds_fields.h"
+#include "signal/data.h"
 #include "signal/header_groups.h"
 
 namespace {

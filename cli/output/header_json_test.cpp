@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "files/uds_field_table.h"
-#include "signal/header_groups.h"
+#include "signal/data.h"
 
 namespace {
 

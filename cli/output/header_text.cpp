@@ -1,7 +1,10 @@
 #include "cli/output/header_text.h"
+#include <string>
+#include <string_view>
 
 #include "cli/join.h"
 #include "cli/output/display_text.h"
+#include "signal/data.h"
 #include "signal/header_groups.h"
 
 std::string HeaderReport(const std::string& path, const ks::CData& record) {

@@ -1,6 +1,8 @@
 #include "cli/output/header_text.h"
 
 #include <gmock/gmock.h>
+#include <cstddef>
+#include "signal/data.h"
 
 namespace {
 

@@ -1,9 +1,24 @@
 #include "cli/output/json_results.h"
 
+#include <cstddef>
 #include <new>
 #include <nlohmann/json.hpp>
+#include <span>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
 
+#include "cli/commands/compare_options.h"
+#include "cli/output/notes.h"
+#include "compare/comparison.h"
+#include "compare/critical_values.h"
+#include "compare/note.h"
 #include "compare/plots/page_table.h"
+#include "compare/signal.h"
+#include "compare/summary_columns.h"
+#include "compare/verdict.h"
+#include "signal/nsignal.h"
 
 namespace {
 

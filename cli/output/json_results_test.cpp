@@ -4,10 +4,21 @@
 
 #include <boost/make_shared.hpp>
 #include <cmath>
+#include <cstdint>
 #include <cstring>
 #include <limits>
 #include <nlohmann/json.hpp>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
 
+#include "cli/commands/compare_options.h"
+#include "compare/chart_block.h"
+#include "compare/note.h"
+#include "compare/plots/plot.h"
+#include "compare/signal.h"
+#include "compare/summary_columns.h"
 #include "tests/support/summary_samples.h"
 
 namespace {

@@ -1,6 +1,14 @@
 #include "cli/output/notes.h"
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
 
 #include "cli/join.h"
+#include "cli/output/console.h"
+#include "compare/document.h"
+#include "compare/note.h"
+#include "compare/signal.h"
 
 namespace {
 

@@ -7,6 +7,7 @@
 
 #include "cli/output/console.h"
 #include "compare/document.h"
+#include "compare/note.h"
 
 /// Complains about every signal that has no time in common with its reference, and about signals with no time in common
 /// with each other, because such a run looks like a result. Other notes are printed on request only.
@@ -27,7 +28,7 @@ public:
     /// Records how many notes the document's signals have now.
     explicit CPageNotes(const CQuorvelDoc& document);
     /// The notes added since then.
-    std::vector<CPageNote> Added() const;
+    [[nodiscard]] std::vector<CPageNote> Added() const;
 
 private:
     const CQuorvelDoc& m_document;

@@ -1,6 +1,7 @@
 #include "cli/output/notes.h"
 
 #include <gmock/gmock.h>
+#include "compare/note.h"
 
 namespace {
 

@@ -2,11 +2,15 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <functional>
 #include <new>
 #include <stdexcept>
+#include <string>
+#include <string_view>
 #include <system_error>
 
 #include "files/native_path.h"
+#include "files/replacing_file.h"
 #include "files/same_file.h"
 
 void COutputs::Write(std::string_view what, const std::string& path, std::string_view text) {

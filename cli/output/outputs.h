@@ -28,7 +28,7 @@ public:
     /// Names the files that no output may replace: a measurement may exist only once.
     void Protect(std::vector<std::string> inputs) { m_inputs = std::move(inputs); }
     /// Whether `path` leads to a protected file.
-    bool Protects(const std::string& path) const;
+    [[nodiscard]] bool Protects(const std::string& path) const;
     /// The same; if so, it is a failure with its sentence.
     bool IsInput(const std::string& path);
     /// Makes the folder at `path` with its parents. False if it does not exist afterward.
@@ -41,7 +41,7 @@ public:
     void Finish();
 
     /// Whether anything could not be written.
-    bool Failed() const { return m_failed; }
+    [[nodiscard]] bool Failed() const { return m_failed; }
 
 private:
     CConsole& m_console;

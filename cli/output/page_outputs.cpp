@@ -1,18 +1,28 @@
 #include "cli/output/page_outputs.h"
 
+#include <cstddef>
+#include <cstdint>
 #include <exception>
 #include <filesystem>
 #include <optional>
 #include <set>
+#include <string>
 #include <system_error>
+#include <vector>
 
+#include "cli/cli_host.h"
+#include "cli/commands/compare_options.h"
 #include "cli/join.h"
+#include "cli/output/json_results.h"
 #include "cli/output/notes.h"
+#include "cli/output/outputs.h"
 #include "cli/output/page_files.h"
+#include "compare/document.h"
 #include "compare/export.h"
 #include "compare/plots/page_table.h"
 #include "files/native_path.h"
 #include "files/number_text.h"
+#include "signal/nsignal.h"
 #include "signal/saved_axis.h"
 
 namespace {

@@ -1,9 +1,18 @@
 #include "cli/output/table_report.h"
+#include <cstddef>
+#include <string>
+#include <string_view>
 
+#include "cli/commands/compare_options.h"
 #include "cli/join.h"
 #include "cli/output/display_text.h"
 #include "cli/output/notes.h"
+#include "cli/output/text_table.h"
+#include "compare/critical_values.h"
+#include "compare/document.h"
+#include "compare/summary_table.h"
 #include "files/number_text.h"
+#include "signal/nsignal.h"
 
 namespace {
 

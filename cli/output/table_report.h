@@ -5,6 +5,7 @@
 #include "cli/commands/compare_options.h"
 #include "cli/output/text_table.h"
 #include "compare/document.h"
+#include "compare/summary_table.h"
 
 /// What a completed run prints on standard output: reference and preparation, the numbered paths, the table, and the
 /// limits that its verdicts depend on.

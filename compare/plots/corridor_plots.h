@@ -1,8 +1,11 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "compare/plots/plot.h"
+#include "compare/signal.h"
+#include "signal/nsignal.h"
 
 /// Corridor: a band of fixed half-width around the reference, and every computed signal.
 class CPlot4GCorridor : public CPlot {

@@ -3,9 +3,14 @@
 #include <gmock/gmock.h>
 
 #include <cmath>
+#include <cstdint>
 #include <limits>
+#include <string>
+#include <utility>
+#include <vector>
 
 #include "compare/plots/page_ids.h"
+#include "compare/signal.h"
 #include "tests/support/page_samples.h"
 
 namespace {

@@ -4,6 +4,13 @@
 #include <array>
 #include <bit>
 #include <cmath>
+#include <complex>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <vector>
+#include "compare/plots/real_transform.h"
 
 namespace {
 

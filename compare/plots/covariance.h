@@ -1,6 +1,7 @@
 #pragma once
 
 #include <complex>
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <span>
@@ -54,9 +55,9 @@ public:
     std::vector<double> With(std::span<const double> b);
 
 private:
-    std::size_t Count() const { return m_first.values.size(); }
-    std::size_t Reach() const;  ///< the largest |lag| at which anything overlaps
-    bool UseTransform(const CCentered& b) const;
+    [[nodiscard]] std::size_t Count() const { return m_first.values.size(); }
+    [[nodiscard]] std::size_t Reach() const;  ///< the largest |lag| at which anything overlaps
+    [[nodiscard]] bool UseTransform(const CCentered& b) const;
     void PrepareTransform();
     std::vector<double> Values(const CCentered& b);
     void SumPlainly(const CCentered& b, std::span<double> sums, std::size_t firstShift) const;

@@ -2,10 +2,15 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <bit>
 #include <cmath>
+#include <cstddef>
+#include <cstdint>
 #include <limits>
 #include <numbers>
+#include <span>
+#include <vector>
 
 #include "tests/support/page_samples.h"
 

@@ -2,18 +2,24 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
 #include <cstdint>
 #include <limits>
 #include <new>
+#include <optional>
 #include <span>
 #include <utility>
+#include <vector>
 
 #include "compare/plots/covariance.h"
 #include "compare/plots/messages.h"
 #include "compare/plots/page_ids.h"
+#include "compare/plots/plot.h"
 #include "compare/plots/series.h"
+#include "compare/signal.h"
 #include "files/error.h"
 #include "signal/messages.h"
+#include "signal/nsignal.h"
 
 namespace {
 

@@ -1,6 +1,10 @@
 #pragma once
 
+#include <string>
+#include <vector>
 #include "compare/plots/plot.h"
+#include "compare/signal.h"
+#include "signal/nsignal.h"
 
 /// Cross Correlation: the covariance of the reference with itself and with every computed signal over offsets of up
 /// to 0.01 X units either way.

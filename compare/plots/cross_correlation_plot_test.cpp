@@ -5,6 +5,11 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <string>
+#include <vector>
+#include "compare/plots/plot.h"
+#include "compare/signal.h"
+#include "signal/nsignal.h"
 
 #if defined(__linux__)
 #include <sys/resource.h>

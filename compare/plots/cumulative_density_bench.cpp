@@ -1,6 +1,8 @@
 #include "compare/plots/cumulative_density.h"
 
 #include <benchmark/benchmark.h>
+#include <cstddef>
+#include <vector>
 
 #include "tests/support/page_samples.h"
 

@@ -1,6 +1,10 @@
 #pragma once
 
+#include <string>
+#include <vector>
 #include "compare/plots/plot.h"
+#include "compare/signal.h"
+#include "signal/nsignal.h"
 
 /// Cummulative Density: the empirical distribution of every computed signal's residual, 100 points each.
 class CPlotCumulativeDensity : public CPlot {

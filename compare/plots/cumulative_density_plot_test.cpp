@@ -1,11 +1,15 @@
-#include "compare/plots/cumulative_density_plot.h"
 
 #include <gmock/gmock.h>
 
+#include <cstddef>
 #include <limits>
+#include <string>
+#include <utility>
+#include <vector>
 
 #include "compare/chart_block.h"
 #include "compare/plots/page_ids.h"
+#include "compare/signal.h"
 #include "tests/support/page_samples.h"
 
 namespace {

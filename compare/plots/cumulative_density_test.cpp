@@ -3,7 +3,9 @@
 #include <gmock/gmock.h>
 
 #include <cmath>
+#include <cstddef>
 #include <limits>
+#include <vector>
 
 #include "compare/chart_block.h"
 #include "tests/support/page_samples.h"

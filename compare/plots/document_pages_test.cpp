@@ -1,13 +1,18 @@
 #include <gmock/gmock.h>
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "compare/chart_block.h"
+#include "compare/critical_values.h"
 #include "compare/document.h"
+#include "compare/document_host.h"
 #include "compare/plots/page_ids.h"
+#include "compare/setting_keys.h"
+#include "signal/nsignal.h"
 #include "tests/support/page_samples.h"
 #include "tests/support/temp_folder.h"
 

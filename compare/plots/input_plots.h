@@ -1,6 +1,10 @@
 #pragma once
 
+#include <string>
+#include <vector>
 #include "compare/plots/plot.h"
+#include "compare/signal.h"
+#include "signal/nsignal.h"
 
 /// Input Data: the reference and every computed signal as they are compared.
 class CPlotInput : public CPlot {

@@ -1,9 +1,14 @@
 #include <benchmark/benchmark.h>
 
 #include <cmath>
+#include <cstddef>
+#include <cstdint>
 #include <string>
+#include <vector>
 
 #include "compare/plots/page_table.h"
+#include "compare/plots/plot.h"
+#include "compare/signal.h"
 #include "tests/support/page_samples.h"
 
 namespace {

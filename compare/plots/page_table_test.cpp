@@ -3,13 +3,19 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <limits>
+#include <memory>
+#include <string>
+#include <string_view>
 #include <typeinfo>
+#include <vector>
 
 #include "compare/plots/corridor_plots.h"
 #include "compare/plots/cross_correlation_plot.h"
 #include "compare/plots/cumulative_density_plot.h"
 #include "compare/plots/input_plots.h"
+#include "compare/plots/plot.h"
 #include "compare/plots/residual_plot.h"
 
 namespace {

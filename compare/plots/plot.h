@@ -2,9 +2,7 @@
 
 #include <boost/shared_ptr.hpp>
 #include <cstdint>
-#include <memory>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "compare/signal.h"
@@ -33,7 +31,7 @@ public:
     virtual void GetAxisTitles(std::string& xTitle, std::string& yTitle) const;
 
     /// The page's id, or 0 for the base and the residuals page.
-    std::int32_t GetPageKind() const { return m_pageKind; }
+    [[nodiscard]] std::int32_t GetPageKind() const { return m_pageKind; }
 
 protected:
     explicit CPlot(std::int32_t pageKind) : m_pageKind(pageKind) {}

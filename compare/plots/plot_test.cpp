@@ -1,8 +1,12 @@
 #include "compare/plots/plot.h"
 
 #include <gmock/gmock.h>
+#include <cstddef>
+#include <vector>
 
+#include "compare/signal.h"
 #include "files/error.h"
+#include "signal/nsignal.h"
 #include "tests/support/page_samples.h"
 
 namespace {

@@ -3,9 +3,13 @@
 #include <fftw3.h>
 
 #include <bit>
+#include <complex>
+#include <cstddef>
 #include <limits>
+#include <memory>
 #include <new>
 #include <numbers>
+#include <span>
 #include <type_traits>
 #include <vector>
 

@@ -24,7 +24,7 @@ public:
     /// many factors 2, whose strides compete for the same cache lines.
     static std::size_t FastSize(std::size_t size);
 
-    std::size_t Size() const { return m_size; }
+    [[nodiscard]] std::size_t Size() const { return m_size; }
 
     /// Size() samples; what Forward reads and Backward writes.
     std::span<double> Samples();

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <cmath>
 #include <complex>
-#include <cstdint>
+#include <cstddef>
 #include <limits>
 #include <new>
 #include <numbers>

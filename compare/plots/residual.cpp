@@ -1,6 +1,9 @@
 #include "compare/plots/residual.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <span>
+#include <vector>
 
 std::vector<double> Residuals(std::span<const double> computed, std::span<const double> reference) {
     std::vector<double> residuals(std::min(computed.size(), reference.size()));

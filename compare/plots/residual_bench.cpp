@@ -1,6 +1,8 @@
 #include "compare/plots/residual.h"
 
 #include <benchmark/benchmark.h>
+#include <cstddef>
+#include <vector>
 
 #include "tests/support/page_samples.h"
 

@@ -1,11 +1,19 @@
 #include "compare/plots/residual_plot.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <cstdint>
 #include <limits>
+#include <optional>
+#include <string>
 #include <utility>
+#include <vector>
 
+#include "compare/plots/plot.h"
 #include "compare/plots/residual.h"
 #include "compare/plots/series.h"
+#include "compare/signal.h"
+#include "signal/nsignal.h"
 
 namespace {
 

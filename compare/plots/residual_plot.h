@@ -1,6 +1,10 @@
 #pragma once
 
+#include <string>
+#include <vector>
 #include "compare/plots/plot.h"
+#include "compare/signal.h"
+#include "signal/nsignal.h"
 
 /// Residuals: every computed signal minus the reference, over their common range.
 class CPlotResidual : public CPlot {

@@ -2,9 +2,13 @@
 
 #include <gmock/gmock.h>
 
+#include <cstddef>
+#include <cstdint>
 #include <limits>
+#include <vector>
 
 #include "compare/plots/page_ids.h"
+#include "compare/signal.h"
 #include "files/error.h"
 #include "tests/support/page_samples.h"
 

@@ -2,8 +2,15 @@
 
 #include <algorithm>
 #include <boost/make_shared.hpp>
+#include <cstddef>
+#include <optional>
 #include <span>
+#include <string>
 #include <utility>
+#include <vector>
+#include "compare/plots/plot.h"
+#include "compare/signal.h"
+#include "signal/nsignal.h"
 
 namespace {
 

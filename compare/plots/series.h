@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "compare/plots/plot.h"
+#include "compare/signal.h"
 #include "signal/nsignal.h"
 
 // What the pages share when they make their curves.

@@ -1,8 +1,11 @@
 #include "compare/plots/series.h"
 
 #include <gmock/gmock.h>
+#include <cstddef>
+#include <optional>
 
 #include "files/error.h"
+#include "signal/nsignal.h"
 #include "tests/support/page_samples.h"
 
 namespace {

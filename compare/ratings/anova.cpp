@@ -1,5 +1,7 @@
 #include "compare/ratings/anova.h"
 
+#include "compare/ratings/magnitude_phase.h"
+
 #include <array>
 #include <cmath>
 #include <string_view>

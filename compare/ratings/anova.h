@@ -3,7 +3,6 @@
 #include <optional>
 #include <string>
 
-#include "compare/ratings/magnitude_phase.h"
 #include "compare/ratings/samples.h"
 #include "compare/ratings/value.h"
 

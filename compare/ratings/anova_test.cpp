@@ -4,8 +4,11 @@
 
 #include <array>
 #include <cmath>
+#include <cstddef>
+#include <vector>
 
 #include "compare/ratings/messages.h"
+#include "compare/ratings/samples.h"
 #include "compare/ratings/testing/pairs.h"
 
 namespace ratings {

@@ -3,10 +3,15 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstddef>
+#include <optional>
+#include <span>
 #include <string>
 
+#include "compare/ratings/correlation.h"
 #include "compare/ratings/lag_search.h"
 #include "compare/ratings/messages.h"
+#include "compare/ratings/samples.h"
 #include "files/error.h"
 
 namespace ratings {

@@ -2,12 +2,16 @@
 
 #include <gtest/gtest.h>
 
-#include <array>
+#include <algorithm>
 #include <cmath>
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "compare/ratings/messages.h"
+#include "compare/ratings/samples.h"
 #include "compare/ratings/testing/pairs.h"
+#include "compare/ratings/value.h"
 #include "tests/support/expect_error.h"
 
 namespace ratings {

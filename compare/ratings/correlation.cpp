@@ -2,8 +2,13 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
+#include <optional>
+#include <span>
+#include <vector>
 
 #include "compare/plots/covariance.h"
+#include "compare/ratings/samples.h"
 
 namespace ratings {
 namespace {

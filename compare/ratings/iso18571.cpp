@@ -3,11 +3,19 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
+#include "compare/ratings/correlation.h"
 #include "compare/ratings/lag_search.h"
 #include "compare/ratings/messages.h"
+#include "compare/ratings/samples.h"
+#include "compare/ratings/value.h"
 #include "compare/ratings/warping.h"
 #include "files/error.h"
 

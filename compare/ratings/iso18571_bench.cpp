@@ -1,12 +1,15 @@
+#include "compare/ratings/correlation.h"
 #include "compare/ratings/iso18571.h"
 
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
 #include <vector>
 
 #include "compare/ratings/lag_search.h"
+#include "compare/ratings/samples.h"
 #include "compare/ratings/warping.h"
 
 namespace {

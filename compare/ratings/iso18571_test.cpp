@@ -2,13 +2,19 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <cmath>
+#include <cstddef>
+#include <cstdint>
 #include <limits>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "compare/ratings/messages.h"
+#include "compare/ratings/samples.h"
 #include "compare/ratings/testing/pairs.h"
+#include "compare/ratings/value.h"
 #include "tests/support/expect_error.h"
 
 namespace ratings {

@@ -6,6 +6,7 @@
 #include <cmath>
 
 #include "compare/ratings/messages.h"
+#include "compare/ratings/samples.h"
 #include "compare/ratings/testing/pairs.h"
 #include "tests/support/expect_error.h"
 

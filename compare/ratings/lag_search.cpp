@@ -2,10 +2,15 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
+#include <cstdint>
 #include <mutex>
+#include <span>
 #include <vector>
 
 #include "compare/plots/covariance.h"
+#include "compare/ratings/correlation.h"
+#include "compare/ratings/samples.h"
 
 namespace ratings {
 namespace {

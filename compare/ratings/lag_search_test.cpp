@@ -3,7 +3,12 @@
 #include <gmock/gmock.h>
 
 #include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <vector>
 
+#include "compare/ratings/correlation.h"
+#include "compare/ratings/samples.h"
 #include "compare/ratings/testing/pairs.h"
 #include "tests/support/page_samples.h"
 

@@ -2,9 +2,14 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
 #include <numbers>
+#include <span>
+#include <string_view>
 
 #include "compare/ratings/messages.h"
+#include "compare/ratings/samples.h"
+#include "compare/ratings/value.h"
 
 namespace ratings {
 namespace {

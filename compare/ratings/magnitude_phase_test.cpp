@@ -8,6 +8,7 @@
 #include <numbers>
 
 #include "compare/ratings/messages.h"
+#include "compare/ratings/samples.h"
 #include "compare/ratings/testing/pairs.h"
 
 namespace ratings {

@@ -2,11 +2,20 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
 #include <limits>
+#include <span>
 #include <string>
+#include <vector>
 
+#include "compare/comparison.h"
+#include "compare/ratings/cora.h"
+#include "compare/ratings/iso18571.h"
+#include "compare/ratings/knowles_gear.h"
 #include "compare/ratings/messages.h"
+#include "compare/ratings/samples.h"
 #include "files/error.h"
+#include "signal/nsignal.h"
 #include "signal/truncate.h"
 #include "signal/units.h"
 

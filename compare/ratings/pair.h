@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstddef>
 #include <string_view>
 #include <vector>
 
@@ -23,7 +22,9 @@ struct CRatedPair {
     std::string_view timeReason;
 
     /// X of the last sample, as the time base has it; meaningless without samples.
-    double End() const { return time.startS + time.stepS * (static_cast<double>(samples.reference.size()) - 1.0); }
+    [[nodiscard]] double End() const {
+        return time.startS + time.stepS * (static_cast<double>(samples.reference.size()) - 1.0);
+    }
 };
 
 /// The pair of a computed record as it was compared and the reference cut to the same range. Values are paired one by
@@ -43,7 +44,7 @@ struct CResampledSamples {
     std::vector<double> reference;
     std::vector<double> computed;
 
-    CSamples View() const { return {reference, computed}; }
+    [[nodiscard]] CSamples View() const { return {reference, computed}; }
 };
 
 /// Number of samples that a step gives: k * stepS for k = 0 ... floor(length / stepS + 1e-9).

@@ -2,11 +2,17 @@
 
 #include <gmock/gmock.h>
 
-#include <array>
+#include <algorithm>
 #include <cmath>
+#include <cstddef>
+#include <string_view>
+#include <vector>
 
+#include "compare/comparison.h"
 #include "compare/ratings/messages.h"
 #include "compare/ratings/testing/pairs.h"
+#include "compare/ratings/value.h"
+#include "signal/nsignal.h"
 #include "tests/support/test_signals.h"
 
 namespace ratings {

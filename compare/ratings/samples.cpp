@@ -2,6 +2,10 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
+#include <span>
+#include <string_view>
+#include <vector>
 
 #include "compare/ratings/messages.h"
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <span>
 #include <string_view>
@@ -44,7 +45,7 @@ struct CScaledSamples {
     std::vector<double> computed;
     int exponent = 0;
 
-    CSamples View() const { return {reference, computed}; }
+    [[nodiscard]] CSamples View() const { return {reference, computed}; }
 };
 
 CScaledSamples ScaleTogether(const CSamples& samples);

@@ -2,8 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
+#include <vector>
 
 #include "compare/ratings/messages.h"
 #include "compare/ratings/testing/pairs.h"

@@ -23,12 +23,12 @@ public:
     /// @param sentence  what failed, as the user reads it
     static CValue Error(std::string_view sentence);
 
-    CValueState State() const { return m_state; }
-    bool IsNumber() const { return m_state == CValueState::Number; }
+    [[nodiscard]] CValueState State() const { return m_state; }
+    [[nodiscard]] bool IsNumber() const { return m_state == CValueState::Number; }
     /// @throws std::bad_optional_access unless IsNumber()
-    double Number() const { return m_number.value(); }
+    [[nodiscard]] double Number() const { return m_number.value(); }
     /// Empty when IsNumber().
-    const std::string& Reason() const { return m_reason; }
+    [[nodiscard]] const std::string& Reason() const { return m_reason; }
 
 private:
     CValue(CValueState state, std::string_view reason) : m_state(state), m_reason(reason) {}

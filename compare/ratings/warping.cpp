@@ -3,9 +3,11 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstddef>
 #include <cstdint>
 #include <limits>
 #include <vector>
+#include "compare/ratings/samples.h"
 
 namespace ratings {
 namespace {

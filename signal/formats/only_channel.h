@@ -6,6 +6,7 @@
 #include "files/error.h"
 #include "signal/formats/signal_format.h"
 #include "signal/messages.h"
+#include "signal/nsignal.h"
 
 namespace ks {
 

@@ -1,5 +1,8 @@
+#include <string>
 #include "signal/formats/formats.h"
 #include "signal/formats/only_channel.h"
+#include "signal/formats/signal_format.h"
+#include "signal/nsignal.h"
 
 namespace ks {
 namespace {

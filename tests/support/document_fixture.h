@@ -58,9 +58,13 @@ protected:
         host.saveRequests.clear();
     }
 
-    const ks::CNSignal& Computed(std::size_t i) const { return document.ComputedSignals().at(i).Record(); }
-    const CComparison& Measures(std::size_t i) const { return document.ComputedSignals().at(i).Comparison(); }
-    const ks::CNSignal& Reference() const { return document.Reference().Record(); }
+    [[nodiscard]] const ks::CNSignal& Computed(std::size_t i) const {
+        return document.ComputedSignals().at(i).Record();
+    }
+    [[nodiscard]] const CComparison& Measures(std::size_t i) const {
+        return document.ComputedSignals().at(i).Comparison();
+    }
+    [[nodiscard]] const ks::CNSignal& Reference() const { return document.Reference().Record(); }
 
     CTempFolder folder;
     CRecordingHost host;

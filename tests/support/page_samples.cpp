@@ -1,11 +1,18 @@
 #include "tests/support/page_samples.h"
 
 #include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
 #include <numbers>
 #include <random>
 #include <utility>
+#include <vector>
 
 #include "compare/plots/page_table.h"
+#include "compare/plots/plot.h"
+#include "compare/signal.h"
+#include "signal/nsignal.h"
 
 ks::CNSignal TimeSignal(double timeStep, std::vector<double> y, std::int32_t firstPoint) {
     ks::CNSignal record;

@@ -1,8 +1,12 @@
 #include "tests/support/point_reference.h"
 
+#include <array>
 #include <cstddef>
 #include <cstdlib>
+#include <string>
+#include <string_view>
 #include <utility>
+#include <vector>
 
 namespace {
 

@@ -19,7 +19,9 @@
 #include "compare/ratings/iso18571.h"
 #include "compare/ratings/knowles_gear.h"
 #include "compare/ratings/magnitude_phase.h"
+#include "compare/ratings/samples.h"
 #include "compare/ratings/single_values.h"
+#include "compare/ratings/value.h"
 
 namespace {
 

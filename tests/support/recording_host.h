@@ -9,6 +9,8 @@
 
 #include "compare/critical_values.h"
 #include "compare/document_host.h"
+#include "compare/run_state.h"
+#include "compare/setting_keys.h"
 
 /// A host that gives prepared answers and records the requests.
 class CRecordingHost : public CDocumentHost {

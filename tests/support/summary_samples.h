@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "compare/critical_values.h"
 #include "compare/signal.h"
 #include "compare/summary_columns.h"
 #include "compare/summary_table.h"

@@ -1,10 +1,14 @@
 #include "tests/support/temp_folder.h"
 
+#include <filesystem>
 #include <fstream>
+#include <ios>
 #include <iterator>
 #include <random>
 #include <set>
 #include <stdexcept>
+#include <string>
+#include <string_view>
 #include <system_error>
 
 CTempFolder::CTempFolder() {

@@ -13,11 +13,11 @@ public:
     ~CTempFolder();
 
     /// UTF-8 path of `name` in the folder.
-    std::string Path(std::string_view name) const;
+    [[nodiscard]] std::string Path(std::string_view name) const;
     /// Writes a file and gives its path; throws where it cannot, which fails the test in any framework.
     std::string Write(std::string_view name, std::string_view bytes) const;
     /// The names in the folder, sorted, one per line.
-    std::string Listing() const;
+    [[nodiscard]] std::string Listing() const;
 
 private:
     std::filesystem::path m_folder;

@@ -32,8 +32,8 @@ public:
     /// Cuts or extends the file with zero bytes.
     CUDSBytes& Resize(std::size_t size);
 
-    const std::string& Text() const { return m_bytes; }
-    std::span<const std::byte> Bytes() const { return std::as_bytes(std::span(m_bytes)); }
+    [[nodiscard]] const std::string& Text() const { return m_bytes; }
+    [[nodiscard]] std::span<const std::byte> Bytes() const { return std::as_bytes(std::span(m_bytes)); }
 
 private:
     CUdsNumbers m_numbers;

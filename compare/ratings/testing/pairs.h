@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <cstddef>
+#include <utility>
 #include <vector>
 
 #include "compare/ratings/samples.h"
@@ -15,7 +16,7 @@ struct CPairOfSignals {
     std::vector<double> reference;
     std::vector<double> computed;
 
-    CSamples View() const { return {reference, computed}; }
+    [[nodiscard]] CSamples View() const { return {reference, computed}; }
 };
 
 /// curve(0) ... curve(count - 1), the index as a double.
