@@ -128,7 +128,7 @@ TEST_F(Notes, TellThatASignalHasNoTimeInCommonWithTheReference) {
     // 1.5, where the line through (5, 1) and (5.5, 2) is -8, -7, -6.
     EXPECT_THAT(Of(0),
                 ElementsAre("no-common-time: No time in common with " + reference +
-                                ", which runs from 0 to 2; this signal runs from 5 to 6. Its results mean nothing.",
+                                ", which runs from 0 to 2; this signal runs from 5 to 6. A comparison of the two means nothing.",
                             "resampled: Resampled for the comparison: 3 points from 5 to 6 without a time step "
                             "became 12 points from 0.5 to 6 at a step of 0.5. Beyond its own points the curve "
                             "goes on as a straight line.",
@@ -146,7 +146,7 @@ TEST_F(Notes, TellItAlsoWhenTheComparisonFails) {
     EXPECT_THAT(document.ErrorMessages(), ElementsAre(late + ": Stop time (2) is before or equals Start Time (50)"));
     EXPECT_THAT(Of(0),
                 ElementsAre("no-common-time: No time in common with " + reference +
-                            ", which runs from 0 to 2; this signal runs from 50 to 51. Its results mean nothing."));
+                            ", which runs from 0 to 2; this signal runs from 50 to 51. A comparison of the two means nothing."));
 }
 
 // A run without one.
@@ -184,7 +184,7 @@ TEST_F(Notes, TellThatASignalHasNoTimeInCommonWithTheFirst) {
     EXPECT_THAT(OfRun(), ElementsAre(StartsWith("average-is-first: ")));
     EXPECT_THAT(Of(0), testing::Each(testing::Not(StartsWith("no-common-time"))));
     EXPECT_EQ(Of(1).front(), "no-common-time: No time in common with " + a +
-                                 ", which runs from 0 to 1; this signal runs from 5 to 6. Its results mean nothing.");
+                                 ", which runs from 0 to 1; this signal runs from 5 to 6. A comparison of the two means nothing.");
 }
 
 TEST_F(Notes, TellWhatSignalsWithoutACommonTimeAreComparedWith) {
@@ -206,7 +206,7 @@ TEST_F(Notes, TellWhatSignalsWithoutACommonTimeAreComparedWith) {
                                    "point from 0 to 0."));
     EXPECT_EQ(Of(1).front(),
               "no-common-time: No time in common with " + early +
-                  ", which runs from 0 to 0.5; this signal runs from 0.5 to 1. Its results mean nothing.");
+                  ", which runs from 0 to 0.5; this signal runs from 0.5 to 1. A comparison of the two means nothing.");
 }
 
 TEST_F(Notes, AreForgottenByTheNextRun) {

@@ -63,7 +63,7 @@ std::string CutByPageNote(std::string_view pageName, const CSampling& before, co
 
 std::string NoCommonTimeNote(const CSampling& signal, std::string_view path, const CSampling& reference) {
     return "No time in common with " + std::string(path) + ", which runs " + RangeText(reference) +
-           "; this signal runs " + RangeText(signal) + ". Its results mean nothing.";
+           "; this signal runs " + RangeText(signal) + ". A comparison of the two means nothing.";
 }
 
 std::string AverageIsFirstNote(std::string_view path) {

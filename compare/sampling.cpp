@@ -13,5 +13,8 @@ CSampling SamplingOf(const ks::CNSignal& record) {
 bool HaveNoCommonTime(const CSampling& a, const CSampling& b) {
     if (a.points == 0 || b.points == 0) return false;
     if (a.first == b.first && a.last == b.last) return false;
-    return std::max(a.first, b.first) >= std::min(a.last, b.last);
+    const double start = std::max(a.first, b.first);
+    const double stop = std::min(a.last, b.last);
+    const bool hasInstant = a.first == a.last || b.first == b.last;  // a sample alone may lie within the other signal
+    return hasInstant ? start > stop : start >= stop;
 }

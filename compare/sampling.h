@@ -15,6 +15,7 @@ struct CSampling {
 /// Takes no time that grows with the record.
 CSampling SamplingOf(const ks::CNSignal& record);
 
-/// Whether the times of both curves have no span in common: one ends before, or just when, the other starts. False
-/// when either has no points, and for two curves of the same range.
+/// Whether the times of both curves have no span in common: one ends before, or just when, the other starts. Of a curve
+/// at a single instant only whether that lies outside the other. False when either has no points, and for two curves of
+/// the same range.
 bool HaveNoCommonTime(const CSampling& a, const CSampling& b);

@@ -43,6 +43,14 @@ TEST(HaveNoCommonTime, IsFalseForTwoCurvesOfOneInstant) {
     EXPECT_FALSE(HaveNoCommonTime({1, 1.0, 1.0, 0.0}, {1, 1.0, 1.0, 0.0}));
 }
 
+TEST(HaveNoCommonTime, AsksASingleInstantOnlyWhetherItLiesWithinTheOther) {
+    const CSampling instant{1, 0.5, 0.5, 0.0};
+    EXPECT_FALSE(HaveNoCommonTime(instant, Range(0.0, 1.0)));
+    EXPECT_FALSE(HaveNoCommonTime(Range(0.5, 1.0), instant));
+    EXPECT_TRUE(HaveNoCommonTime(instant, Range(0.6, 1.0)));
+    EXPECT_TRUE(HaveNoCommonTime(Range(0.0, 0.4), instant));
+}
+
 TEST(HaveNoCommonTime, IsFalseWithoutPoints) {
     EXPECT_FALSE(HaveNoCommonTime({}, Range(1.0, 2.0)));
     EXPECT_FALSE(HaveNoCommonTime(Range(1.0, 2.0), {}));

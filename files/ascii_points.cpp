@@ -35,10 +35,6 @@ std::size_t KeptOfPair(char first, char second) {
     return first == ' ' && second == ' ' ? 0 : kNowhere;
 }
 
-bool IsWhite(char c) {
-    return c == ' ' || (c >= '\t' && c <= '\r');
-}
-
 /// Room for the points of a text of `size` bytes, a line each, that begins with `text`.
 void MakeRoom(CPointColumns& columns, std::string_view text, std::uint64_t size) {
     if (text.empty()) return;
@@ -55,7 +51,7 @@ void FillZ(CPointColumns& columns) {
 
 /// Whether any text that parses can hold the character.
 bool MayStandInData(char c) {
-    return syntax::IsOfNumber(c) || IsWhite(c) || c == ',';
+    return syntax::IsOfNumber(c) || syntax::IsWhite(c) || c == ',';
 }
 
 /// Where a text's data end, and whether something that can never parse comes before that.
@@ -72,7 +68,7 @@ CDataEnd FindDataEnd(std::string_view text, std::size_t start) {
     for (std::size_t i = start; i < text.size(); ++i) {
         const char c = text[i];
         if (!MayStandInData(c)) return {i + 1, true};
-        if (i == 0 || !IsWhite(c)) continue;
+        if (i == 0 || !syntax::IsWhite(c)) continue;
         const std::size_t kept = KeptOfPair(text[i - 1], c);
         if (kept != kNowhere) return {i - 1 + kept, false};
     }
@@ -131,10 +127,11 @@ void CReading::ReadPiece(const std::string& path) {
 }
 
 /// Parses what is certain, or all that is left. A point of many pieces is tried again each time the text has doubled,
-/// so that its length counts only once.
+/// so that its length counts only once. Where nothing is certain yet, a text that can only fail is not waited for.
 bool CReading::Parse() {
     if (!m_isLast && m_text.size() < m_enough) return true;
     const std::size_t certain = m_isLast ? m_text.size() : syntax::CertainLength(m_text);
+    if (!m_isLast && certain == 0 && !syntax::MayBeginPoint(m_text)) return false;
     const std::optional<std::size_t> taken = m_document.Take(m_text, certain);
     if (!taken) return false;
     m_text.erase(0, *taken);

@@ -359,6 +359,22 @@ TEST(AsciiPointsRefuse, ALongTextAfterItsFirstLines) {
     }
 }
 
+TEST(AsciiPointsRefuse, AnEndlessLineThatCanBeNoPoint) {
+    for (const char* const line : {"-", ",", "1e", "e", ".-", "1-"}) {
+        CEndlessSource source("", line);
+        CPoints points;
+        EXPECT_NE(ErrorOf([&] { points.ReadFrom(source, "p", 1000); }), "") << line;
+        EXPECT_LE(source.Count(), 1000U) << line;
+    }
+}
+
+TEST(AsciiPointsRefuse, AnEndlessLineAfterPoints) {
+    CEndlessSource source("1\n2\n3\n4\n", ",");
+    CPoints points;
+    EXPECT_NE(ErrorOf([&] { points.ReadFrom(source, "p", 10); }), "");
+    EXPECT_LE(source.Count(), 100U);
+}
+
 TEST(AsciiPointsRefuse, ALongTextAfterTheFirstLineOfFewerNumbers) {
     std::string start;
     for (int i = 0; i < 1000; ++i) start += "1 2\n";

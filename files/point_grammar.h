@@ -172,6 +172,11 @@ inline bool IsOfNumber(char c) {
     return (c >= '0' && c <= '9') || c == '.' || c == '+' || c == '-' || c == 'e' || c == 'E';
 }
 
+/// What the C locale classifies as space.
+inline bool IsWhite(char c) {
+    return c == ' ' || (c >= '\t' && c <= '\r');
+}
+
 /// How many characters at the start of a text are so far from its end that nothing after the text can change whether
 /// and how a point begins at one of them. The last character of the text itself is not looked at.
 ///
@@ -188,6 +193,26 @@ inline std::size_t CertainLength(std::string_view text) {
         while (i > 0 && IsOfNumber(text[i - 1])) --i;
     }
     return i + 1;
+}
+
+/// Whether a point can begin with this text, of which more may follow. True for a text that may continue as one.
+inline bool MayBeginPoint(std::string_view text) {
+    constexpr std::size_t kLongestStartOfNumber = 2;  // "-." or "e+": what is not a number yet but can become one
+    const auto isLineEnd = [](char c) { return c == '\r' || c == '\n'; };
+    const auto drop = [&text](auto belongs) {
+        std::size_t count = 0;
+        while (count < text.size() && belongs(text[count])) ++count;
+        text.remove_prefix(count);
+    };
+    drop(IsWhite);
+    for (int number = 0; number < 3; ++number) {
+        const std::size_t length = ReadLeadingNumber(text).length;
+        text.remove_prefix(length);
+        if (length == 0 || text.empty()) return text.size() <= kLongestStartOfNumber;
+        if (isLineEnd(text.front())) return true;
+        drop([](char c) { return IsWhite(c) || c == ','; });
+    }
+    return text.size() <= kLongestStartOfNumber;
 }
 
 /// Appends the points of the text to `points`.

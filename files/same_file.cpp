@@ -5,28 +5,18 @@
 #include <system_error>
 
 #include "files/native_path.h"
+#include "files/write_target.h"
 
 namespace ks {
 namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int kLongestLinkChain = 40;
-
-/// Follows links whose end does not exist yet; the system itself follows only those that lead somewhere.
-fs::path WithoutLinks(fs::path path) {
-    std::error_code error;
-    for (int i = 0; i < kLongestLinkChain && fs::is_symlink(fs::symlink_status(path, error)); ++i) {
-        path = path.parent_path() / fs::read_symlink(path, error);
-    }
-    return path;
-}
-
 /// Where a file at `path` is, or would be created; empty when that is unknown.
 fs::path PlaceOf(const fs::path& path) {
     if (path.empty()) return {};
     std::error_code error;
-    const fs::path whole = fs::absolute(WithoutLinks(path), error);
+    const fs::path whole = fs::absolute(EndOfLinks(path).value_or(path), error);
     if (error) return {};
     const fs::path place = fs::weakly_canonical(whole, error);
     if (error) return {};

@@ -32,7 +32,8 @@ bool MayWrite(const fs::path& path) {
 }
 #endif
 
-/// The file that a chain of links whose end does not exist yet would create.
+}  // namespace
+
 std::optional<fs::path> EndOfLinks(fs::path path) {
     std::error_code error;
     for (int i = 0; i < kLongestLinkChain; ++i) {
@@ -42,8 +43,6 @@ std::optional<fs::path> EndOfLinks(fs::path path) {
     }
     return std::nullopt;
 }
-
-}  // namespace
 
 std::optional<CWriteTarget> CWriteTarget::Find(const std::string& path) {
     const fs::path given = NativePath(path);

@@ -7,6 +7,10 @@
 
 namespace ks {
 
+/// The file that opening `path` for writing would create or open, also at the end of links that lead nowhere yet. No
+/// value for a link that cannot be read, and for a chain of more than 40.
+std::optional<std::filesystem::path> EndOfLinks(std::filesystem::path path);
+
 /// Where the bytes of a file go.
 class CWriteTarget {
 public:

@@ -165,7 +165,7 @@ class NoCommonTime(EndToEndTest):
         self.assertComplaints(
             run, "quorvel-cli: late: Stop time (2) is before or equals Start Time (50)",
             "quorvel-cli: late: No time in common with r, which runs from 0 to 2; this signal runs from 50 to 52. "
-            "Its results mean nothing.")
+            "A comparison of the two means nothing.")
 
     def test_signals_without_a_common_time_leave_no_reference(self):
         self.write("late", uds(SCALED, nfp=100))
@@ -176,7 +176,7 @@ class NoCommonTime(EndToEndTest):
         self.assertComplaints(
             run, "quorvel-cli: Error Computing the time range for evaluation", "quorvel-cli: " + sentence,
             "quorvel-cli: late: No time in common with r, which runs from 0 to 2; this signal runs from 50 to 52. "
-            "Its results mean nothing.")
+            "A comparison of the two means nothing.")
         results = self.parse(self.read("o.json"))
         self.assertEqual(results["notes"], [{"kind": "no-common-time", "text": sentence}])
         self.assertEqual(results["errors"], ["Error Computing the time range for evaluation"])
