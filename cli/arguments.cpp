@@ -84,9 +84,9 @@ void RefuseOptionsAsValues(std::span<const COptionDeclaration> declarations, con
 }
 
 void CheckCount(const COptionDeclaration& option, std::size_t count) {
-    const bool once = option.kind == COptionKind::Single || option.kind == COptionKind::Pair;
+    const bool isSingle = option.kind == COptionKind::Single || option.kind == COptionKind::Pair;
     const std::size_t most = option.kind == COptionKind::Pair ? 2 : 1;
-    if (once && count > most) {
+    if (isSingle && count > most) {
         throw CUsageError("Option " + std::string(option.name) + " can be given only once.");
     }
 }
@@ -94,11 +94,11 @@ void CheckCount(const COptionDeclaration& option, std::size_t count) {
 // What the parser left over: files, the separator "--" and options that it does not know.
 std::vector<std::string> FilesAmong(const std::vector<std::string>& rest) {
     std::vector<std::string> files;
-    bool marked = false;
+    bool isMarked = false;
     for (const std::string& argument : rest) {
-        if (!marked && argument == "--") {
-            marked = true;
-        } else if (!marked && argument.size() > 1 && argument.front() == '-') {
+        if (!isMarked && argument == "--") {
+            isMarked = true;
+        } else if (!isMarked && argument.size() > 1 && argument.front() == '-') {
             throw CUsageError("Unknown option: " + argument + "\nTo use a file with that name, put it after --.");
         } else {
             files.push_back(argument);
@@ -139,7 +139,7 @@ const CArguments::COption& CArguments::Find(std::string_view name) const {
 }
 
 bool CArguments::Has(std::string_view name) const {
-    return Find(name).present;
+    return Find(name).isPresent;
 }
 
 const std::vector<std::string>& CArguments::Values(std::string_view name) const {

@@ -11,11 +11,11 @@ std::optional<CFileSelection> CCliHost::SelectFiles(const CFileSelection& offere
     CFileSelection selection = offered;
     selection.files = m_files;
     selection.referencePath = m_options.reference.value_or("");
-    selection.averageReference = !m_options.reference.has_value();
-    selection.filter = m_options.cfc.has_value();
-    selection.filterReference = m_options.FiltersReference();
+    selection.isReferenceAverage = !m_options.reference.has_value();
+    selection.shouldFilter = m_options.cfc.has_value();
+    selection.shouldFilterReference = m_options.FiltersReference();
     selection.channelClass = m_options.cfc.value_or(offered.channelClass);
-    selection.truncate = m_options.window.has_value();
+    selection.shouldTruncate = m_options.window.has_value();
     if (m_options.window) {
         selection.windowStart = m_options.window->min;
         selection.windowEnd = m_options.window->max;
@@ -57,8 +57,8 @@ std::string CCliHost::ReadSetting(const CTextSetting& key) {
 
 void CCliHost::StoreSetting(const CTextSetting& /*key*/, const std::string& /*value*/) {}
 
-void CCliHost::SetBusy(bool busy) {
-    if (!busy) {
+void CCliHost::SetBusy(bool isBusy) {
+    if (!isBusy) {
         m_console.EraseProgress();
     }
 }

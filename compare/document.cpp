@@ -77,11 +77,11 @@ bool CQuorvelDoc::SelectPage(std::int32_t pageId) {
     if (FindPage(pageId) == nullptr) return false;
     m_pageId = pageId;
 
-    const bool built = BuildSeries() && LayOutSeries();
+    const bool isShown = BuildSeries() && LayOutSeries();
     m_page->GetAxisTitles(m_block.xTitle, m_block.yTitle);
     Notify(kPageOrLimitsChanged);
     // Shown last, so that titles, series and matrices agree while the list is open.
-    if (!built) ShowErrors();
+    if (!isShown) ShowErrors();
     return true;
 }
 

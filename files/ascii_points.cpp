@@ -57,7 +57,7 @@ bool MayStandInData(char c) {
 class CDataEnd {
 public:
     std::size_t length = kNowhere;  ///< kNowhere: not in the part looked at
-    bool hopeless = false;          ///< the last character of `length` is one that no data hold
+    bool isHopeless = false;        ///< the last character of `length` is one that no data hold
 };
 
 /// Looks at the text from `start` on, and at the pair across `start`. One scan finds what the cuts would give one
@@ -142,7 +142,7 @@ bool CReading::Parse() {
 std::size_t DataLength(std::string_view text) {
     for (std::size_t start = 0; start < text.size();) {
         const CDataEnd end = FindDataEnd(text, start);
-        if (!end.hopeless) return std::min(end.length, text.size());
+        if (!end.isHopeless) return std::min(end.length, text.size());
         start = end.length;
     }
     return text.size();

@@ -63,7 +63,7 @@ std::vector<std::byte> CUDSFile::MakeImage() {
 
 std::vector<std::byte> CUDSFile::MakeCheckedImage() {
     const CNumberFormats machine = ProbeMachineFormats();
-    m_content.formats = OutputFormats(m_sunOutput, machine);
+    m_content.formats = OutputFormats(m_isSunOutput, machine);
     m_content.fields.SetNUMFORM(NumberFormatName());
     RepairYear(m_content.fields);
     return MakeUdsImage(m_content, m_geometry, machine);

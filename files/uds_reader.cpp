@@ -188,7 +188,7 @@ void CReading::ReadFileHeader() {
 void CReading::ReadSecondComponent() {
     NextHeaderRecord();
     if (Tag() != kSecondComponentTag) return;
-    m_content.secondComponent = true;
+    m_content.hasSecondComponent = true;
     StoreFields(CUDSRecord::SecondComponent);
     NextHeaderRecord();
 }

@@ -20,11 +20,11 @@ namespace {
 // Whether the run completed; a stopped run notifies nobody.
 class CRunObserver : public CDocumentObserver {
 public:
-    void OnDocumentUpdate(int hint) override { m_completed = m_completed || hint == kRunCompleted; }
-    bool Completed() const { return m_completed; }
+    void OnDocumentUpdate(int hint) override { m_isCompleted = m_isCompleted || hint == kRunCompleted; }
+    bool IsCompleted() const { return m_isCompleted; }
 
 private:
-    bool m_completed = false;
+    bool m_isCompleted = false;
 };
 
 struct CInput {
@@ -83,23 +83,23 @@ void PrintReports(const CCompareOptions& options, const CQuorvelDoc& document, c
         console.Note(VerboseReport(document));
     }
     if (options.verbosity != CVerbosity::Quiet && !options.UsesStandardOutput()) {
-        console.Print(TableReport(options, document, table, {console.Width(), console.Color()}));
+        console.Print(TableReport(options, document, table, {console.Width(), console.HasColor()}));
     }
 }
 
-CExitStatus Status(const COutputs& outputs, bool inputFailed, bool badFound) {
-    if (outputs.Failed()) {
+CExitStatus Status(const COutputs& outputs, bool hasInputFailed, bool isBadFound) {
+    if (outputs.HasFailed()) {
         return CExitStatus::Output;
     }
-    if (inputFailed) {
+    if (hasInputFailed) {
         return CExitStatus::Input;
     }
-    return badFound ? CExitStatus::BadVerdict : CExitStatus::Good;
+    return isBadFound ? CExitStatus::BadVerdict : CExitStatus::Good;
 }
 
 void WriteJson(const CCompareOptions& options, CJsonResults& json, COutputs& outputs) {
     if (options.json) {
-        outputs.Write("The JSON results", *options.json, [&] { return json.Finish(options.pages); });
+        outputs.Write("The JSON results", *options.json, [&] { return json.Finish(options.shouldWritePages); });
     }
 }
 
@@ -144,7 +144,7 @@ CExitStatus FinishCompleted(const CCompareOptions& options, const CResults& resu
     }
     WriteJson(options, json, outputs);
     outputs.Finish();
-    return Status(outputs, !results.errors.empty(), AnyBad(table, options.failOnBad));
+    return Status(outputs, !results.errors.empty(), HasBad(table, options.failOnBad));
 }
 
 }  // namespace
@@ -175,7 +175,7 @@ CExitStatus RunCompare(const std::vector<std::string>& arguments, CConsole& cons
     console.ComplainAll(document.ReferenceMessages());
     ComplainOfNoCommonTime(document, console);
     const CResults results{document.ErrorMessages(), document.ReferenceMessages(), {}, document.Notes()};
-    if (!observer.Completed()) {
+    if (!observer.IsCompleted()) {
         NameUnreadFiles(document, console);
         return FinishStopped(options, results, document.Reference(), console);
     }

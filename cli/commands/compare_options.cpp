@@ -120,11 +120,11 @@ std::vector<const CCriterion*> ReadFailOnBad(const CArguments& arguments) {
 }
 
 CVerbosity ReadVerbosity(const CArguments& arguments) {
-    const bool quiet = arguments.Has("--quiet");
-    if (quiet && arguments.Has("--verbose")) {
+    const bool isQuiet = arguments.Has("--quiet");
+    if (isQuiet && arguments.Has("--verbose")) {
         throw CUsageError("Options --quiet and --verbose exclude each other.");
     }
-    if (quiet) {
+    if (isQuiet) {
         return CVerbosity::Quiet;
     }
     return arguments.Has("--verbose") ? CVerbosity::Verbose : CVerbosity::Usual;
@@ -164,14 +164,14 @@ CCompareOptions ParseCompareOptions(const std::vector<std::string>& arguments) {
     options.hitLists = given.Values("--hit-list");
     options.reference = given.Value("--reference");
     options.cfc = ReadClass(given);
-    options.filterReference = !given.Has("--no-filter-reference");
+    options.shouldFilterReference = !given.Has("--no-filter-reference");
     options.window = ReadWindow(given);
     options.corridor = ReadCorridor(given, options.corridor);
     options.critical = ReadCriticalValues(given);
     options.html = given.Value("--html");
     options.json = given.Value("--json");
     options.csv = given.Value("--csv");
-    options.pages = given.Has("--pages");
+    options.shouldWritePages = given.Has("--pages");
     options.asciiFolder = given.Value("--ascii");
     options.udsFolder = given.Value("--uds");
     options.failOnBad = ReadFailOnBad(given);

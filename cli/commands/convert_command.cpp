@@ -17,7 +17,7 @@
 
 namespace {
 
-bool SameBits(float a, float b) {
+bool HaveSameBits(float a, float b) {
     return std::bit_cast<std::uint32_t>(a) == std::bit_cast<std::uint32_t>(b);
 }
 
@@ -26,7 +26,7 @@ void TellOfUserReals(const ks::CUDSFile& file, CConsole& console) {
     const float first = file.Fields().GetRD1();
     for (std::size_t i = 0; i < kNames.size(); ++i) {
         const float old = file.Repairs().userReals[i];
-        if (SameBits(old, first)) continue;
+        if (HaveSameBits(old, first)) continue;
         const std::string was = std::isnan(old) ? "not a number" : ks::ShortestSingleText(old);
         console.Note(
             Join({kNames[i], " was ", was, " and is now ", ks::ShortestSingleText(first), ", the value of RD1."}));
@@ -79,7 +79,7 @@ CExitStatus RunConvert(const std::vector<std::string>& arguments, CConsole& cons
     COutputs outputs(console);
     outputs.Write("The UDS-1992 file", options.out, Characters(file.MakeImage()));
     outputs.Finish();
-    if (outputs.Failed()) {
+    if (outputs.HasFailed()) {
         return CExitStatus::Output;
     }
     TellOfChanges(file, console);

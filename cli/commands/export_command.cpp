@@ -24,5 +24,5 @@ CExitStatus RunExport(const std::vector<std::string>& arguments, CConsole& conso
     COutputs outputs(console);
     outputs.Write("The ASCII file", options.out, text);
     outputs.Finish();
-    return outputs.Failed() ? CExitStatus::Output : CExitStatus::Good;
+    return outputs.HasFailed() ? CExitStatus::Output : CExitStatus::Good;
 }

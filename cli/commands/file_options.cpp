@@ -66,15 +66,15 @@ std::string NeededPath(const CArguments& given, const COptionDeclaration& option
 }
 
 ks::CAsciiForm ReadForm(const CArguments& given) {
-    const bool both = given.Has("--xy");
-    const bool one = given.Has("--x");
-    if (both && one) {
+    const bool isBoth = given.Has("--xy");
+    const bool isOne = given.Has("--x");
+    if (isBoth && isOne) {
         throw CUsageError("Options --xy and --x exclude each other.");
     }
-    if (!both && !one) {
+    if (!isBoth && !isOne) {
         throw CUsageError("One of the options --xy and --x is needed.");
     }
-    return both ? ks::CAsciiForm::XY : ks::CAsciiForm::X;
+    return isBoth ? ks::CAsciiForm::XY : ks::CAsciiForm::X;
 }
 
 CTargetFormat ReadTargetFormat(const CArguments& given) {

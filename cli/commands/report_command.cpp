@@ -17,6 +17,6 @@ CExitStatus RunReport(const std::vector<std::string>& arguments, CConsole& conso
         return CExitStatus::Input;
     }
     COutputs outputs(console);
-    outputs.Note("The report", options.pdf, WritePdfReport(options.pdf, record, options.file, options.full));
-    return outputs.Failed() ? CExitStatus::Output : CExitStatus::Good;
+    outputs.Note("The report", options.pdf, WritePdfReport(options.pdf, record, options.file, options.isFull));
+    return outputs.HasFailed() ? CExitStatus::Output : CExitStatus::Good;
 }

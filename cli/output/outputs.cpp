@@ -64,7 +64,7 @@ bool COutputs::MakeFolder(const std::string& path) {
 
 void COutputs::Fail(const std::string& sentence) {
     m_console.Complain(sentence);
-    m_failed = true;
+    m_hasFailed = true;
 }
 
 void COutputs::Finish() {

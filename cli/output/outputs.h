@@ -41,12 +41,12 @@ public:
     void Finish();
 
     /// Whether anything could not be written.
-    bool Failed() const { return m_failed; }
+    bool HasFailed() const { return m_hasFailed; }
 
 private:
     CConsole& m_console;
     std::vector<std::string> m_inputs;
-    bool m_failed = false;
+    bool m_hasFailed = false;
 };
 
 /// `name` in the folder at `folder`.

@@ -91,17 +91,17 @@ void TellNotes(const CQuorvelDoc& document, const std::vector<CPageNote>& notes,
 }  // namespace
 
 bool WantsPages(const CCompareOptions& options) {
-    return options.pages || options.asciiFolder.has_value() || options.udsFolder.has_value();
+    return options.shouldWritePages || options.asciiFolder.has_value() || options.udsFolder.has_value();
 }
 
 void WritePages(const CCompareOptions& options, CQuorvelDoc& document, CCliHost& host, CJsonResults& json,
                 COutputs& outputs) {
-    const bool ascii = options.asciiFolder && outputs.MakeFolder(*options.asciiFolder);
+    const bool hasAscii = options.asciiFolder && outputs.MakeFolder(*options.asciiFolder);
     std::optional<CUdsPages> uds;
     if (options.udsFolder && outputs.MakeFolder(*options.udsFolder)) {
         uds.emplace(*options.udsFolder, outputs);
     }
-    if (!options.pages && !ascii && !uds) {
+    if (!options.shouldWritePages && !hasAscii && !uds) {
         return;
     }
     host.TakeShownMessages();
@@ -112,11 +112,11 @@ void WritePages(const CCompareOptions& options, CQuorvelDoc& document, CCliHost&
         const std::vector<CPageNote> notes = pageNotes.Added();
         TellNotes(document, notes, host);
         const std::vector<std::string> shown = host.TakeShownMessages();
-        if (options.pages) {
+        if (options.shouldWritePages) {
             const auto error = shown.empty() ? std::nullopt : std::optional<std::string>(shown.front());
             json.AddPage({pageId, error, document.ChartBlock(), document.Series(), document.SeriesNames(), notes});
         }
-        if (ascii) {
+        if (hasAscii) {
             WriteAsciiPage(*options.asciiFolder, document, pageId, outputs);
         }
         if (uds) {
