@@ -92,10 +92,10 @@ bool CQuorvelDoc::BuildSeries() {
         before = ComputedSamplings();
         m_page->BuildSeries(m_computed, m_reference.Record(), m_series, m_seriesNames);
     } catch (const std::bad_alloc&) {
-        FailPage(std::string(kNoMemoryForPage));
+        FailPage(std::string(compare_message::kNoMemoryForPage));
         return false;
     } catch (const std::length_error&) {  // more than any memory can hold
-        FailPage(std::string(kNoMemoryForPage));
+        FailPage(std::string(compare_message::kNoMemoryForPage));
         return false;
     } catch (const std::exception& error) {
         FailPage(error.what());
@@ -124,7 +124,7 @@ bool CQuorvelDoc::LayOutSeries() {
     try {
         BuildSeriesMatrices();
     } catch (const std::exception&) {
-        FailPage(std::string(kNoMemoryForPage));
+        FailPage(std::string(compare_message::kNoMemoryForPage));
         return false;
     }
     return true;
@@ -213,7 +213,7 @@ void CQuorvelDoc::OnSaveAscii() {
     const std::optional<std::string> path = m_host.AskSavePath(ks::SaveRequest("Save ASCII data As", folder));
     if (!path) return;
     if (WriteAsciiTable(*path, m_block, m_pageId) != ks::CWriteResult::Written) {
-        m_errors.assign(1, {{}, AsciiTableNotWritten(*path)});
+        m_errors.assign(1, {{}, compare_message::AsciiTableNotWritten(*path)});
         ShowErrors();
         return;
     }

@@ -115,7 +115,7 @@ CQuorvelDoc::CRunEnd CQuorvelDoc::RunSteps(const CFileSelection& selection,
     try {
         end = (this->*steps)(selection);
     } catch (const std::bad_alloc&) {
-        m_errors.push_back({{}, std::string(kNoMemoryForRun)});
+        m_errors.push_back({{}, std::string(compare_message::kNoMemoryForRun)});
     } catch (...) {
         EndRun(CRunEnd::Stopped);
         throw;
@@ -210,7 +210,7 @@ bool CQuorvelDoc::FilterComputedSignals(std::int32_t channelClass) {
         if (signal.ShouldFilter()) {
             signal.Record().FilterCFC(channelClass);
         } else {
-            signal.Notes().push_back({CNoteKind::NotFiltered, NotFilteredNote(signal.FormatName())});
+            signal.Notes().push_back({CNoteKind::NotFiltered, compare_message::NotFilteredNote(signal.FormatName())});
         }
     });
 }
@@ -302,20 +302,20 @@ CQuorvelDoc::CReferenceEnd CQuorvelDoc::MakeAverageReference() {
     const double start = LatestStart(m_computed);
     const double end = EarliestEnd(m_computed);
     if (!(start < end)) {
-        m_errors.push_back({{}, std::string(kNoCommonTimeRange)});
+        m_errors.push_back({{}, std::string(compare_message::kNoCommonTimeRange)});
         NoteFailedAverage();
         return CReferenceEnd::NotMade;
     }
     if (!CutToCommonRange(start, end)) return CReferenceEnd::SignalFailed;
 
-    m_notes.push_back({CNoteKind::AverageIsFirst, AverageIsFirstNote(m_computed.front().GetPath())});
+    m_notes.push_back({CNoteKind::AverageIsFirst, compare_message::AverageIsFirstNote(m_computed.front().GetPath())});
     m_reference = m_computed.front();
     m_block.pointCount = static_cast<std::int32_t>(m_reference.GetPointCount());
     // The mean is formed and dropped: the reference keeps the first signal's values. Kept, older results depend on it.
     [[maybe_unused]] const std::vector<double> mean = MeanOf(m_reference, m_computed);
     m_reference.Record().SetDataStatus("Computed");
     // The comparisons that follow in a run replace this name by the reference's path.
-    const std::string name = AverageName(m_computed.size());
+    const std::string name = compare_message::AverageName(m_computed.size());
     for (CSignal& signal : m_computed) signal.SetReferenceName(name);
     return CReferenceEnd::Made;
 }
@@ -323,17 +323,18 @@ CQuorvelDoc::CReferenceEnd CQuorvelDoc::MakeAverageReference() {
 /// The run continues with what the reference holds.
 void CQuorvelDoc::NoteFailedAverage() {
     const bool isEmpty = m_reference.GetPointCount() == 0;
-    m_notes.push_back({CNoteKind::NoCommonTime, std::string(isEmpty ? kNothingComparedNote : kOldReferenceNote)});
+    m_notes.push_back({CNoteKind::NoCommonTime, std::string(isEmpty ? compare_message::kNothingComparedNote
+                                                                    : compare_message::kOldReferenceNote)});
 }
 
 bool CQuorvelDoc::Attempt(CSignal& signal, const std::function<void(CSignal&)>& work) {
     try {
         work(signal);
     } catch (const std::bad_alloc&) {
-        m_errors.push_back({{}, SignalFailure(signal.GetPath(), kNoMemoryForStep)});
+        m_errors.push_back({{}, compare_message::SignalFailure(signal.GetPath(), compare_message::kNoMemoryForStep)});
         return false;
     } catch (const std::exception& error) {
-        m_errors.push_back({{}, SignalFailure(signal.GetPath(), error.what())});
+        m_errors.push_back({{}, compare_message::SignalFailure(signal.GetPath(), error.what())});
         return false;
     }
     return true;

@@ -114,14 +114,14 @@ void CReading::ReadPiece(const std::string& path) {
     const std::size_t count = m_source.Read(std::as_writable_bytes(std::span(m_text).subspan(start)));
     m_text.resize(start + count);
     m_bytesRead += count;
-    if (m_bytesRead > kLargestText) throw CError(ascii::TooLarge(path));
+    if (m_bytesRead > kLargestText) throw CError(ascii_message::TooLarge(path));
 
     const CDataEnd end = FindDataEnd(m_text, start);
     m_isLast = end.length != kNowhere || count < m_bytesAtATime;
     if (end.length != kNowhere) {
         m_text.resize(end.length);
     } else if (m_isLast && m_bytesRead < m_source.Size()) {
-        throw CError(ReadFailed(path));  // part of a signal must not pass for all of it
+        throw CError(read_message::ReadFailed(path));  // part of a signal must not pass for all of it
     }
 }
 
@@ -151,16 +151,16 @@ std::size_t DataLength(std::string_view text) {
 void CPoints::ReadFile(const std::string& path) {
     m_columns = {};
     CInputFile file;
-    if (!file.Open(path)) throw CError(NotOpenedForReading(path));
-    if (!file.FindSize()) throw CError(NotOpenedForReading(path));
+    if (!file.Open(path)) throw CError(read_message::NotOpenedForReading(path));
+    if (!file.FindSize()) throw CError(read_message::NotOpenedForReading(path));
     ReadFrom(file, path, kBytesAtATime);
 }
 
 void CPoints::ReadFrom(CByteSource& source, const std::string& path, std::size_t bytesAtATime) {
     m_columns = {};
-    if (source.Size() > kLargestText) throw CError(ascii::TooLarge(path));
+    if (source.Size() > kLargestText) throw CError(ascii_message::TooLarge(path));
     if (!CReading(source, bytesAtATime, m_columns).ReadAll(path)) {
-        throw CError(ascii::ParseFile(path, ascii::kParseData));
+        throw CError(ascii_message::ParseFile(path, ascii_message::kParseData));
     }
     FillZ(m_columns);
 }
@@ -168,7 +168,7 @@ void CPoints::ReadFrom(CByteSource& source, const std::string& path, std::size_t
 void CPoints::ParseData(std::string_view text) {
     m_columns = {};
     MakeRoom(m_columns, text, text.size());
-    if (!syntax::ParsePoints(text, m_columns)) throw CError(ascii::kParseData);
+    if (!syntax::ParsePoints(text, m_columns)) throw CError(ascii_message::kParseData);
     FillZ(m_columns);
 }
 

@@ -130,13 +130,13 @@ void CImageMaking::PutValues(std::span<const double> values, Bytes target) const
 }  // namespace
 
 void CheckIndicesForWriting(const CUDSFields& fields) {
-    if (fields.GetNFP() > fields.GetNLP()) throw CError(udswrite::kCrossedIndices);
-    if (fields.GetNFP() == fields.GetNLP()) throw CError(udswrite::kEqualIndices);
+    if (fields.GetNFP() > fields.GetNLP()) throw CError(uds_write_message::kCrossedIndices);
+    if (fields.GetNFP() == fields.GetNLP()) throw CError(uds_write_message::kEqualIndices);
 }
 
 CNumberFormats OutputFormats(bool isSunOutput, const CNumberFormats& machine) {
     const bool isUnknown = machine.byteOrder == CByteOrder::Unknown || machine.numberFormat == CNumberFormat::Unknown;
-    if (isUnknown) throw CError(udswrite::kUnknownFormat);
+    if (isUnknown) throw CError(uds_write_message::kUnknownFormat);
     return isSunOutput ? CNumberFormats{CByteOrder::BigEndian, CNumberFormat::Sun} : machine;
 }
 
@@ -146,11 +146,11 @@ std::vector<std::byte> MakeUdsImage(const CUDSContent& content, const CUDSGeomet
     const std::int64_t byIndices = CountByIndices(content.fields);
     const std::size_t points = content.columns.Count();
     if (byIndices < 0 || static_cast<std::uint64_t>(byIndices) != points) {
-        throw CError(udswrite::CountMismatch(byIndices, points));
+        throw CError(uds_write_message::CountMismatch(byIndices, points));
     }
     const bool isPairs = content.fields.GetFILEFORM() == kPairsForm;
     if (isPairs && content.columns.x.size() != points) {
-        throw CError(udswrite::CountMismatch(byIndices, content.columns.x.size()));
+        throw CError(uds_write_message::CountMismatch(byIndices, content.columns.x.size()));
     }
 
     CImageMaking making(content, geometry, machine);

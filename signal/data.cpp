@@ -63,7 +63,7 @@ void CData::SetPoints(CPointColumns columns) {
 }
 
 void CData::SetPoint(std::size_t i, double x, double y) {
-    if (i >= m_x.size() || i >= m_y.size()) throw std::runtime_error(signal_message::kIndexOutOfBounds);
+    if (i >= m_x.size() || i >= m_y.size()) throw std::runtime_error(std::string(signal_message::kIndexOutOfBounds));
     m_x[i] = x;
     m_y[i] = y;
     m_areLimitsStale = true;  // overwriting a whole curve point by point must not scan it as often as it has points

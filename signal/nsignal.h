@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "signal/data.h"
@@ -13,7 +14,7 @@ namespace ks {
 class CNSignal : public CData {
 public:
     const std::vector<std::string>& GetWarnings() const { return m_warnings; }
-    void AddWarning(std::string text) { m_warnings.push_back(std::move(text)); }
+    void AddWarning(std::string_view text) { m_warnings.emplace_back(text); }
     void ClearWarnings() { m_warnings.clear(); }
 
     /// Filters at a channel frequency class of SAE J211: 60, 180, 600 or 1000, that is at the class number times

@@ -36,7 +36,7 @@ std::optional<std::string> ComplaintOfReading(const std::string& path, CConsole&
         read();
         return std::nullopt;
     } catch (const std::bad_alloc&) {
-        sentence = ks::NoMemoryToRead(path);
+        sentence = ks::read_message::NoMemoryToRead(path);
     } catch (const ks::CError& error) {
         sentence = error.what();
     }
