@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 
+#include "cli/messages.h"
 #include "cli/usage_error.h"
 
 namespace {
@@ -28,7 +29,7 @@ CLI::Option* Declare(CLI::App& app, const COptionDeclaration& declaration) {
 }
 
 std::string NeedsValue(const COptionDeclaration& declaration) {
-    return "Option " + std::string(declaration.name) + " needs " + std::string(declaration.argument) + ".";
+    return cli_message::ValueMissing(declaration.name, declaration.argument);
 }
 
 bool TakesValue(const COptionDeclaration& declaration) {
@@ -50,7 +51,7 @@ std::string Sentence(std::span<const COptionDeclaration> declarations, const CLI
             return NeedsValue(declaration);
         }
         if (!TakesValue(declaration) && text.starts_with(std::string(bare) + " ")) {
-            return "Option " + std::string(declaration.name) + " takes no value.";
+            return cli_message::ValueNotTaken(declaration.name);
         }
     }
     return std::string(text);
@@ -87,7 +88,7 @@ void CheckCount(const COptionDeclaration& option, std::size_t count) {
     const bool isSingle = option.kind == COptionKind::Single || option.kind == COptionKind::Pair;
     const std::size_t most = option.kind == COptionKind::Pair ? 2 : 1;
     if (isSingle && count > most) {
-        throw CUsageError("Option " + std::string(option.name) + " can be given only once.");
+        throw CUsageError(cli_message::OnlyOnce(option.name));
     }
 }
 
@@ -99,7 +100,7 @@ std::vector<std::string> FilesAmong(const std::vector<std::string>& rest) {
         if (!isMarked && argument == "--") {
             isMarked = true;
         } else if (!isMarked && argument.size() > 1 && argument.front() == '-') {
-            throw CUsageError("Unknown option: " + argument + "\nTo use a file with that name, put it after --.");
+            throw CUsageError(cli_message::UnknownOption(argument));
         } else {
             files.push_back(argument);
         }

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "cli/join.h"
+#include "cli/messages.h"
 
 CCliHost::CCliHost(const CCompareOptions& options, std::vector<std::string> files, CConsole& console)
     : m_options(options), m_files(std::move(files)), m_console(console) {}
@@ -33,7 +34,7 @@ void CCliHost::ShowErrorList(const std::vector<CRunMessage>& messages) {
 void CCliHost::ShowSentences(const std::vector<std::string>& sentences) {
     std::vector<std::string> shown = sentences;
     if (!m_source.empty()) {
-        for (std::string& text : shown) text = Join({m_source, ": ", text});
+        for (std::string& text : shown) text = cli_message::About(m_source, text);
     }
     m_console.ComplainAll(shown);
     m_shown.insert(m_shown.end(), sentences.begin(), sentences.end());

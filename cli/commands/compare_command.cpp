@@ -4,6 +4,7 @@
 #include "cli/commands/compare_options.h"
 #include "cli/commands/file_input.h"
 #include "cli/commands/output_conflicts.h"
+#include "cli/messages.h"
 #include "cli/output/csv_table.h"
 #include "cli/output/json_results.h"
 #include "cli/output/notes.h"
@@ -38,13 +39,13 @@ CInput CollectFiles(const CCompareOptions& options) {
     for (const std::string& path : options.hitLists) {
         const auto listed = ks::ReadHitList(path);
         if (!listed) {
-            input.errors.push_back("Unable to read Hit list file: " + path);
+            input.errors.push_back(cli_message::HitListNotRead(path));
             continue;
         }
         input.files.insert(input.files.end(), listed->begin(), listed->end());
     }
     if (input.files.empty() && input.errors.empty()) {
-        throw CUsageError("At least one FILE to compare is needed; the hit list names none.");
+        throw CUsageError(cli_message::kNoFileListed);
     }
     return input;
 }
@@ -70,10 +71,10 @@ void RefuseOverwritingInputs(const CCompareOptions& options, const std::vector<s
 
 void WriteTables(const CCompareOptions& options, const CSummaryTable& table, COutputs& outputs) {
     if (options.html) {
-        outputs.Write("The HTML report", *options.html, [&table] { return HtmlReport(table); });
+        outputs.Write(cli_message::kHtmlReport, *options.html, [&table] { return HtmlReport(table); });
     }
     if (options.csv) {
-        outputs.Write("The CSV table", *options.csv, [&table] { return CsvTable(table); });
+        outputs.Write(cli_message::kCsvTable, *options.csv, [&table] { return CsvTable(table); });
     }
 }
 
@@ -99,7 +100,7 @@ CExitStatus Status(const COutputs& outputs, bool hasInputFailed, bool isBadFound
 
 void WriteJson(const CCompareOptions& options, CJsonResults& json, COutputs& outputs) {
     if (options.json) {
-        outputs.Write("The JSON results", *options.json, [&] { return json.Finish(options.shouldWritePages); });
+        outputs.Write(cli_message::kJsonResults, *options.json, [&] { return json.Finish(options.shouldWritePages); });
     }
 }
 
@@ -108,19 +109,19 @@ void NameUnreadFiles(const CQuorvelDoc& document, CConsole& console) {
     std::vector<std::string> unread;
     for (const CSignal& signal : document.ComputedSignals()) {
         if (signal.GetPointCount() == 0 && !signal.GetMessages().empty()) {
-            unread.push_back("Could not be read: " + signal.GetPath());
+            unread.push_back(cli_message::NotRead(signal.GetPath()));
         }
     }
     console.ComplainAll(unread);
     if (!document.ReferenceMessages().empty()) {
-        console.Complain("The reference could not be read: " + document.Reference().GetPath());
+        console.Complain(cli_message::ReferenceNotRead(document.Reference().GetPath()));
     }
 }
 
 CExitStatus FinishStopped(const CCompareOptions& options, const CResults& results, const CSignal& reference,
                           CConsole& console) {
     if (options.verbosity != CVerbosity::Quiet) {
-        console.Note("Nothing was compared.");
+        console.Note(cli_message::kNothingCompared);
     }
     COutputs outputs(console);
     CJsonResults json(options, results, reference, {});

@@ -3,6 +3,7 @@
 #include <new>
 #include <utility>
 
+#include "cli/messages.h"
 #include "cli/output/outputs.h"
 #include "cli/usage_error.h"
 #include "files/error.h"
@@ -14,7 +15,7 @@ namespace {
 
 void Complain(const std::string& path, const std::string& sentence, CConsole& console) {
     console.Complain(sentence);
-    console.Complain("Could not be read: " + path);
+    console.Complain(cli_message::NotRead(path));
 }
 
 }  // namespace
@@ -46,6 +47,6 @@ std::optional<std::string> ComplaintOfReading(const std::string& path, CConsole&
 
 void RefuseOverwriting(const std::string& output, const std::string& input) {
     if (output != kStandardOutput && ks::WouldReplace(output, input)) {
-        throw CUsageError("An output would overwrite an input: " + output);
+        throw CUsageError(cli_message::InputOverwritten(output));
     }
 }

@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "cli/arguments.h"
-#include "cli/join.h"
+#include "cli/messages.h"
 #include "cli/output/outputs.h"
 #include "cli/usage_error.h"
 
@@ -41,10 +41,10 @@ std::vector<std::string> NamesOf(std::span<const COptionDeclaration> declaration
 std::string OnlyFile(const CArguments& given, std::string_view toDo, std::string_view done) {
     const std::vector<std::string>& files = given.Files();
     if (files.empty()) {
-        throw CUsageError(Join({"A FILE to ", toDo, " is needed."}));
+        throw CUsageError(cli_message::FileMissing(toDo));
     }
     if (files.size() > 1) {
-        throw CUsageError(Join({"Only one FILE can be ", done, " at a time, not also: ", files[1]}));
+        throw CUsageError(cli_message::OnlyOneFile(done, files[1]));
     }
     return files.front();
 }
@@ -52,7 +52,7 @@ std::string OnlyFile(const CArguments& given, std::string_view toDo, std::string
 std::string NeededValue(const CArguments& given, const COptionDeclaration& option) {
     const std::optional<std::string> value = given.Value(option.name);
     if (!value) {
-        throw CUsageError(Join({"Option ", option.name, " is needed, with ", option.argument, "."}));
+        throw CUsageError(cli_message::OptionMissing(option.name, option.argument));
     }
     return *value;
 }
@@ -60,7 +60,7 @@ std::string NeededValue(const CArguments& given, const COptionDeclaration& optio
 std::string NeededPath(const CArguments& given, const COptionDeclaration& option) {
     const std::string path = NeededValue(given, option);
     if (path.empty()) {
-        throw CUsageError(Join({"Option ", option.name, " takes a path that is not empty."}));
+        throw CUsageError(cli_message::EmptyPath(option.name));
     }
     return path;
 }
@@ -69,10 +69,10 @@ ks::CAsciiForm ReadForm(const CArguments& given) {
     const bool isBoth = given.Has("--xy");
     const bool isOne = given.Has("--x");
     if (isBoth && isOne) {
-        throw CUsageError("Options --xy and --x exclude each other.");
+        throw CUsageError(cli_message::kBothForms);
     }
     if (!isBoth && !isOne) {
-        throw CUsageError("One of the options --xy and --x is needed.");
+        throw CUsageError(cli_message::kNoForm);
     }
     return isBoth ? ks::CAsciiForm::XY : ks::CAsciiForm::X;
 }
@@ -85,7 +85,7 @@ CTargetFormat ReadTargetFormat(const CArguments& given) {
     if (name == "sun") {
         return CTargetFormat::Sun;
     }
-    throw CUsageError("Option --to takes the number format ieee or sun, not: " + name);
+    throw CUsageError(cli_message::TargetNotKnown(name));
 }
 
 }  // namespace
@@ -93,7 +93,7 @@ CTargetFormat ReadTargetFormat(const CArguments& given) {
 CShowOptions ParseShowOptions(const std::vector<std::string>& arguments) {
     const CArguments given(kShowOptions, arguments);
     if (given.Files().empty()) {
-        throw CUsageError("At least one FILE to show is needed.");
+        throw CUsageError(cli_message::kNoFileToShow);
     }
     return {given.Files(), given.Has("--json")};
 }
@@ -112,7 +112,7 @@ CReportOptions ParseReportOptions(const std::vector<std::string>& arguments) {
     const CArguments given(kReportOptions, arguments);
     CReportOptions options{OnlyFile(given, "report on", "reported on"), NeededPath(given, kPdf), given.Has("--full")};
     if (options.pdf == kStandardOutput) {
-        throw CUsageError("Option --pdf takes the path of a file, not standard output (-).");
+        throw CUsageError(cli_message::kReportNotPrinted);
     }
     return options;
 }

@@ -12,6 +12,7 @@
 #include <utility>
 #include <vector>
 
+#include "cli/messages.h"
 #include "cli/output/display_text.h"
 
 #ifdef _WIN32
@@ -119,7 +120,7 @@ void CConsole::ComplainAll(const std::vector<std::string>& texts) {
     for (const std::string& text : texts) {
         const std::size_t times = std::exchange(timesOf[text], 0);  // told where it came first
         if (times == 1) Complain(text);
-        if (times > 1) Complain(text + " (" + std::to_string(times) + " times)");
+        if (times > 1) Complain(cli_message::Repeated(text, times));
     }
 }
 

@@ -1,6 +1,7 @@
 #include "cli/output/notes.h"
 
 #include "cli/join.h"
+#include "cli/messages.h"
 
 namespace {
 
@@ -9,7 +10,7 @@ void AddNoCommonTime(std::vector<std::string>& complaints, const std::vector<CNo
         if (note.kind != CNoteKind::NoCommonTime) {
             continue;
         }
-        complaints.push_back(path.empty() ? note.sentence : Join({path, ": ", note.sentence}));
+        complaints.push_back(path.empty() ? note.sentence : cli_message::About(path, note.sentence));
     }
 }
 

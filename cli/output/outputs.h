@@ -19,7 +19,7 @@ public:
     explicit COutputs(CConsole& console) : m_console(console) {}
 
     /// Puts `text` into the file at `path`, or prints it when that is "-". `what` names it in a sentence, for example
-    /// "The HTML report".
+    /// cli_message::kHtmlReport.
     void Write(std::string_view what, const std::string& path, std::string_view text);
     /// The same for a text that is made here; too little memory for it is a failure with its own sentence.
     void Write(std::string_view what, const std::string& path, const std::function<std::string()>& make);

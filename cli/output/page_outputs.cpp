@@ -6,13 +6,12 @@
 #include <set>
 #include <system_error>
 
-#include "cli/join.h"
+#include "cli/messages.h"
 #include "cli/output/notes.h"
 #include "cli/output/page_files.h"
 #include "compare/export.h"
 #include "compare/plots/page_table.h"
 #include "files/native_path.h"
-#include "files/number_text.h"
 #include "signal/saved_axis.h"
 
 namespace {
@@ -23,7 +22,7 @@ void WriteAsciiPage(const std::string& folder, const CQuorvelDoc& document, std:
         return;
     }
     // A page that could not be built gets an empty table, so that one from an earlier run does not pass for this run's.
-    outputs.Note("The ASCII table of a page", path, WriteAsciiTable(path, document.ChartBlock(), pageId));
+    outputs.Note(cli_message::kPageTable, path, WriteAsciiTable(path, document.ChartBlock(), pageId));
 }
 
 /// The UDS files of a run.
@@ -58,14 +57,11 @@ void CUdsPages::Save(const ks::CNSignal& series, const std::string& path) {
     try {
         series.SaveUDS(path);
     } catch (const std::exception& error) {
-        m_outputs.Fail("The series could not be written: " + path + ": " + error.what());
+        m_outputs.Fail(cli_message::SeriesNotWritten(path, error.what()));
         return;
     }
     if (const auto lost = ks::FirstLostAbscissa(series)) {
-        m_outputs.Warn(
-            Join({"The times of ", path, " are not those of its curve. The file holds the values alone, and point ",
-                  std::to_string(lost->index + 1), ", at ", ks::GeneralText(lost->x), ", will be read as at ",
-                  ks::GeneralText(lost->xRead), "."}));
+        m_outputs.Warn(cli_message::TimesLost(path, *lost));
     }
 }
 
@@ -77,14 +73,14 @@ void CUdsPages::RemoveOlder() {
         std::error_code error;
         std::filesystem::remove(ks::NativePath(path), error);
         if (error) {
-            m_outputs.Fail("A file of an earlier run could not be removed: " + path);
+            m_outputs.Fail(cli_message::OlderFileNotRemoved(path));
         }
     }
 }
 
 void TellNotes(const CQuorvelDoc& document, const std::vector<CPageNote>& notes, CCliHost& host) {
     for (const CPageNote& note : notes) {
-        host.TellMore(Join({document.ComputedSignals()[note.signal].GetPath(), ": note: ", note.note.sentence}));
+        host.TellMore(cli_message::PageNote(document.ComputedSignals()[note.signal].GetPath(), note.note.sentence));
     }
 }
 
@@ -106,7 +102,7 @@ void WritePages(const CCompareOptions& options, CQuorvelDoc& document, CCliHost&
     }
     host.TakeShownMessages();
     for (const std::int32_t pageId : document.PageList()) {
-        host.NameSource(Join({"Page ", std::to_string(pageId), " (", PageName(pageId), ")"}));
+        host.NameSource(cli_message::PageSource(pageId, PageName(pageId)));
         const CPageNotes pageNotes(document);
         document.SelectPage(pageId);
         const std::vector<CPageNote> notes = pageNotes.Added();
