@@ -16,7 +16,7 @@ std::optional<QString> PickSpecificationFile(const CWindowServices& services, QW
     request.filters = DataTypeFilters();
     request.filterIndex = services.settings.Get(setting::kDataType);
     request.folder = services.settings.Get(setting::kInputDir).toStdString();
-    request.fileMustExist = true;
+    request.mustExist = true;
     const std::optional<CPickedFiles> picked = services.picker.Pick(parent, request);
     if (!picked) return std::nullopt;
     return picked->paths.front();

@@ -208,7 +208,8 @@ private slots:
                 QCOMPARE(request.title, "Save " + document.SeriesNames()[j] + " as");
                 QVERIFY(request.kind == ks::CPickerKind::Save && request.filters.empty() &&
                         request.suggestedName.empty());
-                QVERIFY(request.hideReadOnly && request.askBeforeOverwriting && request.defaultExtension.empty());
+                QVERIFY(request.shouldHideReadOnly && request.shouldAskBeforeOverwriting &&
+                        request.defaultExtension.empty());
                 const QString place = page + QString(", series %1").arg(j);
                 ks::CNSignal record;
                 record.LoadUDS(SeriesFile(j).toStdString());
@@ -463,7 +464,7 @@ private:
         QVERIFY(request.kind == ks::CPickerKind::Save);
         QCOMPARE(QString::fromStdString(request.title), title);
         QCOMPARE(FilterTexts(request), filters);
-        QVERIFY(request.hideReadOnly && request.askBeforeOverwriting);
+        QVERIFY(request.shouldHideReadOnly && request.shouldAskBeforeOverwriting);
     }
 
     /// The velocity page as a metafile: sound, of the agreed size, with titles, legend and four curves.

@@ -307,7 +307,7 @@ private slots:
         Trigger(CCommandId::UdsSpecification);
         QCOMPARE(m_window->picker.requests.size(), std::size_t{1});
         const ks::CFileRequest& request = m_window->picker.requests[0];
-        QVERIFY(request.kind == ks::CPickerKind::OpenOne && request.fileMustExist);
+        QVERIFY(request.kind == ks::CPickerKind::OpenOne && request.mustExist);
         QCOMPARE(request.title, std::string("Select Uds File to View"));
         QCOMPARE(request.filters.size(), std::size_t{6});
         QCOMPARE(request.filterIndex, 6);
@@ -338,7 +338,7 @@ private slots:
         QCOMPARE(host.AskSavePath(nullptr, asked), std::optional<QString>(m_window->Path("points.txt")));
         QCOMPARE(m_window->picker.requests.size(), std::size_t{2});
         for (const ks::CFileRequest& request : m_window->picker.requests) {
-            QVERIFY(request.kind == ks::CPickerKind::Save && request.askBeforeOverwriting);
+            QVERIFY(request.kind == ks::CPickerKind::Save && request.shouldAskBeforeOverwriting);
             QCOMPARE(request.title, std::string("Export Points"));
             QCOMPARE(request.folder, m_window->folder.path().toStdString());
             QCOMPARE(request.suggestedName, std::string("a.uds.txt"));

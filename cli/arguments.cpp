@@ -10,6 +10,7 @@
 #include <utility>
 #include <vector>
 
+#include "cli/messages.h"
 #include "cli/usage_error.h"
 
 namespace {
@@ -35,7 +36,7 @@ CLI::Option* Declare(CLI::App& app, const COptionDeclaration& declaration) {
 }
 
 std::string NeedsValue(const COptionDeclaration& declaration) {
-    return "Option " + std::string(declaration.name) + " needs " + std::string(declaration.argument) + ".";
+    return cli_message::ValueMissing(declaration.name, declaration.argument);
 }
 
 bool TakesValue(const COptionDeclaration& declaration) {
@@ -57,7 +58,7 @@ std::string Sentence(std::span<const COptionDeclaration> declarations, const CLI
             return NeedsValue(declaration);
         }
         if (!TakesValue(declaration) && text.starts_with(std::string(bare) + " ")) {
-            return "Option " + std::string(declaration.name) + " takes no value.";
+            return cli_message::ValueNotTaken(declaration.name);
         }
     }
     return std::string(text);
@@ -91,22 +92,22 @@ void RefuseOptionsAsValues(std::span<const COptionDeclaration> declarations, con
 }
 
 void CheckCount(const COptionDeclaration& option, std::size_t count) {
-    const bool once = option.kind == COptionKind::Single || option.kind == COptionKind::Pair;
+    const bool isSingle = option.kind == COptionKind::Single || option.kind == COptionKind::Pair;
     const std::size_t most = option.kind == COptionKind::Pair ? 2 : 1;
-    if (once && count > most) {
-        throw CUsageError("Option " + std::string(option.name) + " can be given only once.");
+    if (isSingle && count > most) {
+        throw CUsageError(cli_message::OnlyOnce(option.name));
     }
 }
 
 // What the parser left over: files, the separator "--" and options that it does not know.
 std::vector<std::string> FilesAmong(const std::vector<std::string>& rest) {
     std::vector<std::string> files;
-    bool marked = false;
+    bool isMarked = false;
     for (const std::string& argument : rest) {
-        if (!marked && argument == "--") {
-            marked = true;
-        } else if (!marked && argument.size() > 1 && argument.front() == '-') {
-            throw CUsageError("Unknown option: " + argument + "\nTo use a file with that name, put it after --.");
+        if (!isMarked && argument == "--") {
+            isMarked = true;
+        } else if (!isMarked && argument.size() > 1 && argument.front() == '-') {
+            throw CUsageError(cli_message::UnknownOption(argument));
         } else {
             files.push_back(argument);
         }
@@ -146,7 +147,7 @@ const CArguments::COption& CArguments::Find(std::string_view name) const {
 }
 
 bool CArguments::Has(std::string_view name) const {
-    return Find(name).present;
+    return Find(name).isPresent;
 }
 
 const std::vector<std::string>& CArguments::Values(std::string_view name) const {

@@ -38,7 +38,7 @@ public:
 private:
     struct COption {
         std::string_view name;
-        bool present = false;
+        bool isPresent = false;
         std::vector<std::string> values;
     };
     [[nodiscard]] const COption& Find(std::string_view name) const;

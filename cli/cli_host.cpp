@@ -9,6 +9,7 @@
 
 #include "cli/commands/compare_options.h"
 #include "cli/join.h"
+#include "cli/messages.h"
 #include "cli/output/console.h"
 #include "compare/critical_values.h"
 #include "compare/document_host.h"
@@ -21,11 +22,11 @@ std::optional<CFileSelection> CCliHost::SelectFiles(const CFileSelection& offere
     CFileSelection selection = offered;
     selection.files = m_files;
     selection.referencePath = m_options.reference.value_or("");
-    selection.averageReference = !m_options.reference.has_value();
-    selection.filter = m_options.cfc.has_value();
-    selection.filterReference = m_options.FiltersReference();
+    selection.isReferenceAverage = !m_options.reference.has_value();
+    selection.shouldFilter = m_options.cfc.has_value();
+    selection.shouldFilterReference = m_options.FiltersReference();
     selection.channelClass = m_options.cfc.value_or(offered.channelClass);
-    selection.truncate = m_options.window.has_value();
+    selection.shouldTruncate = m_options.window.has_value();
     if (m_options.window) {
         selection.windowStart = m_options.window->min;
         selection.windowEnd = m_options.window->max;
@@ -43,7 +44,7 @@ void CCliHost::ShowErrorList(const std::vector<CRunMessage>& messages) {
 void CCliHost::ShowSentences(const std::vector<std::string>& sentences) {
     std::vector<std::string> shown = sentences;
     if (!m_source.empty()) {
-        for (std::string& text : shown) text = Join({m_source, ": ", text});
+        for (std::string& text : shown) text = cli_message::About(m_source, text);
     }
     m_console.ComplainAll(shown);
     m_shown.insert(m_shown.end(), sentences.begin(), sentences.end());
@@ -67,8 +68,8 @@ std::string CCliHost::ReadSetting(const CTextSetting& key) {
 
 void CCliHost::StoreSetting(const CTextSetting& /*key*/, const std::string& /*value*/) {}
 
-void CCliHost::SetBusy(bool busy) {
-    if (!busy) {
+void CCliHost::SetBusy(bool isBusy) {
+    if (!isBusy) {
         m_console.EraseProgress();
     }
 }

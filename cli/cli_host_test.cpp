@@ -40,11 +40,11 @@ protected:
 TEST_F(CliHost, SelectsTheFilesWithoutFilterWindowOrReference) {
     const CFileSelection selection = Selection({});
     EXPECT_THAT(selection.files, ElementsAre("a", "b"));
-    EXPECT_TRUE(selection.averageReference);
+    EXPECT_TRUE(selection.isReferenceAverage);
     EXPECT_EQ(selection.referencePath, "");
-    EXPECT_FALSE(selection.filter);
-    EXPECT_FALSE(selection.filterReference);
-    EXPECT_FALSE(selection.truncate);
+    EXPECT_FALSE(selection.shouldFilter);
+    EXPECT_FALSE(selection.shouldFilterReference);
+    EXPECT_FALSE(selection.shouldTruncate);
 }
 
 TEST_F(CliHost, AnswersFromTheOptions) {
@@ -55,12 +55,12 @@ TEST_F(CliHost, AnswersFromTheOptions) {
     options.corridor = 2.5;
     options.critical.moment = 7.0;
     const CFileSelection selection = Selection(options);
-    EXPECT_FALSE(selection.averageReference);
+    EXPECT_FALSE(selection.isReferenceAverage);
     EXPECT_EQ(selection.referencePath, "r");
-    EXPECT_TRUE(selection.filter);
-    EXPECT_TRUE(selection.filterReference);
+    EXPECT_TRUE(selection.shouldFilter);
+    EXPECT_TRUE(selection.shouldFilterReference);
     EXPECT_EQ(selection.channelClass, 600);
-    EXPECT_TRUE(selection.truncate);
+    EXPECT_TRUE(selection.shouldTruncate);
     EXPECT_EQ(selection.windowStart, -1.0);
     EXPECT_EQ(selection.windowEnd, 2.0);
     CCliHost host(options, {}, console);
@@ -71,9 +71,9 @@ TEST_F(CliHost, AnswersFromTheOptions) {
 TEST_F(CliHost, LeavesTheReferenceUnfilteredWhenAsked) {
     CCompareOptions options;
     options.cfc = 60;
-    options.filterReference = false;
-    EXPECT_TRUE(Selection(options).filter);
-    EXPECT_FALSE(Selection(options).filterReference);
+    options.shouldFilterReference = false;
+    EXPECT_TRUE(Selection(options).shouldFilter);
+    EXPECT_FALSE(Selection(options).shouldFilterReference);
 }
 
 TEST_F(CliHost, ShowsMessagesOnStandardErrorAndRemembersThem) {

@@ -32,7 +32,7 @@ bool IsJudgedBy(const CSummaryColumn& column, const std::vector<const CCriterion
 
 }  // namespace
 
-bool AnyBad(const CSummaryTable& table, const std::vector<const CCriterion*>& criteria) {
+bool HasBad(const CSummaryTable& table, const std::vector<const CCriterion*>& criteria) {
     for (std::size_t column = 0; column < table.columns.size(); ++column) {
         const bool isBad = IsJudgedBy(table.columns[column], criteria) &&
                            std::any_of(table.rows.begin(), table.rows.end(), [column](const CSummaryRow& row) {

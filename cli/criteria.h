@@ -10,4 +10,4 @@
 std::string CriterionNames();
 
 /// Whether a row of the table has a bad verdict under one of the criteria.
-bool AnyBad(const CSummaryTable& table, const std::vector<const CCriterion*>& criteria);
+bool HasBad(const CSummaryTable& table, const std::vector<const CCriterion*>& criteria);

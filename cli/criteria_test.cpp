@@ -34,8 +34,8 @@ TEST_P(Criterion, IsBadByItsOwnColumnsOnly) {
     const CCriterion* const criterion = FindCriterion(GetParam().name);
     ASSERT_NE(criterion, nullptr);
     for (std::size_t column = 0; column < FixedColumns().size(); ++column) {
-        const bool own = column >= At(GetParam().firstColumn) && column <= At(GetParam().lastColumn);
-        EXPECT_EQ(AnyBad(TableWithBadColumn(column), {criterion}), own) << column;
+        const bool isOwn = column >= At(GetParam().firstColumn) && column <= At(GetParam().lastColumn);
+        EXPECT_EQ(HasBad(TableWithBadColumn(column), {criterion}), isOwn) << column;
     }
 }
 
@@ -49,8 +49,8 @@ TEST(Criteria, AreNamedInSentences) {
 }
 
 TEST(Criteria, FindNothingBadWithoutCriteriaOrSignals) {
-    EXPECT_FALSE(AnyBad(TableWithBadColumn(2), {}));
-    EXPECT_FALSE(AnyBad(CSummaryTable(), {FindCriterion("residual")}));
+    EXPECT_FALSE(HasBad(TableWithBadColumn(2), {}));
+    EXPECT_FALSE(HasBad(CSummaryTable(), {FindCriterion("residual")}));
 }
 
 TEST(Criteria, CoverColumnsThatAreNotFixed) {
@@ -60,8 +60,8 @@ TEST(Criteria, CoverColumnsThatAreNotFixed) {
     for (CSummaryCell& cell : table.rows[0]) {
         if (&cell != &table.rows[0][columns.size() - 2]) cell.verdict = CVerdict::None;
     }
-    EXPECT_TRUE(AnyBad(table, {FindCriterion("t")}));
-    EXPECT_FALSE(AnyBad(table, {FindCriterion("moment")}));
+    EXPECT_TRUE(HasBad(table, {FindCriterion("t")}));
+    EXPECT_FALSE(HasBad(table, {FindCriterion("moment")}));
 }
 
 }  // namespace

@@ -19,6 +19,7 @@
 #include "cli/exit_status.h"
 #include "cli/help_text.h"
 #include "cli/join.h"
+#include "cli/messages.h"
 #include "cli/output/console.h"
 #include "cli/usage_error.h"
 
@@ -87,7 +88,7 @@ CExitStatus PrintAndFinish(CConsole& console, const std::string& text) {
     console.Print(text);
     std::string reason;
     if (!console.FinishOutput(reason)) {
-        console.Complain("Standard output could not be written: " + reason);
+        console.Complain(cli_message::StandardOutputFailed(reason));
         return CExitStatus::Output;
     }
     return CExitStatus::Good;
@@ -104,7 +105,7 @@ CExitStatus RunCommand(const CSubcommand& command, const std::vector<std::string
         return command.run(arguments, console);
     } catch (const CUsageError& error) {
         console.Complain(error.what());
-        console.Note("Try 'quorvel-cli " + command.name + " --help'.");
+        console.Note(cli_message::TryHelp(command.name));
         return CExitStatus::Usage;
     }
 }
@@ -123,8 +124,8 @@ CExitStatus Dispatch(const std::vector<std::string>& arguments, CConsole& consol
     if (first == "--man") {  // the build makes the manual page with this
         return PrintAndFinish(console, ManualPage());
     }
-    console.Complain(arguments.empty() ? "A command is needed, for example compare." : "Unknown command: " + first);
-    console.Note("Try 'quorvel-cli --help'.");
+    console.Complain(arguments.empty() ? std::string(cli_message::kNoCommand) : cli_message::UnknownCommand(first));
+    console.Note(cli_message::TryHelp({}));
     return CExitStatus::Usage;
 }
 
@@ -146,7 +147,7 @@ CExitStatus RunProgram(const std::vector<std::string>& arguments, CConsole& cons
     try {
         return Dispatch(arguments, console);
     } catch (const std::bad_alloc&) {
-        console.Complain("The signals do not fit into memory.");
+        console.Complain(cli_message::kNoMemory);
     } catch (const std::exception& error) {
         console.Complain(error.what());
     }

@@ -1,9 +1,11 @@
 #pragma once
 
 #include <stdexcept>
+#include <string>
+#include <string_view>
 
 /// Wrong usage; the text is the sentence for the user. The program ends with CExitStatus::Usage.
 class CUsageError : public std::runtime_error {
 public:
-    using std::runtime_error::runtime_error;
+    explicit CUsageError(std::string_view sentence) : std::runtime_error(std::string(sentence)) {}
 };

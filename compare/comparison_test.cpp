@@ -361,7 +361,7 @@ TEST(Comparison, WithoutReferenceValuesNeitherResamplesNorCuts) {
     EXPECT_EQ(measures.GetCorridorSize(), 2.5);
     EXPECT_EQ(computed.Getdelt(), 0.5);
     EXPECT_THAT(computed.GetY(), ElementsAre(1.0, 2.0, 3.0));
-    EXPECT_FALSE(computed.GetModified());
+    EXPECT_FALSE(computed.IsModified());
 }
 
 TEST(Comparison, OfOnePointCountsItAsFirstAndLast) {
@@ -486,7 +486,7 @@ TEST(Comparison, CutsNothingWhereTheRangesAgree) {
     EXPECT_EQ(measures.GetPointCount(), 3);
     EXPECT_EQ(measures.GetMinimumTime(), 4.0);
     EXPECT_EQ(measures.GetMaximumTime(), 6.0);
-    EXPECT_FALSE(computed.GetModified());
+    EXPECT_FALSE(computed.IsModified());
 }
 
 TEST(Comparison, NeverChangesTheReference) {
@@ -497,7 +497,7 @@ TEST(Comparison, NeverChangesTheReference) {
 
     EXPECT_THAT(reference.GetX(), ElementsAre(0.0, 1.0, 2.0, 3.0));
     EXPECT_THAT(reference.GetY(), ElementsAre(0.0, 5.0, 10.0, 20.0));
-    EXPECT_FALSE(reference.GetModified());
+    EXPECT_FALSE(reference.IsModified());
 }
 
 TEST(Comparison, WithoutACommonRangeThrowsAndLeavesZeros) {

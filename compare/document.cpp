@@ -89,11 +89,11 @@ bool CQuorvelDoc::SelectPage(std::int32_t pageId) {
     if (FindPage(pageId) == nullptr) return false;
     m_pageId = pageId;
 
-    const bool built = BuildSeries() && LayOutSeries();
+    const bool isShown = BuildSeries() && LayOutSeries();
     m_page->GetAxisTitles(m_block.xTitle, m_block.yTitle);
     Notify(kPageOrLimitsChanged);
     // Shown last, so that titles, series and matrices agree while the list is open.
-    if (!built) ShowErrors();
+    if (!isShown) ShowErrors();
     return true;
 }
 
@@ -104,10 +104,10 @@ bool CQuorvelDoc::BuildSeries() {
         before = ComputedSamplings();
         m_page->BuildSeries(m_computed, m_reference.Record(), m_series, m_seriesNames);
     } catch (const std::bad_alloc&) {
-        FailPage(std::string(kNoMemoryForPage));
+        FailPage(std::string(compare_message::kNoMemoryForPage));
         return false;
     } catch (const std::length_error&) {  // more than any memory can hold
-        FailPage(std::string(kNoMemoryForPage));
+        FailPage(std::string(compare_message::kNoMemoryForPage));
         return false;
     } catch (const std::exception& error) {
         FailPage(error.what());
@@ -136,7 +136,7 @@ bool CQuorvelDoc::LayOutSeries() {
     try {
         BuildSeriesMatrices();
     } catch (const std::exception&) {
-        FailPage(std::string(kNoMemoryForPage));
+        FailPage(std::string(compare_message::kNoMemoryForPage));
         return false;
     }
     return true;
@@ -225,7 +225,7 @@ void CQuorvelDoc::OnSaveAscii() {
     const std::optional<std::string> path = m_host.AskSavePath(ks::SaveRequest("Save ASCII data As", folder));
     if (!path) return;
     if (WriteAsciiTable(*path, m_block, m_pageId) != ks::CWriteResult::Written) {
-        m_errors.assign(1, {{}, AsciiTableNotWritten(*path)});
+        m_errors.assign(1, {{}, compare_message::AsciiTableNotWritten(*path)});
         ShowErrors();
         return;
     }

@@ -114,9 +114,9 @@ public:
     /// What the last run did without being asked, in order; the signals and the reference have notes of their own.
     [[nodiscard]] const std::vector<CNote>& Notes() const { return m_notes; }
     [[nodiscard]] double CorridorSize() const { return m_corridorSize; }
-    [[nodiscard]] bool AverageReference() const { return m_averageReference; }
-    [[nodiscard]] bool FilterFlag() const { return m_filter; }
-    [[nodiscard]] bool WindowFlag() const { return m_window; }
+    [[nodiscard]] bool IsReferenceAverage() const { return m_isReferenceAverage; }
+    [[nodiscard]] bool ShouldFilter() const { return m_shouldFilter; }
+    [[nodiscard]] bool ShouldTruncate() const { return m_shouldTruncate; }
     void SetLineStyleMode(std::int32_t mode) { m_block.lineStyleMode = mode; }
 
 private:
@@ -185,7 +185,7 @@ private:
     std::size_t m_stepsTotal = 0;  ///< 0 outside a run
     std::unique_ptr<CPlot> m_page;
     CRunState m_run = CRunState::None;
-    bool m_averageReference = false;
-    bool m_filter = true;
-    bool m_window = false;
+    bool m_isReferenceAverage = false;
+    bool m_shouldFilter = true;
+    bool m_shouldTruncate = false;
 };

@@ -14,14 +14,14 @@
 /// What the user chose to compare.
 class CFileSelection {
 public:
-    std::vector<std::string> files;  ///< computed files, in order; UTF-8 paths
-    std::string referencePath;       ///< reference file; unused when averageReference is set
-    bool averageReference = false;   ///< make the reference from the computed signals
-    bool filter = true;              ///< filter the computed signals at channelClass
-    bool filterReference = true;     ///< filter the reference too
-    bool truncate = false;           ///< cut every signal to the time window
-    std::int32_t channelClass = 60;  ///< channel frequency class: 60, 180, 600 or 1000
-    double windowStart = 0.0;        ///< X units
+    std::vector<std::string> files;     ///< computed files, in order; UTF-8 paths
+    std::string referencePath;          ///< reference file; unused when isReferenceAverage is set
+    bool isReferenceAverage = false;    ///< make the reference from the computed signals
+    bool shouldFilter = true;           ///< filter the computed signals at channelClass
+    bool shouldFilterReference = true;  ///< filter the reference too
+    bool shouldTruncate = false;        ///< cut every signal to the time window
+    std::int32_t channelClass = 60;     ///< channel frequency class: 60, 180, 600 or 1000
+    double windowStart = 0.0;           ///< X units
     double windowEnd = static_cast<double>(0.3F);
 };
 
@@ -56,7 +56,7 @@ public:
 
     virtual void Beep() = 0;
     /// Shows or ends the wait cursor. A run whose reference cannot be read does not end it.
-    virtual void SetBusy(bool busy) = 0;
+    virtual void SetBusy(bool isBusy) = 0;
     /// `done` of `total` steps of a run are done; `path` is the file being processed, empty at the end.
     virtual void Progress(std::size_t done, std::size_t total, const std::string& path) = 0;
 };

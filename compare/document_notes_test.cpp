@@ -49,7 +49,7 @@ TEST_F(Notes, AreNotTakenOfARunThatChangesNothing) {
 TEST_F(Notes, TellThatAComputedAsciiSignalIsNotFiltered) {
     CFileSelection choice = Choice({folder.Write("a.txt", "0 1\n0.5 2\n1 3\n"), Write("b.uds", {1.0, 2.0, 3.0})},
                                    Write("ref.uds", {1.0, 2.0, 3.0}));
-    choice.filter = true;
+    choice.shouldFilter = true;
     Run(choice);
 
     EXPECT_THAT(Of(0), ElementsAre(kNotFiltered, StartsWith("resampled: ")));
@@ -61,7 +61,7 @@ TEST_F(Notes, TellThatAComputedAsciiSignalIsNotFiltered) {
 TEST_F(Notes, TellNothingOfAnAsciiReferenceThatIsFiltered) {
     CFileSelection choice = Choice({Write("a.uds", {1.0, 2.0, 3.0}, 0.0009765625)},
                                    folder.Write("ref.txt", "0 1\n0.0009765625 2\n0.001953125 3\n"));
-    choice.filterReference = true;
+    choice.shouldFilterReference = true;
     Run(choice);
 
     EXPECT_THAT(OfReference(), ElementsAre(StartsWith("reference-resampled: ")));
@@ -110,7 +110,7 @@ TEST_F(Notes, TellThatASignalIsCutToTheTimeItSharesWithTheReference) {
 
 TEST_F(Notes, TellNothingOfTheWindowThatWasAskedFor) {
     CFileSelection choice = Choice({Write("a.uds", kFivePoints)}, Write("ref.uds", kFivePoints));
-    choice.truncate = true;
+    choice.shouldTruncate = true;
     choice.windowEnd = 1.5;
     Run(choice);
 

@@ -99,17 +99,17 @@ void CQuorvelDoc::CompareFileList(const std::vector<std::string>& files, std::in
 
 void CQuorvelDoc::CompareLoadedList(std::int32_t channelClass, double windowStart, double windowEnd) {
     CFileSelection selection;
-    selection.averageReference = true;
-    selection.filter = ks::IsChannelClass(channelClass);
-    selection.truncate = windowStart > 0.0 || windowEnd > 0.0;
+    selection.isReferenceAverage = true;
+    selection.shouldFilter = ks::IsChannelClass(channelClass);
+    selection.shouldTruncate = windowStart > 0.0 || windowEnd > 0.0;
     selection.channelClass = channelClass;
     selection.windowStart = windowStart;
     selection.windowEnd = windowEnd;
 
-    m_filter = false;
-    m_window = false;
+    m_shouldFilter = false;
+    m_shouldTruncate = false;
     ForgetMessages();
-    m_averageReference = true;
+    m_isReferenceAverage = true;
 
     const CRunEnd end = RunSteps(selection, &CQuorvelDoc::PrepareAndCompareLoaded);
     if (end == CRunEnd::Completed) PublishRun();
@@ -125,7 +125,7 @@ CQuorvelDoc::CRunEnd CQuorvelDoc::RunSteps(const CFileSelection& selection,
     try {
         end = (this->*steps)(selection);
     } catch (const std::bad_alloc&) {
-        m_errors.push_back({{}, std::string(kNoMemoryForRun)});
+        m_errors.push_back({{}, std::string(compare_message::kNoMemoryForRun)});
     } catch (...) {
         EndRun(CRunEnd::Stopped);
         throw;
@@ -148,9 +148,9 @@ CFileSelection CQuorvelDoc::OfferedSelection() const {
     CFileSelection offered;
     for (const CSignal& signal : m_computed) offered.files.push_back(signal.GetPath());
     offered.referencePath = m_reference.GetPath();
-    offered.averageReference = m_averageReference;
-    offered.filter = m_filter;
-    offered.truncate = m_window;
+    offered.isReferenceAverage = m_isReferenceAverage;
+    offered.shouldFilter = m_shouldFilter;
+    offered.shouldTruncate = m_shouldTruncate;
     offered.channelClass = m_channelClass;
     return offered;
 }
@@ -159,20 +159,20 @@ void CQuorvelDoc::TakeSelection(const CFileSelection& selection) {
     SetComputedFiles(selection.files);
     m_reference.SetPath(selection.referencePath);
     m_reference.Comparison().SetCorridor(m_corridorSize);
-    m_averageReference = selection.averageReference;
-    m_filter = selection.filter;
-    m_window = selection.truncate;
+    m_isReferenceAverage = selection.isReferenceAverage;
+    m_shouldFilter = selection.shouldFilter;
+    m_shouldTruncate = selection.shouldTruncate;
     m_channelClass = selection.channelClass;
 }
 
 CQuorvelDoc::CRunEnd CQuorvelDoc::PrepareAndCompare(const CFileSelection& selection) {
     if (ReadComputedSignals() == 0) return CRunEnd::Stopped;
-    if (m_filter && !FilterComputedSignals(selection.channelClass)) return CRunEnd::Stopped;
-    if (m_window && !CutComputedSignals(selection.windowStart, selection.windowEnd)) return CRunEnd::Stopped;
+    if (m_shouldFilter && !FilterComputedSignals(selection.channelClass)) return CRunEnd::Stopped;
+    if (m_shouldTruncate && !CutComputedSignals(selection.windowStart, selection.windowEnd)) return CRunEnd::Stopped;
 
-    const CReferenceEnd made = m_averageReference ? MakeAverageReference() : PrepareReference(selection);
+    const CReferenceEnd made = m_isReferenceAverage ? MakeAverageReference() : PrepareReference(selection);
     if (made == CReferenceEnd::SignalFailed) return CRunEnd::Stopped;
-    if (made == CReferenceEnd::NotMade && !m_averageReference) return CRunEnd::ReferenceUnreadable;
+    if (made == CReferenceEnd::NotMade && !m_isReferenceAverage) return CRunEnd::ReferenceUnreadable;
 
     m_reference.Comparison().SetCorridor(m_corridorSize);
     for (CSignal& signal : m_computed) signal.Comparison().SetCorridor(m_corridorSize);
@@ -181,10 +181,10 @@ CQuorvelDoc::CRunEnd CQuorvelDoc::PrepareAndCompare(const CFileSelection& select
 
 CQuorvelDoc::CRunEnd CQuorvelDoc::PrepareAndCompareLoaded(const CFileSelection& selection) {
     if (ReadComputedSignals() == 0) return CRunEnd::Stopped;
-    m_filter = selection.filter;
-    if (m_filter && !FilterComputedSignals(selection.channelClass)) return CRunEnd::Stopped;
-    m_window = selection.truncate;
-    if (m_window && !CutComputedSignals(selection.windowStart, selection.windowEnd)) return CRunEnd::Stopped;
+    m_shouldFilter = selection.shouldFilter;
+    if (m_shouldFilter && !FilterComputedSignals(selection.channelClass)) return CRunEnd::Stopped;
+    m_shouldTruncate = selection.shouldTruncate;
+    if (m_shouldTruncate && !CutComputedSignals(selection.windowStart, selection.windowEnd)) return CRunEnd::Stopped;
     if (MakeAverageReference() == CReferenceEnd::SignalFailed) return CRunEnd::Stopped;
     return CompareComputedSignals() ? CRunEnd::Completed : CRunEnd::Stopped;
 }
@@ -220,7 +220,7 @@ bool CQuorvelDoc::FilterComputedSignals(std::int32_t channelClass) {
         if (signal.ShouldFilter()) {
             signal.Record().FilterCFC(channelClass);
         } else {
-            signal.Notes().push_back({CNoteKind::NotFiltered, NotFilteredNote(signal.FormatName())});
+            signal.Notes().push_back({CNoteKind::NotFiltered, compare_message::NotFilteredNote(signal.FormatName())});
         }
     });
 }
@@ -271,14 +271,14 @@ CQuorvelDoc::CReferenceEnd CQuorvelDoc::TakeReference() {
     }
 
     NoteNoCommonTime(reading);
-    bool resampled = true;
+    bool isResampled = true;
     double timeStep = reading.Record().Getdelt();
     if (!(timeStep > 0.0)) {
         timeStep = kDefaultTimeStep;
-        resampled = Attempt(reading,
-                            [timeStep](CSignal& signal) { Resample(signal, timeStep, CNoteKind::ReferenceResampled); });
+        isResampled = Attempt(
+            reading, [timeStep](CSignal& signal) { Resample(signal, timeStep, CNoteKind::ReferenceResampled); });
     }
-    if (!ResampleComputedSignals(timeStep) || !resampled) return CReferenceEnd::SignalFailed;
+    if (!ResampleComputedSignals(timeStep) || !isResampled) return CReferenceEnd::SignalFailed;
     m_reference = std::move(reading);
     return CReferenceEnd::Made;
 }
@@ -286,8 +286,9 @@ CQuorvelDoc::CReferenceEnd CQuorvelDoc::TakeReference() {
 CQuorvelDoc::CReferenceEnd CQuorvelDoc::PrepareReference(const CFileSelection& selection) {
     const CReferenceEnd read = TakeReference();
     if (read != CReferenceEnd::Made) return read;
-    if (selection.filterReference && !FilterReference(selection.channelClass)) return CReferenceEnd::SignalFailed;
-    if (m_window && !CutReference(selection.windowStart, selection.windowEnd)) return CReferenceEnd::SignalFailed;
+    if (selection.shouldFilterReference && !FilterReference(selection.channelClass)) return CReferenceEnd::SignalFailed;
+    if (m_shouldTruncate && !CutReference(selection.windowStart, selection.windowEnd))
+        return CReferenceEnd::SignalFailed;
     return CReferenceEnd::Made;
 }
 
@@ -311,20 +312,20 @@ CQuorvelDoc::CReferenceEnd CQuorvelDoc::MakeAverageReference() {
     const double start = LatestStart(m_computed);
     const double end = EarliestEnd(m_computed);
     if (!(start < end)) {
-        m_errors.push_back({{}, std::string(kNoCommonTimeRange)});
+        m_errors.push_back({{}, std::string(compare_message::kNoCommonTimeRange)});
         NoteFailedAverage();
         return CReferenceEnd::NotMade;
     }
     if (!CutToCommonRange(start, end)) return CReferenceEnd::SignalFailed;
 
-    m_notes.push_back({CNoteKind::AverageIsFirst, AverageIsFirstNote(m_computed.front().GetPath())});
+    m_notes.push_back({CNoteKind::AverageIsFirst, compare_message::AverageIsFirstNote(m_computed.front().GetPath())});
     m_reference = m_computed.front();
     m_block.pointCount = static_cast<std::int32_t>(m_reference.GetPointCount());
     // The mean is formed and dropped: the reference keeps the first signal's values. Kept, older results depend on it.
     [[maybe_unused]] const std::vector<double> mean = MeanOf(m_reference, m_computed);
     m_reference.Record().SetDataStatus("Computed");
     // The comparisons that follow in a run replace this name by the reference's path.
-    const std::string name = AverageName(m_computed.size());
+    const std::string name = compare_message::AverageName(m_computed.size());
     for (CSignal& signal : m_computed) signal.SetReferenceName(name);
     return CReferenceEnd::Made;
 }
@@ -332,29 +333,30 @@ CQuorvelDoc::CReferenceEnd CQuorvelDoc::MakeAverageReference() {
 /// The run continues with what the reference holds.
 void CQuorvelDoc::NoteFailedAverage() {
     const bool isEmpty = m_reference.GetPointCount() == 0;
-    m_notes.push_back({CNoteKind::NoCommonTime, std::string(isEmpty ? kNothingComparedNote : kOldReferenceNote)});
+    m_notes.push_back({CNoteKind::NoCommonTime, std::string(isEmpty ? compare_message::kNothingComparedNote
+                                                                    : compare_message::kOldReferenceNote)});
 }
 
 bool CQuorvelDoc::Attempt(CSignal& signal, const std::function<void(CSignal&)>& work) {
     try {
         work(signal);
     } catch (const std::bad_alloc&) {
-        m_errors.push_back({{}, SignalFailure(signal.GetPath(), kNoMemoryForStep)});
+        m_errors.push_back({{}, compare_message::SignalFailure(signal.GetPath(), compare_message::kNoMemoryForStep)});
         return false;
     } catch (const std::exception& error) {
-        m_errors.push_back({{}, SignalFailure(signal.GetPath(), error.what())});
+        m_errors.push_back({{}, compare_message::SignalFailure(signal.GetPath(), error.what())});
         return false;
     }
     return true;
 }
 
 bool CQuorvelDoc::ForEachComputed(const std::function<void(CSignal&)>& work) {
-    bool allDone = true;
+    bool areAllDone = true;
     for (CSignal& signal : m_computed) {
         AtWork(signal.GetPath());
-        if (!Attempt(signal, work)) allDone = false;
+        if (!Attempt(signal, work)) areAllDone = false;
     }
-    return allDone;
+    return areAllDone;
 }
 
 void CQuorvelDoc::ForgetMessages() {
@@ -365,11 +367,11 @@ void CQuorvelDoc::ForgetMessages() {
 
 void CQuorvelDoc::BeginProgress(const CFileSelection& selection) {
     std::size_t passes = 3;  // reading, resampling, comparing
-    if (selection.filter) ++passes;
-    if (selection.truncate) ++passes;
-    if (selection.averageReference) ++passes;  // the common range
+    if (selection.shouldFilter) ++passes;
+    if (selection.shouldTruncate) ++passes;
+    if (selection.isReferenceAverage) ++passes;  // the common range
     m_stepsDone = 0;
-    m_stepsTotal = passes * m_computed.size() + (selection.averageReference ? 0 : 1);
+    m_stepsTotal = passes * m_computed.size() + (selection.isReferenceAverage ? 0 : 1);
 }
 
 void CQuorvelDoc::AtWork(const std::string& path) {

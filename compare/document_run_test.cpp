@@ -41,10 +41,10 @@ TEST_F(Runs, OfferTheDefaultsFirst) {
     ASSERT_TRUE(host.offered.has_value());
     EXPECT_THAT(host.offered->files, IsEmpty());
     EXPECT_EQ(host.offered->referencePath, "");
-    EXPECT_FALSE(host.offered->averageReference);
-    EXPECT_TRUE(host.offered->filter);
-    EXPECT_TRUE(host.offered->filterReference);
-    EXPECT_FALSE(host.offered->truncate);
+    EXPECT_FALSE(host.offered->isReferenceAverage);
+    EXPECT_TRUE(host.offered->shouldFilter);
+    EXPECT_TRUE(host.offered->shouldFilterReference);
+    EXPECT_FALSE(host.offered->shouldTruncate);
     EXPECT_EQ(host.offered->channelClass, 60);
     EXPECT_EQ(host.offered->windowStart, 0.0);
     EXPECT_EQ(host.offered->windowEnd, 0.30000001192092896);
@@ -53,8 +53,8 @@ TEST_F(Runs, OfferTheDefaultsFirst) {
 TEST_F(Runs, OfferTheLastChoiceAgain) {
     CFileSelection choice =
         Choice({Write("a.uds", {1.0, 2.0, 3.0}), Write("b.uds", {1.0, 2.0, 3.0})}, Write("ref.uds", {1.0, 2.0, 3.0}));
-    choice.filter = true;
-    choice.truncate = true;
+    choice.shouldFilter = true;
+    choice.shouldTruncate = true;
     choice.channelClass = 180;
     choice.windowEnd = 9.0;
     Run(choice);
@@ -62,9 +62,9 @@ TEST_F(Runs, OfferTheLastChoiceAgain) {
 
     EXPECT_EQ(host.offered->files, choice.files);
     EXPECT_EQ(host.offered->referencePath, choice.referencePath);
-    EXPECT_FALSE(host.offered->averageReference);
-    EXPECT_TRUE(host.offered->filter);
-    EXPECT_TRUE(host.offered->truncate);
+    EXPECT_FALSE(host.offered->isReferenceAverage);
+    EXPECT_TRUE(host.offered->shouldFilter);
+    EXPECT_TRUE(host.offered->shouldTruncate);
     EXPECT_EQ(host.offered->channelClass, 180);
 }
 
@@ -73,7 +73,7 @@ TEST_F(Runs, OfferTheReferenceOfAnAverageRunByItsPath) {
     Run(AverageChoice({file}));
     document.OnCompareFiles();
 
-    EXPECT_TRUE(host.offered->averageReference);
+    EXPECT_TRUE(host.offered->isReferenceAverage);
     EXPECT_EQ(host.offered->referencePath, file);
 }
 
@@ -152,8 +152,8 @@ TEST_F(Runs, ReportTheirProgress) {
     const std::string a = Write("a.uds", {1.0, 2.0, 3.0}), b = Write("b.uds", {1.0, 2.0, 3.0}),
                       reference = Write("ref.uds", {1.0, 2.0, 3.0});
     CFileSelection choice = Choice({a, b}, reference);
-    choice.filter = true;
-    choice.truncate = true;
+    choice.shouldFilter = true;
+    choice.shouldTruncate = true;
     choice.windowEnd = 9.0;
     Run(choice);
 
@@ -212,7 +212,7 @@ TEST_F(Runs, ResampleTheComputedSignalsToTheReferencesStep) {
 TEST_F(Runs, KeepACopyOfEverySignalAsItWasRead) {
     CFileSelection choice = Choice({Write("a.uds", {0.0, 1.0, 2.0, 3.0, 4.0}, 0.25), Write("b.uds", {5.0, 6.0})},
                                    Write("ref.uds", {0.0, 2.0, 4.0}));
-    choice.filter = true;
+    choice.shouldFilter = true;
     Run(choice);
 
     ASSERT_THAT(document.SignalCopies(), SizeIs(2));
@@ -245,17 +245,17 @@ TEST_F(Runs, GoBackToTheSummaryAndKeepThePageObject) {
 
 TEST_F(Runs, TakeTheFlagsOfTheChoice) {
     const std::string a = Write("a.uds", {1.0, 2.0, 3.0});
-    EXPECT_TRUE(document.FilterFlag());
-    EXPECT_FALSE(document.WindowFlag());
-    EXPECT_FALSE(document.AverageReference());
+    EXPECT_TRUE(document.ShouldFilter());
+    EXPECT_FALSE(document.ShouldTruncate());
+    EXPECT_FALSE(document.IsReferenceAverage());
 
     CFileSelection choice = AverageChoice({a});
-    choice.truncate = true;
+    choice.shouldTruncate = true;
     choice.windowEnd = 9.0;
     Run(choice);
-    EXPECT_FALSE(document.FilterFlag());
-    EXPECT_TRUE(document.WindowFlag());
-    EXPECT_TRUE(document.AverageReference());
+    EXPECT_FALSE(document.ShouldFilter());
+    EXPECT_TRUE(document.ShouldTruncate());
+    EXPECT_TRUE(document.IsReferenceAverage());
 }
 
 TEST_F(Runs, ApplyTheDocumentsCorridorSize) {
@@ -303,8 +303,8 @@ TEST_F(Runs, OfferTheInputPageForAnyOtherReference) {
 TEST_F(Runs, FilterComputedSignalsAndTheReferenceAtTheChosenClass) {
     const std::string a = Write("a.uds", {1.0, 2.0, 3.0});
     CFileSelection choice = Choice({a, a}, a);
-    choice.filter = true;
-    choice.filterReference = true;
+    choice.shouldFilter = true;
+    choice.shouldFilterReference = true;
     choice.channelClass = 180;
     Run(choice);
 
@@ -317,7 +317,7 @@ TEST_F(Runs, FilterComputedSignalsAndTheReferenceAtTheChosenClass) {
 TEST_F(Runs, LeaveTheReferenceUnfilteredOnRequest) {
     const std::string a = Write("a.uds", {1.0, 2.0, 3.0});
     CFileSelection choice = Choice({a}, a);
-    choice.filter = true;
+    choice.shouldFilter = true;
     Run(choice);
 
     EXPECT_EQ(Computed(0).GetCFCClass(), 60);
@@ -327,7 +327,7 @@ TEST_F(Runs, LeaveTheReferenceUnfilteredOnRequest) {
 TEST_F(Runs, FilterTheReferenceAloneOnRequest) {
     const std::string a = Write("a.uds", {1.0, 2.0, 3.0});
     CFileSelection choice = Choice({a}, a);
-    choice.filterReference = true;
+    choice.shouldFilterReference = true;
     Run(choice);
 
     EXPECT_EQ(Computed(0).GetCFCClass(), 1001);
@@ -337,7 +337,7 @@ TEST_F(Runs, FilterTheReferenceAloneOnRequest) {
 TEST_F(Runs, NeverFilterAComputedAsciiFile) {
     const std::string ascii = folder.Write("a.txt", "0 1\n0.5 2\n1 3\n");
     CFileSelection choice = Choice({ascii, Write("b.uds", {1.0, 2.0, 3.0})}, Write("ref.uds", {1.0, 2.0, 3.0}));
-    choice.filter = true;
+    choice.shouldFilter = true;
     Run(choice);
 
     EXPECT_EQ(Computed(0).GetCFCClass(), 1001);
@@ -349,7 +349,7 @@ TEST_F(Runs, NeverFilterAComputedAsciiFile) {
 
 TEST_F(Runs, FilterAnAsciiReferenceOnRequest) {
     CFileSelection choice = Choice({Write("a.uds", {1.0, 2.0, 3.0})}, folder.Write("ref.txt", "0 1\n0.5 2\n1 3\n"));
-    choice.filterReference = true;
+    choice.shouldFilterReference = true;
     Run(choice);
 
     EXPECT_EQ(Reference().GetFileType(), "ASCII File");
@@ -362,7 +362,7 @@ TEST_F(Runs, FilterAnAsciiReferenceOnRequest) {
 TEST_F(Runs, CutEverySignalToTheWindow) {
     CFileSelection choice = Choice({Write("a.uds", {0.0, 1.0, 2.0, 3.0, 4.0, 5.0, 6.0})},
                                    Write("ref.uds", {0.0, 10.0, 20.0, 30.0, 40.0, 50.0, 60.0}));
-    choice.truncate = true;
+    choice.shouldTruncate = true;
     choice.windowStart = 0.5;
     choice.windowEnd = 2.0;
     Run(choice);
@@ -392,7 +392,7 @@ TEST_F(Runs, TakeNothingOverFromAnEarlierReference) {
     record.SetTITLE("earlier");
     const std::string a = WriteUds(folder, "a.uds", record);
     CFileSelection choice = Choice({a}, a);
-    choice.filterReference = true;
+    choice.shouldFilterReference = true;
     Run(choice);
     ASSERT_EQ(Reference().GetTITLE(), "earlier");
     Run(Choice({a}, folder.Write("ref.txt", "0 1\n0.5 2\n1 3\n")));
@@ -443,7 +443,7 @@ TEST_F(Runs, StopAtAnUnreadableFileButReadTheOthers) {
     Run(Choice({a}, a));
     document.SelectPage(4);
     CFileSelection choice = Choice({words, b, more}, folder.Path("missing"));
-    choice.filter = true;
+    choice.shouldFilter = true;
     Run(choice);
 
     EXPECT_THAT(host.calls, ElementsAre("select", "busy on", "busy off", "beep", "errors"));
@@ -499,10 +499,10 @@ TEST_F(LargeSignals, GetASentenceOfTheStepThatTheyAreTooLargeFor) {
 TEST_F(LargeSignals, StopARunWithASentenceWhereverTheMemoryEnds) {
     const std::string large = Large("large.uds"), other = Large("other.uds");
     CFileSelection choice = Choice({large, other}, large);
-    choice.truncate = true;
+    choice.shouldTruncate = true;
     choice.windowEnd = 1e9;
     CFileSelection average = choice;
-    average.averageReference = true;
+    average.isReferenceAverage = true;
     for (const CFileSelection& selection : {choice, average}) {
         std::size_t allowed = 0;
         for (bool isCompleted = false; !isCompleted; ++allowed) {
@@ -542,8 +542,8 @@ TEST_F(StoppedRuns, TryToFilterEverySignal) {
     const std::string bad = WriteStepless("bad.uds"), worse = WriteStepless("worse.uds"),
                       good = Write("good.uds", {1.0, 2.0, 3.0});
     CFileSelection choice = Choice({bad, good, worse}, good);
-    choice.filter = true;
-    choice.truncate = true;
+    choice.shouldFilter = true;
+    choice.shouldTruncate = true;
     choice.windowEnd = 1.0;
     Run(choice);
 
@@ -555,7 +555,7 @@ TEST_F(StoppedRuns, TryToFilterEverySignal) {
 TEST_F(StoppedRuns, RefuseAChannelClassThatDoesNotExist) {
     const std::string a = Write("a.uds", {1.0, 2.0, 3.0});
     CFileSelection choice = Choice({a}, a);
-    choice.filter = true;
+    choice.shouldFilter = true;
     choice.channelClass = 100;
     Run(choice);
 
@@ -566,7 +566,7 @@ TEST_F(StoppedRuns, TryToCutEverySignal) {
     const std::string a = Write("a.uds", {1.0, 2.0, 3.0}), late = Write("late.uds", {4.0, 5.0, 6.0}, 0.5, 100),
                       b = Write("b.uds", {7.0, 8.0, 9.0});
     CFileSelection choice = Choice({late, a, late, b}, a);
-    choice.truncate = true;
+    choice.shouldTruncate = true;
     choice.windowEnd = 1.0;
     Run(choice);
 
@@ -577,7 +577,7 @@ TEST_F(StoppedRuns, TryToCutEverySignal) {
 TEST_F(StoppedRuns, RefuseAWindowThatEndsBeforeItStarts) {
     const std::string a = Write("a.uds", {1.0, 2.0, 3.0});
     CFileSelection choice = Choice({a, a}, a);
-    choice.truncate = true;
+    choice.shouldTruncate = true;
     choice.windowStart = 2.0;
     choice.windowEnd = 1.0;
     Run(choice);
@@ -610,9 +610,9 @@ TEST_F(StoppedRuns, KeepTheOldReferenceWhenTheNewOneCannotBeResampled) {
 TEST_F(StoppedRuns, NameTheReferenceThatCannotBeFiltered) {
     const std::string a = Write("a.uds", {1.0, 2.0, 3.0}), reference = Write("ref.uds", {1.0, 2.0, 3.0});
     CFileSelection choice = Choice({a}, reference);
-    choice.filterReference = true;
+    choice.shouldFilterReference = true;
     choice.channelClass = 100;
-    choice.truncate = true;
+    choice.shouldTruncate = true;
     choice.windowEnd = 1.0;
     Run(choice);
 
@@ -623,7 +623,7 @@ TEST_F(StoppedRuns, NameTheReferenceThatCannotBeFiltered) {
 TEST_F(StoppedRuns, NameTheReferenceThatCannotBeCut) {
     const std::string a = Write("a.uds", {1.0, 2.0, 3.0}), late = Write("late.uds", {4.0, 5.0, 6.0}, 0.5, 100);
     CFileSelection choice = Choice({a}, late);
-    choice.truncate = true;
+    choice.shouldTruncate = true;
     choice.windowEnd = 1.0;
     Run(choice);
 
@@ -745,8 +745,8 @@ TEST_F(Runs, AtStartUpLoadNothing) {
     EXPECT_THAT(document.ComputedSignals(), IsEmpty());
     EXPECT_THAT(document.PageList(), IsEmpty());
     EXPECT_EQ(document.CurrentPageId(), 0);
-    EXPECT_TRUE(document.FilterFlag());
-    EXPECT_FALSE(document.AverageReference());
+    EXPECT_TRUE(document.ShouldFilter());
+    EXPECT_FALSE(document.IsReferenceAverage());
 }
 
 TEST_F(Runs, AtStartUpDropTheSignalsAndNothingElse) {
@@ -775,9 +775,9 @@ TEST_F(Runs, OfALoadedListMakeTheReferenceFromIt) {
     document.CompareLoadedList(0, 0.0, 0.0);
 
     EXPECT_THAT(host.calls, ElementsAre("hint 1"));
-    EXPECT_TRUE(document.AverageReference());
-    EXPECT_FALSE(document.FilterFlag());
-    EXPECT_FALSE(document.WindowFlag());
+    EXPECT_TRUE(document.IsReferenceAverage());
+    EXPECT_FALSE(document.ShouldFilter());
+    EXPECT_FALSE(document.ShouldTruncate());
     EXPECT_THAT(Reference().GetY(), ElementsAre(1.0, 2.0, 5.0));
     EXPECT_EQ(Measures(1).GetResidualSum(), 1.0);
     EXPECT_EQ(document.ComputedSignals()[1].GetReferenceName(), a);
@@ -806,7 +806,7 @@ TEST_P(LoadedListClass, FiltersAtAClassOfTheStandard) {
     document.CompareLoadedList(GetParam(), 0.0, 0.0);
 
     EXPECT_EQ(Computed(0).GetCFCClass(), GetParam());
-    EXPECT_TRUE(document.FilterFlag());
+    EXPECT_TRUE(document.ShouldFilter());
 }
 
 INSTANTIATE_TEST_SUITE_P(Classes, LoadedListClass, testing::Values(60, 180, 600, 1000));
@@ -817,7 +817,7 @@ TEST_F(Runs, OfALoadedListFilterAtNoOtherClass) {
         document.CompareLoadedList(channelClass, 0.0, 0.0);
 
         EXPECT_EQ(Computed(0).GetCFCClass(), 1001);
-        EXPECT_FALSE(document.FilterFlag());
+        EXPECT_FALSE(document.ShouldFilter());
         EXPECT_THAT(document.ErrorMessages(), IsEmpty());
     }
 }
@@ -826,13 +826,13 @@ TEST_F(Runs, OfALoadedListCutWhenABoundIsPositive) {
     const std::string a = Write("a.uds", {0.0, 1.0, 2.0, 3.0, 4.0, 5.0, 6.0});
     document.SetComputedFiles({a});
     document.CompareLoadedList(0, 0.0, 2.0);
-    EXPECT_TRUE(document.WindowFlag());
+    EXPECT_TRUE(document.ShouldTruncate());
     // Once to the window, 0 to 3/2, and once to the common range, which drops the last sample again.
     EXPECT_THAT(Computed(0).GetY(), ElementsAre(0.0, 1.0, 2.0));
 
     document.SetComputedFiles({a});
     document.CompareLoadedList(0, -1.0, 0.0);
-    EXPECT_FALSE(document.WindowFlag());
+    EXPECT_FALSE(document.ShouldTruncate());
     EXPECT_THAT(Computed(0).GetY(), SizeIs(6));
 }
 
@@ -844,9 +844,9 @@ TEST_F(Runs, OfALoadedListStopAtAnUnreadableFile) {
     EXPECT_THAT(host.calls, ElementsAre("beep", "errors"));
     EXPECT_THAT(host.errorLists, ElementsAre(BothSentences(words)));
     EXPECT_THAT(document.PageList(), IsEmpty());
-    EXPECT_FALSE(document.FilterFlag());
-    EXPECT_FALSE(document.WindowFlag());
-    EXPECT_TRUE(document.AverageReference());
+    EXPECT_FALSE(document.ShouldFilter());
+    EXPECT_FALSE(document.ShouldTruncate());
+    EXPECT_TRUE(document.IsReferenceAverage());
 }
 
 TEST_F(Runs, OfALoadedListStopAtAFailedStep) {

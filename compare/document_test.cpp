@@ -48,9 +48,9 @@ TEST_F(Document, StartsEmpty) {
     EXPECT_EQ(document.CurrentPageId(), 0);
     EXPECT_EQ(document.CurrentPage().GetPageKind(), 0);
     EXPECT_EQ(document.CorridorSize(), 4.0);
-    EXPECT_TRUE(document.FilterFlag());
-    EXPECT_FALSE(document.WindowFlag());
-    EXPECT_FALSE(document.AverageReference());
+    EXPECT_TRUE(document.ShouldFilter());
+    EXPECT_FALSE(document.ShouldTruncate());
+    EXPECT_FALSE(document.IsReferenceAverage());
     EXPECT_EQ(document.Reference().GetPath(), "");
 
     const CChartBlock& block = document.ChartBlock();
@@ -307,9 +307,9 @@ TEST_F(Document, LetsAPageBeChosenWhileTheErrorListIsOpen) {
     Run(Choice({folder.Path("missing")}, shortFile));
     ASSERT_THAT(document.ErrorMessages(), SizeIs(2));
     Forget();
-    bool chosen = false;
+    bool isChosen = false;
     host.whileErrorsAreShown = [&] {
-        if (!std::exchange(chosen, true)) document.SelectPage(8);
+        if (!std::exchange(isChosen, true)) document.SelectPage(8);
     };
     document.ShowErrors();
 
@@ -377,8 +377,8 @@ TEST_F(Document, SavesEverySeriesOfThePageAsUds) {
     for (const ks::CFileRequest& request : host.saveRequests) {
         EXPECT_EQ(request.folder, "C:\\");
         EXPECT_THAT(request.filters, IsEmpty());
-        EXPECT_TRUE(request.hideReadOnly);
-        EXPECT_TRUE(request.askBeforeOverwriting);
+        EXPECT_TRUE(request.shouldHideReadOnly);
+        EXPECT_TRUE(request.shouldAskBeforeOverwriting);
     }
     ks::CUDS1992 file;
     file.Read(folder.Path("second.uds"));
@@ -452,8 +452,8 @@ TEST_F(Document, SavesThePageAsOneAsciiTable) {
                                         "store AsciiOutputDir=" + folder.Path("")));
     EXPECT_EQ(host.saveRequests.at(0).folder, "C:\\");
     EXPECT_THAT(host.saveRequests.at(0).filters, IsEmpty());
-    EXPECT_TRUE(host.saveRequests.at(0).hideReadOnly);
-    EXPECT_TRUE(host.saveRequests.at(0).askBeforeOverwriting);
+    EXPECT_TRUE(host.saveRequests.at(0).shouldHideReadOnly);
+    EXPECT_TRUE(host.saveRequests.at(0).shouldAskBeforeOverwriting);
     EXPECT_EQ(ReadAll(folder.Path("page.txt")),
               "0 0 0 10 \r\n"
               "0.5 1 0.5 11 \r\n"

@@ -5,6 +5,7 @@
 #include "compare/sampling.h"
 #include "files/number_text.h"
 
+namespace compare_message {
 namespace {
 
 /// A resampling rounds to multiples of the step. What reaches further than this many steps was not measured.
@@ -41,6 +42,18 @@ std::string CutText(const CSampling& before, const CSampling& after) {
 
 }  // namespace
 
+std::string AverageName(std::size_t count) {
+    return "Average of " + std::to_string(count) + " files";
+}
+
+std::string SignalFailure(std::string_view path, std::string_view text) {
+    return std::string(path) + ": " + std::string(text);
+}
+
+std::string AsciiTableNotWritten(std::string_view path) {
+    return "The ASCII data could not be written to " + std::string(path) + ".";
+}
+
 std::string NotFilteredNote(std::string_view format) {
     return "Not filtered: computed signals from " + std::string(format) + " never are.";
 }
@@ -69,3 +82,5 @@ std::string NoCommonTimeNote(const CSampling& signal, std::string_view path, con
 std::string AverageIsFirstNote(std::string_view path) {
     return "The reference is the first signal, " + std::string(path) + ", not the mean of all signals.";
 }
+
+}  // namespace compare_message

@@ -37,22 +37,23 @@ std::string_view NameOf(CNoteKind kind) {
 void AppendResampling(std::vector<CNote>& notes, CNoteKind kind, const CSampling& before, const CSampling& after) {
     if (before.points == after.points && IsSameStep(before.step, after.step)) return;
     const bool isReference = kind == CNoteKind::ReferenceResampled;
-    notes.push_back({kind, isReference ? ReferenceResampledNote(before, after) : ResampledNote(before, after)});
+    notes.push_back({kind, isReference ? compare_message::ReferenceResampledNote(before, after)
+                                       : compare_message::ResampledNote(before, after)});
 }
 
 void AppendCutToCommonRange(std::vector<CNote>& notes, const CSampling& before, const CSampling& after) {
     if (before.points == after.points) return;
-    notes.push_back({CNoteKind::CutToCommonRange, CutToCommonRangeNote(before, after)});
+    notes.push_back({CNoteKind::CutToCommonRange, compare_message::CutToCommonRangeNote(before, after)});
 }
 
 void AppendCutByPage(std::vector<CNote>& notes, std::string_view pageName, const CSampling& before,
                      const CSampling& after) {
     if (before.points == after.points) return;
-    notes.push_back({CNoteKind::CutByPage, CutByPageNote(pageName, before, after)});
+    notes.push_back({CNoteKind::CutByPage, compare_message::CutByPageNote(pageName, before, after)});
 }
 
 void AppendNoCommonTime(std::vector<CNote>& notes, const CSampling& signal, std::string_view path,
                         const CSampling& reference) {
     if (!HaveNoCommonTime(signal, reference)) return;
-    notes.push_back({CNoteKind::NoCommonTime, NoCommonTimeNote(signal, path, reference)});
+    notes.push_back({CNoteKind::NoCommonTime, compare_message::NoCommonTimeNote(signal, path, reference)});
 }

@@ -39,7 +39,7 @@ bool CSignal::ReadAscii() {
 
 bool CSignal::Take(ks::CLoadedSignal loaded) {
     if (!loaded.IsLoaded()) {
-        for (std::string& complaint : loaded.complaints) m_record.AddWarning(std::move(complaint));
+        for (const std::string& complaint : loaded.complaints) m_record.AddWarning(complaint);
         return false;
     }
     m_record = std::move(loaded.record);

@@ -58,7 +58,7 @@ bool MayStandInData(char c) {
 class CDataEnd {
 public:
     std::size_t length = kNowhere;  ///< kNowhere: not in the part looked at
-    bool hopeless = false;          ///< the last character of `length` is one that no data hold
+    bool isHopeless = false;        ///< the last character of `length` is one that no data hold
 };
 
 /// Looks at the text from `start` on, and at the pair across `start`. One scan finds what the cuts would give one
@@ -115,14 +115,14 @@ void CReading::ReadPiece(const std::string& path) {
     const std::size_t count = m_source.Read(std::as_writable_bytes(std::span(m_text).subspan(start)));
     m_text.resize(start + count);
     m_bytesRead += count;
-    if (m_bytesRead > kLargestText) throw CError(ascii::TooLarge(path));
+    if (m_bytesRead > kLargestText) throw CError(ascii_message::TooLarge(path));
 
     const CDataEnd end = FindDataEnd(m_text, start);
     m_isLast = end.length != kNowhere || count < m_bytesAtATime;
     if (end.length != kNowhere) {
         m_text.resize(end.length);
     } else if (m_isLast && m_bytesRead < m_source.Size()) {
-        throw CError(ReadFailed(path));  // part of a signal must not pass for all of it
+        throw CError(read_message::ReadFailed(path));  // part of a signal must not pass for all of it
     }
 }
 
@@ -144,7 +144,7 @@ bool CReading::Parse() {
 std::size_t DataLength(std::string_view text) {
     for (std::size_t start = 0; start < text.size();) {
         const CDataEnd end = FindDataEnd(text, start);
-        if (!end.hopeless) return std::min(end.length, text.size());
+        if (!end.isHopeless) return std::min(end.length, text.size());
         start = end.length;
     }
     return text.size();
@@ -153,16 +153,16 @@ std::size_t DataLength(std::string_view text) {
 void CPoints::ReadFile(const std::string& path) {
     m_columns = {};
     CInputFile file;
-    if (!file.Open(path)) throw CError(NotOpenedForReading(path));
-    if (!file.FindSize()) throw CError(NotOpenedForReading(path));
+    if (!file.Open(path)) throw CError(read_message::NotOpenedForReading(path));
+    if (!file.FindSize()) throw CError(read_message::NotOpenedForReading(path));
     ReadFrom(file, path, kBytesAtATime);
 }
 
 void CPoints::ReadFrom(CByteSource& source, const std::string& path, std::size_t bytesAtATime) {
     m_columns = {};
-    if (source.Size() > kLargestText) throw CError(ascii::TooLarge(path));
+    if (source.Size() > kLargestText) throw CError(ascii_message::TooLarge(path));
     if (!CReading(source, bytesAtATime, m_columns).ReadAll(path)) {
-        throw CError(ascii::ParseFile(path, ascii::kParseData));
+        throw CError(ascii_message::ParseFile(path, ascii_message::kParseData));
     }
     FillZ(m_columns);
 }
@@ -170,7 +170,7 @@ void CPoints::ReadFrom(CByteSource& source, const std::string& path, std::size_t
 void CPoints::ParseData(std::string_view text) {
     m_columns = {};
     MakeRoom(m_columns, text, text.size());
-    if (!syntax::ParsePoints(text, m_columns)) throw CError(ascii::kParseData);
+    if (!syntax::ParsePoints(text, m_columns)) throw CError(ascii_message::kParseData);
     FillZ(m_columns);
 }
 

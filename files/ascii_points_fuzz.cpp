@@ -18,8 +18,8 @@
 
 namespace {
 
-void Require(bool condition) {
-    if (!condition) std::abort();
+void Require(bool isMet) {
+    if (!isMet) std::abort();
 }
 
 /// A number as the reader takes it; it has no word for infinity.

@@ -200,10 +200,10 @@ private:
     std::string Number() {
         std::string text;
         if (Below(3) == 0) text += One("+-");
-        const bool pointFirst = Below(5) == 0;
-        if (pointFirst) text += '.';
+        const bool isPointFirst = Below(5) == 0;
+        if (isPointFirst) text += '.';
         text += Digits();
-        if (!pointFirst && Below(3) == 0) {
+        if (!isPointFirst && Below(3) == 0) {
             text += '.';
             if (Below(3) > 0) text += Digits();
         }
@@ -259,16 +259,16 @@ TEST(AsciiPoints, AreThoseOfAPlainReaderOn100000Texts) {
         const std::string text = texts.Next();
         const ReferencePoints expected = ReadPointsPlainly(text);
         CPoints points;
-        bool parsed = true;
+        bool isParsed = true;
         try {
             points.ParseData(text);
         } catch (const CError&) {
-            parsed = false;
+            isParsed = false;
         }
-        ASSERT_EQ(parsed, expected.accepted) << testing::PrintToString(text);
+        ASSERT_EQ(isParsed, expected.isAccepted) << testing::PrintToString(text);
         ASSERT_EQ(BitsOf(PointsOf(points.Columns())), BitsOf(expected.points)) << testing::PrintToString(text);
-        accepted += parsed ? 1 : 0;
-        several += parsed && expected.points.size() > 1 ? 1 : 0;
+        accepted += isParsed ? 1 : 0;
+        several += isParsed && expected.points.size() > 1 ? 1 : 0;
     }
     // Both outcomes must occur.
     EXPECT_GT(accepted, 30000);
@@ -283,9 +283,9 @@ ReferencePoints ReadInPieces(const std::string& text, std::size_t bytesAtATime) 
     ReferencePoints result;
     try {
         points.ReadFrom(source, "p", bytesAtATime);
-        result.accepted = true;
+        result.isAccepted = true;
     } catch (const CError&) {
-        result.accepted = false;
+        result.isAccepted = false;
     }
     result.points = PointsOf(points.Columns());
     return result;
@@ -301,10 +301,10 @@ TEST(AsciiPoints, InPiecesAreThoseOfAPlainReaderOnTheWholeText) {
         const ReferencePoints expected = ReadPointsPlainly(CutStepByStep(text));
         for (const std::size_t bytesAtATime : {1U, 2U, 3U, 7U, 16U, 1000U}) {
             const ReferencePoints read = ReadInPieces(text, bytesAtATime);
-            ASSERT_EQ(read.accepted, expected.accepted) << bytesAtATime << testing::PrintToString(text);
+            ASSERT_EQ(read.isAccepted, expected.isAccepted) << bytesAtATime << testing::PrintToString(text);
             ASSERT_EQ(BitsOf(read.points), BitsOf(expected.points)) << bytesAtATime << testing::PrintToString(text);
         }
-        accepted += expected.accepted ? 1 : 0;
+        accepted += expected.isAccepted ? 1 : 0;
     }
     EXPECT_GT(accepted, 4000);
     EXPECT_LT(accepted, 16000);
@@ -320,9 +320,9 @@ TEST(AsciiPoints, InPiecesAreThoseOfAPlainReaderOnEveryKindOfGap) {
         for (auto length = random() % 24; length > 0; --length) text += characters[random() % characters.size()];
         const ReferencePoints expected = ReadPointsPlainly(CutStepByStep(text));
         const ReferencePoints read = ReadInPieces(text, 1 + random() % 9);
-        ASSERT_EQ(read.accepted, expected.accepted) << testing::PrintToString(text);
+        ASSERT_EQ(read.isAccepted, expected.isAccepted) << testing::PrintToString(text);
         ASSERT_EQ(BitsOf(read.points), BitsOf(expected.points)) << testing::PrintToString(text);
-        accepted += expected.accepted && !expected.points.empty() ? 1 : 0;
+        accepted += expected.isAccepted && !expected.points.empty() ? 1 : 0;
     }
     EXPECT_GT(accepted, 5000);
 }
@@ -394,8 +394,8 @@ TEST(AsciiPoints, TakeTimeInProportionToTheText) {
     const std::string commas(4000000, ',');
     EXPECT_TRUE(Parses("1" + commas + "2"));
     EXPECT_TRUE(Parses(std::string(4000000, '1')));
-    EXPECT_TRUE(ReadInPieces(std::string(4000000, '1'), 1000).accepted);
-    EXPECT_TRUE(ReadInPieces("1" + commas + "2", 1000).accepted);
+    EXPECT_TRUE(ReadInPieces(std::string(4000000, '1'), 1000).isAccepted);
+    EXPECT_TRUE(ReadInPieces("1" + commas + "2", 1000).isAccepted);
 }
 
 // The end of the data.

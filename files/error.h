@@ -1,6 +1,8 @@
 #pragma once
 
 #include <stdexcept>
+#include <string>
+#include <string_view>
 
 namespace ks {
 
@@ -13,7 +15,7 @@ namespace ks {
 ///   out of bounds, a mistake of the caller.
 class CError : public std::logic_error {
 public:
-    using std::logic_error::logic_error;
+    explicit CError(std::string_view sentence) : std::logic_error(std::string(sentence)) {}
 };
 
 }  // namespace ks

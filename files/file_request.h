@@ -24,9 +24,9 @@ struct CFileRequest {
     std::string folder;                ///< where to start; the home folder when it does not exist
     std::string suggestedName;         ///< of the file to save, without a folder; may be empty
     std::string defaultExtension;      ///< "txt": added to a saved name that has none; none when empty
-    bool fileMustExist = false;        ///< without effect when saving
-    bool hideReadOnly = true;          ///< kept for dialogs with a read-only box; the toolkit's have none
-    bool askBeforeOverwriting = false;
+    bool mustExist = false;            ///< without effect when saving
+    bool shouldHideReadOnly = true;    ///< kept for dialogs with a read-only box; the toolkit's have none
+    bool shouldAskBeforeOverwriting = false;
 };
 
 /// A save picker that asks before it takes the name of an existing file.
@@ -36,7 +36,7 @@ inline CFileRequest SaveRequest(std::string title, std::string folder = {}, std:
     request.title = std::move(title);
     request.filters = std::move(filters);
     request.folder = std::move(folder);
-    request.askBeforeOverwriting = true;
+    request.shouldAskBeforeOverwriting = true;
     return request;
 }
 

@@ -27,10 +27,10 @@ std::vector<std::string> ParseHitList(std::string_view text) {
     std::vector<std::string> files;
     while (!text.empty()) {
         const std::size_t end = text.find('\n');
-        const bool ended = end != std::string_view::npos;
-        const std::string_view line = ended ? WithoutCarriageReturn(text.substr(0, end)) : text;
+        const bool hasEnd = end != std::string_view::npos;
+        const std::string_view line = hasEnd ? WithoutCarriageReturn(text.substr(0, end)) : text;
         if (!line.empty()) files.emplace_back(line);
-        text.remove_prefix(ended ? end + 1 : text.size());
+        text.remove_prefix(hasEnd ? end + 1 : text.size());
     }
     return files;
 }

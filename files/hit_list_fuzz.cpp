@@ -11,8 +11,8 @@
 
 namespace {
 
-void Require(bool condition) {
-    if (!condition) std::abort();
+void Require(bool isMet) {
+    if (!isMet) std::abort();
 }
 
 }  // namespace

@@ -181,11 +181,11 @@ TEST(FormatsFromProbe, AnUnknownRealMakesTheByteOrderUnknown) {
 }
 
 TEST(ProbeMachineFormats, AgreesWithTheCompiler) {
-    const bool little = std::endian::native == std::endian::little;
+    const bool isLittle = std::endian::native == std::endian::little;
     const CNumberFormats machine = ProbeMachineFormats();
-    EXPECT_EQ(machine.byteOrder, little ? CByteOrder::LittleEndian : CByteOrder::BigEndian);
+    EXPECT_EQ(machine.byteOrder, isLittle ? CByteOrder::LittleEndian : CByteOrder::BigEndian);
     ASSERT_TRUE(std::numeric_limits<float>::is_iec559);
-    EXPECT_EQ(machine.numberFormat, little ? CNumberFormat::Ieee : CNumberFormat::Sun);
+    EXPECT_EQ(machine.numberFormat, isLittle ? CNumberFormat::Ieee : CNumberFormat::Sun);
 }
 
 }  // namespace

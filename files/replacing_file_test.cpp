@@ -338,11 +338,11 @@ TEST(WriteTrouble, IsAFullDeviceOnlyWhereThereIsNoRoom) {
 }
 
 TEST(WriteTrouble, DecidesTheSentence) {
-    EXPECT_EQ(udswrite::NotCompleted("f", {true, false}),
+    EXPECT_EQ(uds_write_message::NotCompleted("f", {true, false}),
               "Failure to complete the file: f. The device may be full; an existing file was kept.");
-    EXPECT_EQ(udswrite::NotCompleted("f", {false, false}),
+    EXPECT_EQ(uds_write_message::NotCompleted("f", {false, false}),
               "Failure to complete the file: f. An existing file was kept.");
-    EXPECT_EQ(udswrite::NotCompleted("f", {false, true}),
+    EXPECT_EQ(uds_write_message::NotCompleted("f", {false, true}),
               "Failure to complete the file: f. The existing file is damaged.");
 }
 

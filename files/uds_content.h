@@ -24,10 +24,10 @@ public:
 class CUDSContent {
 public:
     CUDSFields fields;
-    CPointColumns columns;         ///< `z` is empty
-    bool secondComponent = false;  ///< whether the header of a second vehicle or component is present
-    CNumberFormats formats;        ///< how the file's numbers are stored
-    CUDSRepairs repairs;           ///< left by the last reading
+    CPointColumns columns;            ///< `z` is empty
+    bool hasSecondComponent = false;  ///< the header of a second vehicle or component is present
+    CNumberFormats formats;           ///< how the file's numbers are stored
+    CUDSRepairs repairs;              ///< left by the last reading
 };
 
 }  // namespace ks

@@ -25,10 +25,10 @@ CUDS1992::CUDS1992() : CUDSFile(CUDSGeometry{}) {}
 void CUDSFile::Read(const std::string& path) {
     m_content = {};
     m_imageSize = 0;
-    if (path.empty()) throw CError(udsread::kEmptyPath);
+    if (path.empty()) throw CError(uds_read_message::kEmptyPath);
     CInputFile file;
-    if (!file.Open(path)) throw CError(NotOpenedForReading(path));
-    if (!file.FindSize()) throw CError(udsread::NoFileInformation(path));
+    if (!file.Open(path)) throw CError(read_message::NotOpenedForReading(path));
+    if (!file.FindSize()) throw CError(uds_read_message::NoFileInformation(path));
     ReadFrom(file);
 }
 
@@ -51,15 +51,15 @@ void CUDSFile::ReadFrom(CByteSource& source) {
 
 void CUDSFile::Write(const std::string& path) {
     m_imageSize = 0;
-    if (path.empty()) throw CError(udswrite::kEmptyPath);
+    if (path.empty()) throw CError(uds_write_message::kEmptyPath);
     CheckIndicesForWriting(m_content.fields);
-    if (!CanWrite(path)) throw CError(udswrite::kNotOpened);
+    if (!CanWrite(path)) throw CError(uds_write_message::kNotOpened);
 
     const std::vector<std::byte> image = MakeCheckedImage();
     CWriteTrouble trouble;
     const CWriteResult result = WriteFile(path, image, &trouble);
-    if (result == CWriteResult::NotOpened) throw CError(udswrite::kNotOpened);
-    if (result == CWriteResult::NotCompleted) throw CError(udswrite::NotCompleted(path, trouble));
+    if (result == CWriteResult::NotOpened) throw CError(uds_write_message::kNotOpened);
+    if (result == CWriteResult::NotCompleted) throw CError(uds_write_message::NotCompleted(path, trouble));
     m_imageSize = image.size();
 }
 
@@ -70,7 +70,7 @@ std::vector<std::byte> CUDSFile::MakeImage() {
 
 std::vector<std::byte> CUDSFile::MakeCheckedImage() {
     const CNumberFormats machine = ProbeMachineFormats();
-    m_content.formats = OutputFormats(m_sunOutput, machine);
+    m_content.formats = OutputFormats(m_isSunOutput, machine);
     m_content.fields.SetNUMFORM(NumberFormatName());
     RepairYear(m_content.fields);
     return MakeUdsImage(m_content, m_geometry, machine);
@@ -82,7 +82,7 @@ CPointColumns CUDSFile::TakeColumns() {
 
 void CUDSFile::SetColumns(CPointColumns columns) {
     if (columns.x.size() != columns.y.size()) {
-        throw CError(udswrite::ColumnsDiffer(columns.x.size(), columns.y.size()));
+        throw CError(uds_write_message::ColumnsDiffer(columns.x.size(), columns.y.size()));
     }
     m_content.columns = std::move(columns);
 }

@@ -52,12 +52,12 @@ public:
     [[nodiscard]] CPointList Points() const { return MakePointList(m_content.columns); }
 
     /// Whether the header of a second vehicle or component is present, read or to be written.
-    [[nodiscard]] bool HasSecondComponent() const { return m_content.secondComponent; }
-    void SetSecondComponent(bool present) { m_content.secondComponent = present; }
+    [[nodiscard]] bool HasSecondComponent() const { return m_content.hasSecondComponent; }
+    void SetSecondComponent(bool isPresent) { m_content.hasSecondComponent = isPresent; }
 
     /// Whether to write big-endian IEEE ("SUN") instead of the machine's own format. Default: no.
-    [[nodiscard]] bool SunOutput() const { return m_sunOutput; }
-    void SetSunOutput(bool sun) { m_sunOutput = sun; }
+    [[nodiscard]] bool IsSunOutput() const { return m_isSunOutput; }
+    void SetSunOutput(bool isSun) { m_isSunOutput = isSun; }
 
     /// Name of the number format of the file last read or written: "IEEE", "SUN", "VAX" or "UKNOWN".
     [[nodiscard]] std::string NumberFormatName() const;
@@ -80,7 +80,7 @@ private:
     CUDSGeometry m_geometry;
     CUDSContent m_content;
     std::uint64_t m_imageSize = 0;
-    bool m_sunOutput = false;
+    bool m_isSunOutput = false;
 };
 
 /// The UDS-1992 variant: fixes the record geometry.

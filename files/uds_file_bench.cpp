@@ -56,9 +56,9 @@ BENCHMARK_CAPTURE(ReadUds, Sun, CNumberFormat::Sun, "X-Y")->Arg(10000)->Arg(1000
 BENCHMARK_CAPTURE(ReadUds, Vax, CNumberFormat::Vax, "X-Y")->Arg(10000)->Arg(1000000)->Unit(benchmark::kMicrosecond);
 BENCHMARK_CAPTURE(ReadUds, SunOrdinates, CNumberFormat::Sun, "Y")->Arg(1000000)->Unit(benchmark::kMicrosecond);
 
-void WriteUds(benchmark::State& state, bool sun) {
+void WriteUds(benchmark::State& state, bool isSun) {
     CUDS1992 file = FileOf(state.range(0), "X-Y");
-    file.SetSunOutput(sun);
+    file.SetSunOutput(isSun);
     for (auto _ : state) benchmark::DoNotOptimize(file.MakeImage());
     state.SetItemsProcessed(state.iterations() * state.range(0));
 }

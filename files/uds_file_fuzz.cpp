@@ -20,11 +20,11 @@
 
 namespace {
 
-void Require(bool condition) {
-    if (!condition) std::abort();
+void Require(bool isMet) {
+    if (!isMet) std::abort();
 }
 
-bool SameBits(const std::vector<double>& a, const std::vector<double>& b) {
+bool HaveSameBits(const std::vector<double>& a, const std::vector<double>& b) {
     if (a.size() != b.size()) return false;
     for (std::size_t i = 0; i < a.size(); ++i) {
         if (std::bit_cast<std::uint64_t>(a[i]) != std::bit_cast<std::uint64_t>(b[i])) return false;
@@ -38,16 +38,16 @@ void RequireSameFields(const ks::CUDSFields& a, const ks::CUDSFields& b) {
     }
 }
 
-void WriteAndReadAgain(ks::CUDSFile& file, bool sun) {
-    file.SetSunOutput(sun);
+void WriteAndReadAgain(ks::CUDSFile& file, bool isSun) {
+    file.SetSunOutput(isSun);
     const std::vector<std::byte> image = file.MakeImage();
     ks::CUDS1992 back;
     back.ReadImage(image);
     RequireSameFields(file.Fields(), back.Fields());
-    Require(SameBits(file.Columns().x, back.Columns().x));
-    Require(SameBits(file.Columns().y, back.Columns().y));
+    Require(HaveSameBits(file.Columns().x, back.Columns().x));
+    Require(HaveSameBits(file.Columns().y, back.Columns().y));
     Require(file.HasSecondComponent() == back.HasSecondComponent());
-    back.SetSunOutput(sun);
+    back.SetSunOutput(isSun);
     Require(back.MakeImage() == image);
 }
 

@@ -97,7 +97,7 @@ TEST_F(UdsFileOnDisk, LeavesNothingOfTheFileBeforeAfterAFailure) {
 
 TEST_F(UdsFileOnDisk, HasNoFieldOfTheFileBeforeAfterAFailure) {
     CUDSRecipe recipe;
-    recipe.secondComponent = true;
+    recipe.hasSecondComponent = true;
     CUDS1992 file;
     const auto read = [&] { file.Read(m_folder.Write("a.uds", UdsFile(recipe).Text())); };
     const auto expectNothing = [&] {
@@ -199,7 +199,7 @@ TEST(UDSFile, StartsWithoutAFile) {
     EXPECT_EQ(file.NumberFormatName(), "UKNOWN");
     EXPECT_EQ(file.ImageSize(), 0U);
     EXPECT_FALSE(file.HasSecondComponent());
-    EXPECT_FALSE(file.SunOutput());
+    EXPECT_FALSE(file.IsSunOutput());
     EXPECT_THAT(file.Points(), IsEmpty());
 }
 

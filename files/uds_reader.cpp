@@ -124,12 +124,12 @@ private:
 void CReading::FillBuffer(std::size_t size) {
     m_buffer.resize(size);
     // A file that became shorter since its size was taken lacks the bytes that the checks promised.
-    if (m_source.Read(m_buffer) < size) throw CError(udsread::kBufferTooSmall);
+    if (m_source.Read(m_buffer) < size) throw CError(uds_read_message::kBufferTooSmall);
     m_left -= size;
 }
 
 void CReading::NextHeaderRecord() {
-    if (m_left < m_geometry.recordSize) throw CError(udsread::kBufferTooSmall);
+    if (m_left < m_geometry.recordSize) throw CError(uds_read_message::kBufferTooSmall);
     FillBuffer(m_geometry.recordSize);
 }
 
@@ -178,7 +178,7 @@ void CReading::NoteUserReals() {
 void CReading::ReadFileHeader() {
     NextHeaderRecord();
     StoreField(*FindUdsField("FILEID"));
-    if (Tag() != kFileId) throw CError(udsread::kNotUds);
+    if (Tag() != kFileId) throw CError(uds_read_message::kNotUds);
     // The number format must be known before the first number.
     StoreField(*FindUdsField("NUMFORM"));
     m_content.formats = FormatsOf(m_content.fields.GetNUMFORM());
@@ -188,13 +188,13 @@ void CReading::ReadFileHeader() {
 void CReading::ReadSecondComponent() {
     NextHeaderRecord();
     if (Tag() != kSecondComponentTag) return;
-    m_content.secondComponent = true;
+    m_content.hasSecondComponent = true;
     StoreFields(CUDSRecord::SecondComponent);
     NextHeaderRecord();
 }
 
 void CReading::ReadCurveHeader() {
-    if (Tag() != kCurveTag) throw CError(udsread::kInvalidCurveHeader);
+    if (Tag() != kCurveTag) throw CError(uds_read_message::kInvalidCurveHeader);
     StoreFields(CUDSRecord::Curve);
     NoteUserReals();
     // Kept: every file read so far got the first user real in all five.
@@ -206,21 +206,21 @@ void CReading::ReadCurveHeader() {
 
 void CReading::CheckIndicesAndSize() {
     const CUDSFields& fields = m_content.fields;
-    if (fields.GetNFP() == fields.GetNLP()) throw CError(udsread::kEqualIndices);
-    if (fields.GetNFP() > fields.GetNLP()) throw CError(udsread::kCrossedIndices);
+    if (fields.GetNFP() == fields.GetNLP()) throw CError(uds_read_message::kEqualIndices);
+    if (fields.GetNFP() > fields.GetNLP()) throw CError(uds_read_message::kCrossedIndices);
 
     const std::uint64_t records = m_left / m_geometry.recordSize;
     const std::uint64_t kinds = fields.GetFILEFORM() == kOrdinatesForm ? 1 : 2;
     const std::uint64_t needed = kinds * RecordsFor(Count(), m_geometry);
-    if (records < needed) throw CError(udsread::kInsufficientData);
-    if (records == 0) throw CError(udsread::kNoRecords);
+    if (records < needed) throw CError(uds_read_message::kInsufficientData);
+    if (records == 0) throw CError(uds_read_message::kNoRecords);
     m_content.repairs.unusedRecords = records - needed;
 }
 
 void CReading::ReadData() {
     if (m_content.fields.GetFILEFORM() == kPairsForm) return ReadPairs();
     if (m_content.fields.GetFILEFORM() == kOrdinatesForm) return ReadOrdinates();
-    throw CError(udsread::kUnknownForm);
+    throw CError(uds_read_message::kUnknownForm);
 }
 
 /// Walks all data records; `listOf` gives the list for a tag, or null for a tag that must not be there.
@@ -231,7 +231,7 @@ void CReading::ReadBlocks(ListOf listOf) {
         for (std::size_t start = 0; start < m_buffer.size(); start += m_geometry.recordSize) {
             const auto record = std::span(m_buffer).subspan(start, m_geometry.recordSize);
             std::vector<double>* const list = listOf(Trimmed(record.first(m_geometry.tagWidth)));
-            if (list == nullptr) throw CError(udsread::kUnknownBlock);
+            if (list == nullptr) throw CError(uds_read_message::kUnknownBlock);
             if (list->size() < Count() && BeginsWithBlanks(record.first(m_geometry.tagWidth)))
                 ++m_content.repairs.movedTexts;
             AppendValues(record.subspan(m_geometry.tagWidth), *list);
@@ -258,7 +258,7 @@ void CReading::ReadPairs() {
         if (tag == kOrdinateTag) return &columns.y;
         return tag == kAbscissaTag ? &columns.x : nullptr;
     });
-    if (columns.x.size() < Count() || columns.y.size() < Count()) throw CError(udsread::kInsufficientData);
+    if (columns.x.size() < Count() || columns.y.size() < Count()) throw CError(uds_read_message::kInsufficientData);
 }
 
 void CReading::ReadOrdinates() {
@@ -282,7 +282,7 @@ void CReading::GenerateAbscissas() {
 }  // namespace
 
 void ReadUds(CByteSource& source, const CUDSGeometry& geometry, CUDSContent& content) {
-    if (source.Size() % geometry.recordSize != 0) throw CError(udsread::kSizeNotMultiple);
+    if (source.Size() % geometry.recordSize != 0) throw CError(uds_read_message::kSizeNotMultiple);
     content = CUDSContent{};
     CReading reading(source, geometry, content);
     reading.ReadFileHeader();

@@ -113,7 +113,7 @@ TEST(UdsReader, GivesAllFiveUserRealsTheFirstOnesValue) {
 
 TEST(UdsReader, ReadsTheSecondComponent) {
     CUDSRecipe recipe;
-    recipe.secondComponent = true;
+    recipe.hasSecondComponent = true;
     CUDSBytes bytes = UdsFile(recipe);
     bytes.PutInteger(512 + 12, 77).PutText(512 + 166, 20, "BELT").PutInteger(512 + 88, 72);
     const CUDS1992 file = Read(bytes);
@@ -130,7 +130,7 @@ TEST(UdsReader, KnowsThatThereIsNoSecondComponent) {
 
 TEST(UdsReader, ForgetsTheFileBefore) {
     CUDSRecipe two;
-    two.secondComponent = true;
+    two.hasSecondComponent = true;
     two.numbers = CUdsNumbers::Sun;
     CUDSBytes bytes = UdsFile(two);
     bytes.PutInteger(512 + 12, 77);
@@ -194,7 +194,7 @@ TEST(UdsReader, TellsOfUserRealsThatAreNotANumber) {
 
 TEST(UdsReader, CountsTextsBehindBlanks) {
     CUDSRecipe recipe = RecipeOf(126);
-    recipe.secondComponent = true;
+    recipe.hasSecondComponent = true;
     CUDSBytes bytes = UdsFile(recipe);
     bytes.PutText(65, 70, " TITLE").PutText(34, 15, "").PutText(49 + 4, 12, "A B ");  // only the first moves
     bytes.PutText(512, 12, "  CMP-2 HDR").PutText(512 + 48, 15, "  MAKE").PutText(1024 + 374, 70, "   CD2");
@@ -207,7 +207,7 @@ TEST(UdsReader, CountsTextsBehindBlanks) {
 
 TEST(UdsReader, CountsRecordsWithBytesBehindTheirLastFieldOrPoint) {
     CUDSRecipe recipe = RecipeOf(126);
-    recipe.secondComponent = true;
+    recipe.hasSecondComponent = true;
     CUDSBytes bytes = UdsFile(recipe);  // three headers, two records of ordinates, two of abscissas
     EXPECT_EQ(Read(bytes).Repairs().clearedRecords, 0U);
     bytes.PutBytes(380, "f").PutBytes(512 + 186, "s").PutBytes(1024 + 511, " ");
@@ -320,7 +320,7 @@ CUDSBytes WithText(std::size_t offset, std::size_t width, const std::string& tex
 
 CUDSRecipe SecondComponentRecipe() {
     CUDSRecipe recipe;
-    recipe.secondComponent = true;
+    recipe.hasSecondComponent = true;
     return recipe;
 }
 

@@ -80,7 +80,7 @@ std::size_t KindsOfBlocks(std::string_view form) {
 }
 
 void CImageMaking::MakeRoom() {
-    const std::size_t headers = m_content.secondComponent ? 3 : 2;
+    const std::size_t headers = m_content.hasSecondComponent ? 3 : 2;
     const auto perKind = static_cast<std::size_t>(RecordsFor(m_content.columns.Count(), m_geometry));
     const std::size_t data = KindsOfBlocks(m_content.fields.GetFILEFORM()) * perKind;
     m_image.resize((headers + data) * m_geometry.recordSize);
@@ -105,7 +105,7 @@ void CImageMaking::PutHeader(CUDSRecord record, std::string_view tag) {
 
 void CImageMaking::PutHeaders() {
     PutHeader(CUDSRecord::File, kFileId);
-    if (m_content.secondComponent) PutHeader(CUDSRecord::SecondComponent, kSecondComponentTag);
+    if (m_content.hasSecondComponent) PutHeader(CUDSRecord::SecondComponent, kSecondComponentTag);
     PutHeader(CUDSRecord::Curve, kCurveTag);
 }
 
@@ -136,14 +136,14 @@ void CImageMaking::PutValues(std::span<const double> values, Bytes target) const
 }  // namespace
 
 void CheckIndicesForWriting(const CUDSFields& fields) {
-    if (fields.GetNFP() > fields.GetNLP()) throw CError(udswrite::kCrossedIndices);
-    if (fields.GetNFP() == fields.GetNLP()) throw CError(udswrite::kEqualIndices);
+    if (fields.GetNFP() > fields.GetNLP()) throw CError(uds_write_message::kCrossedIndices);
+    if (fields.GetNFP() == fields.GetNLP()) throw CError(uds_write_message::kEqualIndices);
 }
 
-CNumberFormats OutputFormats(bool sunOutput, const CNumberFormats& machine) {
-    const bool unknown = machine.byteOrder == CByteOrder::Unknown || machine.numberFormat == CNumberFormat::Unknown;
-    if (unknown) throw CError(udswrite::kUnknownFormat);
-    return sunOutput ? CNumberFormats{CByteOrder::BigEndian, CNumberFormat::Sun} : machine;
+CNumberFormats OutputFormats(bool isSunOutput, const CNumberFormats& machine) {
+    const bool isUnknown = machine.byteOrder == CByteOrder::Unknown || machine.numberFormat == CNumberFormat::Unknown;
+    if (isUnknown) throw CError(uds_write_message::kUnknownFormat);
+    return isSunOutput ? CNumberFormats{CByteOrder::BigEndian, CNumberFormat::Sun} : machine;
 }
 
 std::vector<std::byte> MakeUdsImage(const CUDSContent& content, const CUDSGeometry& geometry,
@@ -152,11 +152,11 @@ std::vector<std::byte> MakeUdsImage(const CUDSContent& content, const CUDSGeomet
     const std::int64_t byIndices = CountByIndices(content.fields);
     const std::size_t points = content.columns.Count();
     if (byIndices < 0 || static_cast<std::uint64_t>(byIndices) != points) {
-        throw CError(udswrite::CountMismatch(byIndices, points));
+        throw CError(uds_write_message::CountMismatch(byIndices, points));
     }
-    const bool pairs = content.fields.GetFILEFORM() == kPairsForm;
-    if (pairs && content.columns.x.size() != points) {
-        throw CError(udswrite::CountMismatch(byIndices, content.columns.x.size()));
+    const bool isPairs = content.fields.GetFILEFORM() == kPairsForm;
+    if (isPairs && content.columns.x.size() != points) {
+        throw CError(uds_write_message::CountMismatch(byIndices, content.columns.x.size()));
     }
 
     CImageMaking making(content, geometry, machine);

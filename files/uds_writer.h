@@ -15,7 +15,7 @@ void CheckIndicesForWriting(const CUDSFields& fields);
 
 /// The formats to write in: big-endian IEEE, or the machine's own.
 /// @throws CError when the machine's formats are unknown
-CNumberFormats OutputFormats(bool sunOutput, const CNumberFormats& machine);
+CNumberFormats OutputFormats(bool isSunOutput, const CNumberFormats& machine);
 
 /// The bytes of the file that holds `content`, with numbers converted from the machine's formats to those of the
 /// content. An arrangement other than "X-Y" and "Y" gives header records only.

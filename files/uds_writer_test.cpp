@@ -255,9 +255,12 @@ TEST(UdsWriterRefuses, ColumnsOfDifferentLengthsInPairs) {
 
 TEST(UdsWriterRefuses, AMachineOfUnknownFormats) {
     const std::string sentence = "Couldn't set byte order of float format.";
-    for (const bool sun : {false, true}) {
-        EXPECT_EQ(ErrorOf([sun] { OutputFormats(sun, {CByteOrder::Unknown, CNumberFormat::Ieee}); }), sentence);
-        EXPECT_EQ(ErrorOf([sun] { OutputFormats(sun, {CByteOrder::LittleEndian, CNumberFormat::Unknown}); }), sentence);
+    for (const bool isSun : {false, true}) {
+        EXPECT_EQ(ErrorOf([isSun] { OutputFormats(isSun, {CByteOrder::Unknown, CNumberFormat::Ieee}); }), sentence);
+        EXPECT_EQ(ErrorOf([isSun] {
+                      OutputFormats(isSun, {CByteOrder::LittleEndian, CNumberFormat::Unknown});
+                  }),
+                  sentence);
     }
 }
 
@@ -320,8 +323,8 @@ TEST_P(RoundTrip, KeepsEveryFieldExceptTheFourUserReals) {
 
     const std::string_view exceptions = "RD2 RD3 RD4 RD5";
     for (const CUDSField& field : UdsFieldTable()) {
-        const bool same = SameField(file.Fields(), back.Fields(), field);
-        EXPECT_EQ(same, exceptions.find(field.name) == std::string_view::npos) << field.name;
+        const bool isSame = SameField(file.Fields(), back.Fields(), field);
+        EXPECT_EQ(isSame, exceptions.find(field.name) == std::string_view::npos) << field.name;
     }
     EXPECT_EQ(back.Columns().x, file.Columns().x);
     EXPECT_EQ(back.Columns().y, file.Columns().y);

@@ -27,18 +27,18 @@ void CData::SetData(std::vector<double> x, std::vector<double> y, std::vector<do
     if (x.empty()) {
         KeepOrBuildX(y, z);
     } else {
-        m_X = std::move(x);
+        m_x = std::move(x);
     }
-    if (y.empty() && m_Y.empty()) throw CError(signal_message::kNoYData);
-    m_Y = std::move(y);
+    if (y.empty() && m_y.empty()) throw CError(signal_message::kNoYData);
+    m_y = std::move(y);
 
-    const bool keepsZ = z.empty() && !m_Z.empty() && m_Z.size() == m_Y.size();
+    const bool keepsZ = z.empty() && !m_z.empty() && m_z.size() == m_y.size();
     if (z.empty() && !keepsZ) {
-        m_Z.assign(m_Y.size(), 0.0);
-        if (m_X.size() != m_Y.size()) throw CError(signal_message::kXAndYDiffer);
+        m_z.assign(m_y.size(), 0.0);
+        if (m_x.size() != m_y.size()) throw CError(signal_message::kXAndYDiffer);
     }
-    if (!z.empty()) m_Z = std::move(z);
-    if (m_X.size() != m_Y.size() || m_Y.size() != m_Z.size()) throw CError(signal_message::kXYAndZDiffer);
+    if (!z.empty()) m_z = std::move(z);
+    if (m_x.size() != m_y.size() || m_y.size() != m_z.size()) throw CError(signal_message::kXYAndZDiffer);
     UpdateLimits();
 }
 
@@ -63,16 +63,16 @@ void CData::SetPoints(CPointColumns columns) {
     if (columns.x.size() != columns.Count() || columns.z.size() != columns.Count()) {
         throw CError(signal_message::kXYAndZDiffer);
     }
-    m_X = std::move(columns.x);
-    m_Y = std::move(columns.y);
-    m_Z = std::move(columns.z);
+    m_x = std::move(columns.x);
+    m_y = std::move(columns.y);
+    m_z = std::move(columns.z);
     UpdateLimits();
 }
 
 void CData::SetPoint(std::size_t i, double x, double y) {
-    if (i >= m_X.size() || i >= m_Y.size()) throw std::runtime_error(signal_message::kIndexOutOfBounds);
-    m_X[i] = x;
-    m_Y[i] = y;
+    if (i >= m_x.size() || i >= m_y.size()) throw std::runtime_error(std::string(signal_message::kIndexOutOfBounds));
+    m_x[i] = x;
+    m_y[i] = y;
     m_areLimitsStale = true;  // overwriting a whole curve point by point must not scan it as often as it has points
     UpdateTimes();
 }
@@ -82,7 +82,7 @@ std::int32_t CData::GetCount() const {
 }
 
 void CData::GenerateTime() {
-    m_X = RegularAxis(GetNFP(), GetCount(), Getdelt());
+    m_x = RegularAxis(GetNFP(), GetCount(), Getdelt());
 }
 
 void CData::UpdateLimits() {
@@ -97,26 +97,26 @@ CLimits CData::Limits() const {
 }
 
 CLimits CData::ScannedLimits() const {
-    return {ExtremaOr(m_limits.x, m_X), ExtremaOr(m_limits.y, m_Y), ExtremaOr(m_limits.z, m_Z)};
+    return {ExtremaOr(m_limits.x, m_x), ExtremaOr(m_limits.y, m_y), ExtremaOr(m_limits.z, m_z)};
 }
 
 void CData::SetDataStatus(std::string_view text) {
-    m_DataStatus = CanonicalDataStatus(text);
+    m_dataStatus = CanonicalDataStatus(text);
 }
 
 /// SetData without an x: the stored X stays, or is built where there is none.
 void CData::KeepOrBuildX(const std::vector<double>& y, const std::vector<double>& z) {
     if (y.empty() && z.empty()) throw CError(signal_message::kNoXYOrZData);
-    if (!m_X.empty()) return;
+    if (!m_x.empty()) return;
     if (Getdelt() == 0.0) throw CError(signal_message::kNoXAndNoTimeStep);
     if (GetNFP() == 0 && GetNLP() == 0) throw CError(signal_message::kNoXAndNoPointNumbers);
     GenerateTime();
-    if (!y.empty() && y.size() != m_X.size()) throw CError(signal_message::kXAndYCountsDiffer);
+    if (!y.empty() && y.size() != m_x.size()) throw CError(signal_message::kXAndYCountsDiffer);
 }
 
 void CData::UpdateTimes() {
-    m_StartTime = GetNFP() * Getdelt();
-    m_EndTime = GetNLP() * Getdelt();
+    m_startTime = GetNFP() * Getdelt();
+    m_endTime = GetNLP() * Getdelt();
 }
 
 }  // namespace ks

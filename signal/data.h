@@ -63,10 +63,10 @@ public:
     /// @throws std::runtime_error " Index Out of Bounds..." when i is not below both lengths
     void SetPoint(std::size_t i, double x, double y);
 
-    [[nodiscard]] const std::vector<double>& GetX() const { return m_X; }
-    [[nodiscard]] const std::vector<double>& GetY() const { return m_Y; }
-    [[nodiscard]] const std::vector<double>& GetZ() const { return m_Z; }
-    [[nodiscard]] std::size_t GetPointCount() const { return m_Y.size(); }
+    [[nodiscard]] const std::vector<double>& GetX() const { return m_x; }
+    [[nodiscard]] const std::vector<double>& GetY() const { return m_y; }
+    [[nodiscard]] const std::vector<double>& GetZ() const { return m_z; }
+    [[nodiscard]] std::size_t GetPointCount() const { return m_y.size(); }
 
     // Derived values.
 
@@ -86,44 +86,44 @@ public:
     [[nodiscard]] double GetYMin() const { return Limits().y.minimum; }
     [[nodiscard]] double GetZMax() const { return Limits().z.maximum; }
     [[nodiscard]] double GetZMin() const { return Limits().z.minimum; }
-    [[nodiscard]] double GetStartTime() const { return m_StartTime; }  ///< NFP * delt
-    [[nodiscard]] double GetEndTime() const { return m_EndTime; }      ///< NLP * delt
+    [[nodiscard]] double GetStartTime() const { return m_startTime; }  ///< NFP * delt
+    [[nodiscard]] double GetEndTime() const { return m_endTime; }      ///< NLP * delt
 
     // Descriptors outside the header.
 
     /// Stores the canonical long form of a status code or word, upper-cased; see signal/data_status.h.
     void SetDataStatus(std::string_view text);
-    [[nodiscard]] const std::string& GetDataStatus() const { return m_DataStatus; }
+    [[nodiscard]] const std::string& GetDataStatus() const { return m_dataStatus; }
 
     /// Physical quantity of Y after an operation, set by Integrate. The header's YTYPE stays as it is.
-    [[nodiscard]] const std::string& GetYQuantity() const { return m_YQuantity; }
-    void SetYQuantity(std::string text) { m_YQuantity = std::move(text); }
+    [[nodiscard]] const std::string& GetYQuantity() const { return m_yQuantity; }
+    void SetYQuantity(std::string text) { m_yQuantity = std::move(text); }
 
     /// Channel frequency class of SAE J211: 60, 180, 600, 1000, or 1001 for unknown.
-    [[nodiscard]] std::int32_t GetCFCClass() const { return m_CFCClass; }
-    void SetCFCClass(std::int32_t value) { m_CFCClass = value; }
+    [[nodiscard]] std::int32_t GetCFCClass() const { return m_cfcClass; }
+    void SetCFCClass(std::int32_t value) { m_cfcClass = value; }
 
-    [[nodiscard]] bool GetModified() const { return m_Modified; }
-    void SetModified(bool value) { m_Modified = value; }
+    [[nodiscard]] bool IsModified() const { return m_isModified; }
+    void SetModified(bool isModified) { m_isModified = isModified; }
 
     /// Path of the file that the record was loaded from; empty for a record made otherwise.
-    [[nodiscard]] const std::string& GetSourcePath() const { return m_SourcePath; }
-    void SetSourcePath(std::string text) { m_SourcePath = std::move(text); }
+    [[nodiscard]] const std::string& GetSourcePath() const { return m_sourcePath; }
+    void SetSourcePath(std::string text) { m_sourcePath = std::move(text); }
     /// Number format of that file: "IEEE", "SUN" or "VAX"; empty for a record made otherwise.
-    [[nodiscard]] const std::string& GetSourceFormat() const { return m_SourceFormat; }
-    void SetSourceFormat(std::string text) { m_SourceFormat = std::move(text); }
+    [[nodiscard]] const std::string& GetSourceFormat() const { return m_sourceFormat; }
+    void SetSourceFormat(std::string text) { m_sourceFormat = std::move(text); }
     /// "ASCII File" for a record read from an ASCII point file, else empty. A text to keep with the record; what
     /// follows from a file's format is a property of the format, see signal/formats/signal_format.h.
-    [[nodiscard]] const std::string& GetFileType() const { return m_FileType; }
-    void SetFileType(std::string text) { m_FileType = std::move(text); }
+    [[nodiscard]] const std::string& GetFileType() const { return m_fileType; }
+    void SetFileType(std::string text) { m_fileType = std::move(text); }
 
     /// Four further reals, index 0 to 3. Filtering resets the first; loading puts injury value 5 into the fourth.
-    [[nodiscard]] double GetFurtherReal(std::size_t index) const { return m_FurtherReals.at(index); }
-    void SetFurtherReal(std::size_t index, double value) { m_FurtherReals.at(index) = value; }
+    [[nodiscard]] double GetFurtherReal(std::size_t index) const { return m_furtherReals.at(index); }
+    void SetFurtherReal(std::size_t index, double value) { m_furtherReals.at(index) = value; }
 
     /// Whether the header of a second vehicle or component travels with the record from load to save.
-    [[nodiscard]] bool HasSecondComponent() const { return m_SecondComponent; }
-    void SetSecondComponent(bool present) { m_SecondComponent = present; }
+    [[nodiscard]] bool HasSecondComponent() const { return m_hasSecondComponent; }
+    void SetSecondComponent(bool isPresent) { m_hasSecondComponent = isPresent; }
 
     // Files.
 
@@ -166,7 +166,7 @@ public:
 
 protected:
     /// For operations in place; UpdateLimits must follow.
-    std::span<double> MutableY() { return m_Y; }
+    std::span<double> MutableY() { return m_y; }
 
 private:
     void KeepOrBuildX(const std::vector<double>& y, const std::vector<double>& z);
@@ -177,17 +177,17 @@ private:
     void FinishOperation(std::vector<double> x, std::vector<double> y);
     void KeepSamples(std::size_t begin, std::size_t end);
 
-    std::vector<double> m_X, m_Y, m_Z;
-    std::string m_SourcePath, m_SourceFormat, m_FileType;
-    std::array<double, 4> m_FurtherReals{};
-    std::string m_DataStatus;
-    std::string m_YQuantity;
+    std::vector<double> m_x, m_y, m_z;
+    std::string m_sourcePath, m_sourceFormat, m_fileType;
+    std::array<double, 4> m_furtherReals{};
+    std::string m_dataStatus;
+    std::string m_yQuantity;
     CLimits m_limits;
     bool m_areLimitsStale = false;  ///< a sample was overwritten since `m_limits` was computed
-    double m_StartTime = 0.0, m_EndTime = 0.0;
-    std::int32_t m_CFCClass = kUnknownChannelClass;
-    bool m_Modified = false;
-    bool m_SecondComponent = false;
+    double m_startTime = 0.0, m_endTime = 0.0;
+    std::int32_t m_cfcClass = kUnknownChannelClass;
+    bool m_isModified = false;
+    bool m_hasSecondComponent = false;
 };
 
 }  // namespace ks

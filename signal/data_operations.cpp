@@ -19,9 +19,9 @@ namespace ks {
 
 bool CData::Resample(double dt) {
     if (dt <= 0.0) throw CError(signal_message::kTimeStepNotPositive);
-    if (m_Y.empty() || m_X.empty()) throw CError(signal_message::kNotEnoughPoints);
-    if (!IsAscending(m_X)) throw CError(signal_message::kXNotIncreasing);
-    const CNumberedCurve curve{m_X, m_Y, GetNFP(), GetNLP(), GetCount()};
+    if (m_y.empty() || m_x.empty()) throw CError(signal_message::kNotEnoughPoints);
+    if (!IsAscending(m_x)) throw CError(signal_message::kXNotIncreasing);
+    const CNumberedCurve curve{m_x, m_y, GetNFP(), GetNLP(), GetCount()};
     const std::optional<CPointRange> range = ResampledRange(curve, dt);
     if (!range) throw CError(signal_message::kInterpolationFailed);
     std::vector<double> y = Interpolate(curve, *range, dt);
@@ -36,12 +36,12 @@ bool CData::Resample(double dt) {
 
 bool CData::Integrate() {
     if (GetCount() <= 3) throw CError(signal_message::kTooFewForIntegral);
-    if (m_X.empty() || m_Y.empty()) throw CError(signal_message::kXOrYEmpty);
-    if (m_X.size() != m_Y.size()) throw CError(signal_message::kXAndYNotSame);
+    if (m_x.empty() || m_y.empty()) throw CError(signal_message::kXOrYEmpty);
+    if (m_x.size() != m_y.size()) throw CError(signal_message::kXAndYNotSame);
     const CIntegralUnits result = IntegralUnits(GetXUNITS(), GetYUNITS(), GetINIVEL(), GetDIMSYS());
-    const std::size_t anchor = TimeZeroIndex(GetNFP(), m_Y.size());
+    const std::size_t anchor = TimeZeroIndex(GetNFP(), m_y.size());
 
-    FinishOperation({}, CumulativeIntegral(m_X, m_Y, anchor, result.factor, result.initialValue));
+    FinishOperation({}, CumulativeIntegral(m_x, m_y, anchor, result.factor, result.initialValue));
     SetYUNITS(result.units);
     SetYQuantity(result.type);
     return true;
@@ -49,8 +49,8 @@ bool CData::Integrate() {
 
 bool CData::TruncateByTime(double start, double stop) {
     if (start >= stop) throw CError(signal_message::StopTimeNotAfterStart(start, stop));
-    const std::size_t known = std::min(m_X.size(), m_Y.size());
-    const CIndexRange range = SamplesInWindow(std::span(m_X).first(known), start, stop, GetCount());
+    const std::size_t known = std::min(m_x.size(), m_y.size());
+    const CIndexRange range = SamplesInWindow(std::span(m_x).first(known), start, stop, GetCount());
     if (range.Count() == 0) throw CError(signal_message::kNoXOrYData);  // as SetData would, but nothing has changed
 
     SetNFP(FirstPointAt(start, Getdelt()));
@@ -63,7 +63,7 @@ bool CData::TruncateByIndex(std::int32_t start, std::int32_t stop) {
     if (start >= stop) throw CError(signal_message::StartIndexNotBeforeStop(start, stop));
     const std::int64_t first = std::int64_t{start} - GetNFP();
     const std::int64_t last = std::int64_t{stop} - GetNFP();
-    const CIndexRange range = SamplesBetween(first, last, GetCount(), std::min(m_X.size(), m_Y.size()));
+    const CIndexRange range = SamplesBetween(first, last, GetCount(), std::min(m_x.size(), m_y.size()));
 
     SetNFP(start);
     SetNLP(stop);
@@ -78,13 +78,13 @@ void CData::KeepSamples(std::size_t begin, std::size_t end) {
         return std::vector<double>(first + static_cast<std::ptrdiff_t>(begin),
                                    first + static_cast<std::ptrdiff_t>(end));
     };
-    FinishOperation(part(m_X), part(m_Y));
+    FinishOperation(part(m_x), part(m_y));
     SetDataStatus("Truncated");
 }
 
 /// Stores an operation's result with Z zero; an empty `x` keeps X. The limits follow in SetData.
 void CData::FinishOperation(std::vector<double> x, std::vector<double> y) {
-    m_Z.assign(y.size(), 0.0);
+    m_z.assign(y.size(), 0.0);
     SetData(std::move(x), std::move(y));
     SetModified(true);
 }

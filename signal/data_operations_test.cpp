@@ -71,7 +71,7 @@ std::string Refusal(CData& data, Call call) {
     EXPECT_EQ(data.GetDataStatus(), before.GetDataStatus());
     EXPECT_EQ(data.GetYUNITS(), before.GetYUNITS());
     EXPECT_EQ(data.GetYQuantity(), before.GetYQuantity());
-    EXPECT_EQ(data.GetModified(), before.GetModified());
+    EXPECT_EQ(data.IsModified(), before.IsModified());
     return text;
 }
 
@@ -113,7 +113,7 @@ TEST(Resample, BringsLimitsUpToDateAndClearsZ) {
     EXPECT_EQ(data.GetStartTime(), 0.0);
     EXPECT_EQ(data.GetEndTime(), 10 * 0.001);
     EXPECT_EQ(data.GetXMax(), 0.001 * 10);
-    EXPECT_TRUE(data.GetModified());
+    EXPECT_TRUE(data.IsModified());
     EXPECT_EQ(data.GetDataStatus(), "AS MEASURED");
 }
 
@@ -214,7 +214,7 @@ TEST(Integrate, TurnsConstantGravitiesIntoAVelocityRamp) {
     EXPECT_EQ(data.GetYQuantity(), "VELOCITY");
     EXPECT_EQ(data.GetYTYPE(), "ACCELERATION") << "the header's word stays";
     EXPECT_EQ(data.GetDataStatus(), "AS MEASURED");
-    EXPECT_TRUE(data.GetModified());
+    EXPECT_TRUE(data.IsModified());
     EXPECT_THAT(data.GetZ(), Each(0.0));
     EXPECT_EQ(data.GetYMin(), 50.0);
     EXPECT_EQ(data.GetXMax(), 0.1);
@@ -321,7 +321,7 @@ TEST(TruncateByTime, KeepsFromStartUpToButNotStop) {
     EXPECT_EQ(data.GetDataStatus(), "TRUNCATED");
     EXPECT_THAT(data.GetZ(), SizeIs(50));
     EXPECT_THAT(data.GetZ(), Each(0.0));
-    EXPECT_TRUE(data.GetModified());
+    EXPECT_TRUE(data.IsModified());
     EXPECT_EQ(data.GetEndTime(), 49 * 0.001);
     EXPECT_EQ(data.GetXMax(), 0.001 * 49);
 }
@@ -413,7 +413,7 @@ TEST(TruncateByIndex, KeepsBothEnds) {
     EXPECT_EQ(data.GetCount(), 6);
     EXPECT_EQ(data.GetDataStatus(), "TRUNCATED");
     EXPECT_THAT(data.GetZ(), Each(0.0));
-    EXPECT_TRUE(data.GetModified());
+    EXPECT_TRUE(data.IsModified());
     EXPECT_EQ(data.GetStartTime(), -0.002);
 }
 

@@ -71,7 +71,7 @@ TEST(Data, IsEmptyAndUnclassedAfterConstruction) {
     EXPECT_EQ(data.GetFileType(), "");
     for (std::size_t i = 0; i < 4; ++i) EXPECT_EQ(data.GetFurtherReal(i), 0.0);
     EXPECT_EQ(data.GetCFCClass(), 1001);
-    EXPECT_FALSE(data.GetModified());
+    EXPECT_FALSE(data.IsModified());
     EXPECT_FALSE(data.HasSecondComponent());
     EXPECT_EQ(data.Getdelt(), 0.0);
 }
@@ -135,7 +135,7 @@ TEST(SetData, StoresThreeArraysAndTheirLimits) {
     EXPECT_EQ(data.GetYMax(), 6.0);
     EXPECT_EQ(data.GetZMin(), 7.0);
     EXPECT_EQ(data.GetZMax(), 9.0);
-    EXPECT_FALSE(data.GetModified());
+    EXPECT_FALSE(data.IsModified());
 }
 
 TEST(SetData, FillsAMissingZWithZeros) {

@@ -45,10 +45,10 @@ void CData::ToUDSFields(CUDSFile& file) const {
     CUDSFields& fields = file.Fields();
     fields = static_cast<const CUDSFields&>(*this);
     fields.SetFILEID("UDS-1992");
-    fields.SetSTATUS(m_DataStatus);
+    fields.SetSTATUS(m_dataStatus);
     if (Getdelt() == 0.0) fields.SetFILEFORM("X-Y");
-    file.SetColumns({m_X, m_Y, {}});
-    file.SetSecondComponent(m_SecondComponent);
+    file.SetColumns({m_x, m_y, {}});
+    file.SetSecondComponent(m_hasSecondComponent);
 }
 
 /// Everything of the file except its points.
@@ -58,7 +58,7 @@ void CData::TakeDescriptors(const CUDSFile& file) {
     SetSourceFormat(file.NumberFormatName());
     SetFileType({});
     SetSecondComponent(file.HasSecondComponent());
-    m_FurtherReals = {0.0, 0.0, 0.0, GetINJ5()};
+    m_furtherReals = {0.0, 0.0, 0.0, GetINJ5()};
     SetDataStatus(GetSTATUS());
     SetCFCClass(ClassifyRecordedFrequencies(GetFCUT(), GetPREFIL()));
     UpdateTimes();

@@ -95,7 +95,7 @@ TEST(FromUDSFields, TakesPointsAndFieldsOver) {
     EXPECT_EQ(data.GetNLP(), 1);
     EXPECT_EQ(data.GetCount(), 3);
     EXPECT_EQ(data.GetTITLE(), "Frontal");
-    EXPECT_FALSE(data.GetModified());
+    EXPECT_FALSE(data.IsModified());
     EXPECT_THAT(file.Points(), SizeIs(3)) << "the file keeps its points";
 }
 
@@ -295,7 +295,7 @@ TEST_F(UdsRecord, SavesAndLoadsDataStatusPointsAndNumbers) {
     EXPECT_EQ(saved.GetNLP(), 1);
     EXPECT_EQ(saved.GetDataStatus(), "TRUNCATED");
     EXPECT_EQ(saved.GetSourceFormat(), "IEEE");
-    EXPECT_FALSE(saved.GetModified());
+    EXPECT_FALSE(saved.IsModified());
 }
 
 TEST_F(UdsRecord, KeepsEveryFieldFromLoadToSave) {

@@ -56,9 +56,9 @@ std::string TimeStepText(const CData& record) {
 
 /// Samples without a regular step have their times in X only.
 std::string TimeRangeText(const CData& record) {
-    const bool irregular = record.Getdelt() == 0.0 && !record.GetX().empty();
-    const double first = irregular ? record.GetX().front() : record.GetStartTime();
-    const double last = irregular ? record.GetX().back() : record.GetEndTime();
+    const bool isIrregular = record.Getdelt() == 0.0 && !record.GetX().empty();
+    const double first = isIrregular ? record.GetX().front() : record.GetStartTime();
+    const double last = isIrregular ? record.GetX().back() : record.GetEndTime();
     return RealText(first * kMillisecondsPerSecond) + " to " + RealText(last * kMillisecondsPerSecond);
 }
 
@@ -233,7 +233,7 @@ const CHeaderGroup& HeaderGroup(CHeaderGroupId id) {
 }
 
 bool HasHeaderGroup(const CData& record, const CHeaderGroup& group) {
-    return !group.secondComponent || record.HasSecondComponent();
+    return !group.isOfSecondComponent || record.HasSecondComponent();
 }
 
 std::string WithoutPadding(const std::string& text) {

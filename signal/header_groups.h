@@ -59,7 +59,7 @@ public:
     CHeaderGroupId id;
     std::string_view title;
     CHeaderPart part;
-    bool secondComponent;  ///< its fields are in the header of the second component, which few files have
+    bool isOfSecondComponent;  ///< its fields are in the header of the second component, which few files have
     std::span<const CHeaderEntry> entries;
 };
 

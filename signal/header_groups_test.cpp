@@ -127,7 +127,7 @@ void PutComponent(CUDSBytes& bytes, std::size_t start, const std::string& letter
 /// A file of two components with every text and number of the header set by hand, at its byte.
 std::string TwoComponentFile() {
     CUDSRecipe recipe;
-    recipe.secondComponent = true;
+    recipe.hasSecondComponent = true;
     recipe.firstPoint = -1;
     recipe.lastPoint = 1;
     recipe.fileForm = "Y";

@@ -10,54 +10,96 @@
 namespace ks::signal_message {
 
 // Setters of the arrays.
-inline constexpr const char* kNoXYOrZData = "No X, Y or Z Siganl Data.";
-inline constexpr const char* kNoXOrYData = "No X or Y Signal Data";
-inline constexpr const char* kNoYData = "No Y Signal Data";
-inline constexpr const char* kNoXAndNoTimeStep = "No x signal data and delt is zero.";
-inline constexpr const char* kNoXAndNoPointNumbers =
+
+/// X is to stay or to be built from the header, without any Y or Z.
+inline constexpr std::string_view kNoXYOrZData = "No X, Y or Z Siganl Data.";
+/// X and Y are both empty, or no sample is in the time window.
+inline constexpr std::string_view kNoXOrYData = "No X or Y Signal Data";
+/// Y is empty, or resampling would leave it so.
+inline constexpr std::string_view kNoYData = "No Y Signal Data";
+/// X is to be built from the header, whose time step is 0.
+inline constexpr std::string_view kNoXAndNoTimeStep = "No x signal data and delt is zero.";
+/// X is to be built from the header, whose point numbers are 0.
+inline constexpr std::string_view kNoXAndNoPointNumbers =
     "No x signal data, NFP and NLP are zero.\nSet x signal data or set NFP and NLP";
-inline constexpr const char* kXAndYCountsDiffer = "X and Y Counts are different";
-inline constexpr const char* kXAndYDiffer = "x != y signal data";
-inline constexpr const char* kXYAndZDiffer = "x != y != z signal data";
-inline constexpr const char* kNoPoints = "No Information.";
-inline constexpr const char* kIndexOutOfBounds = " Index Out of Bounds...";
+/// X as built from the header is not as long as Y.
+inline constexpr std::string_view kXAndYCountsDiffer = "X and Y Counts are different";
+/// X and Y have different lengths; Z was to be zeros.
+inline constexpr std::string_view kXAndYDiffer = "x != y signal data";
+/// X, Y and Z have different lengths.
+inline constexpr std::string_view kXYAndZDiffer = "x != y != z signal data";
+/// A list of points is empty.
+inline constexpr std::string_view kNoPoints = "No Information.";
+/// A single point to be overwritten does not exist.
+inline constexpr std::string_view kIndexOutOfBounds = " Index Out of Bounds...";
 
 // Resampling.
-inline constexpr const char* kTimeStepNotPositive = "Requested Time step <= 0";
-inline constexpr const char* kNotEnoughPoints = "Not enough data points";
-inline constexpr const char* kXNotIncreasing = "X axis data is not monotonically increasing";
-inline constexpr const char* kInterpolationFailed = "Error Interpolating Data";
+
+/// The new time step is 0 or negative.
+inline constexpr std::string_view kTimeStepNotPositive = "Requested Time step <= 0";
+/// X or Y is empty.
+inline constexpr std::string_view kNotEnoughPoints = "Not enough data points";
+/// X has a value that is not greater than the one before it.
+inline constexpr std::string_view kXNotIncreasing = "X axis data is not monotonically increasing";
+/// The new point numbers are out of range, or there would be too many points.
+inline constexpr std::string_view kInterpolationFailed = "Error Interpolating Data";
 
 // Integration.
-inline constexpr const char* kTooFewForIntegral = "Too few data points to compute an Integral";
-inline constexpr const char* kXOrYEmpty = "X or Y data is empty.";
-inline constexpr const char* kXAndYNotSame = "The number of data (X and Y) points are not same.";
+
+/// The point numbers span three points or fewer.
+inline constexpr std::string_view kTooFewForIntegral = "Too few data points to compute an Integral";
+/// X or Y is empty.
+inline constexpr std::string_view kXOrYEmpty = "X or Y data is empty.";
+/// X and Y have different lengths.
+inline constexpr std::string_view kXAndYNotSame = "The number of data (X and Y) points are not same.";
 
 // Truncation.
+
+/// The window ends where it begins, or before.
 std::string StopTimeNotAfterStart(double start, double stop);
+/// The range of point numbers ends where it begins, or before.
 std::string StartIndexNotBeforeStop(std::int32_t start, std::int32_t stop);
-inline constexpr const char* kStopIndexNotAfterStart = "Stop index is <= Start Index";
-inline constexpr const char* kIndicesOutOfRange = "Unable to provide requested stop/start indices";
+/// The same after the point numbers became array indices.
+inline constexpr std::string_view kStopIndexNotAfterStart = "Stop index is <= Start Index";
+/// The range reaches beyond the points that there are; also a page's range of lags.
+inline constexpr std::string_view kIndicesOutOfRange = "Unable to provide requested stop/start indices";
 
 // Loading.
+
+/// A file of a single channel was asked for a channel with a name.
 std::string NoSuchChannel(std::string_view channel);
 
 // Saving.
+
+/// Memory ran out while the file was written.
 std::string NoMemoryToSave(const std::string& path);
 
 // Export of the points as text.
+
+/// Point `index`, from 0, of `count` is infinite or not a number.
 std::string PointNotFinite(std::size_t index, std::size_t count);
 
 // Filtering: failures.
-inline constexpr const char* kUnknownChannelClass = "BWfilt: Frequency Channel Class is not specified in SAE J211";
-inline constexpr const char* kNoDataToFilter = "Nonpositive number of Data Points";
-inline constexpr const char* kFilterTimeStepNotPositive = "Nonpositive time step";
-inline constexpr const char* kCutoffNotPositive = "Nonpositive Cutoff Frequency";
+
+/// The channel frequency class is not one of SAE J211.
+inline constexpr std::string_view kUnknownChannelClass = "BWfilt: Frequency Channel Class is not specified in SAE J211";
+/// Y is empty.
+inline constexpr std::string_view kNoDataToFilter = "Nonpositive number of Data Points";
+/// The time step is 0 or negative.
+inline constexpr std::string_view kFilterTimeStepNotPositive = "Nonpositive time step";
+/// The cutoff frequency is 0 or negative.
+inline constexpr std::string_view kCutoffNotPositive = "Nonpositive Cutoff Frequency";
 
 // Filtering: warnings.
-inline constexpr const char* kXTypeNotTime = "Data must have X Type TIME";
-inline constexpr const char* kTimeNotInSeconds = "Time must be in seconds";
-inline constexpr const char* kShortTail = "BWFILT tail length < 10 ms, does not satisfy SAE J211 reccomendation";
-inline constexpr const char* kOverlapDistortion = "WARNING - Filter causes overlap distortion with previous filtering";
+
+/// XTYPE is not "TIME".
+inline constexpr std::string_view kXTypeNotTime = "Data must have X Type TIME";
+/// XUNITS is neither "SECONDS" nor "SEC".
+inline constexpr std::string_view kTimeNotInSeconds = "Time must be in seconds";
+/// The signal is too short for the filter's tails.
+inline constexpr std::string_view kShortTail = "BWFILT tail length < 10 ms, does not satisfy SAE J211 reccomendation";
+/// The filter reaches beyond half the frequency of the filtering before it, PREFIL.
+inline constexpr std::string_view kOverlapDistortion =
+    "WARNING - Filter causes overlap distortion with previous filtering";
 
 }  // namespace ks::signal_message

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <span>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -13,9 +14,9 @@ namespace ks {
 /// A signal record that can be filtered. What makes a result doubtful but not wrong goes to its list of warnings.
 class CNSignal : public CData {
 public:
-    [[nodiscard]] const std::vector<std::string>& GetWarnings() const { return m_Warnings; }
-    void AddWarning(std::string text) { m_Warnings.push_back(std::move(text)); }
-    void ClearWarnings() { m_Warnings.clear(); }
+    [[nodiscard]] const std::vector<std::string>& GetWarnings() const { return m_warnings; }
+    void AddWarning(std::string_view text) { m_warnings.emplace_back(text); }
+    void ClearWarnings() { m_warnings.clear(); }
 
     /// Filters at a channel frequency class of SAE J211: 60, 180, 600 or 1000, that is at the class number times
     /// 1.66666666667 Hz. Does nothing when the data already have that class or a lower one.
@@ -39,7 +40,7 @@ private:
     void ForgetInjuryValues();
     void WarnOfOverlap();
 
-    std::vector<std::string> m_Warnings;
+    std::vector<std::string> m_warnings;
 };
 
 }  // namespace ks

@@ -55,7 +55,7 @@ TEST(FilterCFC, FiltersAtTheClassFrequency) {
     EXPECT_EQ(signal.GetFSTP(), 2.5 * (60.0 * 1.66666666667));
     EXPECT_EQ(signal.GetCFCClass(), 60);
     EXPECT_EQ(signal.GetDataStatus(), "FILTERED");
-    EXPECT_TRUE(signal.GetModified());
+    EXPECT_TRUE(signal.IsModified());
     EXPECT_THAT(signal.GetWarnings(), IsEmpty());
 }
 
@@ -65,7 +65,7 @@ TEST(FilterCFC, RefusesAnUnknownClassAndKeepsTheRecord) {
     const auto message = ThrowsMessage<CError>("BWfilt: Frequency Channel Class is not specified in SAE J211");
     for (const std::int32_t cfc : {100, 0, -60, 1001}) EXPECT_THAT([&] { signal.FilterCFC(cfc); }, message) << cfc;
     EXPECT_EQ(signal.GetY(), y);
-    EXPECT_FALSE(signal.GetModified());
+    EXPECT_FALSE(signal.IsModified());
 }
 
 TEST(FilterCFC, DoesNothingAtTheClassOfTheDataOrAbove) {
@@ -77,7 +77,7 @@ TEST(FilterCFC, DoesNothingAtTheClassOfTheDataOrAbove) {
 
     EXPECT_EQ(signal.GetY(), y);
     EXPECT_EQ(signal.GetDataStatus(), "");
-    EXPECT_FALSE(signal.GetModified());
+    EXPECT_FALSE(signal.IsModified());
     EXPECT_EQ(signal.GetFCUT(), 0.0);
 }
 
@@ -103,7 +103,7 @@ TEST(FilterCFC, LabelsTheRecordAlsoWhereTheFrequencyIsTooHigh) {
     EXPECT_NEAR(signal.GetFSTP(), 4166.67, 0.005);
     EXPECT_EQ(signal.GetCFCClass(), 1000);
     EXPECT_EQ(signal.GetINJ1(), 0.0);
-    EXPECT_TRUE(signal.GetModified());
+    EXPECT_TRUE(signal.IsModified());
 }
 
 TEST(Filter, BringsTheLimitsUpToDate) {
@@ -211,7 +211,7 @@ TEST(Filter, WarnsOfOverlapWithThePrefilter) {
 
     EXPECT_EQ(signal.GetDataStatus(), "DISTORTED");
     EXPECT_THAT(signal.GetWarnings(), ElementsAre(kOverlap));
-    EXPECT_TRUE(signal.GetModified());
+    EXPECT_TRUE(signal.IsModified());
 }
 
 TEST(Filter, SeesNoOverlapAtTheHighClassesOrFarFromThePrefilter) {
@@ -259,7 +259,7 @@ TEST(Filter, RefusesInTheOrderDataStepFrequencyAndKeepsTheRecord) {
     EXPECT_THAT(signal.GetWarnings(), IsEmpty());
     EXPECT_EQ(signal.GetDataStatus(), "");
     EXPECT_EQ(signal.GetFCUT(), 0.0);
-    EXPECT_FALSE(signal.GetModified());
+    EXPECT_FALSE(signal.IsModified());
 }
 
 TEST(BWFILT, FiltersAnyArrayInPlaceAndWarnsOnTheRecord) {
@@ -272,7 +272,7 @@ TEST(BWFILT, FiltersAnyArrayInPlaceAndWarnsOnTheRecord) {
     EXPECT_TRUE(signal.BWFILT(data, 0.001, 300.0));
     EXPECT_EQ(data, expected);
     EXPECT_THAT(signal.GetWarnings(), ElementsAre(kShortTail));
-    EXPECT_FALSE(signal.GetModified());
+    EXPECT_FALSE(signal.IsModified());
 }
 
 TEST(Filter, TakesExtremeFrequenciesAndStepsWithoutOverflow) {

@@ -22,7 +22,7 @@ const CSignalFormat* FirstThatReads(CFormatList formats, const std::string& path
             attempt(*format);
             return format;
         } catch (const std::bad_alloc&) {
-            complaints.push_back(NoMemoryToRead(path));
+            complaints.push_back(read_message::NoMemoryToRead(path));
             return nullptr;
         } catch (const std::exception& error) {
             complaints.emplace_back(error.what());

@@ -26,7 +26,7 @@ QStringList DialogFilters(const std::vector<ks::CFileFilter>& filters) {
 }
 
 QFileDialog::FileMode FileModeOf(const ks::CFileRequest& request) {
-    if (request.kind == ks::CPickerKind::Save || !request.fileMustExist) return QFileDialog::AnyFile;
+    if (request.kind == ks::CPickerKind::Save || !request.mustExist) return QFileDialog::AnyFile;
     return request.kind == ks::CPickerKind::OpenSeveral ? QFileDialog::ExistingFiles : QFileDialog::ExistingFile;
 }
 
@@ -63,7 +63,7 @@ std::unique_ptr<QFileDialog> CFileDialogs::MakeDialog(QWidget* parent, const ks:
                                                 ExistingFolder(QString::fromStdString(request.folder)));
     dialog->setOption(QFileDialog::DontUseNativeDialog, style == CStyle::Drawn);
     dialog->setOption(QFileDialog::HideNameFilterDetails);
-    dialog->setOption(QFileDialog::DontConfirmOverwrite, !request.askBeforeOverwriting);
+    dialog->setOption(QFileDialog::DontConfirmOverwrite, !request.shouldAskBeforeOverwriting);
     dialog->setAcceptMode(request.kind == ks::CPickerKind::Save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     dialog->setFileMode(FileModeOf(request));
     SetFilters(*dialog, request);

@@ -148,11 +148,11 @@ private slots:
         ks::CFileRequest request = Request(ks::CPickerKind::Save);
         const auto quiet = CFileDialogs::MakeDialog(nullptr, request, CFileDialogs::CStyle::Drawn);
         QVERIFY(quiet->testOption(QFileDialog::DontConfirmOverwrite));
-        request.askBeforeOverwriting = true;
+        request.shouldAskBeforeOverwriting = true;
         const auto asking = CFileDialogs::MakeDialog(nullptr, request, CFileDialogs::CStyle::Drawn);
         QVERIFY(!asking->testOption(QFileDialog::DontConfirmOverwrite));
 
-        request.askBeforeOverwriting = false;
+        request.shouldAskBeforeOverwriting = false;
         m_dialogs.Expect([](QWidget& window) {
             window.findChild<QLineEdit*>("fileNameEdit")->setText("a.uds");
             OpenButton(window).click();
@@ -171,7 +171,7 @@ private:
         request.filters = DataTypeFilters();
         request.filterIndex = 6;
         request.folder = m_folder->path().toStdString();
-        request.fileMustExist = true;
+        request.mustExist = true;
         return request;
     }
 

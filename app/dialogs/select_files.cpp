@@ -88,10 +88,10 @@ void CSelectFiles::ShowSelection() {
     for (const std::int32_t channelClass : ks::kChannelClasses) m_ui->classCombo->addItem(ClassText(channelClass));
     m_ui->fileList->AppendFiles(m_selection.files);
     m_ui->referenceEdit->setText(QDir::toNativeSeparators(QString::fromStdString(m_selection.referencePath)));
-    (m_selection.averageReference ? m_ui->averageRadio : m_ui->signalRadio)->setChecked(true);
-    m_ui->filterCheck->setChecked(m_selection.filter);
+    (m_selection.isReferenceAverage ? m_ui->averageRadio : m_ui->signalRadio)->setChecked(true);
+    m_ui->filterCheck->setChecked(m_selection.shouldFilter);
     m_ui->classCombo->setCurrentIndex(ClassItem(m_selection.channelClass));
-    m_ui->truncateCheck->setChecked(m_selection.truncate);
+    m_ui->truncateCheck->setChecked(m_selection.shouldTruncate);
     m_ui->minTimeEdit->setText(NumberText(m_selection.windowStart));
     m_ui->maxTimeEdit->setText(NumberText(m_selection.windowEnd));
 }
@@ -140,7 +140,7 @@ ks::CFileRequest CSelectFiles::SignalFileRequest() const {
     ks::CFileRequest request;
     request.filters = DataTypeFilters();
     request.filterIndex = m_settings.Get(setting::kDataType);
-    request.fileMustExist = true;
+    request.mustExist = true;
     return request;
 }
 
@@ -171,7 +171,7 @@ ks::CFileRequest CSelectFiles::HitListRequest() const {
     ks::CFileRequest request;
     request.filters = HitListFilters();
     request.folder = m_settings.Get(setting::kHitlistDir).toStdString();
-    request.fileMustExist = true;
+    request.mustExist = true;
     return request;
 }
 
@@ -228,12 +228,12 @@ void CSelectFiles::accept() {
     if (!ReadTimes() || !CheckReference() || !CheckFiles()) return;
     m_selection.files = m_ui->fileList->Files();
     m_selection.referencePath = m_ui->referenceEdit->text().toStdString();
-    m_selection.averageReference = m_ui->averageRadio->isChecked();
-    m_settings.Set(setting::kReferenceType, m_selection.averageReference ? 1 : 0);
-    m_selection.filter = m_ui->filterCheck->isChecked();
-    m_selection.filterReference = m_selection.filter;  // one check box decides for all signals
+    m_selection.isReferenceAverage = m_ui->averageRadio->isChecked();
+    m_settings.Set(setting::kReferenceType, m_selection.isReferenceAverage ? 1 : 0);
+    m_selection.shouldFilter = m_ui->filterCheck->isChecked();
+    m_selection.shouldFilterReference = m_selection.shouldFilter;  // one check box decides for all signals
     m_selection.channelClass = ClassOfItem(m_ui->classCombo->currentIndex());
-    m_selection.truncate = m_ui->truncateCheck->isChecked();
+    m_selection.shouldTruncate = m_ui->truncateCheck->isChecked();
     CheckTimes();
     QDialog::accept();
 }

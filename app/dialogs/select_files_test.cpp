@@ -103,10 +103,10 @@ private slots:
         CFileSelection offered;
         offered.files = {"b.001", "a.001", "b.001"};
         offered.referencePath = "ref.001";
-        offered.averageReference = true;
-        offered.filter = false;
-        offered.filterReference = false;
-        offered.truncate = true;
+        offered.isReferenceAverage = true;
+        offered.shouldFilter = false;
+        offered.shouldFilterReference = false;
+        offered.shouldTruncate = true;
         offered.channelClass = 600;
         offered.windowStart = -0.01;
         offered.windowEnd = 0.1;
@@ -120,7 +120,8 @@ private slots:
         const CFileSelection& chosen = m_dialog->Selection();
         QCOMPARE(chosen.files, offered.files);
         QCOMPARE(chosen.referencePath, offered.referencePath);
-        QVERIFY(chosen.averageReference && !chosen.filter && !chosen.filterReference && chosen.truncate);
+        QVERIFY(chosen.isReferenceAverage && !chosen.shouldFilter && !chosen.shouldFilterReference &&
+                chosen.shouldTruncate);
         QCOMPARE(chosen.channelClass, 600);
         QVERIFY(chosen.windowStart == -0.01 && chosen.windowEnd == 0.1);
     }
@@ -149,9 +150,9 @@ private slots:
         QFETCH(bool, filter);
         QFETCH(bool, truncate);
         CFileSelection offered;
-        offered.averageReference = average;
-        offered.filter = filter;
-        offered.truncate = truncate;
+        offered.isReferenceAverage = average;
+        offered.shouldFilter = filter;
+        offered.shouldTruncate = truncate;
         Open(offered);
         CheckEnabled(average, filter, truncate);
         Button(average ? kSingleReferenceId : kAverageReferenceId).click();
@@ -222,7 +223,7 @@ private slots:
         const ks::CFileRequest& request = m_picker.requests[0];
         QCOMPARE(request.kind, ks::CPickerKind::OpenSeveral);
         QCOMPARE(request.title, std::string("Select Uds File(s) to Evaluate"));
-        QVERIFY(request.fileMustExist && request.hideReadOnly);
+        QVERIFY(request.mustExist && request.shouldHideReadOnly);
         CheckSignalFilters(request);
         QCOMPARE(request.filterIndex, 3);
         QCOMPARE(request.folder, std::string("Q:\\uds\\vehdb"));
@@ -289,7 +290,7 @@ private slots:
         const ks::CFileRequest& request = m_picker.requests[0];
         QCOMPARE(request.kind, ks::CPickerKind::OpenOne);
         QCOMPARE(request.title, std::string("Select Reference Uds File"));
-        QVERIFY(request.fileMustExist && request.hideReadOnly);
+        QVERIFY(request.mustExist && request.shouldHideReadOnly);
         CheckSignalFilters(request);
         QCOMPARE(request.filterIndex, 4);
         QCOMPARE(request.folder, std::string("Q:\\uds\\vehdb"));
@@ -346,7 +347,7 @@ private slots:
         Open({});
         Button(kSaveHitListId).click();
         CheckHitListRequest("Save Hit List as", ks::CPickerKind::Save);
-        QVERIFY(!m_picker.requests[0].askBeforeOverwriting);
+        QVERIFY(!m_picker.requests[0].shouldAskBeforeOverwriting);
     }
 
     void SaveHitListWritesEveryEntryInOrder() {
@@ -471,7 +472,7 @@ private slots:
 
     void TheTimesAreReadBeforeTheReferenceIsChecked() {
         CFileSelection offered;
-        offered.truncate = true;
+        offered.shouldTruncate = true;
         Open(offered);
         Edit(kMaxTimeId).setText("soon");
         PressOk();
@@ -483,7 +484,7 @@ private slots:
 
     void TheMinimumTimeIsReadFirst() {
         CFileSelection offered = Complete();
-        offered.truncate = true;
+        offered.shouldTruncate = true;
         Open(offered);
         Edit(kMinTimeId).setText("nan");
         Edit(kMaxTimeId).setText("inf");
@@ -501,7 +502,7 @@ private slots:
         PressOk();
         QVERIFY(m_messages.said.isEmpty());
         QCOMPARE(m_dialog->result(), int{QDialog::Accepted});
-        QVERIFY(m_dialog->Selection().averageReference);
+        QVERIFY(m_dialog->Selection().isReferenceAverage);
     }
 
     void TheAverageStillNeedsFiles() {
@@ -526,13 +527,13 @@ private slots:
     void TheFilterCheckDecidesForTheReferenceToo() {
         for (const bool filter : {true, false}) {
             CFileSelection offered = Complete();
-            offered.filter = !filter;
-            offered.filterReference = !filter;
+            offered.shouldFilter = !filter;
+            offered.shouldFilterReference = !filter;
             Open(offered);
             Button(kFilterId).click();
             PressOk();
-            QCOMPARE(m_dialog->Selection().filter, filter);
-            QCOMPARE(m_dialog->Selection().filterReference, filter);
+            QCOMPARE(m_dialog->Selection().shouldFilter, filter);
+            QCOMPARE(m_dialog->Selection().shouldFilterReference, filter);
         }
     }
 
@@ -558,7 +559,7 @@ private slots:
         QFETCH(QString, end);
         QFETCH(bool, isReported);
         CFileSelection offered = Complete();
-        offered.truncate = true;
+        offered.shouldTruncate = true;
         Open(offered);
         Edit(kMinTimeId).setText(start);
         Edit(kMaxTimeId).setText(end);
@@ -570,12 +571,12 @@ private slots:
         QVERIFY(!m_dialog->isVisible());
         QVERIFY(m_dialog->Selection().windowStart == start.toDouble());
         QVERIFY(m_dialog->Selection().windowEnd == end.toDouble());
-        QCOMPARE(m_dialog->Selection().truncate, truncate);
+        QCOMPARE(m_dialog->Selection().shouldTruncate, truncate);
     }
 
     void ATimeThatIsNoNumberDoesNotOutliveItsUse() {
         CFileSelection offered = Complete();
-        offered.truncate = true;
+        offered.shouldTruncate = true;
         Open(offered);
         Edit(kMinTimeId).setText("");
         Edit(kMaxTimeId).setText("0.1");
@@ -604,7 +605,7 @@ private slots:
         Button(kRemoveFilesId).click();
         QTest::keyClick(m_dialog.get(), Qt::Key_Escape);
         QCOMPARE(m_dialog->Selection().files, Complete().files);
-        QVERIFY(!m_dialog->Selection().averageReference);
+        QVERIFY(!m_dialog->Selection().isReferenceAverage);
         QVERIFY(m_store->allKeys().isEmpty());
     }
 
@@ -774,7 +775,7 @@ private:
         const ks::CFileRequest& request = m_picker.requests[0];
         QCOMPARE(request.kind, kind);
         QCOMPARE(QString::fromStdString(request.title), title);
-        QVERIFY(request.fileMustExist && request.hideReadOnly);
+        QVERIFY(request.mustExist && request.shouldHideReadOnly);
         QCOMPARE(request.filters.size(), std::size_t{1});
         QCOMPARE(request.filters[0].text, std::string("Hit list files (*.hit)"));
         QCOMPARE(request.filters[0].pattern, std::string("*.hit"));

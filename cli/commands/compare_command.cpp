@@ -4,6 +4,7 @@
 #include "cli/commands/compare_options.h"
 #include "cli/commands/file_input.h"
 #include "cli/commands/output_conflicts.h"
+#include "cli/messages.h"
 #include "cli/output/csv_table.h"
 #include "cli/output/json_results.h"
 #include "cli/output/notes.h"
@@ -20,11 +21,11 @@ namespace {
 // Whether the run completed; a stopped run notifies nobody.
 class CRunObserver : public CDocumentObserver {
 public:
-    void OnDocumentUpdate(int hint) override { m_completed = m_completed || hint == kRunCompleted; }
-    bool Completed() const { return m_completed; }
+    void OnDocumentUpdate(int hint) override { m_isCompleted = m_isCompleted || hint == kRunCompleted; }
+    bool IsCompleted() const { return m_isCompleted; }
 
 private:
-    bool m_completed = false;
+    bool m_isCompleted = false;
 };
 
 struct CInput {
@@ -38,13 +39,13 @@ CInput CollectFiles(const CCompareOptions& options) {
     for (const std::string& path : options.hitLists) {
         const auto listed = ks::ReadHitList(path);
         if (!listed) {
-            input.errors.push_back("Unable to read Hit list file: " + path);
+            input.errors.push_back(cli_message::HitListNotRead(path));
             continue;
         }
         input.files.insert(input.files.end(), listed->begin(), listed->end());
     }
     if (input.files.empty() && input.errors.empty()) {
-        throw CUsageError("At least one FILE to compare is needed; the hit list names none.");
+        throw CUsageError(cli_message::kNoFileListed);
     }
     return input;
 }
@@ -70,10 +71,10 @@ void RefuseOverwritingInputs(const CCompareOptions& options, const std::vector<s
 
 void WriteTables(const CCompareOptions& options, const CSummaryTable& table, COutputs& outputs) {
     if (options.html) {
-        outputs.Write("The HTML report", *options.html, [&table] { return HtmlReport(table); });
+        outputs.Write(cli_message::kHtmlReport, *options.html, [&table] { return HtmlReport(table); });
     }
     if (options.csv) {
-        outputs.Write("The CSV table", *options.csv, [&table] { return CsvTable(table); });
+        outputs.Write(cli_message::kCsvTable, *options.csv, [&table] { return CsvTable(table); });
     }
 }
 
@@ -83,23 +84,23 @@ void PrintReports(const CCompareOptions& options, const CQuorvelDoc& document, c
         console.Note(VerboseReport(document));
     }
     if (options.verbosity != CVerbosity::Quiet && !options.UsesStandardOutput()) {
-        console.Print(TableReport(options, document, table, {console.Width(), console.Color()}));
+        console.Print(TableReport(options, document, table, {console.Width(), console.HasColor()}));
     }
 }
 
-CExitStatus Status(const COutputs& outputs, bool inputFailed, bool badFound) {
-    if (outputs.Failed()) {
+CExitStatus Status(const COutputs& outputs, bool hasInputFailed, bool isBadFound) {
+    if (outputs.HasFailed()) {
         return CExitStatus::Output;
     }
-    if (inputFailed) {
+    if (hasInputFailed) {
         return CExitStatus::Input;
     }
-    return badFound ? CExitStatus::BadVerdict : CExitStatus::Good;
+    return isBadFound ? CExitStatus::BadVerdict : CExitStatus::Good;
 }
 
 void WriteJson(const CCompareOptions& options, CJsonResults& json, COutputs& outputs) {
     if (options.json) {
-        outputs.Write("The JSON results", *options.json, [&] { return json.Finish(options.pages); });
+        outputs.Write(cli_message::kJsonResults, *options.json, [&] { return json.Finish(options.shouldWritePages); });
     }
 }
 
@@ -108,19 +109,19 @@ void NameUnreadFiles(const CQuorvelDoc& document, CConsole& console) {
     std::vector<std::string> unread;
     for (const CSignal& signal : document.ComputedSignals()) {
         if (signal.GetPointCount() == 0 && !signal.GetMessages().empty()) {
-            unread.push_back("Could not be read: " + signal.GetPath());
+            unread.push_back(cli_message::NotRead(signal.GetPath()));
         }
     }
     console.ComplainAll(unread);
     if (!document.ReferenceMessages().empty()) {
-        console.Complain("The reference could not be read: " + document.Reference().GetPath());
+        console.Complain(cli_message::ReferenceNotRead(document.Reference().GetPath()));
     }
 }
 
 CExitStatus FinishStopped(const CCompareOptions& options, const CResults& results, const CSignal& reference,
                           CConsole& console) {
     if (options.verbosity != CVerbosity::Quiet) {
-        console.Note("Nothing was compared.");
+        console.Note(cli_message::kNothingCompared);
     }
     COutputs outputs(console);
     CJsonResults json(options, results, reference, {});
@@ -144,7 +145,7 @@ CExitStatus FinishCompleted(const CCompareOptions& options, const CResults& resu
     }
     WriteJson(options, json, outputs);
     outputs.Finish();
-    return Status(outputs, !results.errors.empty(), AnyBad(table, options.failOnBad));
+    return Status(outputs, !results.errors.empty(), HasBad(table, options.failOnBad));
 }
 
 }  // namespace
@@ -175,7 +176,7 @@ CExitStatus RunCompare(const std::vector<std::string>& arguments, CConsole& cons
     console.ComplainAll(document.ReferenceMessages());
     ComplainOfNoCommonTime(document, console);
     const CResults results{document.ErrorMessages(), document.ReferenceMessages(), {}, document.Notes()};
-    if (!observer.Completed()) {
+    if (!observer.IsCompleted()) {
         NameUnreadFiles(document, console);
         return FinishStopped(options, results, document.Reference(), console);
     }

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "cli/arguments.h"
+#include "cli/messages.h"
 #include "cli/output/outputs.h"
 #include "cli/usage_error.h"
 #include "files/number_text.h"
@@ -45,13 +46,13 @@ std::optional<std::int32_t> ReadClass(const CArguments& arguments) {
             return channelClass;
         }
     }
-    throw CUsageError("Option --cfc takes the channel class " + kClasses + ", not: " + *text);
+    throw CUsageError(cli_message::ClassNotKnown(kClasses, *text));
 }
 
 double ReadNumber(std::string_view option, const std::string& text) {
     const std::optional<double> value = ks::ReadWholeNumber(text);
     if (!value) {
-        throw CUsageError("Option " + std::string(option) + " takes finite decimal numbers, not: " + text);
+        throw CUsageError(cli_message::NumberNotRead(option, text));
     }
     return *value;
 }
@@ -63,7 +64,7 @@ std::optional<CWindow> ReadWindow(const CArguments& arguments) {
     }
     const CWindow window{ReadNumber("--window", values[0]), ReadNumber("--window", values[1])};
     if (!(window.min < window.max)) {
-        throw CUsageError("Option --window takes MIN smaller than MAX, not: " + values[0] + " " + values[1]);
+        throw CUsageError(cli_message::WindowNotAscending(values[0], values[1]));
     }
     return window;
 }
@@ -75,7 +76,7 @@ double ReadCorridor(const CArguments& arguments, double fallback) {
     }
     const double size = ReadNumber("--corridor", *text);
     if (!(size > 0.0)) {
-        throw CUsageError("Option --corridor takes a size greater than 0, not: " + *text);
+        throw CUsageError(cli_message::CorridorNotPositive(*text));
     }
     return size;
 }
@@ -83,8 +84,7 @@ double ReadCorridor(const CArguments& arguments, double fallback) {
 const CCriterion& ReadCriterion(std::string_view option, std::string_view name) {
     const CCriterion* const criterion = FindCriterion(name);
     if (criterion == nullptr) {
-        throw CUsageError("Option " + std::string(option) + " knows the names " + CriterionNames() +
-                          ", not: " + std::string(name));
+        throw CUsageError(cli_message::CriterionNotKnown(option, CriterionNames(), name));
     }
     return *criterion;
 }
@@ -94,7 +94,7 @@ CCriticalValues ReadCriticalValues(const CArguments& arguments) {
     for (const std::string& text : arguments.Values("--critical")) {
         const std::size_t equals = text.find('=');
         if (equals == std::string::npos) {
-            throw CUsageError("Option --critical takes NAME=VALUE, for example moment=0.3, not: " + text);
+            throw CUsageError(cli_message::CriticalWithoutName(text));
         }
         const CCriterion& criterion = ReadCriterion("--critical", std::string_view(text).substr(0, equals));
         values.*criterion.limit = ReadNumber("--critical", text.substr(equals + 1));
@@ -120,11 +120,11 @@ std::vector<const CCriterion*> ReadFailOnBad(const CArguments& arguments) {
 }
 
 CVerbosity ReadVerbosity(const CArguments& arguments) {
-    const bool quiet = arguments.Has("--quiet");
-    if (quiet && arguments.Has("--verbose")) {
-        throw CUsageError("Options --quiet and --verbose exclude each other.");
+    const bool isQuiet = arguments.Has("--quiet");
+    if (isQuiet && arguments.Has("--verbose")) {
+        throw CUsageError(cli_message::kQuietAndVerbose);
     }
-    if (quiet) {
+    if (isQuiet) {
         return CVerbosity::Quiet;
     }
     return arguments.Has("--verbose") ? CVerbosity::Verbose : CVerbosity::Usual;
@@ -141,10 +141,11 @@ std::ptrdiff_t StandardOutputCount(const CCompareOptions& options) {
 }
 
 void RefuseEmptyPaths(const CArguments& arguments) {
-    for (const char* const option : {"--hit-list", "--reference", "--html", "--json", "--csv", "--ascii", "--uds"}) {
+    for (const std::string_view option :
+         {"--hit-list", "--reference", "--html", "--json", "--csv", "--ascii", "--uds"}) {
         for (const std::string& path : arguments.Values(option)) {
             if (path.empty()) {
-                throw CUsageError("Option " + std::string(option) + " takes a path that is not empty.");
+                throw CUsageError(cli_message::EmptyPath(option));
             }
         }
     }
@@ -164,23 +165,23 @@ CCompareOptions ParseCompareOptions(const std::vector<std::string>& arguments) {
     options.hitLists = given.Values("--hit-list");
     options.reference = given.Value("--reference");
     options.cfc = ReadClass(given);
-    options.filterReference = !given.Has("--no-filter-reference");
+    options.shouldFilterReference = !given.Has("--no-filter-reference");
     options.window = ReadWindow(given);
     options.corridor = ReadCorridor(given, options.corridor);
     options.critical = ReadCriticalValues(given);
     options.html = given.Value("--html");
     options.json = given.Value("--json");
     options.csv = given.Value("--csv");
-    options.pages = given.Has("--pages");
+    options.shouldWritePages = given.Has("--pages");
     options.asciiFolder = given.Value("--ascii");
     options.udsFolder = given.Value("--uds");
     options.failOnBad = ReadFailOnBad(given);
     options.verbosity = ReadVerbosity(given);
     if (options.files.empty() && options.hitLists.empty()) {
-        throw CUsageError("At least one FILE to compare is needed.");
+        throw CUsageError(cli_message::kNoFileToCompare);
     }
     if (StandardOutputCount(options) > 1) {
-        throw CUsageError("Only one output can go to standard output (-).");
+        throw CUsageError(cli_message::kSeveralOnStandardOutput);
     }
     return options;
 }

@@ -24,18 +24,18 @@ public:
     std::vector<std::string> hitLists;
     std::optional<std::string> reference;  ///< none: made from the computed signals
     std::optional<std::int32_t> cfc;       ///< 60, 180, 600 or 1000; none: nothing is filtered
-    bool filterReference = true;           ///< as requested; without a class, nothing is filtered
+    bool shouldFilterReference = true;     ///< as requested; without a class, nothing is filtered
     std::optional<CWindow> window;
     double corridor = 4.0;  ///< > 0
     CCriticalValues critical;
     std::optional<std::string> html, json, csv;  ///< output paths
-    bool pages = false;                          ///< the pages' series go into the JSON
+    bool shouldWritePages = false;               ///< the pages' series go into the JSON
     std::optional<std::string> asciiFolder, udsFolder;
     std::vector<const CCriterion*> failOnBad;  ///< criteria whose bad verdicts make the command fail
     CVerbosity verbosity = CVerbosity::Usual;
 
     /// Whether the reference file is to be filtered.
-    [[nodiscard]] bool FiltersReference() const { return cfc.has_value() && filterReference; }
+    [[nodiscard]] bool FiltersReference() const { return cfc.has_value() && shouldFilterReference; }
     /// Whether an output goes to standard output instead of the table.
     [[nodiscard]] bool UsesStandardOutput() const;
 };

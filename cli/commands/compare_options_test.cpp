@@ -35,7 +35,7 @@ TEST(CompareOptions, HaveTheirDefaults) {
     EXPECT_EQ(options.critical.tStatistic, 2.58);
     EXPECT_EQ(options.critical.moment, 0.2);
     EXPECT_FALSE(options.UsesStandardOutput());
-    EXPECT_FALSE(options.pages);
+    EXPECT_FALSE(options.shouldWritePages);
     EXPECT_TRUE(options.failOnBad.empty());
     EXPECT_EQ(options.verbosity, CVerbosity::Usual);
 }

@@ -14,6 +14,7 @@
 #include "cli/commands/file_options.h"
 #include "cli/exit_status.h"
 #include "cli/join.h"
+#include "cli/messages.h"
 #include "cli/output/console.h"
 #include "cli/output/outputs.h"
 #include "files/number_text.h"
@@ -21,7 +22,7 @@
 
 namespace {
 
-bool SameBits(float a, float b) {
+bool HaveSameBits(float a, float b) {
     return std::bit_cast<std::uint32_t>(a) == std::bit_cast<std::uint32_t>(b);
 }
 
@@ -30,32 +31,30 @@ void TellOfUserReals(const ks::CUDSFile& file, CConsole& console) {
     const float first = file.Fields().GetRD1();
     for (std::size_t i = 0; i < kNames.size(); ++i) {
         const float old = file.Repairs().userReals[i];
-        if (SameBits(old, first)) continue;
+        if (HaveSameBits(old, first)) continue;
         const std::string was = std::isnan(old) ? "not a number" : ks::ShortestSingleText(old);
-        console.Note(
-            Join({kNames[i], " was ", was, " and is now ", ks::ShortestSingleText(first), ", the value of RD1."}));
+        console.Note(cli_message::UserRealChanged(kNames[i], was, ks::ShortestSingleText(first)));
     }
 }
 
 void TellOfYear(const ks::CUDSFile& file, CConsole& console) {
     const std::int32_t year = file.Fields().GetYEAR1();
     if (file.Repairs().year == year) return;
-    console.Note(Join({"The year of component 1 was ", std::to_string(file.Repairs().year), " and is now ",
-                       std::to_string(year), "."}));
+    console.Note(cli_message::YearChanged(file.Repairs().year, year));
 }
 
 void TellOfCounts(const ks::CUDSRepairs& repairs, CConsole& console) {
     if (repairs.notNumbers > 0) {
-        console.Note("Values that were not a number and are now 0: " + std::to_string(repairs.notNumbers));
+        console.Note(cli_message::NumbersCleared(repairs.notNumbers));
     }
     if (repairs.movedTexts > 0) {
-        console.Note("Texts that lost their leading blanks: " + std::to_string(repairs.movedTexts));
+        console.Note(cli_message::TextsMoved(repairs.movedTexts));
     }
     if (repairs.clearedRecords > 0) {
-        console.Note("Records whose unused bytes are now 0: " + std::to_string(repairs.clearedRecords));
+        console.Note(cli_message::RecordsCleared(repairs.clearedRecords));
     }
     if (repairs.unusedRecords > 0) {
-        console.Note("Data records dropped after the last point: " + std::to_string(repairs.unusedRecords));
+        console.Note(cli_message::RecordsDropped(repairs.unusedRecords));
     }
 }
 
@@ -81,9 +80,9 @@ CExitStatus RunConvert(const std::vector<std::string>& arguments, CConsole& cons
     }
     file.SetSunOutput(options.to == CTargetFormat::Sun);
     COutputs outputs(console);
-    outputs.Write("The UDS-1992 file", options.out, Characters(file.MakeImage()));
+    outputs.Write(cli_message::kUdsFile, options.out, Characters(file.MakeImage()));
     outputs.Finish();
-    if (outputs.Failed()) {
+    if (outputs.HasFailed()) {
         return CExitStatus::Output;
     }
     TellOfChanges(file, console);

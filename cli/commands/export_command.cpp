@@ -5,6 +5,7 @@
 #include "cli/commands/file_input.h"
 #include "cli/commands/file_options.h"
 #include "cli/exit_status.h"
+#include "cli/messages.h"
 #include "cli/output/console.h"
 #include "cli/output/outputs.h"
 #include "files/error.h"
@@ -23,11 +24,11 @@ CExitStatus RunExport(const std::vector<std::string>& arguments, CConsole& conso
         text = ks::AsciiPoints(record, options.form);
     } catch (const ks::CError& error) {
         console.Complain(error.what());
-        console.Complain("Could not be exported: " + options.file);
+        console.Complain(cli_message::NotExported(options.file));
         return CExitStatus::Input;
     }
     COutputs outputs(console);
-    outputs.Write("The ASCII file", options.out, text);
+    outputs.Write(cli_message::kAsciiFile, options.out, text);
     outputs.Finish();
-    return outputs.Failed() ? CExitStatus::Output : CExitStatus::Good;
+    return outputs.HasFailed() ? CExitStatus::Output : CExitStatus::Good;
 }

@@ -6,6 +6,7 @@
 #include <string>
 #include <utility>
 
+#include "cli/messages.h"
 #include "cli/output/console.h"
 #include "cli/output/outputs.h"
 #include "cli/usage_error.h"
@@ -20,7 +21,7 @@ namespace {
 
 void Complain(const std::string& path, const std::string& sentence, CConsole& console) {
     console.Complain(sentence);
-    console.Complain("Could not be read: " + path);
+    console.Complain(cli_message::NotRead(path));
 }
 
 }  // namespace
@@ -42,7 +43,7 @@ std::optional<std::string> ComplaintOfReading(const std::string& path, CConsole&
         read();
         return std::nullopt;
     } catch (const std::bad_alloc&) {
-        sentence = ks::NoMemoryToRead(path);
+        sentence = ks::read_message::NoMemoryToRead(path);
     } catch (const ks::CError& error) {
         sentence = error.what();
     }
@@ -52,6 +53,6 @@ std::optional<std::string> ComplaintOfReading(const std::string& path, CConsole&
 
 void RefuseOverwriting(const std::string& output, const std::string& input) {
     if (output != kStandardOutput && ks::WouldReplace(output, input)) {
-        throw CUsageError("An output would overwrite an input: " + output);
+        throw CUsageError(cli_message::InputOverwritten(output));
     }
 }

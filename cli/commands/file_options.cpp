@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "cli/arguments.h"
-#include "cli/join.h"
+#include "cli/messages.h"
 #include "cli/output/outputs.h"
 #include "cli/usage_error.h"
 #include "signal/ascii_export.h"
@@ -44,10 +44,10 @@ std::vector<std::string> NamesOf(std::span<const COptionDeclaration> declaration
 std::string OnlyFile(const CArguments& given, std::string_view toDo, std::string_view done) {
     const std::vector<std::string>& files = given.Files();
     if (files.empty()) {
-        throw CUsageError(Join({"A FILE to ", toDo, " is needed."}));
+        throw CUsageError(cli_message::FileMissing(toDo));
     }
     if (files.size() > 1) {
-        throw CUsageError(Join({"Only one FILE can be ", done, " at a time, not also: ", files[1]}));
+        throw CUsageError(cli_message::OnlyOneFile(done, files[1]));
     }
     return files.front();
 }
@@ -55,7 +55,7 @@ std::string OnlyFile(const CArguments& given, std::string_view toDo, std::string
 std::string NeededValue(const CArguments& given, const COptionDeclaration& option) {
     const std::optional<std::string> value = given.Value(option.name);
     if (!value) {
-        throw CUsageError(Join({"Option ", option.name, " is needed, with ", option.argument, "."}));
+        throw CUsageError(cli_message::OptionMissing(option.name, option.argument));
     }
     return *value;
 }
@@ -63,21 +63,21 @@ std::string NeededValue(const CArguments& given, const COptionDeclaration& optio
 std::string NeededPath(const CArguments& given, const COptionDeclaration& option) {
     const std::string path = NeededValue(given, option);
     if (path.empty()) {
-        throw CUsageError(Join({"Option ", option.name, " takes a path that is not empty."}));
+        throw CUsageError(cli_message::EmptyPath(option.name));
     }
     return path;
 }
 
 ks::CAsciiForm ReadForm(const CArguments& given) {
-    const bool both = given.Has("--xy");
-    const bool one = given.Has("--x");
-    if (both && one) {
-        throw CUsageError("Options --xy and --x exclude each other.");
+    const bool isBoth = given.Has("--xy");
+    const bool isOne = given.Has("--x");
+    if (isBoth && isOne) {
+        throw CUsageError(cli_message::kBothForms);
     }
-    if (!both && !one) {
-        throw CUsageError("One of the options --xy and --x is needed.");
+    if (!isBoth && !isOne) {
+        throw CUsageError(cli_message::kNoForm);
     }
-    return both ? ks::CAsciiForm::XY : ks::CAsciiForm::X;
+    return isBoth ? ks::CAsciiForm::XY : ks::CAsciiForm::X;
 }
 
 CTargetFormat ReadTargetFormat(const CArguments& given) {
@@ -88,7 +88,7 @@ CTargetFormat ReadTargetFormat(const CArguments& given) {
     if (name == "sun") {
         return CTargetFormat::Sun;
     }
-    throw CUsageError("Option --to takes the number format ieee or sun, not: " + name);
+    throw CUsageError(cli_message::TargetNotKnown(name));
 }
 
 }  // namespace
@@ -96,7 +96,7 @@ CTargetFormat ReadTargetFormat(const CArguments& given) {
 CShowOptions ParseShowOptions(const std::vector<std::string>& arguments) {
     const CArguments given(kShowOptions, arguments);
     if (given.Files().empty()) {
-        throw CUsageError("At least one FILE to show is needed.");
+        throw CUsageError(cli_message::kNoFileToShow);
     }
     return {given.Files(), given.Has("--json")};
 }
@@ -115,7 +115,7 @@ CReportOptions ParseReportOptions(const std::vector<std::string>& arguments) {
     const CArguments given(kReportOptions, arguments);
     CReportOptions options{OnlyFile(given, "report on", "reported on"), NeededPath(given, kPdf), given.Has("--full")};
     if (options.pdf == kStandardOutput) {
-        throw CUsageError("Option --pdf takes the path of a file, not standard output (-).");
+        throw CUsageError(cli_message::kReportNotPrinted);
     }
     return options;
 }

@@ -12,7 +12,7 @@
 class CShowOptions {
 public:
     std::vector<std::string> files;  ///< at least one
-    bool json = false;
+    bool isJson = false;
 };
 
 /// `quorvel-cli export FILE --xy|--x --out PATH`
@@ -39,7 +39,7 @@ class CReportOptions {
 public:
     std::string file;
     std::string pdf;  ///< never standard output
-    bool full = false;
+    bool isFull = false;
 };
 
 CShowOptions ParseShowOptions(const std::vector<std::string>& arguments);

@@ -19,8 +19,8 @@ using Texts = std::vector<std::string>;
 
 TEST(ShowOptions, TakeAnyNumberOfFiles) {
     EXPECT_THAT(ParseShowOptions({"a", "b"}).files, ElementsAre("a", "b"));
-    EXPECT_FALSE(ParseShowOptions({"a"}).json);
-    EXPECT_TRUE(ParseShowOptions({"a", "--json"}).json);
+    EXPECT_FALSE(ParseShowOptions({"a"}).isJson);
+    EXPECT_TRUE(ParseShowOptions({"a", "--json"}).isJson);
     EXPECT_THAT(ParseShowOptions({"--", "--json"}).files, ElementsAre("--json"));
 }
 
@@ -44,8 +44,8 @@ TEST(ReportOptions, NameThePdfAndTheMode) {
     const CReportOptions options = ParseReportOptions({"a", "--pdf", "b"});
     EXPECT_EQ(options.file, "a");
     EXPECT_EQ(options.pdf, "b");
-    EXPECT_FALSE(options.full);
-    EXPECT_TRUE(ParseReportOptions({"--full", "a", "--pdf", "b"}).full);
+    EXPECT_FALSE(options.isFull);
+    EXPECT_TRUE(ParseReportOptions({"--full", "a", "--pdf", "b"}).isFull);
 }
 
 struct Row {

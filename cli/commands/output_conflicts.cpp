@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "cli/commands/compare_options.h"
+#include "cli/messages.h"
 #include "cli/output/outputs.h"
 #include "cli/output/page_files.h"
 #include "cli/usage_error.h"
@@ -22,7 +23,7 @@ namespace {
 namespace fs = std::filesystem;
 
 void Refuse(const std::string& a, const std::string& b) {
-    throw CUsageError("Two outputs would go to one file: " + a + " and " + b);
+    throw CUsageError(cli_message::OutputsShareFile(a, b));
 }
 
 /// Where an output goes: standard output is a file too when it was redirected into one.

@@ -24,7 +24,7 @@ bool CanWritePdfReport() {
 }
 
 ks::CWriteResult WritePdfReport(const std::string& pdf, const ks::CNSignal& record, const std::string& file,
-                                bool full) {
+                                bool isFull) {
     qInstallMessageHandler(ShowOnlyFailures);
     // Ignores what the user's desktop asks of Qt programs: without a screen, a theme plugin may end the program.
     qunsetenv("QT_QPA_PLATFORMTHEME");
@@ -34,5 +34,5 @@ ks::CWriteResult WritePdfReport(const std::string& pdf, const ks::CNSignal& reco
     std::array<char*, 4> arguments = {name.data(), option.data(), platform.data(), nullptr};
     int count = 3;
     const QApplication application(count, arguments.data());
-    return WriteReportPdf(pdf, record, file, full ? CReportMode::Full : CReportMode::Specification);
+    return WriteReportPdf(pdf, record, file, isFull ? CReportMode::Full : CReportMode::Specification);
 }

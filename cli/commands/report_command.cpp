@@ -6,6 +6,7 @@
 #include "cli/commands/file_options.h"
 #include "cli/commands/pdf_report.h"
 #include "cli/exit_status.h"
+#include "cli/messages.h"
 #include "cli/output/console.h"
 #include "cli/output/outputs.h"
 #include "cli/usage_error.h"
@@ -14,7 +15,7 @@
 CExitStatus RunReport(const std::vector<std::string>& arguments, CConsole& console) {
     const CReportOptions options = ParseReportOptions(arguments);
     if (!CanWritePdfReport()) {
-        throw CUsageError("Reports need a build with the desktop program; this quorvel-cli was built without it.");
+        throw CUsageError(cli_message::kNoReports);
     }
     RefuseOverwriting(options.pdf, options.file);
     ks::CNSignal record;
@@ -22,6 +23,7 @@ CExitStatus RunReport(const std::vector<std::string>& arguments, CConsole& conso
         return CExitStatus::Input;
     }
     COutputs outputs(console);
-    outputs.Note("The report", options.pdf, WritePdfReport(options.pdf, record, options.file, options.full));
-    return outputs.Failed() ? CExitStatus::Output : CExitStatus::Good;
+    outputs.Note(cli_message::kPdfReport, options.pdf,
+                 WritePdfReport(options.pdf, record, options.file, options.isFull));
+    return outputs.HasFailed() ? CExitStatus::Output : CExitStatus::Good;
 }

@@ -18,36 +18,36 @@ namespace {
 
 // One file at a time, so that the points of a long list need not fit into memory together.
 bool ShowFiles(const CShowOptions& options, CConsole& console) {
-    bool good = true;
+    bool isGood = true;
     std::string_view gap;
     CHeaderJson json;
     for (const std::string& path : options.files) {
         ks::CNSignal record;
         if (const auto complaint = ComplaintOfReadingUds(path, console, record)) {
-            good = false;
+            isGood = false;
             json.AddError(path, *complaint);
             continue;
         }
-        if (options.json) {
+        if (options.isJson) {
             json.AddFile(path, record);
         } else {
             console.Print(Join({gap, HeaderReport(path, record)}));
             gap = "\n";
         }
     }
-    if (options.json) console.Print(json.Finish());
-    return good;
+    if (options.isJson) console.Print(json.Finish());
+    return isGood;
 }
 
 }  // namespace
 
 CExitStatus RunShow(const std::vector<std::string>& arguments, CConsole& console) {
     const CShowOptions options = ParseShowOptions(arguments);
-    const bool good = ShowFiles(options, console);
+    const bool isGood = ShowFiles(options, console);
     COutputs outputs(console);
     outputs.Finish();
-    if (outputs.Failed()) {
+    if (outputs.HasFailed()) {
         return CExitStatus::Output;
     }
-    return good ? CExitStatus::Good : CExitStatus::Input;
+    return isGood ? CExitStatus::Good : CExitStatus::Input;
 }

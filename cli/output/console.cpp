@@ -13,6 +13,7 @@
 #include <utility>
 #include <vector>
 
+#include "cli/messages.h"
 #include "cli/output/display_text.h"
 
 #ifdef _WIN32
@@ -42,8 +43,8 @@ bool IsTerminal(std::FILE* stream) {
 
 std::size_t TerminalWidth(std::FILE* stream) {
     winsize size{};
-    const bool known = ioctl(fileno(stream), TIOCGWINSZ, &size) == 0;  // NOLINT(*-vararg): the system's interface
-    return known ? size.ws_col : 0;
+    const bool isKnown = ioctl(fileno(stream), TIOCGWINSZ, &size) == 0;  // NOLINT(*-vararg): the system's interface
+    return isKnown ? size.ws_col : 0;
 }
 #endif
 
@@ -66,7 +67,7 @@ std::size_t WidthOf(std::FILE* stream) {
 }
 
 // NO_COLOR counts when it is set to anything but an empty text; see no-color.org.
-bool ColorAllowed(std::FILE* stream) {
+bool IsColorAllowed(std::FILE* stream) {
     return IsTerminal(stream) && Environment("NO_COLOR").empty() && Environment("TERM") != "dumb";
 }
 
@@ -81,8 +82,8 @@ CConsole::CConsole(std::FILE* out, std::FILE* err)
       m_err(err),
       m_width(WidthOf(out)),
       m_errorWidth(WidthOf(err)),
-      m_color(ColorAllowed(out)),
-      m_errorTerminal(IsTerminal(err)) {}
+      m_hasColor(IsColorAllowed(out)),
+      m_isErrorTerminal(IsTerminal(err)) {}
 
 CConsole::~CConsole() {
     EraseProgress();
@@ -90,24 +91,24 @@ CConsole::~CConsole() {
 
 void CConsole::Print(std::string_view text) {
     EraseProgress();
-    if (m_outFailed || text.empty()) {
+    if (m_hasOutFailed || text.empty()) {
         return;
     }
     if (std::fwrite(text.data(), 1, text.size(), m_out) != text.size()) {
         m_outError = errno;
-        m_outFailed = true;
+        m_hasOutFailed = true;
     }
 }
 
 bool CConsole::FinishOutput(std::string& reason) {
-    if (!m_outFailed && std::fflush(m_out) != 0) {
+    if (!m_hasOutFailed && std::fflush(m_out) != 0) {
         m_outError = errno;
-        m_outFailed = true;
+        m_hasOutFailed = true;
     }
-    if (m_outFailed) {
+    if (m_hasOutFailed) {
         reason = std::generic_category().message(m_outError);
     }
-    return !m_outFailed;
+    return !m_hasOutFailed;
 }
 
 void CConsole::Complain(std::string_view text) {
@@ -120,32 +121,32 @@ void CConsole::ComplainAll(const std::vector<std::string>& texts) {
     for (const std::string& text : texts) {
         const std::size_t times = std::exchange(timesOf[text], 0);  // told where it came first
         if (times == 1) Complain(text);
-        if (times > 1) Complain(text + " (" + std::to_string(times) + " times)");
+        if (times > 1) Complain(cli_message::Repeated(text, times));
     }
 }
 
 void CConsole::Note(std::string_view text) {
     EraseProgress();
     // A log or a pipe gets the unchanged bytes, so that a file name in a message stays correct.
-    Put(m_err, m_errorTerminal ? DisplayText(text, true) : std::string(text));
+    Put(m_err, m_isErrorTerminal ? DisplayText(text, true) : std::string(text));
     Put(m_err, "\n");
     std::fflush(m_err);
 }
 
 void CConsole::ShowProgress(std::string_view text) {
-    if (!m_errorTerminal) {
+    if (!m_isErrorTerminal) {
         return;
     }
     // Leaves one column free: a full line would wrap and could not be erased.
     Put(m_err, "\r\x1b[K" + ElideFront(DisplayText(text), m_errorWidth - 1));
     std::fflush(m_err);
-    m_progressShown = true;
+    m_isProgressShown = true;
 }
 
 void CConsole::EraseProgress() {
-    if (m_progressShown) {
+    if (m_isProgressShown) {
         Put(m_err, "\r\x1b[K");
         std::fflush(m_err);
-        m_progressShown = false;
+        m_isProgressShown = false;
     }
 }

@@ -35,7 +35,7 @@ public:
     void EraseProgress();
 
     /// Whether results may be colored.
-    [[nodiscard]] bool Color() const { return m_color; }
+    [[nodiscard]] bool HasColor() const { return m_hasColor; }
     /// Columns of the terminal that standard output goes to; else COLUMNS, else 80.
     [[nodiscard]] std::size_t Width() const { return m_width; }
 
@@ -45,8 +45,8 @@ private:
     std::size_t m_width;
     std::size_t m_errorWidth;
     int m_outError = 0;
-    bool m_outFailed = false;
-    bool m_color;
-    bool m_errorTerminal;
-    bool m_progressShown = false;
+    bool m_hasOutFailed = false;
+    bool m_hasColor;
+    bool m_isErrorTerminal;
+    bool m_isProgressShown = false;
 };

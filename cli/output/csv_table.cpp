@@ -26,12 +26,12 @@ namespace {
 // `textOf` returns the text of a column.
 template <class TextOf>
 void AppendLine(std::string& csv, const std::vector<int>& order, TextOf textOf) {
-    bool first = true;
+    bool isFirst = true;
     for (const int column : order) {
-        if (!first) {
+        if (!isFirst) {
             csv += ',';
         }
-        first = false;
+        isFirst = false;
         csv += CsvField(textOf(static_cast<std::size_t>(column)));
     }
     csv += "\r\n";

@@ -21,7 +21,7 @@ ks::CUtf8Character CharacterAt(std::string_view text, std::size_t position) {
 using CRange = std::pair<char32_t, char32_t>;
 
 template <std::size_t Size>
-bool InRanges(const std::array<CRange, Size>& ranges, char32_t c) {
+bool IsInRanges(const std::array<CRange, Size>& ranges, char32_t c) {
     return std::any_of(ranges.begin(), ranges.end(),
                        [c](const CRange& range) { return range.first <= c && c <= range.second; });
 }
@@ -41,10 +41,10 @@ constexpr std::array<CRange, 9> kDoubleWidth = {{{0x1100, 0x115F},
 
 std::size_t CharacterWidth(const ks::CUtf8Character& character) {
     const char32_t c = character.isWellFormed ? character.codePoint : U'?';
-    if (InRanges(kZeroWidth, c)) {
+    if (IsInRanges(kZeroWidth, c)) {
         return 0;
     }
-    return InRanges(kDoubleWidth, c) ? 2 : 1;
+    return IsInRanges(kDoubleWidth, c) ? 2 : 1;
 }
 
 bool IsControl(char32_t c) {
@@ -53,7 +53,7 @@ bool IsControl(char32_t c) {
 
 }  // namespace
 
-std::string DisplayText(std::string_view text, bool keepLineFeeds) {
+std::string DisplayText(std::string_view text, bool shouldKeepLineFeeds) {
     std::string shown;
     shown.reserve(text.size());
     for (std::size_t i = 0; i < text.size();) {
@@ -62,7 +62,7 @@ std::string DisplayText(std::string_view text, bool keepLineFeeds) {
         i += character.byteCount;
         if (!character.isWellFormed) {
             shown += "\xEF\xBF\xBD";
-        } else if (IsControl(character.codePoint) && !(keepLineFeeds && bytes == "\n")) {
+        } else if (IsControl(character.codePoint) && !(shouldKeepLineFeeds && bytes == "\n")) {
             shown += '?';
         } else {
             shown += bytes;

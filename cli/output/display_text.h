@@ -5,8 +5,8 @@
 #include <string_view>
 
 /// `text` made safe for a terminal: "?" for each control character, U+FFFD for each byte that is not UTF-8. A file name
-/// can hold anything, terminal commands included. Line feeds stay when `keepLineFeeds` is set.
-std::string DisplayText(std::string_view text, bool keepLineFeeds = false);
+/// can hold anything, terminal commands included. Line feeds stay when `shouldKeepLineFeeds` is set.
+std::string DisplayText(std::string_view text, bool shouldKeepLineFeeds = false);
 
 /// Columns that `text` (UTF-8) takes on a terminal: East Asian wide characters take two, combining marks none, each
 /// byte that is not UTF-8 one.

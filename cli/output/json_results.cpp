@@ -114,16 +114,16 @@ Json SignalJson(const CSignal& signal, std::span<const CSummaryColumn> summaryCo
 }
 
 // A page's own members, without its series.
-Json PageJson(const CPageView& page, bool chart) {
+Json PageJson(const CPageView& page, bool hasChart) {
     Json json;
     json["id"] = page.id;
     json["name"] = PageName(page.id);
-    json["built"] = !page.error.has_value() && (!chart || !page.series.empty());
+    json["built"] = !page.error.has_value() && (!hasChart || !page.series.empty());
     json["error"] = page.error ? Json(*page.error) : Json(nullptr);
     json["xTitle"] = page.block.xTitle;
     json["yTitle"] = page.block.yTitle;
-    json["pointCount"] = chart ? page.block.pointCount : 0;
-    json["seriesCount"] = chart ? page.block.seriesCount : 0;
+    json["pointCount"] = hasChart ? page.block.pointCount : 0;
+    json["seriesCount"] = hasChart ? page.block.seriesCount : 0;
     for (const CPageNote& note : page.notes) {
         Json item;
         item["signal"] = note.signal;
@@ -173,9 +173,9 @@ CJsonResults::CJsonResults(const CCompareOptions& options, const CResults& resul
 }
 
 void CJsonResults::BeginPages() {
-    if (!m_inPages) {
+    if (!m_isInPages) {
         AppendMember(m_text, "pages", "[");
-        m_inPages = true;
+        m_isInPages = true;
     }
 }
 
@@ -195,20 +195,20 @@ void CJsonResults::AppendPage(const CPageView& page) {
     m_text += m_hasPage ? ",\n  " : "\n  ";
     m_hasPage = true;
     // The summary page keeps the chart block of the page before it; it has no curves of its own.
-    const bool chart = HasChart(page.id);
-    m_text += Dump(PageJson(page, chart));
+    const bool hasChart = HasChart(page.id);
+    m_text += Dump(PageJson(page, hasChart));
     m_text.back() = ',';  // in place of the closing brace
     m_text += "\"series\":[";
-    for (std::size_t j = 0; chart && j < page.series.size(); ++j) {
+    for (std::size_t j = 0; hasChart && j < page.series.size(); ++j) {
         m_text += j == 0 ? "" : ",";
         m_text += Dump(SeriesJson(page, j));
     }
     m_text += "]}";
 }
 
-std::string CJsonResults::Finish(bool withPages) {
+std::string CJsonResults::Finish(bool shouldShowPages) {
     if (m_isTooLong) throw std::bad_alloc();
-    if (withPages) {
+    if (shouldShowPages) {
         BeginPages();
         m_text += ']';
     }

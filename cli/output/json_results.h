@@ -48,16 +48,16 @@ public:
                  const std::vector<CSignal>& signalList, std::span<const CSummaryColumn> columns = SummaryColumns());
 
     void AddPage(const CPageView& page);
-    /// Ends the text. `withPages` adds the member "pages", empty when no page was added.
+    /// Ends the text. `shouldShowPages` adds the member "pages", empty when no page was added.
     /// @throws std::bad_alloc when there was not enough memory for the text, here or in an earlier call
-    std::string Finish(bool withPages);
+    std::string Finish(bool shouldShowPages);
 
 private:
     void BeginPages();
     void AppendPage(const CPageView& page);
 
     std::string m_text;
-    bool m_inPages = false;
+    bool m_isInPages = false;
     bool m_hasPage = false;
     bool m_isTooLong = false;
 };

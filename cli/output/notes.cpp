@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "cli/join.h"
+#include "cli/messages.h"
 #include "cli/output/console.h"
 #include "compare/document.h"
 #include "compare/note.h"
@@ -17,7 +18,7 @@ void AddNoCommonTime(std::vector<std::string>& complaints, const std::vector<CNo
         if (note.kind != CNoteKind::NoCommonTime) {
             continue;
         }
-        complaints.push_back(path.empty() ? note.sentence : Join({path, ": ", note.sentence}));
+        complaints.push_back(path.empty() ? note.sentence : cli_message::About(path, note.sentence));
     }
 }
 

@@ -9,6 +9,7 @@
 #include <string_view>
 #include <system_error>
 
+#include "cli/messages.h"
 #include "files/native_path.h"
 #include "files/replacing_file.h"
 #include "files/same_file.h"
@@ -25,9 +26,9 @@ void COutputs::Write(std::string_view what, const std::string& path, const std::
     try {
         Write(what, path, make());
     } catch (const std::bad_alloc&) {
-        Fail(std::string(what) + " could not be written; there is not enough memory: " + path);
+        Fail(cli_message::NoMemoryToWrite(what, path));
     } catch (const std::length_error&) {  // more than any memory holds
-        Fail(std::string(what) + " could not be written; there is not enough memory: " + path);
+        Fail(cli_message::NoMemoryToWrite(what, path));
     }
 }
 
@@ -36,10 +37,10 @@ void COutputs::Note(std::string_view what, const std::string& path, ks::CWriteRe
         case ks::CWriteResult::Written:
             return;
         case ks::CWriteResult::NotOpened:
-            Fail(std::string(what) + " could not be written; the file cannot be opened for writing: " + path);
+            Fail(cli_message::NotOpenedForWriting(what, path));
             return;
         case ks::CWriteResult::NotCompleted:
-            Fail(std::string(what) + " could not be written in full: " + path);
+            Fail(cli_message::NotCompleted(what, path));
             return;
     }
 }
@@ -52,7 +53,7 @@ bool COutputs::IsInput(const std::string& path) {
     if (!Protects(path)) {
         return false;
     }
-    Fail("An output would overwrite an input: " + path);
+    Fail(cli_message::InputOverwritten(path));
     return true;
 }
 
@@ -62,19 +63,19 @@ bool COutputs::MakeFolder(const std::string& path) {
     if (!error && std::filesystem::is_directory(ks::NativePath(path), error)) {
         return true;
     }
-    Fail("The folder could not be made: " + path);
+    Fail(cli_message::FolderNotMade(path));
     return false;
 }
 
 void COutputs::Fail(const std::string& sentence) {
     m_console.Complain(sentence);
-    m_failed = true;
+    m_hasFailed = true;
 }
 
 void COutputs::Finish() {
     std::string reason;
     if (!m_console.FinishOutput(reason)) {
-        Fail("Standard output could not be written: " + reason);
+        Fail(cli_message::StandardOutputFailed(reason));
     }
 }
 

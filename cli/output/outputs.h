@@ -19,7 +19,7 @@ public:
     explicit COutputs(CConsole& console) : m_console(console) {}
 
     /// Puts `text` into the file at `path`, or prints it when that is "-". `what` names it in a sentence, for example
-    /// "The HTML report".
+    /// cli_message::kHtmlReport.
     void Write(std::string_view what, const std::string& path, std::string_view text);
     /// The same for a text that is made here; too little memory for it is a failure with its own sentence.
     void Write(std::string_view what, const std::string& path, const std::function<std::string()>& make);
@@ -41,12 +41,12 @@ public:
     void Finish();
 
     /// Whether anything could not be written.
-    [[nodiscard]] bool Failed() const { return m_failed; }
+    [[nodiscard]] bool HasFailed() const { return m_hasFailed; }
 
 private:
     CConsole& m_console;
     std::vector<std::string> m_inputs;
-    bool m_failed = false;
+    bool m_hasFailed = false;
 };
 
 /// `name` in the folder at `folder`.

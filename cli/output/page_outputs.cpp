@@ -13,6 +13,7 @@
 #include "cli/cli_host.h"
 #include "cli/commands/compare_options.h"
 #include "cli/join.h"
+#include "cli/messages.h"
 #include "cli/output/json_results.h"
 #include "cli/output/notes.h"
 #include "cli/output/outputs.h"
@@ -33,7 +34,7 @@ void WriteAsciiPage(const std::string& folder, const CQuorvelDoc& document, std:
         return;
     }
     // A page that could not be built gets an empty table, so that one from an earlier run does not pass for this run's.
-    outputs.Note("The ASCII table of a page", path, WriteAsciiTable(path, document.ChartBlock(), pageId));
+    outputs.Note(cli_message::kPageTable, path, WriteAsciiTable(path, document.ChartBlock(), pageId));
 }
 
 /// The UDS files of a run.
@@ -68,14 +69,11 @@ void CUdsPages::Save(const ks::CNSignal& series, const std::string& path) {
     try {
         series.SaveUDS(path);
     } catch (const std::exception& error) {
-        m_outputs.Fail("The series could not be written: " + path + ": " + error.what());
+        m_outputs.Fail(cli_message::SeriesNotWritten(path, error.what()));
         return;
     }
     if (const auto lost = ks::FirstLostAbscissa(series)) {
-        m_outputs.Warn(
-            Join({"The times of ", path, " are not those of its curve. The file holds the values alone, and point ",
-                  std::to_string(lost->index + 1), ", at ", ks::GeneralText(lost->x), ", will be read as at ",
-                  ks::GeneralText(lost->xRead), "."}));
+        m_outputs.Warn(cli_message::TimesLost(path, *lost));
     }
 }
 
@@ -87,46 +85,46 @@ void CUdsPages::RemoveOlder() {
         std::error_code error;
         std::filesystem::remove(ks::NativePath(path), error);
         if (error) {
-            m_outputs.Fail("A file of an earlier run could not be removed: " + path);
+            m_outputs.Fail(cli_message::OlderFileNotRemoved(path));
         }
     }
 }
 
 void TellNotes(const CQuorvelDoc& document, const std::vector<CPageNote>& notes, CCliHost& host) {
     for (const CPageNote& note : notes) {
-        host.TellMore(Join({document.ComputedSignals()[note.signal].GetPath(), ": note: ", note.note.sentence}));
+        host.TellMore(cli_message::PageNote(document.ComputedSignals()[note.signal].GetPath(), note.note.sentence));
     }
 }
 
 }  // namespace
 
 bool WantsPages(const CCompareOptions& options) {
-    return options.pages || options.asciiFolder.has_value() || options.udsFolder.has_value();
+    return options.shouldWritePages || options.asciiFolder.has_value() || options.udsFolder.has_value();
 }
 
 void WritePages(const CCompareOptions& options, CQuorvelDoc& document, CCliHost& host, CJsonResults& json,
                 COutputs& outputs) {
-    const bool ascii = options.asciiFolder && outputs.MakeFolder(*options.asciiFolder);
+    const bool hasAscii = options.asciiFolder && outputs.MakeFolder(*options.asciiFolder);
     std::optional<CUdsPages> uds;
     if (options.udsFolder && outputs.MakeFolder(*options.udsFolder)) {
         uds.emplace(*options.udsFolder, outputs);
     }
-    if (!options.pages && !ascii && !uds) {
+    if (!options.shouldWritePages && !hasAscii && !uds) {
         return;
     }
     host.TakeShownMessages();
     for (const std::int32_t pageId : document.PageList()) {
-        host.NameSource(Join({"Page ", std::to_string(pageId), " (", PageName(pageId), ")"}));
+        host.NameSource(cli_message::PageSource(pageId, PageName(pageId)));
         const CPageNotes pageNotes(document);
         document.SelectPage(pageId);
         const std::vector<CPageNote> notes = pageNotes.Added();
         TellNotes(document, notes, host);
         const std::vector<std::string> shown = host.TakeShownMessages();
-        if (options.pages) {
+        if (options.shouldWritePages) {
             const auto error = shown.empty() ? std::nullopt : std::optional<std::string>(shown.front());
             json.AddPage({pageId, error, document.ChartBlock(), document.Series(), document.SeriesNames(), notes});
         }
-        if (ascii) {
+        if (hasAscii) {
             WriteAsciiPage(*options.asciiFolder, document, pageId, outputs);
         }
         if (uds) {

@@ -31,7 +31,7 @@ std::string RecordText(const ks::CNSignal& record) {
 
 std::string PreparationText(const CCompareOptions& options) {
     std::string text = options.cfc ? Join({"CFC ", std::to_string(*options.cfc)}) : "not filtered";
-    if (options.cfc && options.reference && !options.filterReference) {
+    if (options.cfc && options.reference && !options.shouldFilterReference) {
         text += " (reference not filtered)";
     }
     if (options.window) {

@@ -34,7 +34,7 @@ struct CCell {
 struct CColumn {
     std::string header;
     std::vector<CCell> cells;
-    bool leftAligned = false;
+    bool isLeftAligned = false;
     std::size_t valueWidth = 0;
     std::size_t wordWidth = 0;  // with the blank in front; 0 in a column without verdicts
 
@@ -69,7 +69,7 @@ CColumn MakeColumn(const CSummaryTable& table, std::size_t index) {
     const CSummaryColumn& source = table.columns[index];
     CColumn column;
     column.header = source.header;
-    column.leftAligned = source.isName;
+    column.isLeftAligned = source.isName;
     for (const CSummaryRow& row : table.rows) {
         const CSummaryCell& cell = row[index];
         const std::string shown = DisplayText(cell.text);
@@ -109,25 +109,25 @@ std::string Blanks(std::size_t count) {
     return std::string(count, ' ');
 }
 
-std::string Painted(std::string_view text, std::string_view paint, bool color) {
-    return color ? Join({paint, text, kPlain}) : std::string(text);
+std::string Painted(std::string_view text, std::string_view paint, bool hasColor) {
+    return hasColor ? Join({paint, text, kPlain}) : std::string(text);
 }
 
 // Fills the column's width, so that the next column lines up.
-std::string CellText(const CColumn& column, const CCell& cell, bool color) {
+std::string CellText(const CColumn& column, const CCell& cell, bool hasColor) {
     const std::string pad = Blanks(column.valueWidth - DisplayWidth(cell.value));
     const std::string rest = Blanks(column.wordWidth - (cell.word.empty() ? 0 : 1 + cell.word.size()));
     std::string shown = cell.word.empty() ? cell.value : Join({cell.value, " ", cell.word});
     if (cell.verdict != CVerdict::None) {
-        shown = Painted(shown, cell.verdict == CVerdict::Good ? kGreen : kRed, color);
+        shown = Painted(shown, cell.verdict == CVerdict::Good ? kGreen : kRed, hasColor);
     }
-    return column.leftAligned ? Join({shown, pad, rest}) : Join({pad, shown, rest});
+    return column.isLeftAligned ? Join({shown, pad, rest}) : Join({pad, shown, rest});
 }
 
-std::string HeaderText(const CColumn& column, bool color) {
+std::string HeaderText(const CColumn& column, bool hasColor) {
     const std::string pad = Blanks(column.Width() - DisplayWidth(column.header));
-    const std::string header = column.header.empty() ? "" : Painted(column.header, kBold, color);
-    return column.leftAligned ? Join({header, pad}) : Join({pad, header});
+    const std::string header = column.header.empty() ? "" : Painted(column.header, kBold, hasColor);
+    return column.isLeftAligned ? Join({header, pad}) : Join({pad, header});
 }
 
 void AppendLine(std::string& text, std::string line) {
@@ -163,14 +163,15 @@ std::string Line(const CBand& band, TextOf textOf) {
     return line;
 }
 
-void AppendBand(std::string& text, const CBand& band, bool color) {
-    AppendLine(text, Line(band, [color](const CColumn& column) { return HeaderText(column, color); }));
+void AppendBand(std::string& text, const CBand& band, bool hasColor) {
+    AppendLine(text, Line(band, [hasColor](const CColumn& column) { return HeaderText(column, hasColor); }));
     AppendLine(text, Line(band, [](const CColumn& column) {
                    return std::string(column.Width(), column.header.empty() ? ' ' : '-');
                }));
     for (std::size_t i = 0; i < band.front()->cells.size(); ++i) {
-        AppendLine(text,
-                   Line(band, [i, color](const CColumn& column) { return CellText(column, column.cells[i], color); }));
+        AppendLine(text, Line(band, [i, hasColor](const CColumn& column) {
+                       return CellText(column, column.cells[i], hasColor);
+                   }));
     }
 }
 
@@ -187,7 +188,7 @@ std::string TextTable(const CSummaryTable& table, const CTextTableStyle& style) 
     std::string text;
     for (const CBand& band : Bands(number, columns, style.width)) {
         text += text.empty() ? "" : "\n";
-        AppendBand(text, band, style.color);
+        AppendBand(text, band, style.hasColor);
     }
     return text;
 }

@@ -9,7 +9,7 @@
 class CTextTableStyle {
 public:
     std::size_t width = 80;  ///< columns to fit into; a single column of the table may still exceed it
-    bool color = false;      ///< color verdicts and headings by terminal sequences
+    bool hasColor = false;   ///< color verdicts and headings by terminal sequences
 };
 
 /// All columns of the summary table, one line per signal, numbered from 1. A column that does not fit next to

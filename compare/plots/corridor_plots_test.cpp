@@ -38,7 +38,7 @@ std::vector<CSignal> OneSignal(double corridorSize) {
 TEST(PlotCorridor, LiesItsSizeAboveAndBelowTheReferenceWithoutShowingIt) {
     std::vector<CSignal> computed = OneSignal(4.0);
     const CShownPage shown = Show(page::kCorridor, computed, TimeSignal(0.5, {10, 20, 30}));
-    EXPECT_TRUE(shown.built);
+    EXPECT_TRUE(shown.isBuilt);
     EXPECT_THAT(shown.names, ElementsAre("Plus 4", "Minus 4", "close.uds"));
     ASSERT_EQ(shown.series.size(), 3U);
     EXPECT_THAT(shown.series[0]->GetX(), ElementsAre(0, 0.5, 1));
@@ -94,7 +94,7 @@ TEST(PlotCorridor, ASizeOfZeroLeavesNothingToShow) {
     for (const double zero : {0.0, -0.0}) {
         std::vector<CSignal> computed = OneSignal(zero);
         const CShownPage shown = Show(page::kCorridor, computed, TimeSignal(0.5, {1, 2, 3}));
-        EXPECT_FALSE(shown.built);
+        EXPECT_FALSE(shown.isBuilt);
         EXPECT_THAT(shown.series, IsEmpty());
         EXPECT_THAT(shown.names, IsEmpty());
         EXPECT_EQ(shown.xTitle, "");
@@ -105,7 +105,7 @@ TEST(PlotCorridor, ASizeOfZeroLeavesNothingToShow) {
 TEST(PlotCorridor, AnEmptyReferenceHasEmptyEdges) {
     std::vector<CSignal> computed = OneSignal(4.0);
     const CShownPage shown = Show(page::kCorridor, computed, ks::CNSignal());
-    EXPECT_TRUE(shown.built);
+    EXPECT_TRUE(shown.isBuilt);
     ASSERT_EQ(shown.series.size(), 3U);
     EXPECT_EQ(shown.series[0]->GetPointCount(), 0U);
     EXPECT_EQ(shown.series[2]->GetPointCount(), 3U);
@@ -116,7 +116,7 @@ TEST(PlotStdDeviation, TheBandIsTheMeanOfTheSignalsStandardDeviations) {
     ASSERT_EQ(computed[0].Comparison().GetResidualStandardDeviation(), 1.0);
     ASSERT_EQ(computed[1].Comparison().GetResidualStandardDeviation(), 3.0);
     const CShownPage shown = Show(page::kStandardDeviation, computed, TimeSignal(0.5, {10, 20, 30, 40, 50}));
-    EXPECT_TRUE(shown.built);
+    EXPECT_TRUE(shown.isBuilt);
     EXPECT_THAT(shown.names, ElementsAre("Plus 1 Std Dev", "Minus 1 Std Dev", "one", "three"));
     ASSERT_EQ(shown.series.size(), 4U);
     EXPECT_THAT(shown.series[0]->GetY(), ElementsAre(12, 22, 32, 42, 52));
@@ -129,7 +129,7 @@ TEST(PlotStdDeviation, TheBandIsTheMeanOfTheSignalsStandardDeviations) {
 TEST(Plot90Percent, TheBandIs16449StandardDeviationsWide) {
     std::vector<CSignal> computed{WithSigma("/a/one", 1.0), WithSigma("/a/three", 3.0)};
     const CShownPage shown = Show(page::k90Percentile, computed, TimeSignal(0.5, {0, 0, 0, 0, 0}));
-    EXPECT_TRUE(shown.built);
+    EXPECT_TRUE(shown.isBuilt);
     EXPECT_THAT(shown.names, ElementsAre("Plus 90%", "Minus 90%", "one", "three"));
     EXPECT_THAT(shown.series[0]->GetY(), Each(testing::DoubleEq(3.2898)));
     EXPECT_THAT(shown.series[1]->GetY(), Each(testing::DoubleEq(-3.2898)));
@@ -157,7 +157,7 @@ TEST_P(BandPages, SigmaZeroDrawsTheReferenceTwice) {
 TEST_P(BandPages, WithoutSignalsTheBandIsNotANumber) {
     std::vector<CSignal> none;
     const CShownPage shown = Show(GetParam(), none, TimeSignal(0.5, {1, 2, 3}));
-    EXPECT_TRUE(shown.built);
+    EXPECT_TRUE(shown.isBuilt);
     ASSERT_EQ(shown.series.size(), 2U);
     EXPECT_THAT(shown.series[0]->GetY(), Each(testing::IsNan()));
     EXPECT_THAT(shown.series[1]->GetY(), Each(testing::IsNan()));

@@ -126,7 +126,7 @@ std::size_t CCovariances::Reach() const {
     return std::min(static_cast<std::size_t>(m_maxLag), std::max<std::size_t>(Count(), 1) - 1);
 }
 
-bool CCovariances::UseTransform(const CCentered& b) const {
+bool CCovariances::ShouldUseTransform(const CCentered& b) const {
     if (!m_first.isFinite || !b.isFinite || m_method == CCovarianceMethod::PlainSums) return false;
     if (m_method == CCovarianceMethod::Transform) return Count() > 0;
     // Measured: below this a transform with its plan takes as long as the sums.
@@ -149,7 +149,7 @@ void CCovariances::PrepareTransform() {
 
 std::vector<double> CCovariances::Values(const CCentered& b) {
     std::vector<double> values(2 * static_cast<std::size_t>(m_maxLag) + 1);
-    if (UseTransform(b)) {
+    if (ShouldUseTransform(b)) {
         SumByTransform(b, values);
     } else {
         SumPlainly(b, values, 0);

@@ -57,7 +57,7 @@ public:
 private:
     [[nodiscard]] std::size_t Count() const { return m_first.values.size(); }
     [[nodiscard]] std::size_t Reach() const;  ///< the largest |lag| at which anything overlaps
-    [[nodiscard]] bool UseTransform(const CCentered& b) const;
+    [[nodiscard]] bool ShouldUseTransform(const CCentered& b) const;
     void PrepareTransform();
     std::vector<double> Values(const CCentered& b);
     void SumPlainly(const CCentered& b, std::span<double> sums, std::size_t firstShift) const;

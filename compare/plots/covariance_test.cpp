@@ -78,7 +78,7 @@ std::vector<double> Impulse(std::size_t count, std::size_t at) {
     return values;
 }
 
-bool SameBits(double a, double b) {
+bool HaveSameBits(double a, double b) {
     return std::bit_cast<std::uint64_t>(a) == std::bit_cast<std::uint64_t>(b);
 }
 
@@ -219,7 +219,7 @@ TEST_P(EitherMethod, PairedWithItselfMirrorsToTheLastBit) {
     CCovariances covariances(3000, GetParam());
     covariances.SetFirst(a);
     const std::vector<double> values = covariances.WithItself();
-    for (long lag = 1; lag <= 3000; ++lag) EXPECT_TRUE(SameBits(At(values, lag), At(values, -lag))) << lag;
+    for (long lag = 1; lag <= 3000; ++lag) EXPECT_TRUE(HaveSameBits(At(values, lag), At(values, -lag))) << lag;
     ExpectWithinTheStatedError(values, a, a, LagsToCheck(3000));
 }
 
@@ -233,14 +233,14 @@ TEST_P(EitherMethod, WithoutOverlapTheValueIsZeroByZeroAndThenMinusZero) {
     const std::vector<double> values = Values(GetParam(), {1, 2, 4}, {3, 1, 1}, 5);
     for (const long lag : {-2L, -1L, 0L, 1L, 2L}) EXPECT_TRUE(std::isfinite(At(values, lag))) << lag;
     for (const long lag : {-3L, 3L}) EXPECT_TRUE(std::isnan(At(values, lag))) << lag;
-    for (const long lag : {-5L, -4L, 4L, 5L}) EXPECT_TRUE(SameBits(At(values, lag), -0.0)) << lag;
+    for (const long lag : {-5L, -4L, 4L, 5L}) EXPECT_TRUE(HaveSameBits(At(values, lag), -0.0)) << lag;
 }
 
 TEST_P(EitherMethod, WithoutAnyValueEveryLagIsWithoutOverlap) {
     const std::vector<double> values = Values(GetParam(), {}, {}, 2);
     ASSERT_EQ(values.size(), 5U);
     EXPECT_TRUE(std::isnan(At(values, 0)));
-    for (const long lag : {-2L, -1L, 1L, 2L}) EXPECT_TRUE(SameBits(At(values, lag), -0.0)) << lag;
+    for (const long lag : {-2L, -1L, 1L, 2L}) EXPECT_TRUE(HaveSameBits(At(values, lag), -0.0)) << lag;
 }
 
 TEST_P(EitherMethod, OneNotANumberMakesEveryOverlappingLagNotANumber) {
@@ -263,7 +263,7 @@ TEST_P(EitherMethod, TheSameInputGivesTheSameBitsAgain) {
     const std::vector<double> a = Noise(5000, 13), b = Noise(5000, 14);
     const std::vector<double> once = Values(GetParam(), a, b, 700);
     const std::vector<double> again = Values(GetParam(), a, b, 700);
-    for (std::size_t i = 0; i < once.size(); ++i) EXPECT_TRUE(SameBits(once[i], again[i])) << i;
+    for (std::size_t i = 0; i < once.size(); ++i) EXPECT_TRUE(HaveSameBits(once[i], again[i])) << i;
 }
 
 TEST_P(EitherMethod, OneObjectServesManyPairsOfDifferentLength) {

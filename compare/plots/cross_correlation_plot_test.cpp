@@ -68,7 +68,7 @@ void ExpectCovariances(const ks::CNSignal& curve, const std::vector<double>& a, 
 TEST(PlotCrossCorrelation, AStepOfATenthOfAMillisecondGives201OffsetsOfUpToTenMilliseconds) {
     std::vector<CSignal> computed{ComputedSignal("/a.001", TimeSignal(0.0001, Noise(1001, 2)))};
     const CShownPage shown = Show(page::kCrossCorrelation, computed, TimeSignal(0.0001, Noise(1001, 1)));
-    EXPECT_TRUE(shown.built);
+    EXPECT_TRUE(shown.isBuilt);
     EXPECT_THAT(shown.names, ElementsAre("Reference", "a.001"));
     ASSERT_EQ(shown.series.size(), 2U);
     for (const auto& curve : shown.series) {
@@ -116,7 +116,7 @@ TEST(PlotCrossCorrelation, HeaderFieldsAreThePagesOwnAndOtherwiseTheReferences) 
         EXPECT_EQ(curve->GetNLP(), 20);
         EXPECT_EQ(curve->GetTITLE(), "sled");
         EXPECT_EQ(curve->GetXTYPE(), "TIME");
-        EXPECT_TRUE(curve->GetModified());
+        EXPECT_TRUE(curve->IsModified());
         EXPECT_EQ(curve->GetXMin(), -0.01);
         EXPECT_EQ(curve->GetXMax(), 0.01);
     }

@@ -32,8 +32,8 @@ std::size_t FirstAbove(const CLadder& ladder, double residual) {
     for (std::size_t bit = kLadderBits; bit-- > 0;) {
         const std::size_t step = std::size_t{1} << bit;
         // A shifted truth value instead of a branch, which the processor would mispredict every other time.
-        const bool notBelow = !(residual < ladder[position + step - 1]);
-        position += static_cast<std::size_t>(notBelow) << bit;
+        const bool isNotBelow = !(residual < ladder[position + step - 1]);
+        position += static_cast<std::size_t>(isNotBelow) << bit;
     }
     return position;
 }

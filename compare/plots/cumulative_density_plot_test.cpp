@@ -38,7 +38,7 @@ TEST(PlotCumulativeDensity, EveryCurveHasAHundredPointsFromMinusTwoSigmaOn) {
     std::vector<CSignal> computed{ComparedSignal("/a.001", reference), ComparedSignal("/b.002", reference)};
     ASSERT_EQ(computed[0].Comparison().GetResidualStandardDeviation(), 1.0);
     const CShownPage shown = Show(page::kCumulativeDensity, computed, reference.Record());
-    EXPECT_TRUE(shown.built);
+    EXPECT_TRUE(shown.isBuilt);
     EXPECT_THAT(shown.names, ElementsAre("a.001", "b.002"));
     ASSERT_EQ(shown.series.size(), 2U);
     const ks::CNSignal& curve = *shown.series[0];

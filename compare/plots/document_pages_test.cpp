@@ -45,7 +45,7 @@ public:
     std::string ReadSetting(const CTextSetting& key) override { return key.fallback; }
     void StoreSetting(const CTextSetting& /*key*/, const std::string& /*value*/) override {}
     void Beep() override {}
-    void SetBusy(bool /*busy*/) override {}
+    void SetBusy(bool /*isBusy*/) override {}
     void Progress(std::size_t /*done*/, std::size_t /*total*/, const std::string& /*path*/) override {}
 };
 
@@ -58,8 +58,8 @@ protected:
     }
 
     void Compare(const ks::CNSignal& reference, const std::vector<ks::CNSignal>& computed) {
-        host.selection.filter = false;
-        host.selection.filterReference = false;
+        host.selection.shouldFilter = false;
+        host.selection.shouldFilterReference = false;
         host.selection.referencePath = WriteSignal("reference.uds", reference);
         host.selection.files.clear();
         for (const ks::CNSignal& record : computed) {
@@ -162,7 +162,7 @@ TEST_F(DocumentPages, APageThatFailsHasNoSeriesSaysWhyAndLeavesTheOthersUsable) 
 }
 
 TEST_F(DocumentPages, ASignalComparedWithItselfHasNoResidualAndNoDensity) {
-    host.selection.averageReference = true;
+    host.selection.isReferenceAverage = true;
     Compare(TimeSignal(kStep, Noise(50, 1)), {TimeSignal(kStep, Noise(50, 1))});
     document.SelectPage(page::kResiduals);
     EXPECT_THAT(document.Series().at(0)->GetY(), testing::Each(0.0));

@@ -27,7 +27,7 @@ INSTANTIATE_TEST_SUITE_P(PlotInput, InputPages, testing::Values(page::kInputData
 TEST_P(InputPages, ShowTheReferenceAndThenEverySignalAsItIs) {
     std::vector<CSignal> computed = TwoSignals();
     const CShownPage shown = Show(GetParam(), computed, TimeSignal(0.5, {7, 8, 9}));
-    EXPECT_TRUE(shown.built);
+    EXPECT_TRUE(shown.isBuilt);
     EXPECT_THAT(shown.names, ElementsAre("Reference", "late.001", "close.uds"));
     ASSERT_EQ(shown.series.size(), 3U);
     EXPECT_THAT(shown.series[0]->GetX(), ElementsAre(0, 0.5, 1));
@@ -59,7 +59,7 @@ TEST_P(IntegralPages, IntegrateReferenceAndSignalsOnce) {
     ks::CNSignal reference = TimeSignal(0.5, {1, 1, 1, 1});
     reference.SetINIVEL(50.0);
     const CShownPage shown = Show(GetParam(), computed, reference);
-    EXPECT_TRUE(shown.built);
+    EXPECT_TRUE(shown.isBuilt);
     EXPECT_THAT(shown.names, ElementsAre("Reference", "late.001", "close.uds"));
     ASSERT_EQ(shown.series.size(), 3U);
     constexpr double kKmhPerGSecond = 35.30394;

@@ -45,8 +45,8 @@ TEST(CommonRange, EqualRangesCutNothing) {
     EXPECT_TRUE(CommonRange(a, b));
     EXPECT_EQ(a.GetPointCount(), 5U);
     EXPECT_EQ(b.GetPointCount(), 9U);
-    EXPECT_FALSE(a.GetModified());
-    EXPECT_FALSE(b.GetModified());
+    EXPECT_FALSE(a.IsModified());
+    EXPECT_FALSE(b.IsModified());
 }
 
 TEST(CommonRange, DifferentRangesCutBothFromTheLaterStartToBelowTheEarlierEnd) {

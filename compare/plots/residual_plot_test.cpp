@@ -21,7 +21,7 @@ TEST(PlotResidual, ShowsComputedMinusReferenceForEverySignal) {
     std::vector<CSignal> computed{ComputedSignal("C:\\a.001", TimeSignal(0.5, {1, 2, 3, 4})),
                                   ComputedSignal("/b.002", TimeSignal(0.5, {0, 0, 0, 10}))};
     const CShownPage shown = Show(page::kResiduals, computed, TimeSignal(0.5, {1, 1, 1, 1}));
-    EXPECT_TRUE(shown.built);
+    EXPECT_TRUE(shown.isBuilt);
     EXPECT_THAT(shown.names, ElementsAre("a.001", "b.002"));
     ASSERT_EQ(shown.series.size(), 2U);
     EXPECT_THAT(shown.series[0]->GetX(), ElementsAre(0, 0.5, 1, 1.5));
@@ -125,7 +125,7 @@ TEST(PlotResidual, ALastPointNumberBeyond32BitsStopsAtTheLargest) {
 TEST(PlotResidual, WithoutSignalsThereAreNoCurves) {
     std::vector<CSignal> none;
     const CShownPage shown = Show(page::kResiduals, none, TimeSignal(0.5, {1, 2, 3}));
-    EXPECT_TRUE(shown.built);
+    EXPECT_TRUE(shown.isBuilt);
     EXPECT_THAT(shown.series, IsEmpty());
 }
 

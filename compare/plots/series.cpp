@@ -36,7 +36,7 @@ ks::CNSignal CopyWithoutArrays(const ks::CNSignal& record) {
     copy.SetDataStatus(record.GetDataStatus());
     copy.SetYQuantity(record.GetYQuantity());
     copy.SetCFCClass(record.GetCFCClass());
-    copy.SetModified(record.GetModified());
+    copy.SetModified(record.IsModified());
     copy.SetSourcePath(record.GetSourcePath());
     copy.SetSourceFormat(record.GetSourceFormat());
     copy.SetFileType(record.GetFileType());

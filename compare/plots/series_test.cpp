@@ -45,7 +45,7 @@ TEST(Series, ACopyWithoutArraysKeepsEverythingElse) {
     EXPECT_EQ(copy.GetDataStatus(), "AS MEASURED");
     EXPECT_EQ(copy.GetYQuantity(), "VELOCITY");
     EXPECT_EQ(copy.GetCFCClass(), 180);
-    EXPECT_TRUE(copy.GetModified());
+    EXPECT_TRUE(copy.IsModified());
     EXPECT_EQ(copy.GetSourcePath(), "a/path");
     EXPECT_EQ(copy.GetSourceFormat(), "VAX");
     EXPECT_EQ(copy.GetFileType(), "ASCII File");

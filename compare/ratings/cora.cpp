@@ -183,7 +183,7 @@ CCora UnavailableCora(std::string_view reason, const CCoraOptions& options) {
 }
 
 CCora Cora(const CSamples& samples, const CTimeBase& time, const CCoraOptions& options) {
-    if (const auto fault = FaultOf(options)) throw ks::CError(std::string(*fault));
+    if (const auto fault = FaultOf(options)) throw ks::CError(*fault);
     return Rate(samples, time, options);
 }
 

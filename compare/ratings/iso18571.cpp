@@ -168,8 +168,8 @@ std::string_view NameOf(CIsoGrade grade) {
 }
 
 CIso18571Scores ScoreIso18571(const CSamples& samples, const CIso18571Options& options) {
-    if (const auto fault = FaultOf(options)) throw ks::CError(std::string(*fault));
-    if (const auto reason = WhyNotScored(samples)) throw ks::CError(std::string(*reason));
+    if (const auto fault = FaultOf(options)) throw ks::CError(*fault);
+    if (const auto reason = WhyNotScored(samples)) throw ks::CError(*reason);
     const CScaledSamples scaled = ScaleTogether(samples);
     const CSamples view = scaled.View();
 
@@ -204,7 +204,7 @@ CIso18571Rating UnavailableIso18571(std::string_view reason, const CIso18571Opti
 }
 
 CIso18571Rating Iso18571(const CSamples& samples, const CIso18571Options& options) {
-    if (const auto fault = FaultOf(options)) throw ks::CError(std::string(*fault));
+    if (const auto fault = FaultOf(options)) throw ks::CError(*fault);
     CIso18571Rating rating;
     if (const auto reason = WhyNotScored(samples)) {
         rating = UnavailableIso18571(*reason, options);

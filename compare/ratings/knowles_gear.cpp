@@ -74,7 +74,7 @@ CKnowlesGear UnavailableKnowlesGear(std::string_view reason) {
 }
 
 CKnowlesGear KnowlesGear(const CSamples& samples, const CTimeBase& time, const CKnowlesGearOptions& options) {
-    if (const auto fault = FaultOf(options)) throw ks::CError(std::string(*fault));
+    if (const auto fault = FaultOf(options)) throw ks::CError(*fault);
     if (const auto reason = WhyNotRated(samples)) return UnavailableKnowlesGear(*reason);
     const CScaledSamples scaled = ScaleTogether(samples);
     const CSamples view = scaled.View();

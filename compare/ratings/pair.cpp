@@ -116,7 +116,7 @@ CResampledSamples AtStep(const CRatedPair& pair, double stepS) {
 }
 
 CIso18571Rating RateIso18571(const CRatedPair& pair, const CIso18571Options& options) {
-    if (const auto fault = FaultOf(options)) throw ks::CError(std::string(*fault));
+    if (const auto fault = FaultOf(options)) throw ks::CError(*fault);
     if (!pair.timeReason.empty()) return UnavailableIso18571(pair.timeReason, options);
     if (WhyNotRated(pair.samples) || std::abs(pair.time.stepS - kIsoStepS) <= kSameStep * kIsoStepS) {
         return Iso18571(pair.samples, options);

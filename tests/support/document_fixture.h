@@ -32,15 +32,15 @@ protected:
         CFileSelection choice;
         choice.files = std::move(files);
         choice.referencePath = std::move(referencePath);
-        choice.filter = false;
-        choice.filterReference = false;
+        choice.shouldFilter = false;
+        choice.shouldFilterReference = false;
         return choice;
     }
 
     /// The same without a reference file.
     static CFileSelection AverageChoice(std::vector<std::string> files) {
         CFileSelection choice = Choice(std::move(files), "");
-        choice.averageReference = true;
+        choice.isReferenceAverage = true;
         return choice;
     }
 

@@ -30,14 +30,14 @@ private:
 class COrdinaryUser {
 public:
     COrdinaryUser() {
-        if (geteuid() == 0) m_changed = seteuid(65534) == 0;
+        if (geteuid() == 0) m_isChanged = seteuid(65534) == 0;
     }
     COrdinaryUser(const COrdinaryUser&) = delete;
     COrdinaryUser& operator=(const COrdinaryUser&) = delete;
     ~COrdinaryUser() {
-        if (m_changed && seteuid(0) != 0) std::abort();  // the tests that follow would run with the wrong rights
+        if (m_isChanged && seteuid(0) != 0) std::abort();  // the tests that follow would run with the wrong rights
     }
 
 private:
-    bool m_changed = false;
+    bool m_isChanged = false;
 };

@@ -55,14 +55,14 @@ public:
 
     Bytes Next() {
         Bytes bytes = m_corpus[Below(m_corpus.size())];
-        const bool wholeRecords = !bytes.empty() && bytes.size() % kRecord == 0;
+        const bool hasWholeRecords = !bytes.empty() && bytes.size() % kRecord == 0;
         for (std::size_t changes = 1 + Below(5); changes > 0; --changes) {
             if (bytes.empty()) bytes.push_back(Byte());
             Change(bytes);
         }
         bytes.resize(std::min(bytes.size(), kLargestInput));
         // Files of whole records mostly stay that way: else their size alone would end nearly every run.
-        if (wholeRecords && Below(8) > 0) bytes.resize((bytes.size() + kRecord / 2) / kRecord * kRecord);
+        if (hasWholeRecords && Below(8) > 0) bytes.resize((bytes.size() + kRecord / 2) / kRecord * kRecord);
         return bytes;
     }
 

@@ -49,7 +49,7 @@ std::vector<double> Noise(std::size_t count, std::uint32_t seed, double mean) {
 CShownPage Show(std::int32_t pageId, std::vector<CSignal>& computed, const ks::CNSignal& reference) {
     CShownPage shown;
     const std::unique_ptr<CPlot> plot = MakePage(pageId);
-    shown.built = plot->BuildSeries(computed, reference, shown.series, shown.names);
+    shown.isBuilt = plot->BuildSeries(computed, reference, shown.series, shown.names);
     plot->GetAxisTitles(shown.xTitle, shown.yTitle);
     return shown;
 }

@@ -23,7 +23,7 @@ std::vector<double> Noise(std::size_t count, std::uint32_t seed, double mean = 0
 /// What a page shows.
 class CShownPage {
 public:
-    bool built = false;
+    bool isBuilt = false;
     CSeriesList series;
     std::vector<std::string> names;
     std::string xTitle;

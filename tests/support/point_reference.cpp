@@ -17,13 +17,15 @@ public:
     ReferencePoints Document() {
         ReferencePoints result;
         for (const int numbers : {1, 2, 3}) Run(numbers, result.points);
-        result.accepted = AtEnd();
+        result.isAccepted = IsAtEnd();
         return result;
     }
 
 private:
-    bool AtEnd() const { return m_position == m_text.size(); }
-    bool Next(std::string_view set) const { return !AtEnd() && set.find(m_text[m_position]) != std::string_view::npos; }
+    bool IsAtEnd() const { return m_position == m_text.size(); }
+    bool Next(std::string_view set) const {
+        return !IsAtEnd() && set.find(m_text[m_position]) != std::string_view::npos;
+    }
     bool Take(std::string_view set) {
         if (!Next(set)) return false;
         ++m_position;
@@ -57,9 +59,9 @@ private:
     }
 
     bool LineEnd() {
-        const bool carriageReturn = Take("\r");
-        const bool lineFeed = Take("\n");
-        return carriageReturn || lineFeed || AtEnd();
+        const bool hasCarriageReturn = Take("\r");
+        const bool hasLineFeed = Take("\n");
+        return hasCarriageReturn || hasLineFeed || IsAtEnd();
     }
 
     bool Real(double& value) {

@@ -7,7 +7,7 @@
 
 /// What the plain reader below makes of a text.
 struct ReferencePoints {
-    bool accepted = false;
+    bool isAccepted = false;
     std::vector<std::array<double, 3>> points;  ///< those before the failure, too
 };
 

@@ -55,8 +55,8 @@ void CRecordingHost::Beep() {
     calls.emplace_back("beep");
 }
 
-void CRecordingHost::SetBusy(bool busy) {
-    calls.emplace_back(busy ? "busy on" : "busy off");
+void CRecordingHost::SetBusy(bool isBusy) {
+    calls.emplace_back(isBusy ? "busy on" : "busy off");
 }
 
 void CRecordingHost::Progress(std::size_t done, std::size_t total, const std::string& path) {

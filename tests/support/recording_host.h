@@ -43,7 +43,7 @@ public:
     std::string ReadSetting(const CTextSetting& key) override;
     void StoreSetting(const CTextSetting& key, const std::string& value) override;
     void Beep() override;
-    void SetBusy(bool busy) override;
+    void SetBusy(bool isBusy) override;
     void Progress(std::size_t done, std::size_t total, const std::string& path) override;
 };
 

@@ -104,14 +104,14 @@ CUDSBytes& CUDSBytes::Resize(std::size_t size) {
 }
 
 std::size_t CurveHeaderOffset(const CUDSRecipe& recipe) {
-    return recipe.secondComponent ? 1024 : 512;
+    return recipe.hasSecondComponent ? 1024 : 512;
 }
 
 CUDSBytes UdsHeaders(const CUDSRecipe& recipe) {
     CUDSBytes file(recipe.numbers);
     file.AddRecord().PutText(0, 12, "UDS-1992").PutInteger(12, 1).PutText(16, 10, recipe.fileForm);
     file.PutText(26, 5, NumberFormatText(recipe.numbers)).PutText(31, 3, "MET");
-    if (recipe.secondComponent) file.AddRecord().PutText(512, 12, "CMP-2 HDR");
+    if (recipe.hasSecondComponent) file.AddRecord().PutText(512, 12, "CMP-2 HDR");
 
     const std::size_t curve = CurveHeaderOffset(recipe);
     file.AddRecord().PutText(curve, 12, "CURVE HDR").PutInteger(curve + 12, 1).PutText(curve + 16, 10, "X-Y");

@@ -50,7 +50,7 @@ public:
     double timeStep = 0.5;        ///< delt
     std::vector<double> x{0.0, 0.5, 1.0};
     std::vector<double> y{1.0, -2.0, 4.0};
-    bool secondComponent = false;
+    bool hasSecondComponent = false;
 };
 
 /// Offset of the curve header in a file of the recipe: 512 or 1024.

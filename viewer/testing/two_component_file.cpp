@@ -91,7 +91,7 @@ void PutCurve(CFields& fields) {
 
 std::string File(bool wide) {
     CUDSRecipe recipe;
-    recipe.secondComponent = true;
+    recipe.hasSecondComponent = true;
     recipe.firstPoint = -1;
     recipe.lastPoint = 2;
     recipe.x = {-0.5, 0.0, 0.5, 1.0};
