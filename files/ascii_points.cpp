@@ -139,15 +139,6 @@ bool CReading::Parse() {
 
 }  // namespace
 
-std::size_t DataLength(std::string_view text) {
-    for (std::size_t start = 0; start < text.size();) {
-        const CDataEnd end = FindDataEnd(text, start);
-        if (!end.hopeless) return std::min(end.length, text.size());
-        start = end.length;
-    }
-    return text.size();
-}
-
 void CPoints::ReadFile(const std::string& path) {
     m_columns = {};
     CInputFile file;

@@ -9,6 +9,7 @@
 #include <string>
 
 #include "files/byte_source.h"
+#include "tests/support/memory_source.h"
 #include "tests/support/temp_folder.h"
 
 namespace ks {
