@@ -77,7 +77,8 @@ CExitStatus RunConvert(const std::vector<std::string>& arguments, CConsole& cons
     }
     file.SetSunOutput(options.to == CTargetFormat::Sun);
     COutputs outputs(console);
-    outputs.Write("The UDS-1992 file", options.out, Characters(file.MakeImage()));
+    constexpr std::string_view kWhat = "The UDS-1992 file";
+    outputs.Attempt(kWhat, options.out, [&] { outputs.Write(kWhat, options.out, Characters(file.MakeImage())); });
     outputs.Finish();
     if (outputs.Failed()) {
         return CExitStatus::Output;

@@ -13,16 +13,14 @@ CExitStatus RunExport(const std::vector<std::string>& arguments, CConsole& conso
     if (ComplaintOfReadingUds(options.file, console, record)) {
         return CExitStatus::Input;
     }
-    std::string text;
+    COutputs outputs(console);
     try {
-        text = ks::AsciiPoints(record, options.form);
+        outputs.Write("The ASCII file", options.out, [&] { return ks::AsciiPoints(record, options.form); });
     } catch (const ks::CError& error) {
         console.Complain(error.what());
         console.Complain("Could not be exported: " + options.file);
         return CExitStatus::Input;
     }
-    COutputs outputs(console);
-    outputs.Write("The ASCII file", options.out, text);
     outputs.Finish();
     return outputs.Failed() ? CExitStatus::Output : CExitStatus::Good;
 }

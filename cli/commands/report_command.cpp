@@ -1,5 +1,7 @@
 #include "cli/commands/report_command.h"
 
+#include <string_view>
+
 #include "cli/commands/file_input.h"
 #include "cli/commands/file_options.h"
 #include "cli/commands/pdf_report.h"
@@ -17,6 +19,9 @@ CExitStatus RunReport(const std::vector<std::string>& arguments, CConsole& conso
         return CExitStatus::Input;
     }
     COutputs outputs(console);
-    outputs.Note("The report", options.pdf, WritePdfReport(options.pdf, record, options.file, options.full));
+    constexpr std::string_view kWhat = "The report";
+    outputs.Attempt(kWhat, options.pdf, [&] {
+        outputs.Note(kWhat, options.pdf, WritePdfReport(options.pdf, record, options.file, options.full));
+    });
     return outputs.Failed() ? CExitStatus::Output : CExitStatus::Good;
 }
