@@ -20,7 +20,7 @@ public:
     bool filter = true;              ///< filter the computed signals at channelClass
     bool filterReference = true;     ///< filter the reference too
     bool truncate = false;           ///< cut every signal to the time window
-    std::int32_t channelClass = 60;  ///< channel frequency class: 60, 180, 600 or 1000
+    std::int32_t channelClass = 60;  ///< channel frequency class, one of ks::kChannelClasses
     double windowStart = 0.0;        ///< X units
     double windowEnd = static_cast<double>(0.3F);
 };
@@ -61,7 +61,7 @@ public:
     virtual void Progress(std::size_t done, std::size_t total, const std::string& path) = 0;
 };
 
-/// Is told about changes of the document.
+/// Learns of changes in the document.
 class CDocumentObserver {
 public:
     virtual ~CDocumentObserver() = default;

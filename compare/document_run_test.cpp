@@ -226,30 +226,31 @@ TEST_F(Runs, ReplaceTheSignalsOfAnEarlierRun) {
     EXPECT_EQ(document.Reference().GetPath(), b);
 }
 
-TEST_F(Runs, GoBackToTheSummaryAndKeepThePageObject) {
+TEST_F(Runs, GoBackToTheSummaryAndKeepTheCurvesOfThePage) {
     const std::string a = Write("a.uds", {1.0, 2.0, 3.0});
     Run(Choice({a}, a));
     document.SelectPage(4);
-    const CPlot* page = &document.CurrentPage();
+    const std::vector<std::string> names = document.SeriesNames();
     Run(Choice({a}, a));
 
     EXPECT_EQ(document.CurrentPageId(), 1);
-    EXPECT_EQ(&document.CurrentPage(), page);
+    EXPECT_EQ(document.SeriesNames(), names);
+    EXPECT_THAT(names, testing::Not(IsEmpty()));
 }
 
 TEST_F(Runs, TakeTheFlagsOfTheChoice) {
     const std::string a = Write("a.uds", {1.0, 2.0, 3.0});
-    EXPECT_TRUE(document.FilterFlag());
-    EXPECT_FALSE(document.WindowFlag());
-    EXPECT_FALSE(document.AverageReference());
+    EXPECT_TRUE(Offered().filter);
+    EXPECT_FALSE(Offered().truncate);
+    EXPECT_FALSE(Offered().averageReference);
 
     CFileSelection choice = AverageChoice({a});
     choice.truncate = true;
     choice.windowEnd = 9.0;
     Run(choice);
-    EXPECT_FALSE(document.FilterFlag());
-    EXPECT_TRUE(document.WindowFlag());
-    EXPECT_TRUE(document.AverageReference());
+    EXPECT_FALSE(Offered().filter);
+    EXPECT_TRUE(Offered().truncate);
+    EXPECT_TRUE(Offered().averageReference);
 }
 
 TEST_F(Runs, ApplyTheDocumentsCorridorSize) {
@@ -699,7 +700,7 @@ TEST_F(Runs, IgnoreTheChosenReferencePathWhenTheReferenceIsMade) {
     EXPECT_THAT(document.ReferenceMessages(), IsEmpty());
 }
 
-TEST_F(Runs, WithoutACommonRangeGoOnAgainstTheEmptyReferenceOfTheStart) {
+TEST_F(Runs, WithoutACommonRangeContinueAgainstTheEmptyReferenceOfTheStart) {
     const std::string a = Write("a.uds", {1.0, 2.0, 3.0}), late = Write("late.uds", {4.0, 5.0, 6.0}, 0.5, 100);
     Run(AverageChoice({a, late}));
 
@@ -714,7 +715,7 @@ TEST_F(Runs, WithoutACommonRangeGoOnAgainstTheEmptyReferenceOfTheStart) {
     EXPECT_EQ(host.progress.back(), "8/8 ");
 }
 
-TEST_F(Runs, WithoutACommonRangeGoOnAgainstTheReferenceOfAnEarlierRun) {
+TEST_F(Runs, WithoutACommonRangeContinueAgainstTheReferenceOfAnEarlierRun) {
     const std::string a = Write("a.uds", {1.0, 2.0, 3.0}), early = Write("early.uds", {4.0, 5.0}, 0.5, 0),
                       late = Write("late.uds", {4.0, 5.0}, 0.5, 1);
     Run(Choice({a}, a));
@@ -739,8 +740,8 @@ TEST_F(Runs, AtStartUpLoadNothing) {
     EXPECT_THAT(document.ComputedSignals(), IsEmpty());
     EXPECT_THAT(document.PageList(), IsEmpty());
     EXPECT_EQ(document.CurrentPageId(), 0);
-    EXPECT_TRUE(document.FilterFlag());
-    EXPECT_FALSE(document.AverageReference());
+    EXPECT_TRUE(Offered().filter);
+    EXPECT_FALSE(Offered().averageReference);
 }
 
 TEST_F(Runs, AtStartUpDropTheSignalsAndNothingElse) {
@@ -769,9 +770,9 @@ TEST_F(Runs, OfALoadedListMakeTheReferenceFromIt) {
     document.CompareLoadedList(0, 0.0, 0.0);
 
     EXPECT_THAT(host.calls, ElementsAre("hint 1"));
-    EXPECT_TRUE(document.AverageReference());
-    EXPECT_FALSE(document.FilterFlag());
-    EXPECT_FALSE(document.WindowFlag());
+    EXPECT_TRUE(Offered().averageReference);
+    EXPECT_FALSE(Offered().filter);
+    EXPECT_FALSE(Offered().truncate);
     EXPECT_THAT(Reference().GetY(), ElementsAre(1.0, 2.0, 5.0));
     EXPECT_EQ(Measures(1).GetResidualSum(), 1.0);
     EXPECT_EQ(document.ComputedSignals()[1].GetReferenceName(), a);
@@ -800,7 +801,7 @@ TEST_P(LoadedListClass, FiltersAtAClassOfTheStandard) {
     document.CompareLoadedList(GetParam(), 0.0, 0.0);
 
     EXPECT_EQ(Computed(0).GetCFCClass(), GetParam());
-    EXPECT_TRUE(document.FilterFlag());
+    EXPECT_TRUE(Offered().filter);
 }
 
 INSTANTIATE_TEST_SUITE_P(Classes, LoadedListClass, testing::Values(60, 180, 600, 1000));
@@ -811,7 +812,7 @@ TEST_F(Runs, OfALoadedListFilterAtNoOtherClass) {
         document.CompareLoadedList(channelClass, 0.0, 0.0);
 
         EXPECT_EQ(Computed(0).GetCFCClass(), 1001);
-        EXPECT_FALSE(document.FilterFlag());
+        EXPECT_FALSE(Offered().filter);
         EXPECT_THAT(document.ErrorMessages(), IsEmpty());
     }
 }
@@ -820,13 +821,13 @@ TEST_F(Runs, OfALoadedListCutWhenABoundIsPositive) {
     const std::string a = Write("a.uds", {0.0, 1.0, 2.0, 3.0, 4.0, 5.0, 6.0});
     document.SetComputedFiles({a});
     document.CompareLoadedList(0, 0.0, 2.0);
-    EXPECT_TRUE(document.WindowFlag());
+    EXPECT_TRUE(Offered().truncate);
     // Once to the window, 0 to 3/2, and once to the common range, which drops the last sample again.
     EXPECT_THAT(Computed(0).GetY(), ElementsAre(0.0, 1.0, 2.0));
 
     document.SetComputedFiles({a});
     document.CompareLoadedList(0, -1.0, 0.0);
-    EXPECT_FALSE(document.WindowFlag());
+    EXPECT_FALSE(Offered().truncate);
     EXPECT_THAT(Computed(0).GetY(), SizeIs(6));
 }
 
@@ -838,9 +839,9 @@ TEST_F(Runs, OfALoadedListStopAtAnUnreadableFile) {
     EXPECT_THAT(host.calls, ElementsAre("beep", "errors"));
     EXPECT_THAT(host.errorLists, ElementsAre(BothSentences(words)));
     EXPECT_THAT(document.PageList(), IsEmpty());
-    EXPECT_FALSE(document.FilterFlag());
-    EXPECT_FALSE(document.WindowFlag());
-    EXPECT_TRUE(document.AverageReference());
+    EXPECT_FALSE(Offered().filter);
+    EXPECT_FALSE(Offered().truncate);
+    EXPECT_TRUE(Offered().averageReference);
 }
 
 TEST_F(Runs, OfALoadedListStopAtAFailedStep) {
@@ -853,7 +854,7 @@ TEST_F(Runs, OfALoadedListStopAtAFailedStep) {
     EXPECT_EQ(document.CurrentPageId(), 0);
 }
 
-TEST_F(Runs, OfALoadedListWithoutACommonRangeGoOn) {
+TEST_F(Runs, OfALoadedListWithoutACommonRangeContinue) {
     document.SetComputedFiles({Write("a.uds", {1.0, 2.0}), Write("late.uds", {4.0, 5.0}, 0.5, 100)});
     document.CompareLoadedList(0, 0.0, 0.0);
 

@@ -14,10 +14,9 @@ class CNSignal : public CData {
 public:
     const std::vector<std::string>& GetWarnings() const { return m_Warnings; }
     void AddWarning(std::string text) { m_Warnings.push_back(std::move(text)); }
-    void ClearWarnings() { m_Warnings.clear(); }
 
-    /// Filters at a channel frequency class of SAE J211: 60, 180, 600 or 1000, that is at the class number times
-    /// 1.66666666667 Hz. Does nothing when the data already have that class or a lower one.
+    /// Filters at one of kChannelClasses, that is at the class number times 1.66666666667 Hz. Does nothing when the
+    /// data already have that class or a lower one.
     /// @throws CError "BWfilt: Frequency Channel Class is not specified in SAE J211"; as Filter
     bool FilterCFC(std::int32_t cfc);
 

@@ -10,7 +10,6 @@
 
 #include "compare/plots/covariance.h"
 #include "compare/plots/messages.h"
-#include "compare/plots/page_ids.h"
 #include "compare/plots/series.h"
 #include "files/error.h"
 #include "signal/messages.h"
@@ -85,8 +84,6 @@ void AddCurves(std::vector<CSignal>& computed, const ks::CNSignal& reference, CS
 }
 
 }  // namespace
-
-CPlotCrossCorrelation::CPlotCrossCorrelation() : CPlot(page::kCrossCorrelation) {}
 
 bool CPlotCrossCorrelation::BuildSeries(std::vector<CSignal>& computed, const ks::CNSignal& reference,
                                         CSeriesList& series, std::vector<std::string>& names) {

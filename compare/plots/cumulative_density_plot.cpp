@@ -3,7 +3,6 @@
 #include <utility>
 
 #include "compare/plots/cumulative_density.h"
-#include "compare/plots/page_ids.h"
 #include "compare/plots/series.h"
 
 namespace {
@@ -30,8 +29,6 @@ CCumulativeDensity DensityOf(CSignal& signal, const ks::CNSignal& reference) {
 }
 
 }  // namespace
-
-CPlotCumulativeDensity::CPlotCumulativeDensity() : CPlot(page::kCumulativeDensity) {}
 
 bool CPlotCumulativeDensity::BuildSeries(std::vector<CSignal>& computed, const ks::CNSignal& reference,
                                          CSeriesList& series, std::vector<std::string>& names) {

@@ -1,12 +1,16 @@
 #pragma once
 
+#include <cstdint>
+
+#include "compare/plots/page_ids.h"
 #include "compare/plots/plot.h"
 
 /// Cummulative Density: the empirical distribution of every computed signal's residual, 100 points each.
 class CPlotCumulativeDensity : public CPlot {
 public:
-    CPlotCumulativeDensity();
-    /// Cuts the computed signals to the common range for good.
+    static constexpr std::int32_t kId = page::kCumulativeDensity;
+    CPlotCumulativeDensity() : CPlot(kId) {}
+    /// Cuts the computed signals permanently to the common range.
     /// @throws ks::CError from TruncateByTime; the signals before are then cut already
     bool BuildSeries(std::vector<CSignal>& computed, const ks::CNSignal& reference, CSeriesList& series,
                      std::vector<std::string>& names) override;

@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "compare/plots/page_ids.h"
 #include "compare/plots/series.h"
 
 namespace {
@@ -30,8 +29,6 @@ void AddIntegrals(const std::vector<CSignal>& computed, const ks::CNSignal& refe
 
 }  // namespace
 
-CPlotInput::CPlotInput() : CPlot(page::kInputData) {}
-
 bool CPlotInput::BuildSeries(std::vector<CSignal>& computed, const ks::CNSignal& reference, CSeriesList& series,
                              std::vector<std::string>& names) {
     CPlot::BuildSeries(computed, reference, series, names);
@@ -43,8 +40,6 @@ void CPlotInput::GetAxisTitles(std::string& xTitle, std::string& yTitle) const {
     xTitle = kTimeTitle;
     yTitle = "Unknown Units";
 }
-
-CPlotAcc::CPlotAcc() : CPlot(page::kAcceleration) {}
 
 bool CPlotAcc::BuildSeries(std::vector<CSignal>& computed, const ks::CNSignal& reference, CSeriesList& series,
                            std::vector<std::string>& names) {
@@ -58,8 +53,6 @@ void CPlotAcc::GetAxisTitles(std::string& xTitle, std::string& yTitle) const {
     yTitle = "Acceleration (G's)";
 }
 
-CPlotVel::CPlotVel() : CPlot(page::kVelocity) {}
-
 bool CPlotVel::BuildSeries(std::vector<CSignal>& computed, const ks::CNSignal& reference, CSeriesList& series,
                            std::vector<std::string>& names) {
     CPlot::BuildSeries(computed, reference, series, names);
@@ -71,8 +64,6 @@ void CPlotVel::GetAxisTitles(std::string& xTitle, std::string& yTitle) const {
     xTitle = kTimeTitle;
     yTitle = "Velocity (kmph)";
 }
-
-CPlotDisp::CPlotDisp() : CPlot(page::kDisplacement) {}
 
 bool CPlotDisp::BuildSeries(std::vector<CSignal>& computed, const ks::CNSignal& reference, CSeriesList& series,
                             std::vector<std::string>& names) {
