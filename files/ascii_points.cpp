@@ -49,7 +49,7 @@ void FillZ(CPointColumns& columns) {
 }
 
 /// Whether any text that parses can hold the character.
-bool MayStandInData(char c) {
+bool MayBeInData(char c) {
     return syntax::IsOfNumber(c) || IsWhite(c) || c == ',';
 }
 
@@ -66,7 +66,7 @@ public:
 CDataEnd FindDataEnd(std::string_view text, std::size_t start) {
     for (std::size_t i = start; i < text.size(); ++i) {
         const char c = text[i];
-        if (!MayStandInData(c)) return {i + 1, true};
+        if (!MayBeInData(c)) return {i + 1, true};
         if (i == 0 || !IsWhite(c)) continue;
         const std::size_t kept = KeptOfPair(text[i - 1], c);
         if (kept != kNowhere) return {i - 1 + kept, false};

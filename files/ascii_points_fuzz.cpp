@@ -21,7 +21,7 @@ void Require(bool condition) {
     if (!condition) std::abort();
 }
 
-/// A number as the reader takes it; it has no word for infinity.
+/// A number that reads back to the value; the grammar has no text for infinity.
 std::string NumberText(double value) {
     if (std::isinf(value)) return value > 0 ? "1e999" : "-1e999";
     return ks::ShortestText(value);

@@ -67,7 +67,7 @@ void WriteAndReadAgain(const ks::CUDSContent& content, bool sun) {
     Require(FileOf(back, sun).MakeImage() == image);
 }
 
-bool IsTakenOverUnchanged(const ks::CUDSContent& content) {
+bool IsReadUnchanged(const ks::CUDSContent& content) {
     ks::CUDSRepairs none;
     none.userReals.fill(content.fields.GetRD1());
     none.year = content.fields.GetYEAR1();
@@ -84,7 +84,7 @@ bool IsTakenOverUnchanged(const ks::CUDSContent& content) {
 /// Except for the number format and the order of the data records, which need not be reported.
 void RequireSameBytes(const ks::CUDSContent& content, std::span<const std::byte> bytes) {
     const std::string format = content.fields.GetNUMFORM();
-    if (content.fields.GetFILEFORM() != "Y" || format == "VAX" || !IsTakenOverUnchanged(content)) return;
+    if (content.fields.GetFILEFORM() != "Y" || format == "VAX" || !IsReadUnchanged(content)) return;
     const std::vector<std::byte> image = FileOf(content, format == "SUN").MakeImage();
     Require(std::equal(image.begin(), image.end(), bytes.begin(), bytes.end()));
 }

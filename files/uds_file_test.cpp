@@ -149,7 +149,7 @@ TEST_F(UdsFileOnDisk, IsNotWrittenForTheFirstFault) {
     EXPECT_EQ(m_folder.Listing(), "");
 }
 
-TEST_F(UdsFileOnDisk, StaysAsItWasWhenTheNewOneIsRefused) {
+TEST_F(UdsFileOnDisk, IsUnchangedWhenTheNewOneIsRefused) {
     const std::string path = m_folder.Write("a.uds", "an old file");
     CUDS1992 file = TwoPoints();
     file.Fields().SetNLP(2);

@@ -193,7 +193,7 @@ TEST(UdsReader, TellsOfUserRealsThatAreNotANumber) {
     EXPECT_EQ(file.Fields().GetRD2(), 2.5F);
 }
 
-TEST(UdsReader, CountsTextsBehindBlanks) {
+TEST(UdsReader, CountsTextsAfterBlanks) {
     CUDSRecipe recipe = RecipeOf(126);
     recipe.secondComponent = true;
     CUDSBytes bytes = UdsFile(recipe);
@@ -206,7 +206,7 @@ TEST(UdsReader, CountsTextsBehindBlanks) {
     EXPECT_EQ(file.Fields().GetTITLE(), "TITLE");
 }
 
-TEST(UdsReader, CountsRecordsWithBytesBehindTheirLastFieldOrPoint) {
+TEST(UdsReader, CountsRecordsWithBytesAfterTheirLastFieldOrPoint) {
     CUDSRecipe recipe = RecipeOf(126);
     recipe.secondComponent = true;
     CUDSBytes bytes = UdsFile(recipe);  // three headers, two records of ordinates, two of abscissas
@@ -381,8 +381,8 @@ const std::vector<Refused> kRefused = {
     {"EmptyForm", [] { return WithText(16, 10, ""); }, kForm},
     {"OtherBlock", [] { return WithText(1024, 12, "Z DATA"); }, kBlock},
     {"LowerCaseBlock", [] { return WithText(1536, 12, "x data"); }, kBlock},
-    {"ZeroBlockBehindTheData", [] { return Cut(UdsFile({}), 2560); }, kBlock},
-    {"ZeroBlockFarBehindTheData", [] { return Cut(UdsFile(RecipeOf(40000)), 1024 + 800 * 512); }, kBlock},
+    {"ZeroBlockAfterTheData", [] { return Cut(UdsFile({}), 2560); }, kBlock},
+    {"ZeroBlockLongAfterTheData", [] { return Cut(UdsFile(RecipeOf(40000)), 1024 + 800 * 512); }, kBlock},
     {"AbscissasInYForm", [] { return WithIndices(0, 2, "Y").AddBlock("X DATA", {1.0}); }, kBlock},
     {"NoAbscissas", [] { return UdsHeaders({}).AddBlock("Y DATA", {1.0}).AddBlock("Y DATA", {1.0}); }, kInsufficient},
     {"NoOrdinates", [] { return UdsHeaders({}).AddBlock("X DATA", {1.0}).AddBlock("X DATA", {1.0}); }, kInsufficient},
