@@ -25,8 +25,8 @@ std::string CriterionNames() {
 namespace {
 
 bool IsJudgedBy(const CSummaryColumn& column, const std::vector<const CCriterion*>& criteria) {
-    return column.judgement && std::any_of(criteria.begin(), criteria.end(), [&column](const CCriterion* criterion) {
-               return criterion->limit == column.judgement->limit;
+    return column.judgment && std::any_of(criteria.begin(), criteria.end(), [&column](const CCriterion* criterion) {
+               return criterion->limit == column.judgment->limit;
            });
 }
 

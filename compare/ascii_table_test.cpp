@@ -80,7 +80,7 @@ TEST(AsciiTable, IsEmptyWhileTheCountsAreThoseOfARunWithoutMatrices) {
     EXPECT_EQ(AsciiTable(block), "");
 }
 
-TEST(AsciiTable, IgnoresWhatALargerPageLeftBehind) {
+TEST(AsciiTable, IgnoresTheRestOfALargerPage) {
     CChartBlock block = MakeBlock(1, {1.0}, {2.0});
     block.x.push_back(77.0);
     block.y.push_back(88.0);

@@ -55,7 +55,7 @@ class CGathered {
 public:
     CTerms weighted;                                  ///< trapezoid weights: the ends count once, inner points twice
     double cross, computedSquares, referenceSquares;  ///< plain sums over all points
-    double residualSum, residualSumOfSquares;         ///< these and the rest never see the last point
+    double residualSum, residualSumOfSquares;         ///< these and the rest leave out the last point
     double computedPeak, referencePeak;
     std::int64_t outsideCount;
 };

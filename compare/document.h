@@ -49,13 +49,14 @@ public:
     void CompareFileList(const std::vector<std::string>& files, std::int32_t channelClass, double windowStart,
                          double windowEnd);
 
-    /// What the start-up run does with the computed signals that the document holds: reads them, filters them at
-    /// 60, 180, 600 or 1000, cuts them when a bound is > 0, and compares them with a reference made from them.
+    /// What the start-up run does with the computed signals that the document holds: reads them, filters them when
+    /// `channelClass` is one of ks::kChannelClasses, cuts them when a bound is > 0, and compares them with a reference
+    /// made from them.
     void CompareLoadedList(std::int32_t channelClass, double windowStart, double windowEnd);
 
     // Steps of a run. What the signal library throws becomes a message, the file's path before it.
 
-    /// Replaces the computed signals by unread ones of these paths.
+    /// Replaces the computed signals with unread ones of these paths.
     void SetComputedFiles(const std::vector<std::string>& files);
 
     /// Reads every computed file and keeps a copy of each record as read: 1 when all were read, else 0.
@@ -100,11 +101,11 @@ public:
     /// Whether a run is in progress, and how the last one ended.
     [[nodiscard]] CRunState Run() const { return m_run; }
     [[nodiscard]] const std::vector<CSignal>& ComputedSignals() const { return m_computed; }
+    /// Each record as it was read, before any step of a run; kept for programs that link the library.
     [[nodiscard]] const std::vector<boost::shared_ptr<ks::CNSignal>>& SignalCopies() const { return m_copies; }
     [[nodiscard]] const CSignal& Reference() const { return m_reference; }
     [[nodiscard]] const std::vector<std::int32_t>& PageList() const { return m_pageList; }
     [[nodiscard]] std::int32_t CurrentPageId() const { return m_pageId; }
-    [[nodiscard]] const CPlot& CurrentPage() const { return *m_page; }
     [[nodiscard]] const CChartBlock& ChartBlock() const { return m_block; }
     [[nodiscard]] const CSeriesList& Series() const { return m_series; }
     [[nodiscard]] const std::vector<std::string>& SeriesNames() const { return m_seriesNames; }
@@ -114,10 +115,6 @@ public:
     /// What the last run did without being asked, in order; the signals and the reference have notes of their own.
     [[nodiscard]] const std::vector<CNote>& Notes() const { return m_notes; }
     [[nodiscard]] double CorridorSize() const { return m_corridorSize; }
-    [[nodiscard]] bool IsReferenceAverage() const { return m_isReferenceAverage; }
-    [[nodiscard]] bool ShouldFilter() const { return m_shouldFilter; }
-    [[nodiscard]] bool ShouldTruncate() const { return m_shouldTruncate; }
-    void SetLineStyleMode(std::int32_t mode) { m_block.lineStyleMode = mode; }
 
 private:
     /// How a run ended.

@@ -14,14 +14,14 @@
 /// What the user chose to compare.
 class CFileSelection {
 public:
-    std::vector<std::string> files;     ///< computed files, in order; UTF-8 paths
-    std::string referencePath;          ///< reference file; unused when isReferenceAverage is set
-    bool isReferenceAverage = false;    ///< make the reference from the computed signals
-    bool shouldFilter = true;           ///< filter the computed signals at channelClass
-    bool shouldFilterReference = true;  ///< filter the reference too
-    bool shouldTruncate = false;        ///< cut every signal to the time window
-    std::int32_t channelClass = 60;     ///< channel frequency class: 60, 180, 600 or 1000
-    double windowStart = 0.0;           ///< X units
+    std::vector<std::string> files;  ///< computed files, in order; UTF-8 paths
+    std::string referencePath;       ///< reference file; unused when isReferenceAverage is set
+    bool isReferenceAverage = false;   ///< make the reference from the computed signals
+    bool shouldFilter = true;              ///< filter the computed signals at channelClass
+    bool shouldFilterReference = true;     ///< filter the reference too
+    bool shouldTruncate = false;           ///< cut every signal to the time window
+    std::int32_t channelClass = 60;  ///< channel frequency class, one of ks::kChannelClasses
+    double windowStart = 0.0;        ///< X units
     double windowEnd = static_cast<double>(0.3F);
 };
 
@@ -61,7 +61,7 @@ public:
     virtual void Progress(std::size_t done, std::size_t total, const std::string& path) = 0;
 };
 
-/// Is told about changes of the document.
+/// Learns of changes in the document.
 class CDocumentObserver {
 public:
     virtual ~CDocumentObserver() = default;

@@ -130,8 +130,8 @@ TEST_F(Notes, TellThatASignalHasNoTimeInCommonWithTheReference) {
                 ElementsAre("no-common-time: No time in common with " + reference +
                                 ", which runs from 0 to 2; this signal runs from 5 to 6. A comparison of the two means nothing.",
                             "resampled: Resampled for the comparison: 3 points from 5 to 6 without a time step "
-                            "became 12 points from 0.5 to 6 at a step of 0.5. Beyond its own points the curve "
-                            "goes on as a straight line.",
+                            "became 12 points from 0.5 to 6 at a step of 0.5. Beyond its own points, the curve "
+                            "continues as a straight line.",
                             "cut-to-common-range: Cut to the common time range: 12 points from 0.5 to 6 became 3 "
                             "points from 0.5 to 1.5."));
     EXPECT_THAT(Computed(0).GetY(), ElementsAre(-8.0, -7.0, -6.0));

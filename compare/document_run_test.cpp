@@ -232,30 +232,31 @@ TEST_F(Runs, ReplaceTheSignalsOfAnEarlierRun) {
     EXPECT_EQ(document.Reference().GetPath(), b);
 }
 
-TEST_F(Runs, GoBackToTheSummaryAndKeepThePageObject) {
+TEST_F(Runs, GoBackToTheSummaryAndKeepTheCurvesOfThePage) {
     const std::string a = Write("a.uds", {1.0, 2.0, 3.0});
     Run(Choice({a}, a));
     document.SelectPage(4);
-    const CPlot* page = &document.CurrentPage();
+    const std::vector<std::string> names = document.SeriesNames();
     Run(Choice({a}, a));
 
     EXPECT_EQ(document.CurrentPageId(), 1);
-    EXPECT_EQ(&document.CurrentPage(), page);
+    EXPECT_EQ(document.SeriesNames(), names);
+    EXPECT_THAT(names, testing::Not(IsEmpty()));
 }
 
 TEST_F(Runs, TakeTheFlagsOfTheChoice) {
     const std::string a = Write("a.uds", {1.0, 2.0, 3.0});
-    EXPECT_TRUE(document.ShouldFilter());
-    EXPECT_FALSE(document.ShouldTruncate());
-    EXPECT_FALSE(document.IsReferenceAverage());
+    EXPECT_TRUE(Offered().shouldFilter);
+    EXPECT_FALSE(Offered().shouldTruncate);
+    EXPECT_FALSE(Offered().isReferenceAverage);
 
     CFileSelection choice = AverageChoice({a});
     choice.shouldTruncate = true;
     choice.windowEnd = 9.0;
     Run(choice);
-    EXPECT_FALSE(document.ShouldFilter());
-    EXPECT_TRUE(document.ShouldTruncate());
-    EXPECT_TRUE(document.IsReferenceAverage());
+    EXPECT_FALSE(Offered().shouldFilter);
+    EXPECT_TRUE(Offered().shouldTruncate);
+    EXPECT_TRUE(Offered().isReferenceAverage);
 }
 
 TEST_F(Runs, ApplyTheDocumentsCorridorSize) {
@@ -705,7 +706,7 @@ TEST_F(Runs, IgnoreTheChosenReferencePathWhenTheReferenceIsMade) {
     EXPECT_THAT(document.ReferenceMessages(), IsEmpty());
 }
 
-TEST_F(Runs, WithoutACommonRangeGoOnAgainstTheEmptyReferenceOfTheStart) {
+TEST_F(Runs, WithoutACommonRangeContinueAgainstTheEmptyReferenceOfTheStart) {
     const std::string a = Write("a.uds", {1.0, 2.0, 3.0}), late = Write("late.uds", {4.0, 5.0, 6.0}, 0.5, 100);
     Run(AverageChoice({a, late}));
 
@@ -720,7 +721,7 @@ TEST_F(Runs, WithoutACommonRangeGoOnAgainstTheEmptyReferenceOfTheStart) {
     EXPECT_EQ(host.progress.back(), "8/8 ");
 }
 
-TEST_F(Runs, WithoutACommonRangeGoOnAgainstTheReferenceOfAnEarlierRun) {
+TEST_F(Runs, WithoutACommonRangeContinueAgainstTheReferenceOfAnEarlierRun) {
     const std::string a = Write("a.uds", {1.0, 2.0, 3.0}), early = Write("early.uds", {4.0, 5.0}, 0.5, 0),
                       late = Write("late.uds", {4.0, 5.0}, 0.5, 1);
     Run(Choice({a}, a));
@@ -745,8 +746,8 @@ TEST_F(Runs, AtStartUpLoadNothing) {
     EXPECT_THAT(document.ComputedSignals(), IsEmpty());
     EXPECT_THAT(document.PageList(), IsEmpty());
     EXPECT_EQ(document.CurrentPageId(), 0);
-    EXPECT_TRUE(document.ShouldFilter());
-    EXPECT_FALSE(document.IsReferenceAverage());
+    EXPECT_TRUE(Offered().shouldFilter);
+    EXPECT_FALSE(Offered().isReferenceAverage);
 }
 
 TEST_F(Runs, AtStartUpDropTheSignalsAndNothingElse) {
@@ -775,9 +776,9 @@ TEST_F(Runs, OfALoadedListMakeTheReferenceFromIt) {
     document.CompareLoadedList(0, 0.0, 0.0);
 
     EXPECT_THAT(host.calls, ElementsAre("hint 1"));
-    EXPECT_TRUE(document.IsReferenceAverage());
-    EXPECT_FALSE(document.ShouldFilter());
-    EXPECT_FALSE(document.ShouldTruncate());
+    EXPECT_TRUE(Offered().isReferenceAverage);
+    EXPECT_FALSE(Offered().shouldFilter);
+    EXPECT_FALSE(Offered().shouldTruncate);
     EXPECT_THAT(Reference().GetY(), ElementsAre(1.0, 2.0, 5.0));
     EXPECT_EQ(Measures(1).GetResidualSum(), 1.0);
     EXPECT_EQ(document.ComputedSignals()[1].GetReferenceName(), a);
@@ -806,7 +807,7 @@ TEST_P(LoadedListClass, FiltersAtAClassOfTheStandard) {
     document.CompareLoadedList(GetParam(), 0.0, 0.0);
 
     EXPECT_EQ(Computed(0).GetCFCClass(), GetParam());
-    EXPECT_TRUE(document.ShouldFilter());
+    EXPECT_TRUE(Offered().shouldFilter);
 }
 
 INSTANTIATE_TEST_SUITE_P(Classes, LoadedListClass, testing::Values(60, 180, 600, 1000));
@@ -817,7 +818,7 @@ TEST_F(Runs, OfALoadedListFilterAtNoOtherClass) {
         document.CompareLoadedList(channelClass, 0.0, 0.0);
 
         EXPECT_EQ(Computed(0).GetCFCClass(), 1001);
-        EXPECT_FALSE(document.ShouldFilter());
+        EXPECT_FALSE(Offered().shouldFilter);
         EXPECT_THAT(document.ErrorMessages(), IsEmpty());
     }
 }
@@ -826,13 +827,13 @@ TEST_F(Runs, OfALoadedListCutWhenABoundIsPositive) {
     const std::string a = Write("a.uds", {0.0, 1.0, 2.0, 3.0, 4.0, 5.0, 6.0});
     document.SetComputedFiles({a});
     document.CompareLoadedList(0, 0.0, 2.0);
-    EXPECT_TRUE(document.ShouldTruncate());
+    EXPECT_TRUE(Offered().shouldTruncate);
     // Once to the window, 0 to 3/2, and once to the common range, which drops the last sample again.
     EXPECT_THAT(Computed(0).GetY(), ElementsAre(0.0, 1.0, 2.0));
 
     document.SetComputedFiles({a});
     document.CompareLoadedList(0, -1.0, 0.0);
-    EXPECT_FALSE(document.ShouldTruncate());
+    EXPECT_FALSE(Offered().shouldTruncate);
     EXPECT_THAT(Computed(0).GetY(), SizeIs(6));
 }
 
@@ -844,9 +845,9 @@ TEST_F(Runs, OfALoadedListStopAtAnUnreadableFile) {
     EXPECT_THAT(host.calls, ElementsAre("beep", "errors"));
     EXPECT_THAT(host.errorLists, ElementsAre(BothSentences(words)));
     EXPECT_THAT(document.PageList(), IsEmpty());
-    EXPECT_FALSE(document.ShouldFilter());
-    EXPECT_FALSE(document.ShouldTruncate());
-    EXPECT_TRUE(document.IsReferenceAverage());
+    EXPECT_FALSE(Offered().shouldFilter);
+    EXPECT_FALSE(Offered().shouldTruncate);
+    EXPECT_TRUE(Offered().isReferenceAverage);
 }
 
 TEST_F(Runs, OfALoadedListStopAtAFailedStep) {
@@ -859,7 +860,7 @@ TEST_F(Runs, OfALoadedListStopAtAFailedStep) {
     EXPECT_EQ(document.CurrentPageId(), 0);
 }
 
-TEST_F(Runs, OfALoadedListWithoutACommonRangeGoOn) {
+TEST_F(Runs, OfALoadedListWithoutACommonRangeContinue) {
     document.SetComputedFiles({Write("a.uds", {1.0, 2.0}), Write("late.uds", {4.0, 5.0}, 0.5, 100)});
     document.CompareLoadedList(0, 0.0, 0.0);
 

@@ -46,11 +46,7 @@ TEST_F(Document, StartsEmpty) {
     EXPECT_THAT(document.SeriesNames(), IsEmpty());
     EXPECT_THAT(document.ErrorMessages(), IsEmpty());
     EXPECT_EQ(document.CurrentPageId(), 0);
-    EXPECT_EQ(document.CurrentPage().GetPageKind(), 0);
     EXPECT_EQ(document.CorridorSize(), 4.0);
-    EXPECT_TRUE(document.ShouldFilter());
-    EXPECT_FALSE(document.ShouldTruncate());
-    EXPECT_FALSE(document.IsReferenceAverage());
     EXPECT_EQ(document.Reference().GetPath(), "");
 
     const CChartBlock& block = document.ChartBlock();
@@ -61,6 +57,13 @@ TEST_F(Document, StartsEmpty) {
     EXPECT_EQ(block.paddingValue, kEmpty);
     EXPECT_EQ(block.titleOne + block.titleTwo + block.xTitle + block.yTitle, "");
     EXPECT_TRUE(host.calls.empty());
+}
+
+TEST_F(Document, OffersToFilterAndNothingElseAtFirst) {
+    const CFileSelection offered = Offered();
+    EXPECT_TRUE(offered.filter);
+    EXPECT_FALSE(offered.truncate);
+    EXPECT_FALSE(offered.averageReference);
 }
 
 // Observers.
@@ -122,7 +125,6 @@ TEST_F(Document, BuildsTheSeriesOfAPageAndTells) {
     EXPECT_THAT(host.calls, ElementsAre("hint 2"));
     EXPECT_EQ(seriesWhenTold, 2);
     EXPECT_EQ(document.CurrentPageId(), 2);
-    EXPECT_EQ(document.CurrentPage().GetPageKind(), 2);
     EXPECT_THAT(document.SeriesNames(), ElementsAre("Reference", "a.uds"));
     const CChartBlock& block = document.ChartBlock();
     EXPECT_EQ(block.xTitle, "Time (seconds)");
@@ -133,14 +135,6 @@ TEST_F(Document, BuildsTheSeriesOfAPageAndTells) {
     EXPECT_THAT(block.y, ElementsAre(0.0, 1.0, 2.0, 3.0, 4.0, 10.0, 11.0, 12.0, 13.0, 14.0));
 }
 
-TEST_F(Document, KeepsTheIdOfThePageKindlessResidualsPage) {
-    RunWith({10.0, 11.0, 12.0, 13.0, 14.0});
-
-    EXPECT_TRUE(document.SelectPage(6));
-    EXPECT_EQ(document.CurrentPageId(), 6);
-    EXPECT_EQ(document.CurrentPage().GetPageKind(), 0);
-}
-
 TEST_F(Document, RefusesAnyOtherPage) {
     RunWith({10.0, 11.0, 12.0, 13.0, 14.0});
     document.SelectPage(2);
@@ -149,7 +143,6 @@ TEST_F(Document, RefusesAnyOtherPage) {
     for (const std::int32_t id : {0, PageIds().back() + 1, -1, 32768}) {
         EXPECT_FALSE(document.SelectPage(id));
         EXPECT_EQ(document.CurrentPageId(), 2);
-        EXPECT_EQ(document.CurrentPage().GetPageKind(), 0);
         EXPECT_THAT(document.Series(), SizeIs(2));
     }
     EXPECT_TRUE(host.calls.empty());
@@ -219,14 +212,6 @@ TEST_F(Document, CallsTheMatricesOfAPageWithoutAChartReady) {
     EXPECT_TRUE(document.BuildSeriesMatrices());
     document.SelectPage(1);
     EXPECT_TRUE(document.BuildSeriesMatrices());
-}
-
-TEST_F(Document, KeepsTheLineStyleModeAcrossPages) {
-    document.SetLineStyleMode(3);
-    RunWith({10.0, 11.0, 12.0, 13.0, 14.0});
-    document.SelectPage(2);
-
-    EXPECT_EQ(document.ChartBlock().lineStyleMode, 3);
 }
 
 TEST_F(Document, ShowsWhyAPageCannotBeBuilt) {

@@ -20,7 +20,7 @@ TEST(HtmlText, EscapesMarkup) {
     EXPECT_EQ(Escaped("<b a=\"1\">&amp;"), "&lt;b a=&quot;1&quot;&gt;&amp;amp;");
 }
 
-TEST(HtmlText, AppendsBehindWhatStands) {
+TEST(HtmlText, AppendsAfterTheTextThere) {
     std::string html = "<TD>";
     AppendEscaped(html, "<");
     EXPECT_EQ(html, "<TD>&lt;");

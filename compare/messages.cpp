@@ -32,7 +32,7 @@ bool ReachesBeyond(const CSampling& before, const CSampling& after) {
 
 std::string ResamplingText(const CSampling& before, const CSampling& after) {
     std::string text = PointsText(before) + StepText(before) + " became " + PointsText(after) + StepText(after) + ".";
-    if (ReachesBeyond(before, after)) text += " Beyond its own points the curve goes on as a straight line.";
+    if (ReachesBeyond(before, after)) text += " Beyond its own points, the curve continues as a straight line.";
     return text;
 }
 

@@ -12,7 +12,7 @@ enum class CNoteKind {
     ReferenceResampled,  ///< "reference-resampled": the reference's file gives no time step
     Resampled,           ///< "resampled": a computed signal was brought to the step of the comparison
     CutToCommonRange,    ///< "cut-to-common-range": a computed signal was cut to the time in common
-    CutByPage,           ///< "cut-by-page": a chart page cut a computed signal for good
+    CutByPage,           ///< "cut-by-page": a chart page cut a computed signal permanently
     NoCommonTime,        ///< "no-common-time": a signal and the reference, or all signals, share no time
     AverageIsFirst,      ///< "average-is-first": the first signal serves as the reference made from all
 };
@@ -29,8 +29,8 @@ struct CNote {
 
 // Each of these appends one note, or nothing when nothing has happened that is worth one.
 
-/// A resampling of `kind` Resampled or ReferenceResampled. None when the step, in the single precision of files, and
-/// the number of points have stayed.
+/// A resampling of `kind` Resampled or ReferenceResampled. None when neither the step, in the single precision of
+/// files, nor the number of points has changed.
 void AppendResampling(std::vector<CNote>& notes, CNoteKind kind, const CSampling& before, const CSampling& after);
 /// A cut to the common range; none when all points are left.
 void AppendCutToCommonRange(std::vector<CNote>& notes, const CSampling& before, const CSampling& after);

@@ -70,7 +70,7 @@ TEST(AppendResampling, TellsOfAPointThatIsLostAtTheSameStep) {
 }
 
 TEST(AppendResampling, TellsOfACurveThatGoesOnBeyondItsPoints) {
-    const std::string beyond = " Beyond its own points the curve goes on as a straight line.";
+    const std::string beyond = " Beyond its own points, the curve continues as a straight line.";
     std::vector<CNote> notes;
     AppendResampling(notes, CNoteKind::Resampled, {3, 5.0, 6.0, 0.0}, {12, 0.5, 6.0, 0.5});
     AppendResampling(notes, CNoteKind::Resampled, {3, 5.0, 6.0, 0.0}, {5, 5.0, 7.0, 0.5});

@@ -27,9 +27,10 @@ public:
     /// Reads the file at the path into a new record, by the first of all formats that can; see signal/signal_loader.h.
     /// False when none can: the record is then kept, and the sentence of each attempt joins its warnings.
     bool Read();
-    /// The same with the UDS-1992 format alone.
+    /// The same with the UDS-1992 format alone; kept for programs that link the library.
     bool ReadUds();
     /// The same with the format of ASCII points alone; the record becomes a time signal in seconds, numbered from 0.
+    /// Kept for programs that link the library.
     bool ReadAscii();
 
     /// Whether a run filters the signal; that of its file's format, true before a file was read.
@@ -47,7 +48,8 @@ public:
     [[nodiscard]] const std::vector<std::string>& GetMessages() const { return m_record.GetWarnings(); }
     [[nodiscard]] std::size_t GetPointCount() const { return m_record.GetPointCount(); }
 
-    /// Text of the summary column at that place of SummaryColumns(); empty for any other.
+    /// Text of the summary column at that place of SummaryColumns(); empty for any other. Kept, like the next one, for
+    /// programs that link the library.
     [[nodiscard]] std::string GetColumnText(int column) const;
     /// Color of its verdict against the current critical values; white for any other. See Judge.
     [[nodiscard]] CVerdictColor GetColumnColor(int column) const;

@@ -77,20 +77,20 @@ constexpr CSummaryColumn Fixed(CSummaryColumn column) {
 
 template <std::size_t order>
 constexpr CSummaryColumn MomentColumn(std::string_view header) {
-    return Fixed({header, Number<Moment<order>, 3>, CJudgement{Moment<order>, &CCriticalValues::moment}});
+    return Fixed({header, Number<Moment<order>, 3>, CJudgment{Moment<order>, &CCriticalValues::moment}});
 }
 
 constexpr std::array kColumns = {
     Fixed({.header = "Filename", .text = [](const CSignal& signal) { return signal.GetPath(); }, .isName = true}),
     Fixed({"Peak Value", Measure<&CComparison::GetComputedPeak, 1>}),
-    Fixed({"Avg Residual", ResidualText, CJudgement{ResidualPercent, &CCriticalValues::averageResidual}}),
-    Fixed({"Std Dev of Residual", DeviationText, CJudgement{DeviationPercent, &CCriticalValues::standardDeviation}}),
+    Fixed({"Avg Residual", ResidualText, CJudgment{ResidualPercent, &CCriticalValues::averageResidual}}),
+    Fixed({"Std Dev of Residual", DeviationText, CJudgment{DeviationPercent, &CCriticalValues::standardDeviation}}),
     // Shows and judges the share outside the corridor, whatever its header says: readers know the column by it.
     Fixed({"% in Corridor", Measure<&CComparison::GetPercentOutsideCorridor, 2>,
-           CJudgement{ShareOutside, &CCriticalValues::corridor}}),
+           CJudgment{ShareOutside, &CCriticalValues::corridor}}),
     Fixed({"Correlation Factor", Measure<&CComparison::GetCorrelationFactor, 3>,
-           CJudgement{LeftOfCorrelation, &CCriticalValues::correlation}}),
-    Fixed({"T Statistic", Number<MagnitudeOfT, 2>, CJudgement{MagnitudeOfT, &CCriticalValues::tStatistic}}),
+           CJudgment{LeftOfCorrelation, &CCriticalValues::correlation}}),
+    Fixed({"T Statistic", Number<MagnitudeOfT, 2>, CJudgment{MagnitudeOfT, &CCriticalValues::tStatistic}}),
     MomentColumn<0>("0 Moment Difference"),
     MomentColumn<1>("1st Moment Difference"),
     MomentColumn<2>("2nd Moment Difference"),
@@ -116,10 +116,10 @@ std::span<const CSummaryColumn> SummaryColumns() {
 }
 
 CVerdict Judge(const CSummaryColumn& column, const CSignal& signal, const CCriticalValues& limits) {
-    if (!column.judgement) return CVerdict::None;
-    const double value = column.judgement->value(signal);
+    if (!column.judgment) return CVerdict::None;
+    const double value = column.judgment->value(signal);
     if (value == kValueWithoutVerdict) return CVerdict::None;
-    const double limit = limits.*column.judgement->limit;
-    const bool isGood = column.judgement->goodSide == CGoodSide::Below ? value < limit : value > limit;
+    const double limit = limits.*column.judgment->limit;
+    const bool isGood = column.judgment->goodSide == CGoodSide::Below ? value < limit : value > limit;
     return isGood ? CVerdict::Good : CVerdict::Bad;
 }

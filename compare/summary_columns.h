@@ -14,7 +14,7 @@ class CSignal;
 enum class CGoodSide { Below, Above };
 
 /// How the cells of a column are judged.
-struct CJudgement {
+struct CJudgment {
     double (*value)(const CSignal& signal) = nullptr;
     CCriticalValue limit = nullptr;  ///< names the criterion, too
     CGoodSide goodSide = CGoodSide::Below;
@@ -24,7 +24,7 @@ struct CJudgement {
 struct CSummaryColumn {
     std::string_view header;
     std::string (*text)(const CSignal& signal) = nullptr;
-    std::optional<CJudgement> judgement = std::nullopt;  ///< none: the column has no verdicts
+    std::optional<CJudgment> judgment = std::nullopt;  ///< none: the column has no verdicts
     bool isName = false;  ///< a path, aligned left and shortened where space is short; else a number
     /// One of the columns that the HTML report, CSV, results of version 1 and the copied table hold. Programs read
     /// these by position, so a column added later is not one of them; the terminal and the window show it.

@@ -37,10 +37,10 @@ TEST(SummaryColumns, AreComplete) {
     for (const CSummaryColumn& column : SummaryColumns()) {
         SCOPED_TRACE(column.header);
         ASSERT_NE(column.text, nullptr);
-        if (!column.judgement) continue;
-        ASSERT_NE(column.judgement->value, nullptr);
+        if (!column.judgment) continue;
+        ASSERT_NE(column.judgment->value, nullptr);
         EXPECT_TRUE(std::any_of(Criteria().begin(), Criteria().end(), [&](const CCriterion& criterion) {
-            return criterion.limit == column.judgement->limit;
+            return criterion.limit == column.judgment->limit;
         }));
     }
 }
@@ -60,7 +60,7 @@ TEST(SummaryColumns, AreNamesWhereTheyShowPaths) {
 
 template <class Value>
 CSummaryColumn ColumnOfValue(Value value, CGoodSide goodSide) {
-    return {.header = "Value", .judgement = CJudgement{value, &CCriticalValues::moment, goodSide}};
+    return {.header = "Value", .judgment = CJudgment{value, &CCriticalValues::moment, goodSide}};
 }
 
 // The default limit of the moments, 0.2, and its neighbors.

@@ -13,6 +13,7 @@
 #include "tests/support/expect_error.h"
 #include "tests/support/temp_folder.h"
 #include "tests/support/uds_bytes.h"
+#include "tests/support/uds_image.h"
 
 namespace ks {
 namespace {
@@ -85,7 +86,7 @@ TEST(DamagedFile, NeverMakesRoomForWhatItPromises) {
     const CUDSBytes bytes = UdsFile(recipe);
     CUDS1992 file;
     ResetLargestAllocation();
-    EXPECT_EQ(ErrorOf([&] { file.ReadImage(bytes.Bytes()); }), "File size too small - Insufficient data points");
+    EXPECT_EQ(ErrorOf([&] { ReadImage(file, bytes.Text()); }), "File size too small - Insufficient data points");
     EXPECT_LT(LargestAllocation(), 100000U);
 
     file.Fields().SetNFP(-2147483647);

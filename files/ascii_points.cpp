@@ -50,7 +50,7 @@ void FillZ(CPointColumns& columns) {
 }
 
 /// Whether any text that parses can hold the character.
-bool MayStandInData(char c) {
+bool MayBeInData(char c) {
     return syntax::IsOfNumber(c) || syntax::IsWhite(c) || c == ',';
 }
 
@@ -67,7 +67,7 @@ public:
 CDataEnd FindDataEnd(std::string_view text, std::size_t start) {
     for (std::size_t i = start; i < text.size(); ++i) {
         const char c = text[i];
-        if (!MayStandInData(c)) return {i + 1, true};
+        if (!MayBeInData(c)) return {i + 1, true};
         if (i == 0 || !syntax::IsWhite(c)) continue;
         const std::size_t kept = KeptOfPair(text[i - 1], c);
         if (kept != kNowhere) return {i - 1 + kept, false};
@@ -140,15 +140,6 @@ bool CReading::Parse() {
 }
 
 }  // namespace
-
-std::size_t DataLength(std::string_view text) {
-    for (std::size_t start = 0; start < text.size();) {
-        const CDataEnd end = FindDataEnd(text, start);
-        if (!end.isHopeless) return std::min(end.length, text.size());
-        start = end.length;
-    }
-    return text.size();
-}
 
 void CPoints::ReadFile(const std::string& path) {
     m_columns = {};

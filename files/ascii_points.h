@@ -9,11 +9,6 @@
 
 namespace ks {
 
-/// Where the data of a file's text end: at the first place before an empty line, after a line end that a tab follows,
-/// at a tab before a line end or a blank, or at two blanks in a row; else at the end of the text.
-/// @return the length of the data in bytes
-std::size_t DataLength(std::string_view text);
-
 /// Reads a plain-text signal: one point per line, one, two or three numbers each. See docs/formats/ascii-points.md.
 ///
 /// One number y gives (0, y, 0), two give (x, y, 0), three give (x, y, z). The lines with one number come first, then
@@ -33,14 +28,14 @@ public:
     /// sentences.
     void ReadFrom(CByteSource& source, const std::string& path, std::size_t bytesAtATime);
 
-    /// Parses the text as it is, without the cut.
+    /// Parses the text as it is, without the cut; kept for programs that link the library.
     /// @throws CError "Failure to parse the data."; the points before the failure are kept
     void ParseData(std::string_view text);
 
     [[nodiscard]] const CPointColumns& Columns() const { return m_columns; }
     CPointColumns TakeColumns();
 
-    /// The points as a list of shared points, made at each call.
+    /// The points as a list of shared points, made at each call; kept for programs that link the library.
     [[nodiscard]] CPointList Points() const { return MakePointList(m_columns); }
 
 private:

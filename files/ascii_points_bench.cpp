@@ -41,12 +41,5 @@ BENCHMARK(ParsePoints)
     ->Args({1000000, 3})
     ->Unit(benchmark::kMillisecond);
 
-void FindDataLength(benchmark::State& state) {
-    const std::string text = TextOf(state.range(0), 2);
-    for (auto _ : state) benchmark::DoNotOptimize(DataLength(text));
-    state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(text.size()));
-}
-BENCHMARK(FindDataLength)->Arg(1000000)->Unit(benchmark::kMillisecond);
-
 }  // namespace
 }  // namespace ks

@@ -6,7 +6,7 @@
 
 namespace ks {
 
-/// Bytes that are read once, front to back: a file or a piece of memory.
+/// Bytes that are read once, front to back.
 class CByteSource {
 public:
     CByteSource() = default;
@@ -20,19 +20,6 @@ public:
     /// Fills `target` from the front with the next bytes.
     /// @return how many there were; fewer than `target` holds only at the end
     virtual std::size_t Read(std::span<std::byte> target) = 0;
-};
-
-/// Bytes in memory, which must outlive the source.
-class CMemorySource : public CByteSource {
-public:
-    explicit CMemorySource(std::span<const std::byte> bytes) : m_size(bytes.size()), m_left(bytes) {}
-
-    [[nodiscard]] std::uint64_t Size() const override { return m_size; }
-    std::size_t Read(std::span<std::byte> target) override;
-
-private:
-    std::uint64_t m_size;
-    std::span<const std::byte> m_left;
 };
 
 }  // namespace ks

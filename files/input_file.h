@@ -13,7 +13,7 @@ namespace ks {
 /// A file opened for reading; the one place where files/ opens its input.
 class CInputFile : public CByteSource {
 public:
-    /// Opens the file at `path` (UTF-8) in binary mode. Only regular files are opened: a directory holds no bytes,
+    /// Opens the file at `path` (UTF-8) in binary mode. Only regular files are opened: a directory has no bytes,
     /// and a pipe or a device could keep the program waiting.
     /// @return false when there is no such file or it cannot be read
     [[nodiscard]] bool Open(const std::string& path);

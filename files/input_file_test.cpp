@@ -9,6 +9,7 @@
 #include <string>
 
 #include "files/byte_source.h"
+#include "tests/support/memory_source.h"
 #include "tests/support/temp_folder.h"
 
 namespace ks {
@@ -22,7 +23,7 @@ std::string ReadUpTo(CByteSource& source, std::size_t size) {
     return text;
 }
 
-TEST(InputFile, TellsItsSizeAndReadsToTheEnd) {
+TEST(InputFile, TellsItsSizeAndReadsAllOfIt) {
     const CTempFolder folder;
     CInputFile file;
     ASSERT_TRUE(file.Open(folder.Write("file",

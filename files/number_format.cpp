@@ -131,14 +131,6 @@ CNumberFormats FormatsOf(std::string_view numform) {
     return found == kFormatNames.end() ? CNumberFormats{} : found->formats;
 }
 
-CByteOrder ByteOrderOf(std::string_view numform) {
-    return FormatsOf(numform).byteOrder;
-}
-
-CNumberFormat NumberFormatOf(std::string_view numform) {
-    return FormatsOf(numform).numberFormat;
-}
-
 std::string_view NumberFormatName(CNumberFormat format) {
     for (const CFormatName& row : kFormatNames) {
         if (row.formats.numberFormat == format) return row.name;

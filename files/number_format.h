@@ -28,10 +28,6 @@ void ConvertReals(std::span<std::byte> block, CNumberFormat from, CNumberFormat 
 /// One integer converted between byte orders; equal orders leave it unchanged, an unknown order gives zero bytes.
 CFourBytes ConvertInteger(CFourBytes value, CByteOrder from, CByteOrder to);
 
-/// Byte order and number format that a NUMFORM text names; Unknown for any other text.
-CByteOrder ByteOrderOf(std::string_view numform);
-CNumberFormat NumberFormatOf(std::string_view numform);
-
 /// "IEEE", "SUN", "VAX", or "UKNOWN" for any other code.
 std::string_view NumberFormatName(CNumberFormat format);
 
@@ -42,7 +38,7 @@ public:
     CNumberFormat numberFormat = CNumberFormat::Unknown;
 };
 
-/// The formats that a NUMFORM text names.
+/// The formats that a NUMFORM text names; Unknown for any other text.
 CNumberFormats FormatsOf(std::string_view numform);
 
 /// This machine's own formats, found by looking at how a known integer and a known real are stored.

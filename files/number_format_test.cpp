@@ -127,18 +127,18 @@ TEST(ConvertInteger, GivesZeroForAnUnknownOrder) {
 }
 
 TEST(FormatsOf, KnowsTheThreeNames) {
-    EXPECT_EQ(ByteOrderOf("IEEE"), CByteOrder::LittleEndian);
-    EXPECT_EQ(ByteOrderOf("VAX"), CByteOrder::LittleEndian);
-    EXPECT_EQ(ByteOrderOf("SUN"), CByteOrder::BigEndian);
-    EXPECT_EQ(NumberFormatOf("IEEE"), CNumberFormat::Ieee);
-    EXPECT_EQ(NumberFormatOf("VAX"), CNumberFormat::Vax);
-    EXPECT_EQ(NumberFormatOf("SUN"), CNumberFormat::Sun);
+    EXPECT_EQ(FormatsOf("IEEE").byteOrder, CByteOrder::LittleEndian);
+    EXPECT_EQ(FormatsOf("VAX").byteOrder, CByteOrder::LittleEndian);
+    EXPECT_EQ(FormatsOf("SUN").byteOrder, CByteOrder::BigEndian);
+    EXPECT_EQ(FormatsOf("IEEE").numberFormat, CNumberFormat::Ieee);
+    EXPECT_EQ(FormatsOf("VAX").numberFormat, CNumberFormat::Vax);
+    EXPECT_EQ(FormatsOf("SUN").numberFormat, CNumberFormat::Sun);
 }
 
 TEST(FormatsOf, KnowsNoOtherName) {
     for (const char* const name : {"", "ieee", "IEEE ", "CRAY", "SUNN"}) {
-        EXPECT_EQ(ByteOrderOf(name), CByteOrder::Unknown) << name;
-        EXPECT_EQ(NumberFormatOf(name), CNumberFormat::Unknown) << name;
+        EXPECT_EQ(FormatsOf(name).byteOrder, CByteOrder::Unknown) << name;
+        EXPECT_EQ(FormatsOf(name).numberFormat, CNumberFormat::Unknown) << name;
     }
 }
 

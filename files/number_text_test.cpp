@@ -53,8 +53,8 @@ TEST_P(LeadingNumber, EndsWhereTheTextIsNoNumberAnyMore) {
 
 const LeadingRow kLeadingRows[] = {
     {"Whole", "42", 42.0, 2},
-    {"TextBehind", "1.5mm", 1.5, 3},
-    {"CommaBehind", "1,5", 1.0, 1},
+    {"TextAfter", "1.5mm", 1.5, 3},
+    {"CommaAfter", "1,5", 1.0, 1},
     {"SecondPoint", "1.2.3", 1.2, 3},
     {"BarePoint", ".5x", 0.5, 2},
     {"TrailingPoint", "5. ", 5.0, 2},
@@ -95,7 +95,7 @@ TEST(ReadLeadingNumber, KeepsTheSignOfZero) {
     EXPECT_FALSE(std::signbit(ReadLeadingNumber("+0").value));
 }
 
-TEST(ReadLeadingNumber, DoesNotReadBehindTheText) {
+TEST(ReadLeadingNumber, DoesNotReadPastTheText) {
     EXPECT_EQ(ReadLeadingNumber(std::string_view("1234", 2)).value, 12.0);
     EXPECT_EQ(ReadLeadingNumber(std::string_view("1e5", 2)).length, 1U);
     EXPECT_EQ(ReadLeadingNumber(std::string_view("-5", 1)).length, 0U);
@@ -194,7 +194,7 @@ TEST(GeneralText, IsWhatPrintfWrites) {
     ForManyValues([](double value) { ASSERT_EQ(GeneralText(value), Printed("%.*g", 6, value)); });
 }
 
-TEST(AppendGeneralText, KeepsWhatStands) {
+TEST(AppendGeneralText, KeepsTheTextBefore) {
     std::string text = "a";
     AppendGeneralText(text, 2.5);
     AppendGeneralText(text, kNan);
@@ -209,7 +209,7 @@ TEST(ShortestText, IsShort) {
     EXPECT_EQ(ShortestText(-kInfinity), "-inf");
 }
 
-TEST(AppendShortestText, KeepsWhatStands) {
+TEST(AppendShortestText, KeepsTheTextBefore) {
     std::string text = "a";
     AppendShortestText(text, 0.1);
     AppendShortestText(text, kNan);

@@ -116,7 +116,7 @@ public:
     const CWriteTrouble& Trouble() const { return m_trouble; }
 
 private:
-    bool CreateBeside();
+    bool CreateNextToTarget();
     bool CreateElsewhere();
     int Fill();
     int TakeThePlace();
@@ -138,7 +138,7 @@ CWriteResult CWriting::NotCompleted(int error) {
 }
 
 CWriteResult CWriting::Replace() {
-    const bool isMade = CreateBeside() || (!m_target.IsNew() && CreateElsewhere());
+    const bool isMade = CreateNextToTarget() || (!m_target.IsNew() && CreateElsewhere());
     if (!isMade) return CWriteResult::NotOpened;
     if (const int error = Fill(); error != 0) return NotCompleted(error);
     const bool needsCopy = m_path.empty() || m_target.HasSeveralNames();
@@ -157,7 +157,7 @@ CWriteResult CWriting::WriteDirectly() {
     return error == 0 ? CWriteResult::Written : NotCompleted(error);
 }
 
-bool CWriting::CreateBeside() {
+bool CWriting::CreateNextToTarget() {
     std::random_device random;
     for (int i = 0; i < kTemporaryNameTries; ++i) {
         // A short name of its own: the target's may already be as long as the system allows.

@@ -24,33 +24,19 @@ CUDS1992::CUDS1992() : CUDSFile(CUDSGeometry{}) {}
 
 void CUDSFile::Read(const std::string& path) {
     m_content = {};
-    m_imageSize = 0;
     if (path.empty()) throw CError(uds_read_message::kEmptyPath);
     CInputFile file;
     if (!file.Open(path)) throw CError(read_message::NotOpenedForReading(path));
     if (!file.FindSize()) throw CError(uds_read_message::NoFileInformation(path));
-    ReadFrom(file);
-}
-
-void CUDSFile::ReadImage(std::span<const std::byte> image) {
-    CMemorySource memory(image);
-    ReadFrom(memory);
-}
-
-void CUDSFile::ReadFrom(CByteSource& source) {
-    m_content = {};
-    m_imageSize = 0;
     try {
-        ReadUds(source, m_geometry, m_content);
+        ReadUds(file, m_geometry, m_content);
     } catch (...) {
         m_content.columns = {};
         throw;
     }
-    m_imageSize = source.Size();
 }
 
 void CUDSFile::Write(const std::string& path) {
-    m_imageSize = 0;
     if (path.empty()) throw CError(uds_write_message::kEmptyPath);
     CheckIndicesForWriting(m_content.fields);
     if (!CanWrite(path)) throw CError(uds_write_message::kNotOpened);
@@ -60,7 +46,6 @@ void CUDSFile::Write(const std::string& path) {
     const CWriteResult result = WriteFile(path, image, &trouble);
     if (result == CWriteResult::NotOpened) throw CError(uds_write_message::kNotOpened);
     if (result == CWriteResult::NotCompleted) throw CError(uds_write_message::NotCompleted(path, trouble));
-    m_imageSize = image.size();
 }
 
 std::vector<std::byte> CUDSFile::MakeImage() {

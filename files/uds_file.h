@@ -1,12 +1,9 @@
 #pragma once
 
 #include <cstddef>
-#include <cstdint>
-#include <span>
 #include <string>
 #include <vector>
 
-#include "files/byte_source.h"
 #include "files/points.h"
 #include "files/uds_content.h"
 #include "files/uds_fields.h"
@@ -18,7 +15,7 @@ namespace ks {
 ///
 /// Every failure is thrown as CError with one of the sentences of files/messages.h. After a failed Read nothing is left
 /// of an earlier file: fields that were read before the failure hold the values of the refused file, the others their
-/// defaults; there are no points, and the image size is 0.
+/// defaults; there are no points.
 class CUDSFile {
 public:
     virtual ~CUDSFile() = default;
@@ -26,9 +23,6 @@ public:
     /// Reads the file at `path` (UTF-8). What is not a regular file cannot be opened. Tag and needed size are looked
     /// at before the rest is read.
     void Read(const std::string& path);
-
-    /// Reads a file image held in memory, with the same checks from the size test on.
-    void ReadImage(std::span<const std::byte> image);
 
     /// Writes fields and points to `path` (UTF-8). An old file is replaced only when the new one is complete.
     /// Sets NUMFORM and repairs a two-digit component-1 year in the field set.
@@ -48,7 +42,7 @@ public:
     /// @throws CError when `x` and `y` differ in length; the points held before are then kept
     void SetColumns(CPointColumns columns);
 
-    /// The points as a list of shared points, made at each call.
+    /// The points as a list of shared points, made at each call; kept for programs that link the library.
     [[nodiscard]] CPointList Points() const { return MakePointList(m_content.columns); }
 
     /// Whether the header of a second vehicle or component is present, read or to be written.
@@ -56,30 +50,22 @@ public:
     void SetSecondComponent(bool isPresent) { m_content.hasSecondComponent = isPresent; }
 
     /// Whether to write big-endian IEEE ("SUN") instead of the machine's own format. Default: no.
-    [[nodiscard]] bool IsSunOutput() const { return m_isSunOutput; }
     void SetSunOutput(bool isSun) { m_isSunOutput = isSun; }
 
     /// Name of the number format of the file last read or written: "IEEE", "SUN", "VAX" or "UKNOWN".
     [[nodiscard]] std::string NumberFormatName() const;
 
-    /// Size in bytes of the file last read or written; 0 after a failure.
-    [[nodiscard]] std::uint64_t ImageSize() const { return m_imageSize; }
-
     /// What the last Read changed; all zeros before it.
     [[nodiscard]] const CUDSRepairs& Repairs() const { return m_content.repairs; }
-
-    [[nodiscard]] const CUDSGeometry& Geometry() const { return m_geometry; }
 
 protected:
     explicit CUDSFile(const CUDSGeometry& geometry);
 
 private:
-    void ReadFrom(CByteSource& source);
     std::vector<std::byte> MakeCheckedImage();
 
     CUDSGeometry m_geometry;
     CUDSContent m_content;
-    std::uint64_t m_imageSize = 0;
     bool m_isSunOutput = false;
 };
 

@@ -11,7 +11,9 @@
 #include "files/uds_content.h"
 #include "files/uds_file.h"
 #include "files/uds_layout.h"
+#include "files/uds_reader.h"
 #include "files/uds_writer.h"
+#include "tests/support/memory_source.h"
 
 namespace ks {
 namespace {
@@ -41,20 +43,21 @@ std::vector<std::byte> ImageIn(CNumberFormat format, std::int64_t count, const c
     return MakeUdsImage(content, CUDSGeometry{}, ProbeMachineFormats());
 }
 
-void ReadUds(benchmark::State& state, CNumberFormat format, const char* form) {
+void ReadImage(benchmark::State& state, CNumberFormat format, const char* form) {
     const std::vector<std::byte> image = ImageIn(format, state.range(0), form);
     for (auto _ : state) {
-        CUDS1992 file;
-        file.ReadImage(image);
-        benchmark::DoNotOptimize(file.Columns().y.data());
+        CMemorySource source(image);
+        CUDSContent content;
+        ks::ReadUds(source, CUDSGeometry{}, content);
+        benchmark::DoNotOptimize(content.columns.y.data());
     }
     state.SetItemsProcessed(state.iterations() * state.range(0));
     state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(image.size()));
 }
-BENCHMARK_CAPTURE(ReadUds, Ieee, CNumberFormat::Ieee, "X-Y")->Arg(10000)->Arg(1000000)->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(ReadUds, Sun, CNumberFormat::Sun, "X-Y")->Arg(10000)->Arg(1000000)->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(ReadUds, Vax, CNumberFormat::Vax, "X-Y")->Arg(10000)->Arg(1000000)->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(ReadUds, SunOrdinates, CNumberFormat::Sun, "Y")->Arg(1000000)->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(ReadImage, Ieee, CNumberFormat::Ieee, "X-Y")->Arg(10000)->Arg(1000000)->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(ReadImage, Sun, CNumberFormat::Sun, "X-Y")->Arg(10000)->Arg(1000000)->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(ReadImage, Vax, CNumberFormat::Vax, "X-Y")->Arg(10000)->Arg(1000000)->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(ReadImage, SunOrdinates, CNumberFormat::Sun, "Y")->Arg(1000000)->Unit(benchmark::kMicrosecond);
 
 void WriteUds(benchmark::State& state, bool isSun) {
     CUDS1992 file = FileOf(state.range(0), "X-Y");

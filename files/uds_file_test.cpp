@@ -13,6 +13,7 @@
 #include "tests/support/expect_error.h"
 #include "tests/support/temp_folder.h"
 #include "tests/support/uds_bytes.h"
+#include "tests/support/uds_image.h"
 
 namespace ks {
 namespace {
@@ -38,12 +39,10 @@ protected:
 };
 
 TEST_F(UdsFileOnDisk, IsRead) {
-    const CUDSBytes bytes = UdsFile({});
     CUDS1992 file;
-    file.Read(m_folder.Write("a.uds", bytes.Text()));
+    file.Read(m_folder.Write("a.uds", UdsFile({}).Text()));
     EXPECT_THAT(file.Columns().x, ElementsAre(0.0, 0.5, 1.0));
     EXPECT_THAT(file.Columns().y, ElementsAre(1.0, -2.0, 4.0));
-    EXPECT_EQ(file.ImageSize(), bytes.Text().size());
     EXPECT_THAT(file.Points(), SizeIs(3));
     EXPECT_EQ(file.Points()[1]->y, -2.0);
 }
@@ -92,7 +91,6 @@ TEST_F(UdsFileOnDisk, LeavesNothingOfTheFileBeforeAfterAFailure) {
     file.Read(m_folder.Write("a.uds", UdsFile({}).Text()));
     EXPECT_NE(ErrorOf([&] { file.Read(m_folder.Path("missing")); }), "");
     EXPECT_THAT(file.Columns().y, IsEmpty());
-    EXPECT_EQ(file.ImageSize(), 0U);
 }
 
 TEST_F(UdsFileOnDisk, HasNoFieldOfTheFileBeforeAfterAFailure) {
@@ -122,7 +120,6 @@ TEST_F(UdsFileOnDisk, IsWrittenAsItsImage) {
     const std::vector<std::byte> image = file.MakeImage();
     file.Write(m_folder.Path("a.uds"));
     EXPECT_EQ(ReadAll(m_folder.Path("a.uds")), std::string(reinterpret_cast<const char*>(image.data()), image.size()));
-    EXPECT_EQ(file.ImageSize(), image.size());
     EXPECT_EQ(m_folder.Listing(), "a.uds\n");
 }
 
@@ -156,7 +153,7 @@ TEST_F(UdsFileOnDisk, IsNotWrittenForTheFirstFault) {
     EXPECT_EQ(m_folder.Listing(), "");
 }
 
-TEST_F(UdsFileOnDisk, StaysAsItWasWhenTheNewOneIsRefused) {
+TEST_F(UdsFileOnDisk, IsUnchangedWhenTheNewOneIsRefused) {
     const std::string path = m_folder.Write("a.uds", "an old file");
     CUDS1992 file = TwoPoints();
     file.Fields().SetNLP(2);
@@ -170,7 +167,6 @@ TEST_F(UdsFileOnDisk, SaysWhenTheDeviceIsFull) {
     CUDS1992 file = TwoPoints();
     EXPECT_EQ(ErrorOf([&] { file.Write("/dev/full"); }),
               "Failure to complete the file: /dev/full. The device may be full; an existing file was kept.");
-    EXPECT_EQ(file.ImageSize(), 0U);
 }
 
 TEST_F(UdsFileOnDisk, KeepsItsPointsWhenTheyAreWritten) {
@@ -181,7 +177,7 @@ TEST_F(UdsFileOnDisk, KeepsItsPointsWhenTheyAreWritten) {
 
 TEST(UDSFile, GivesItsColumnsAway) {
     CUDS1992 file;
-    file.ReadImage(UdsFile({}).Bytes());
+    ReadImage(file, UdsFile({}).Text());
     EXPECT_THAT(file.TakeColumns().y, ElementsAre(1.0, -2.0, 4.0));
     EXPECT_THAT(file.Columns().x, IsEmpty());
     EXPECT_THAT(file.Columns().y, IsEmpty());
@@ -197,14 +193,12 @@ TEST(UDSFile, RefusesColumnsOfDifferentLengthsAndKeepsItsOwn) {
 TEST(UDSFile, StartsWithoutAFile) {
     const CUDS1992 file;
     EXPECT_EQ(file.NumberFormatName(), "UKNOWN");
-    EXPECT_EQ(file.ImageSize(), 0U);
     EXPECT_FALSE(file.HasSecondComponent());
-    EXPECT_FALSE(file.IsSunOutput());
     EXPECT_THAT(file.Points(), IsEmpty());
 }
 
-TEST(UDSFile, HasTheGeometryOf1992) {
-    const CUDSGeometry geometry = CUDS1992().Geometry();
+TEST(UDSGeometry, IsThatOf1992) {
+    const CUDSGeometry geometry;
     EXPECT_EQ(geometry.recordSize, 512U);
     EXPECT_EQ(geometry.tagWidth, 12U);
     EXPECT_EQ(geometry.valuesPerRecord, 125U);

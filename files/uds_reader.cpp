@@ -163,7 +163,7 @@ void CReading::NoteLosses(CUDSRecord record) {
     if (!IsEmpty(std::span(m_buffer).subspan(end))) ++repairs.clearedRecords;
 }
 
-/// Of the reals that take the value of RD1, which is no value of their own that became 0.
+/// RD2 to RD5 as the file has them. They take the value of RD1, so none of them counts as a number that became 0.
 void CReading::NoteUserReals() {
     constexpr std::array<std::string_view, 4> kNames = {"RD2", "RD3", "RD4", "RD5"};
     CUDSRepairs& repairs = m_content.repairs;

@@ -19,7 +19,9 @@
 #include "files/uds_file.h"
 #include "files/uds_layout.h"
 #include "tests/support/expect_error.h"
+#include "tests/support/memory_source.h"
 #include "tests/support/uds_bytes.h"
+#include "tests/support/uds_image.h"
 
 namespace ks {
 namespace {
@@ -30,7 +32,7 @@ using testing::SizeIs;
 
 CUDS1992 Read(const CUDSBytes& bytes) {
     CUDS1992 file;
-    file.ReadImage(bytes.Bytes());
+    ReadImage(file, bytes.Text());
     return file;
 }
 
@@ -80,7 +82,6 @@ TEST_P(EveryNumberFormat, GivesTheSamePointsAndNumbers) {
     EXPECT_EQ(file.Fields().GetYTYPE(), "ACCELERATION");
     EXPECT_EQ(file.Fields().GetYUNITS(), "G'S");
     EXPECT_EQ(file.NumberFormatName(), file.Fields().GetNUMFORM());
-    EXPECT_EQ(file.ImageSize(), bytes.Bytes().size());
 }
 
 INSTANTIATE_TEST_SUITE_P(Formats, EveryNumberFormat,
@@ -136,7 +137,7 @@ TEST(UdsReader, ForgetsTheFileBefore) {
     bytes.PutInteger(512 + 12, 77);
     CUDS1992 file = Read(bytes);
 
-    file.ReadImage(UdsFile({}).Bytes());
+    ReadImage(file, UdsFile({}).Text());
 
     EXPECT_FALSE(file.HasSecondComponent());
     EXPECT_EQ(file.Fields().GetCMPNO2(), 0);
@@ -173,7 +174,7 @@ TEST(UdsReader, TellsWhatItDidNotTakeOver) {
     EXPECT_EQ(file.Repairs().notNumbers, 2U);
     EXPECT_EQ(file.Repairs().unusedRecords, 2U);
 
-    file.ReadImage(UdsFile({}).Bytes());
+    ReadImage(file, UdsFile({}).Text());
     EXPECT_THAT(file.Repairs().userReals, ElementsAre(0.0F, 0.0F, 0.0F, 0.0F));
     EXPECT_EQ(file.Repairs().year, 0);
     EXPECT_EQ(file.Repairs().notNumbers, 0U);
@@ -192,7 +193,7 @@ TEST(UdsReader, TellsOfUserRealsThatAreNotANumber) {
     EXPECT_EQ(file.Fields().GetRD2(), 2.5F);
 }
 
-TEST(UdsReader, CountsTextsBehindBlanks) {
+TEST(UdsReader, CountsTextsAfterBlanks) {
     CUDSRecipe recipe = RecipeOf(126);
     recipe.hasSecondComponent = true;
     CUDSBytes bytes = UdsFile(recipe);
@@ -205,7 +206,7 @@ TEST(UdsReader, CountsTextsBehindBlanks) {
     EXPECT_EQ(file.Fields().GetTITLE(), "TITLE");
 }
 
-TEST(UdsReader, CountsRecordsWithBytesBehindTheirLastFieldOrPoint) {
+TEST(UdsReader, CountsRecordsWithBytesAfterTheirLastFieldOrPoint) {
     CUDSRecipe recipe = RecipeOf(126);
     recipe.hasSecondComponent = true;
     CUDSBytes bytes = UdsFile(recipe);  // three headers, two records of ordinates, two of abscissas
@@ -342,11 +343,10 @@ TEST_P(UdsReaderRefuses, WithItsSentence) {
 
 TEST_P(UdsReaderRefuses, AndHoldsNoPoints) {
     CUDS1992 file = Read(UdsFile({}));
-    EXPECT_NE(ErrorOf([&file] { file.ReadImage(GetParam().file().Bytes()); }), "");
+    EXPECT_NE(ErrorOf([&file] { ReadImage(file, GetParam().file().Text()); }), "");
     EXPECT_THAT(file.Columns().x, IsEmpty());
     EXPECT_THAT(file.Columns().y, IsEmpty());
     EXPECT_THAT(file.Points(), IsEmpty());
-    EXPECT_EQ(file.ImageSize(), 0U);
 }
 
 const std::vector<Refused> kRefused = {
@@ -381,8 +381,8 @@ const std::vector<Refused> kRefused = {
     {"EmptyForm", [] { return WithText(16, 10, ""); }, kForm},
     {"OtherBlock", [] { return WithText(1024, 12, "Z DATA"); }, kBlock},
     {"LowerCaseBlock", [] { return WithText(1536, 12, "x data"); }, kBlock},
-    {"ZeroBlockBehindTheData", [] { return Cut(UdsFile({}), 2560); }, kBlock},
-    {"ZeroBlockFarBehindTheData", [] { return Cut(UdsFile(RecipeOf(40000)), 1024 + 800 * 512); }, kBlock},
+    {"ZeroBlockAfterTheData", [] { return Cut(UdsFile({}), 2560); }, kBlock},
+    {"ZeroBlockLongAfterTheData", [] { return Cut(UdsFile(RecipeOf(40000)), 1024 + 800 * 512); }, kBlock},
     {"AbscissasInYForm", [] { return WithIndices(0, 2, "Y").AddBlock("X DATA", {1.0}); }, kBlock},
     {"NoAbscissas", [] { return UdsHeaders({}).AddBlock("Y DATA", {1.0}).AddBlock("Y DATA", {1.0}); }, kInsufficient},
     {"NoOrdinates", [] { return UdsHeaders({}).AddBlock("X DATA", {1.0}).AddBlock("X DATA", {1.0}); }, kInsufficient},
@@ -396,7 +396,7 @@ TEST(UdsReader, ReadsNumbersOfAnUnknownFormatAsZero) {
     CUDSBytes bytes = UdsFile({});
     bytes.PutText(26, 5, "CRAY").PutInteger(12, 3).PutReal(177, 2.5);
     CUDS1992 file;
-    EXPECT_EQ(ErrorOf([&] { file.ReadImage(bytes.Bytes()); }), kEqual);
+    EXPECT_EQ(ErrorOf([&] { ReadImage(file, bytes.Text()); }), kEqual);
     EXPECT_EQ(file.Fields().GetFILEVER(), 0);
     EXPECT_EQ(file.Fields().GetCLSSPD(), 0.0F);
     EXPECT_EQ(file.Fields().GetYUNITS(), "G'S");
@@ -407,7 +407,7 @@ TEST(UdsReader, LeavesTheFieldsAsFarAsTheyWereRead) {
     CUDSBytes bytes = WithIndices(5, 4);
     bytes.PutInteger(257, 49);
     CUDS1992 file;
-    EXPECT_EQ(ErrorOf([&] { file.ReadImage(bytes.Bytes()); }), kCrossed);
+    EXPECT_EQ(ErrorOf([&] { ReadImage(file, bytes.Text()); }), kCrossed);
     EXPECT_EQ(file.Fields().GetNFP(), 5);
     EXPECT_EQ(file.Fields().GetYEAR1(), 49) << "the year is completed last";
 }

@@ -18,6 +18,7 @@
 #include "files/uds_layout.h"
 #include "tests/support/expect_error.h"
 #include "tests/support/uds_bytes.h"
+#include "tests/support/uds_image.h"
 
 namespace ks {
 namespace {
@@ -187,7 +188,7 @@ TEST(UdsWriter, PutsEachUserRealAtItsOwnPlaceThoughTheReaderTakesTheFirst) {
 
     const std::vector<std::byte> image = file.MakeImage();
     CUDS1992 back;
-    back.ReadImage(image);
+    ReadImage(back, TextOf(image));
 
     EXPECT_EQ(TextOf(image).substr(512 + 334, 20), reals.Text());
     EXPECT_THAT(std::vector<float>({back.Fields().GetRD1(), back.Fields().GetRD2(), back.Fields().GetRD3(),
@@ -211,7 +212,7 @@ TEST(UdsWriter, NarrowsBeyondTheRangeToInfinity) {
     file.SetColumns({{0.0, 1.0}, {1e300, -1e300}, {}});
     const std::vector<std::byte> image = file.MakeImage();
     CUDS1992 back;
-    back.ReadImage(image);
+    ReadImage(back, TextOf(image));
     constexpr double kInfinity = std::numeric_limits<double>::infinity();
     EXPECT_THAT(back.Columns().y, ElementsAre(kInfinity, -kInfinity));
 }
@@ -319,7 +320,7 @@ TEST_P(RoundTrip, KeepsEveryFieldExceptTheFourUserReals) {
     CUDS1992 file = Filled();
     const std::vector<std::byte> image = file.MakeImage();
     CUDS1992 back;
-    back.ReadImage(image);
+    ReadImage(back, TextOf(image));
 
     const std::string_view exceptions = "RD2 RD3 RD4 RD5";
     for (const CUDSField& field : UdsFieldTable()) {
@@ -340,7 +341,7 @@ TEST_P(RoundTrip, EncodesTheDecodedToTheSameBytes) {
     const std::vector<std::byte> image = first.MakeImage();
 
     CUDS1992 second;
-    second.ReadImage(image);
+    ReadImage(second, TextOf(image));
     second.SetSunOutput(GetParam());
 
     EXPECT_EQ(second.MakeImage(), image);

@@ -32,7 +32,7 @@ INSTANTIATE_TEST_SUITE_P(
         CCase{"FirstOfTwoBytes", "\xC2\x80", 0x80, 2, true}, CCase{"LastOfTwoBytes", "\xDF\xBF", 0x7FF, 2, true},
         CCase{"FirstOfThreeBytes", "\xE0\xA0\x80", 0x800, 3, true},
         CCase{"LastBeforeSurrogates", "\xED\x9F\xBF", 0xD7FF, 3, true},
-        CCase{"FirstBehindSurrogates", "\xEE\x80\x80", 0xE000, 3, true},
+        CCase{"FirstAfterSurrogates", "\xEE\x80\x80", 0xE000, 3, true},
         CCase{"LastOfThreeBytes", "\xEF\xBF\xBF", 0xFFFF, 3, true},
         CCase{"FirstOfFourBytes", "\xF0\x90\x80\x80", 0x10000, 4, true},
         CCase{"Last", "\xF4\x8F\xBF\xBF", 0x10FFFF, 4, true}, CCase{"OnlyTheFirst", "\xC3\xA4z", 0xE4, 2, true},

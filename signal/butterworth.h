@@ -22,7 +22,7 @@ CFilterSection ButterworthSection(double timeStepS, double frequencyHz);
 /// whichever is longer, rounded half up, at least 1, saturated to 32 bits.
 std::int32_t FilterTailLength(double timeStepS, double frequencyHz);
 
-/// Whether the tails of a filter run were as long as wanted.
+/// Whether the tails of a filter run were as long as required.
 enum class CFilterTail {
     Full,   ///< as FilterTailLength says; also when the frequency is too high for anything to be done
     Short,  ///< the data were too few, the tails are as long as they allow

@@ -148,10 +148,10 @@ Real FarMean(const std::vector<Real>& data, std::size_t tail) {
 /// The filter with both tails stored in front of the data.
 template <class Real, class Section>
 std::vector<Real> PlainFilter(const Section& section, std::vector<Real> data, std::size_t tail) {
-    for (const bool isForwards : {true, false}) {
+    for (const bool isForward : {true, false}) {
         const Real twice = 2 * data[0];
-        std::vector<Real> inputs{twice - data[tail], twice - data[isForwards ? tail - 1 : tail + 1]};
-        for (int k = static_cast<int>(tail) - (isForwards ? 2 : 4); k >= 1; --k) {
+        std::vector<Real> inputs{twice - data[tail], twice - data[isForward ? tail - 1 : tail + 1]};
+        for (int k = static_cast<int>(tail) - (isForward ? 2 : 4); k >= 1; --k) {
             inputs.push_back(twice - data[static_cast<std::size_t>(k)]);
         }
         inputs.insert(inputs.end(), data.begin(), data.end());

@@ -24,7 +24,7 @@ double FilterFrequencyOf(std::int32_t cfc);
 
 /// The class that recorded filter frequencies indicate: that of the cutoff, or of the prefilter when the cutoff is 0.
 /// The windows, ends excluded, lie around the classes' 3 dB frequencies of 100, 300, 1000 and 1650 Hz.
-/// @return 60, 180, 600, 1000, or kUnknownChannelClass
+/// @return one of kChannelClasses, or kUnknownChannelClass
 std::int32_t ClassifyRecordedFrequencies(double cutoffHz, double prefilterHz);
 
 /// The class of data just filtered at `frequencyHz`, or `otherwise` when the frequency belongs to no class.

@@ -50,7 +50,7 @@ public:
     /// @throws CError "No Y Signal Data" when y is empty, else as the full form with empty x and z
     void SetData(std::vector<double> y);
 
-    /// Replaces the arrays by the points' coordinates.
+    /// Replaces the arrays by the points' coordinates; kept for programs that link the library.
     /// @throws CError "No Information." for an empty list
     void SetPoints(const CPointList& points);
     /// The same from columns; an empty `z` column means zeros.
@@ -59,7 +59,7 @@ public:
 
     /// Overwrites sample i of X and Y; the extrema follow. Each call for an extremum then scans the arrays until
     /// UpdateLimits, a setter of the arrays or an operation stores the extrema again: after overwriting many samples,
-    /// call UpdateLimits.
+    /// call UpdateLimits. Kept for programs that link the library.
     /// @throws std::runtime_error " Index Out of Bounds..." when i is not below both lengths
     void SetPoint(std::size_t i, double x, double y);
 
@@ -84,6 +84,7 @@ public:
     [[nodiscard]] double GetXMin() const { return Limits().x.minimum; }
     [[nodiscard]] double GetYMax() const { return Limits().y.maximum; }
     [[nodiscard]] double GetYMin() const { return Limits().y.minimum; }
+    // The extrema of Z are kept for programs that link the library.
     [[nodiscard]] double GetZMax() const { return Limits().z.maximum; }
     [[nodiscard]] double GetZMin() const { return Limits().z.minimum; }
     [[nodiscard]] double GetStartTime() const { return m_startTime; }  ///< NFP * delt
@@ -99,7 +100,7 @@ public:
     [[nodiscard]] const std::string& GetYQuantity() const { return m_yQuantity; }
     void SetYQuantity(std::string text) { m_yQuantity = std::move(text); }
 
-    /// Channel frequency class of SAE J211: 60, 180, 600, 1000, or 1001 for unknown.
+    /// Channel frequency class of SAE J211: one of kChannelClasses, or kUnknownChannelClass.
     [[nodiscard]] std::int32_t GetCFCClass() const { return m_cfcClass; }
     void SetCFCClass(std::int32_t value) { m_cfcClass = value; }
 
@@ -133,7 +134,7 @@ public:
     /// @throws CError with the text of any exception of the writer, or a sentence of its own when memory runs out
     void SaveUDS(const std::string& path) const;
 
-    /// Takes points, header fields and number format over from a file object; DataStatus follows STATUS, CFCClass
+    /// Takes points, header fields and number format from a file object; DataStatus follows STATUS, CFCClass
     /// follows the recorded frequencies, source path and file type become empty.
     /// @throws CError "No Information." for a file object without points; nothing has changed then
     void FromUDSFields(const CUDSFile& file);

@@ -11,7 +11,7 @@ namespace ks {
 /// value narrowed to single precision in the base, so a view of the record as plain header fields is always current.
 class CDataFields : public CUDSFields {
 public:
-    /// Takes every header field over, reals widened.
+    /// Takes every header field, reals widened.
     void SetFields(const CUDSFields& fields);
 
 #define QUORVEL_NO_TEXT(record, NAME, width, fallback)

@@ -242,7 +242,7 @@ TEST(Integrate, StartsAtTimeZeroAndRunsBothWays) {
     EXPECT_NEAR(data.GetY()[100], 50.0 + 0.08 * 35.30394, 1e-12);
 }
 
-TEST(Integrate, ClampsAnAnchorBehindTheLastSample) {
+TEST(Integrate, ClampsAnAnchorAfterTheLastSample) {
     CData data = Acceleration(-20, 80);
     data.SetNFP(-1000);
     data.Integrate();
@@ -366,7 +366,7 @@ TEST(TruncateByTime, SaturatesThePointNumbers) {
     EXPECT_EQ(early.GetNLP(), kLeast + 9);
 }
 
-TEST(TruncateByTime, RefusesAStopNotBehindTheStart) {
+TEST(TruncateByTime, RefusesAStopThatIsNotAfterTheStart) {
     EXPECT_EQ(TimeRefusal(Ramp(0.001, 0, 10), 0.005, 0.005),
               "Stop time (0.005) is before or equals Start Time (0.005)");
     EXPECT_EQ(TimeRefusal({}, 2.0, 1.0), "Stop time (1) is before or equals Start Time (2)");

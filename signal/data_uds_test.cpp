@@ -272,7 +272,7 @@ TEST_F(UdsRecord, LoadsAHandMadeFileOfEachNumberFormat) {
     }
 }
 
-TEST_F(UdsRecord, StaysAsItWasWhenLoadingFails) {
+TEST_F(UdsRecord, IsUnchangedWhenLoadingFails) {
     CData data = Loaded({});
     EXPECT_THAT([&] { data.LoadUDS(m_folder.Write("odd.uds", "short")); },
                 ThrowsMessage<CError>("File size not a multiple of 512 bytes."));

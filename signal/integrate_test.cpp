@@ -29,7 +29,7 @@ TEST(TimeZeroIndex, IsTheSampleWithPointNumberZero) {
     EXPECT_EQ(TimeZeroIndex(0, 100), 0U);
 }
 
-TEST(TimeZeroIndex, IsTheFirstSampleWhenPointsBeginBehindZero) {
+TEST(TimeZeroIndex, IsTheFirstSampleWhenPointsBeginAfterZero) {
     EXPECT_EQ(TimeZeroIndex(5, 100), 0U);
 }
 

@@ -15,11 +15,10 @@ namespace ks {
 class CNSignal : public CData {
 public:
     [[nodiscard]] const std::vector<std::string>& GetWarnings() const { return m_warnings; }
-    void AddWarning(std::string_view text) { m_warnings.emplace_back(text); }
-    void ClearWarnings() { m_warnings.clear(); }
+    void AddWarning(std::string text) { m_warnings.push_back(std::move(text)); }
 
-    /// Filters at a channel frequency class of SAE J211: 60, 180, 600 or 1000, that is at the class number times
-    /// 1.66666666667 Hz. Does nothing when the data already have that class or a lower one.
+    /// Filters at one of kChannelClasses, that is at the class number times 1.66666666667 Hz. Does nothing when the
+    /// data already have that class or a lower one.
     /// @throws CError "BWfilt: Frequency Channel Class is not specified in SAE J211"; as Filter
     bool FilterCFC(std::int32_t cfc);
 

@@ -13,7 +13,7 @@
 namespace ks {
 namespace {
 
-/// Added before cutting to a whole number, so that a sample a rounding error before a multiple still counts as on it.
+/// Added before cutting to a whole number, so that a sample that lies a rounding error before a multiple counts.
 constexpr double kMultipleTolerance = 0.01;
 
 /// The samples that arrays and point numbers have in common.
@@ -46,7 +46,7 @@ std::optional<CPointRange> ResampledRange(const CNumberedCurve& curve, double ti
     if (!start || !stop) return std::nullopt;
 
     // The old point numbers bound the new ones; kept, since a signal with points before time zero that is resampled
-    // to its own step must go on losing its first sample.
+    // to its own step must keep losing its first sample.
     const std::int64_t first = std::min<std::int64_t>(*start, std::int64_t{curve.lastPoint} - 1);
     const std::int64_t last = std::max<std::int64_t>(*stop, std::int64_t{curve.firstPoint} + 1);
     if (Saturated(first) != first || Saturated(last) != last) return std::nullopt;

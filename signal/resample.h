@@ -7,7 +7,7 @@
 
 namespace ks {
 
-/// The largest number of points that a resampling may give; more is taken for a mistaken time step.
+/// The largest number of points that a resampling may give; more would mean a mistaken time step.
 inline constexpr std::int64_t kMostResampledPoints = 100'000'000;
 
 /// A sampled curve and its point numbers. `x` ascends, equal neighbors are allowed. `count` is what the point numbers
@@ -28,7 +28,7 @@ public:
     std::int32_t last = 0;
 };
 
-/// Whether no value is followed by a smaller one. What is not a number ends no ascent.
+/// Whether no value is followed by a smaller one. Not-a-number never counts as smaller.
 bool IsAscending(std::span<const double> x);
 
 /// The multiples of `timeStep` (> 0, in units of X) that a resampling of `curve` covers.

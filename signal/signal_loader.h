@@ -41,8 +41,8 @@ CLoadedSignal LoadSignal(const std::string& path, const std::string& channel = s
 /// Reads the only channel of the file at `path` (UTF-8) with one format alone.
 CLoadedSignal LoadSignalAs(const CSignalFormat& format, const std::string& path);
 
-/// The channels of the file at `path` (UTF-8), in its order. Today's formats have one each, and know so only once they
-/// have read the file.
+/// The channels of the file at `path` (UTF-8), in its order. Today's formats have one each, and know this only after
+/// reading the file.
 CChannelList ListChannels(const std::string& path, CFormatList formats = kSignalFormats);
 
 }  // namespace ks

@@ -73,9 +73,9 @@ CSummarySnapshot MakeSummarySnapshot(const std::vector<CSignal>& signalList) {
 }
 
 QString LimitText(const CSummaryColumn& column, const CCriticalValues& limits) {
-    if (!column.judgement) return {};
-    const CCriterion& criterion = CriterionOf(column.judgement->limit);
-    if (column.judgement->goodSide == CGoodSide::Above) {
+    if (!column.judgment) return {};
+    const CCriterion& criterion = CriterionOf(column.judgment->limit);
+    if (column.judgment->goodSide == CGoodSide::Above) {
         return CSummaryModel::tr("above %1").arg(QString::fromStdString(ks::ShortestText(limits.*criterion.limit)));
     }
     return Sentence(criterion.demand, criterion.demandNumbers(limits.*criterion.limit));

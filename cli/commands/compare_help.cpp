@@ -2,19 +2,42 @@
 #include <string>
 
 #include "cli/help_text.h"
+#include <string>
 #include "cli/join.h"
 #include "compare/critical_values.h"
 #include "files/number_text.h"
 #include "signal/channel_class.h"
+#include "signal/formats/formats.h"
+#include "signal/formats/signal_format.h"
 
 namespace {
+
+/// "a UDS-1992 file or an ASCII point file"
+std::string AnySignalFile() {
+    std::string text;
+    for (const ks::CSignalFormat* const format : ks::kSignalFormats) {
+        if (format != ks::kSignalFormats.front()) text += format == ks::kSignalFormats.back() ? " or " : ", ";
+        text += format->file;
+    }
+    return text;
+}
+
+/// "ASCII point files", or whatever files hold signals that are never filtered
+std::string UnfilteredFiles() {
+    std::string text;
+    for (const ks::CSignalFormat* const format : ks::kSignalFormats) {
+        if (format->shouldFilter) continue;
+        if (!text.empty()) text += " and ";
+        text += Join({format->file.substr(format->file.find(' ') + 1), "s"});
+    }
+    return text;
+}
 
 CHelpSection Signals() {
     return {
         "Signals",
-        {{"FILE...",
-          "Computed signals, compared in the order given. Each is a UDS-1992 file or an ASCII point file. "
-          "Put a FILE whose name begins with - after --."},
+        {{"FILE...", Join({"Computed signals, compared in the order given. Each is ", AnySignalFile(),
+                           ". Put a FILE whose name begins with - after --."})},
          {"--hit-list PATH",
           "Add the paths in a hit list, one per line, after the FILEs. May be repeated. Relative paths start at the "
           "current folder."},
@@ -24,14 +47,14 @@ CHelpSection Signals() {
 }
 
 CHelpSection Preparation() {
-    return {
-        "Preparation",
-        {{"--cfc " + ks::ChannelClassList("|", "|"),
-          "Filter the computed signals and the reference at this SAE J211 channel frequency class. Computed signals "
-          "from ASCII point files are never filtered. Without this option, nothing is filtered."},
-         {"--no-filter-reference", "Leave the reference file unfiltered."},
-         {"--window MIN MAX",
-          "Cut every signal to this time window, in units of X. Without this option, there is no window."}}};
+    return {"Preparation",
+            {{"--cfc " + ks::ChannelClassList("|", "|"),
+              Join({"Filter the computed signals and the reference at this SAE J211 channel frequency class. Computed "
+                    "signals from ",
+                    UnfilteredFiles(), " are never filtered. Without this option, nothing is filtered."})},
+             {"--no-filter-reference", "Leave the reference file unfiltered."},
+             {"--window MIN MAX",
+              "Cut every signal to this time window, in units of X. Without this option, there is no window."}}};
 }
 
 CHelpSection Judgment() {

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "cli/arguments.h"
+#include "cli/commands/compare_declarations.h"
 #include "cli/messages.h"
 #include "cli/output/outputs.h"
 #include "cli/usage_error.h"
@@ -13,28 +14,6 @@
 #include "signal/channel_class.h"
 
 namespace {
-
-const std::string kClasses = ks::ChannelClassList(", ", " or ");
-const std::string kClassArgument = "a channel class: " + kClasses;
-
-const std::array<COptionDeclaration, 16> kOptions = {{
-    {"--hit-list", COptionKind::Repeatable, "the PATH of a hit list"},
-    {"--reference", COptionKind::Single, "the PATH of a signal file"},
-    {"--cfc", COptionKind::Single, kClassArgument},
-    {"--no-filter-reference", COptionKind::Flag, ""},
-    {"--window", COptionKind::Pair, "two numbers, MIN and MAX"},
-    {"--corridor", COptionKind::Single, "a SIZE greater than 0"},
-    {"--critical", COptionKind::Repeatable, "NAME=VALUE, for example moment=0.3"},
-    {"--html", COptionKind::Single, "a PATH to write to"},
-    {"--json", COptionKind::Single, "a PATH to write to, or - for standard output"},
-    {"--csv", COptionKind::Single, "a PATH to write to, or - for standard output"},
-    {"--pages", COptionKind::Flag, ""},
-    {"--ascii", COptionKind::Single, "a DIR to write to"},
-    {"--uds", COptionKind::Single, "a DIR to write to"},
-    {"--fail-on-bad", COptionKind::Names, "names after =, or no ="},
-    {"--quiet", COptionKind::Flag, ""},
-    {"--verbose", COptionKind::Flag, ""},
-}};
 
 std::optional<std::int32_t> ReadClass(const CArguments& arguments) {
     const std::optional<std::string> text = arguments.Value("--cfc");
@@ -46,7 +25,7 @@ std::optional<std::int32_t> ReadClass(const CArguments& arguments) {
             return channelClass;
         }
     }
-    throw CUsageError(cli_message::ClassNotKnown(kClasses, *text));
+    throw CUsageError(cli_message::ClassNotKnown(kClassNames, *text));
 }
 
 double ReadNumber(std::string_view option, const std::string& text) {
@@ -158,7 +137,7 @@ bool CCompareOptions::UsesStandardOutput() const {
 }
 
 CCompareOptions ParseCompareOptions(const std::vector<std::string>& arguments) {
-    const CArguments given(kOptions, arguments);
+    const CArguments given(kCompareOptions, arguments);
     RefuseEmptyPaths(given);
     CCompareOptions options;
     options.files = given.Files();
@@ -184,11 +163,4 @@ CCompareOptions ParseCompareOptions(const std::vector<std::string>& arguments) {
         throw CUsageError(cli_message::kSeveralOnStandardOutput);
     }
     return options;
-}
-
-std::vector<std::string> CompareOptionNames() {
-    std::vector<std::string> names;
-    names.reserve(kOptions.size());
-    for (const COptionDeclaration& declaration : kOptions) names.emplace_back(declaration.name);
-    return names;
 }

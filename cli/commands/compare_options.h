@@ -23,8 +23,8 @@ public:
     std::vector<std::string> files;  ///< FILE..., without those of the hit lists
     std::vector<std::string> hitLists;
     std::optional<std::string> reference;  ///< none: made from the computed signals
-    std::optional<std::int32_t> cfc;       ///< 60, 180, 600 or 1000; none: nothing is filtered
-    bool shouldFilterReference = true;     ///< as requested; without a class, nothing is filtered
+    std::optional<std::int32_t> cfc;       ///< one of ks::kChannelClasses; none: nothing is filtered
+    bool shouldFilterReference = true;           ///< as requested; without a class, nothing is filtered
     std::optional<CWindow> window;
     double corridor = 4.0;  ///< > 0
     CCriticalValues critical;
@@ -43,6 +43,3 @@ public:
 /// Reads the arguments after `compare`.
 /// @throws CUsageError with a sentence that says what would be accepted
 CCompareOptions ParseCompareOptions(const std::vector<std::string>& arguments);
-
-/// The names of all options, each with its two hyphens, in the order of their declaration.
-std::vector<std::string> CompareOptionNames();

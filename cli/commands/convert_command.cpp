@@ -80,7 +80,8 @@ CExitStatus RunConvert(const std::vector<std::string>& arguments, CConsole& cons
     }
     file.SetSunOutput(options.to == CTargetFormat::Sun);
     COutputs outputs(console);
-    outputs.Write(cli_message::kUdsFile, options.out, Characters(file.MakeImage()));
+    constexpr std::string_view kWhat = cli_message::kUdsFile;
+    outputs.Attempt(kWhat, options.out, [&] { outputs.Write(kWhat, options.out, Characters(file.MakeImage())); });
     outputs.Finish();
     if (outputs.HasFailed()) {
         return CExitStatus::Output;

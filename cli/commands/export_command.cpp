@@ -19,16 +19,14 @@ CExitStatus RunExport(const std::vector<std::string>& arguments, CConsole& conso
     if (ComplaintOfReadingUds(options.file, console, record)) {
         return CExitStatus::Input;
     }
-    std::string text;
+    COutputs outputs(console);
     try {
-        text = ks::AsciiPoints(record, options.form);
+        outputs.Write(cli_message::kAsciiFile, options.out, [&] { return ks::AsciiPoints(record, options.form); });
     } catch (const ks::CError& error) {
         console.Complain(error.what());
         console.Complain(cli_message::NotExported(options.file));
         return CExitStatus::Input;
     }
-    COutputs outputs(console);
-    outputs.Write(cli_message::kAsciiFile, options.out, text);
     outputs.Finish();
     return outputs.HasFailed() ? CExitStatus::Output : CExitStatus::Good;
 }

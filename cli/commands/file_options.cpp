@@ -1,6 +1,5 @@
 #include "cli/commands/file_options.h"
 
-#include <array>
 #include <optional>
 #include <span>
 #include <string>
@@ -8,37 +7,14 @@
 #include <vector>
 
 #include "cli/arguments.h"
+#include "cli/commands/file_declarations.h"
+#include "cli/join.h"
 #include "cli/messages.h"
 #include "cli/output/outputs.h"
 #include "cli/usage_error.h"
 #include "signal/ascii_export.h"
 
 namespace {
-
-constexpr COptionDeclaration kOut{"--out", COptionKind::Single, "a PATH to write to, or - for standard output"};
-
-constexpr std::array<COptionDeclaration, 1> kShowOptions = {{{"--json", COptionKind::Flag, ""}}};
-
-constexpr std::array<COptionDeclaration, 3> kExportOptions = {{
-    {"--xy", COptionKind::Flag, ""},
-    {"--x", COptionKind::Flag, ""},
-    kOut,
-}};
-
-constexpr COptionDeclaration kTo{"--to", COptionKind::Single, "the number format ieee or sun"};
-
-constexpr std::array<COptionDeclaration, 2> kConvertOptions = {{kTo, kOut}};
-
-constexpr COptionDeclaration kPdf{"--pdf", COptionKind::Single, "a PATH to write to"};
-
-constexpr std::array<COptionDeclaration, 2> kReportOptions = {{kPdf, {"--full", COptionKind::Flag, ""}}};
-
-std::vector<std::string> NamesOf(std::span<const COptionDeclaration> declarations) {
-    std::vector<std::string> names;
-    names.reserve(declarations.size());
-    for (const COptionDeclaration& declaration : declarations) names.emplace_back(declaration.name);
-    return names;
-}
 
 // `toDo` and `done` say what the command does, "export" and "exported".
 std::string OnlyFile(const CArguments& given, std::string_view toDo, std::string_view done) {
@@ -118,20 +94,4 @@ CReportOptions ParseReportOptions(const std::vector<std::string>& arguments) {
         throw CUsageError(cli_message::kReportNotPrinted);
     }
     return options;
-}
-
-std::vector<std::string> ShowOptionNames() {
-    return NamesOf(kShowOptions);
-}
-
-std::vector<std::string> ExportOptionNames() {
-    return NamesOf(kExportOptions);
-}
-
-std::vector<std::string> ConvertOptionNames() {
-    return NamesOf(kConvertOptions);
-}
-
-std::vector<std::string> ReportOptionNames() {
-    return NamesOf(kReportOptions);
 }

@@ -46,9 +46,3 @@ CShowOptions ParseShowOptions(const std::vector<std::string>& arguments);
 CExportOptions ParseExportOptions(const std::vector<std::string>& arguments);
 CConvertOptions ParseConvertOptions(const std::vector<std::string>& arguments);
 CReportOptions ParseReportOptions(const std::vector<std::string>& arguments);
-
-/// The names of a command's options, each with its two hyphens, in the order of their declaration.
-std::vector<std::string> ShowOptionNames();
-std::vector<std::string> ExportOptionNames();
-std::vector<std::string> ConvertOptionNames();
-std::vector<std::string> ReportOptionNames();

@@ -3,10 +3,13 @@
 #include <gmock/gmock.h>
 
 #include <functional>
+#include <span>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "cli/arguments.h"
+#include "cli/commands/file_declarations.h"
 #include "cli/commands/file_help.h"
 #include "cli/help_text.h"
 #include "cli/usage_error.h"
@@ -133,12 +136,13 @@ Texts OptionsIn(const CHelpPage& page) {
 }
 
 TEST(FileHelp, ExplainsEveryOptionAndNoOther) {
-    const std::pair<CHelpPage, Texts> commands[] = {{ShowHelp(), ShowOptionNames()},
-                                                    {ExportHelp(), ExportOptionNames()},
-                                                    {ConvertHelp(), ConvertOptionNames()},
-                                                    {ReportHelp(), ReportOptionNames()}};
-    for (auto [page, names] : commands) {
-        names.insert(names.end(), {"--help", "--version"});
+    const std::pair<CHelpPage, std::span<const COptionDeclaration>> commands[] = {{ShowHelp(), kShowOptions},
+                                                                                  {ExportHelp(), kExportOptions},
+                                                                                  {ConvertHelp(), kConvertOptions},
+                                                                                  {ReportHelp(), kReportOptions}};
+    for (const auto& [page, options] : commands) {
+        Texts names{"--help", "--version"};
+        for (const COptionDeclaration& option : options) names.emplace_back(option.name);
         EXPECT_THAT(OptionsIn(page), testing::UnorderedElementsAreArray(names)) << page.name;
     }
 }

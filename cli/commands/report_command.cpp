@@ -2,6 +2,8 @@
 #include <string>
 #include <vector>
 
+#include <string_view>
+
 #include "cli/commands/file_input.h"
 #include "cli/commands/file_options.h"
 #include "cli/commands/pdf_report.h"
@@ -23,7 +25,9 @@ CExitStatus RunReport(const std::vector<std::string>& arguments, CConsole& conso
         return CExitStatus::Input;
     }
     COutputs outputs(console);
-    outputs.Note(cli_message::kPdfReport, options.pdf,
-                 WritePdfReport(options.pdf, record, options.file, options.isFull));
+    constexpr std::string_view kWhat = cli_message::kPdfReport;
+    outputs.Attempt(kWhat, options.pdf, [&] {
+        outputs.Note(kWhat, options.pdf, WritePdfReport(options.pdf, record, options.file, options.isFull));
+    });
     return outputs.HasFailed() ? CExitStatus::Output : CExitStatus::Good;
 }

@@ -119,7 +119,7 @@ void CConsole::ComplainAll(const std::vector<std::string>& texts) {
     std::unordered_map<std::string_view, std::size_t> timesOf;
     for (const std::string& text : texts) ++timesOf[text];
     for (const std::string& text : texts) {
-        const std::size_t times = std::exchange(timesOf[text], 0);  // told where it came first
+        const std::size_t times = std::exchange(timesOf[text], 0);  // reported where it first occurs
         if (times == 1) Complain(text);
         if (times > 1) Complain(cli_message::Repeated(text, times));
     }

@@ -49,7 +49,7 @@ Json NoteJson(const CNote& note) {
     return json;
 }
 
-// Without any note there is no member: what is written about such a run is what it was before there were notes.
+// A run without notes has no such member, so programs written before there were notes read its results unchanged.
 void AddNotes(Json& json, const std::vector<CNote>& notes) {
     for (const CNote& note : notes) json["notes"].push_back(NoteJson(note));
 }

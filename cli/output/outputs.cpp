@@ -23,8 +23,12 @@ void COutputs::Write(std::string_view what, const std::string& path, std::string
 }
 
 void COutputs::Write(std::string_view what, const std::string& path, const std::function<std::string()>& make) {
+    Attempt(what, path, [&] { Write(what, path, make()); });
+}
+
+void COutputs::Attempt(std::string_view what, const std::string& path, const std::function<void()>& work) {
     try {
-        Write(what, path, make());
+        work();
     } catch (const std::bad_alloc&) {
         Fail(cli_message::NoMemoryToWrite(what, path));
     } catch (const std::length_error&) {  // more than any memory holds

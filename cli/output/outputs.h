@@ -21,8 +21,10 @@ public:
     /// Puts `text` into the file at `path`, or prints it when that is "-". `what` names it in a sentence, for example
     /// cli_message::kHtmlReport.
     void Write(std::string_view what, const std::string& path, std::string_view text);
-    /// The same for a text that is made here; too little memory for it is a failure with its own sentence.
+    /// The same for a text that is made here, within Attempt.
     void Write(std::string_view what, const std::string& path, const std::function<std::string()>& make);
+    /// Makes and writes an output; too little memory for it is a failure with its own sentence.
+    void Attempt(std::string_view what, const std::string& path, const std::function<void()>& work);
     /// Records how a file was written elsewhere.
     void Note(std::string_view what, const std::string& path, ks::CWriteResult result);
     /// Names the files that no output may replace: a measurement may exist only once.

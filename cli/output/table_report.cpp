@@ -10,6 +10,7 @@
 #include "cli/output/text_table.h"
 #include "compare/critical_values.h"
 #include "compare/document.h"
+#include "compare/summary_columns.h"
 #include "compare/summary_table.h"
 #include "files/number_text.h"
 #include "signal/nsignal.h"
@@ -47,13 +48,22 @@ std::string WithNumber(std::string_view text, double number) {
     return Join({text.substr(0, place), GeneralText(number), text.substr(place + kPlace.size())});
 }
 
+// The header of the first column that the limit judges.
+std::string_view HeaderOf(CCriticalValue limit) {
+    for (const CSummaryColumn& column : SummaryColumns()) {
+        if (column.judgment && column.judgment->limit == limit) return column.header;
+    }
+    return {};
+}
+
 std::string LimitsText(const CCompareOptions& options) {
     std::string text = "Good is below: ";
     for (const CCriterion& criterion : Criteria()) {
         text += WithNumber(criterion.phrase, options.critical.*criterion.limit);
     }
-    return Join({text, "\"% in Corridor\" is the share of points outside the corridor of +-",
-                 GeneralText(options.corridor), ".\n"});
+    // The column's header says the opposite of what the column shows.
+    return Join({text, "\"", HeaderOf(&CCriticalValues::corridor),
+                 "\" is the share of points outside the corridor of +-", GeneralText(options.corridor), ".\n"});
 }
 
 std::size_t WarningCount(const CQuorvelDoc& document) {

@@ -23,7 +23,7 @@ const std::vector<CSummaryColumn> kColumns = FixedColumns();
 CSummaryRow RowOf(const std::string& path, const std::string& value, CVerdict verdict) {
     CSummaryRow row;
     for (const CSummaryColumn& column : kColumns) {
-        row.push_back({column.isName ? "ref.uds" : value, column.judgement ? verdict : CVerdict::None});
+        row.push_back({column.isName ? "ref.uds" : value, column.judgment ? verdict : CVerdict::None});
     }
     row[At(kFilenameColumn)].text = path;
     return row;

@@ -43,8 +43,6 @@ void BandTitles(std::string& xTitle, std::string& yTitle) {
 
 }  // namespace
 
-CPlot4GCorridor::CPlot4GCorridor() : CPlot(page::kCorridor) {}
-
 bool CPlot4GCorridor::BuildSeries(std::vector<CSignal>& computed, const ks::CNSignal& reference, CSeriesList& series,
                                   std::vector<std::string>& names) {
     CPlot::BuildSeries(computed, reference, series, names);
@@ -67,8 +65,6 @@ void CPlot4GCorridor::GetAxisTitles(std::string& xTitle, std::string& yTitle) co
     yTitle = m_yTitle;
 }
 
-CPlotStdDeviation::CPlotStdDeviation() : CPlot(page::kStandardDeviation) {}
-
 bool CPlotStdDeviation::BuildSeries(std::vector<CSignal>& computed, const ks::CNSignal& reference, CSeriesList& series,
                                     std::vector<std::string>& names) {
     CPlot::BuildSeries(computed, reference, series, names);
@@ -80,8 +76,6 @@ bool CPlotStdDeviation::BuildSeries(std::vector<CSignal>& computed, const ks::CN
 void CPlotStdDeviation::GetAxisTitles(std::string& xTitle, std::string& yTitle) const {
     BandTitles(xTitle, yTitle);
 }
-
-CPlot90Percent::CPlot90Percent() : CPlot(page::k90Percentile) {}
 
 bool CPlot90Percent::BuildSeries(std::vector<CSignal>& computed, const ks::CNSignal& reference, CSeriesList& series,
                                  std::vector<std::string>& names) {

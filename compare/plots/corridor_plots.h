@@ -1,8 +1,10 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
+#include "compare/plots/page_ids.h"
 #include "compare/plots/plot.h"
 #include "compare/signal.h"
 #include "signal/nsignal.h"
@@ -10,7 +12,8 @@
 /// Corridor: a band of fixed half-width around the reference, and every computed signal.
 class CPlot4GCorridor : public CPlot {
 public:
-    CPlot4GCorridor();
+    static constexpr std::int32_t kId = page::kCorridor;
+    CPlot4GCorridor() : CPlot(kId) {}
     /// The half-width is the corridor size of the first computed signal.
     /// @return false, without series, when there is no computed signal or the corridor size is 0
     bool BuildSeries(std::vector<CSignal>& computed, const ks::CNSignal& reference, CSeriesList& series,
@@ -27,7 +30,8 @@ private:
 /// computed signal. Without computed signals the band is not-a-number.
 class CPlotStdDeviation : public CPlot {
 public:
-    CPlotStdDeviation();
+    static constexpr std::int32_t kId = page::kStandardDeviation;
+    CPlotStdDeviation() : CPlot(kId) {}
     bool BuildSeries(std::vector<CSignal>& computed, const ks::CNSignal& reference, CSeriesList& series,
                      std::vector<std::string>& names) override;
     void GetAxisTitles(std::string& xTitle, std::string& yTitle) const override;
@@ -37,7 +41,8 @@ public:
 /// distributed values lie.
 class CPlot90Percent : public CPlot {
 public:
-    CPlot90Percent();
+    static constexpr std::int32_t kId = page::k90Percentile;
+    CPlot90Percent() : CPlot(kId) {}
     bool BuildSeries(std::vector<CSignal>& computed, const ks::CNSignal& reference, CSeriesList& series,
                      std::vector<std::string>& names) override;
     void GetAxisTitles(std::string& xTitle, std::string& yTitle) const override;

@@ -92,8 +92,6 @@ void AddCurves(std::vector<CSignal>& computed, const ks::CNSignal& reference, CS
 
 }  // namespace
 
-CPlotCrossCorrelation::CPlotCrossCorrelation() : CPlot(page::kCrossCorrelation) {}
-
 bool CPlotCrossCorrelation::BuildSeries(std::vector<CSignal>& computed, const ks::CNSignal& reference,
                                         CSeriesList& series, std::vector<std::string>& names) {
     CPlot::BuildSeries(computed, reference, series, names);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "compare/plots/page_ids.h"
+#include <cstdint>
 #include <string>
 #include <vector>
 #include "compare/plots/plot.h"
@@ -10,8 +12,9 @@
 /// to 0.01 X units either way.
 class CPlotCrossCorrelation : public CPlot {
 public:
-    CPlotCrossCorrelation();
-    /// Cuts the computed signals to the common range for good.
+    static constexpr std::int32_t kId = page::kCrossCorrelation;
+    CPlotCrossCorrelation() : CPlot(kId) {}
+    /// Cuts the computed signals permanently to the common range.
     /// @throws ks::CError from TruncateByIndex when the reference's point numbers do not cover 0 ... the number of
     ///         offsets - 1, and "Unable to provide requested stop/start indices" when these pass 32 bits; then nothing
     ///         is cut. From TruncateByTime; the signals before are then cut already. When memory runs out.

@@ -37,8 +37,6 @@ CCumulativeDensity DensityOf(CSignal& signal, const ks::CNSignal& reference) {
 
 }  // namespace
 
-CPlotCumulativeDensity::CPlotCumulativeDensity() : CPlot(page::kCumulativeDensity) {}
-
 bool CPlotCumulativeDensity::BuildSeries(std::vector<CSignal>& computed, const ks::CNSignal& reference,
                                          CSeriesList& series, std::vector<std::string>& names) {
     CPlot::BuildSeries(computed, reference, series, names);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "compare/plots/page_ids.h"
+#include <cstdint>
 #include <string>
 #include <vector>
 #include "compare/plots/plot.h"
@@ -9,8 +11,9 @@
 /// Cummulative Density: the empirical distribution of every computed signal's residual, 100 points each.
 class CPlotCumulativeDensity : public CPlot {
 public:
-    CPlotCumulativeDensity();
-    /// Cuts the computed signals to the common range for good.
+    static constexpr std::int32_t kId = page::kCumulativeDensity;
+    CPlotCumulativeDensity() : CPlot(kId) {}
+    /// Cuts the computed signals permanently to the common range.
     /// @throws ks::CError from TruncateByTime; the signals before are then cut already
     bool BuildSeries(std::vector<CSignal>& computed, const ks::CNSignal& reference, CSeriesList& series,
                      std::vector<std::string>& names) override;

@@ -35,8 +35,6 @@ void AddIntegrals(const std::vector<CSignal>& computed, const ks::CNSignal& refe
 
 }  // namespace
 
-CPlotInput::CPlotInput() : CPlot(page::kInputData) {}
-
 bool CPlotInput::BuildSeries(std::vector<CSignal>& computed, const ks::CNSignal& reference, CSeriesList& series,
                              std::vector<std::string>& names) {
     CPlot::BuildSeries(computed, reference, series, names);
@@ -48,8 +46,6 @@ void CPlotInput::GetAxisTitles(std::string& xTitle, std::string& yTitle) const {
     xTitle = kTimeTitle;
     yTitle = "Unknown Units";
 }
-
-CPlotAcc::CPlotAcc() : CPlot(page::kAcceleration) {}
 
 bool CPlotAcc::BuildSeries(std::vector<CSignal>& computed, const ks::CNSignal& reference, CSeriesList& series,
                            std::vector<std::string>& names) {
@@ -63,8 +59,6 @@ void CPlotAcc::GetAxisTitles(std::string& xTitle, std::string& yTitle) const {
     yTitle = "Acceleration (G's)";
 }
 
-CPlotVel::CPlotVel() : CPlot(page::kVelocity) {}
-
 bool CPlotVel::BuildSeries(std::vector<CSignal>& computed, const ks::CNSignal& reference, CSeriesList& series,
                            std::vector<std::string>& names) {
     CPlot::BuildSeries(computed, reference, series, names);
@@ -76,8 +70,6 @@ void CPlotVel::GetAxisTitles(std::string& xTitle, std::string& yTitle) const {
     xTitle = kTimeTitle;
     yTitle = "Velocity (kmph)";
 }
-
-CPlotDisp::CPlotDisp() : CPlot(page::kDisplacement) {}
 
 bool CPlotDisp::BuildSeries(std::vector<CSignal>& computed, const ks::CNSignal& reference, CSeriesList& series,
                             std::vector<std::string>& names) {

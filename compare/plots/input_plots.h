@@ -1,5 +1,7 @@
 #pragma once
 
+#include "compare/plots/page_ids.h"
+#include <cstdint>
 #include <string>
 #include <vector>
 #include "compare/plots/plot.h"
@@ -9,7 +11,8 @@
 /// Input Data: the reference and every computed signal as they are compared.
 class CPlotInput : public CPlot {
 public:
-    CPlotInput();
+    static constexpr std::int32_t kId = page::kInputData;
+    CPlotInput() : CPlot(kId) {}
     bool BuildSeries(std::vector<CSignal>& computed, const ks::CNSignal& reference, CSeriesList& series,
                      std::vector<std::string>& names) override;
     void GetAxisTitles(std::string& xTitle, std::string& yTitle) const override;
@@ -18,7 +21,8 @@ public:
 /// Acceleration: the curves of Input Data under another Y title.
 class CPlotAcc : public CPlot {
 public:
-    CPlotAcc();
+    static constexpr std::int32_t kId = page::kAcceleration;
+    CPlotAcc() : CPlot(kId) {}
     bool BuildSeries(std::vector<CSignal>& computed, const ks::CNSignal& reference, CSeriesList& series,
                      std::vector<std::string>& names) override;
     void GetAxisTitles(std::string& xTitle, std::string& yTitle) const override;
@@ -27,7 +31,8 @@ public:
 /// Velocity: the reference and every computed signal, integrated once.
 class CPlotVel : public CPlot {
 public:
-    CPlotVel();
+    static constexpr std::int32_t kId = page::kVelocity;
+    CPlotVel() : CPlot(kId) {}
     /// @throws ks::CError from Integrate
     bool BuildSeries(std::vector<CSignal>& computed, const ks::CNSignal& reference, CSeriesList& series,
                      std::vector<std::string>& names) override;
@@ -38,7 +43,8 @@ public:
 /// with those of earlier years.
 class CPlotDisp : public CPlot {
 public:
-    CPlotDisp();
+    static constexpr std::int32_t kId = page::kDisplacement;
+    CPlotDisp() : CPlot(kId) {}
     /// @throws ks::CError from Integrate
     bool BuildSeries(std::vector<CSignal>& computed, const ks::CNSignal& reference, CSeriesList& series,
                      std::vector<std::string>& names) override;

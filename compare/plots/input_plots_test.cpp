@@ -77,7 +77,7 @@ TEST_P(IntegralPages, IntegrateReferenceAndSignalsOnce) {
     EXPECT_THAT(computed[0].Record().GetY(), ElementsAre(0, 1, 2, 3, 4));
 }
 
-TEST_P(IntegralPages, ASignalTooShortForAnIntegralFailsBehindTheCurvesBeforeIt) {
+TEST_P(IntegralPages, ASignalTooShortForAnIntegralFailsAfterTheCurvesBeforeIt) {
     std::vector<CSignal> computed = TwoSignals();
     computed[1].Record() = TimeSignal(0.25, {1, 2, 3});
     CSeriesList series;

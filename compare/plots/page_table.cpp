@@ -25,20 +25,26 @@ std::unique_ptr<CPlot> Make() {
 
 constexpr bool kHasChart = true;
 
+/// The row of a chart page; its class knows its id.
+template <class Page>
+constexpr CPage ChartPage(std::string_view name, CPageLists lists, std::string_view remark = {}) {
+    return {Page::kId, name, Make<Page>, lists, kHasChart, remark};
+}
+
 constexpr std::array kPages = {
     CPage{page::kSummary, "Summary", Make<CPlot>, CPageLists::Every, !kHasChart},
-    CPage{page::kInputData, "Input Data", Make<CPlotInput>, CPageLists::OfOtherQuantities},
-    CPage{page::kAcceleration, "Acceleration", Make<CPlotAcc>, CPageLists::OfAccelerations},
-    CPage{page::kVelocity, "Velocity", Make<CPlotVel>, CPageLists::OfAccelerations},
-    CPage{page::kDisplacement, "Displacement", Make<CPlotDisp>, CPageLists::OfAccelerations, kHasChart,
-          "Displacement shows the same single integral as the Velocity page."},
-    CPage{page::kCorridor, "Corridor", Make<CPlot4GCorridor>, CPageLists::Every},
-    CPage{page::kStandardDeviation, "Standard Deviation", Make<CPlotStdDeviation>, CPageLists::Every},
-    CPage{page::k90Percentile, "90 Percentile Corridor", Make<CPlot90Percent>, CPageLists::Every},
-    CPage{page::kResiduals, "Residuals", Make<CPlotResidual>, CPageLists::Every},
+    ChartPage<CPlotInput>("Input Data", CPageLists::OfOtherQuantities),
+    ChartPage<CPlotAcc>("Acceleration", CPageLists::OfAccelerations),
+    ChartPage<CPlotVel>("Velocity", CPageLists::OfAccelerations),
+    ChartPage<CPlotDisp>("Displacement", CPageLists::OfAccelerations,
+                         "Displacement shows the same single integral as the Velocity page."),
+    ChartPage<CPlot4GCorridor>("Corridor", CPageLists::Every),
+    ChartPage<CPlotStdDeviation>("Standard Deviation", CPageLists::Every),
+    ChartPage<CPlot90Percent>("90 Percentile Corridor", CPageLists::Every),
+    ChartPage<CPlotResidual>("Residuals", CPageLists::Every),
     // Spelled so in older reports.
-    CPage{page::kCumulativeDensity, "Cummulative Density", Make<CPlotCumulativeDensity>, CPageLists::Every},
-    CPage{page::kCrossCorrelation, "Cross Correlation", Make<CPlotCrossCorrelation>, CPageLists::Every},
+    ChartPage<CPlotCumulativeDensity>("Cummulative Density", CPageLists::Every),
+    ChartPage<CPlotCrossCorrelation>("Cross Correlation", CPageLists::Every),
 };
 
 constexpr bool HasEveryIdOnce() {

@@ -22,7 +22,7 @@ public:
     CPlot& operator=(const CPlot&) = delete;
     virtual ~CPlot() = default;
 
-    /// Empties both lists and fills them. Pages that say so cut `computed` to the common range for good.
+    /// Empties both lists and fills them. Pages that say so cut `computed` permanently to the common range.
     /// @return false when the page has nothing to show
     virtual bool BuildSeries(std::vector<CSignal>& computed, const ks::CNSignal& reference, CSeriesList& series,
                              std::vector<std::string>& names);
@@ -30,7 +30,7 @@ public:
     /// Sets both axis titles, after BuildSeries.
     virtual void GetAxisTitles(std::string& xTitle, std::string& yTitle) const;
 
-    /// The page's id, or 0 for the base and the residuals page.
+    /// The page's id, or 0 for the base and the residuals page; kept for programs that link the library.
     [[nodiscard]] std::int32_t GetPageKind() const { return m_pageKind; }
 
 protected:

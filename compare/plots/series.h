@@ -28,8 +28,8 @@ void SetSamples(ks::CNSignal& record, const ks::CNSignal& source, std::vector<do
 ks::CNSignal CopyWithY(const ks::CNSignal& record, std::vector<double> y);
 
 /// The reference as a page compares it with `computed`. Where their ranges differ, CommonRange cuts both, `computed`
-/// for good; `cut` then holds the reference's cut copy and the result refers to it. Otherwise the result is `reference`
-/// itself and nothing is copied.
+/// permanently; `cut` then holds the reference's cut copy and the result refers to it. Otherwise the result is
+/// `reference` itself and nothing is copied.
 /// @throws ks::CError from TruncateByTime
 const ks::CNSignal& InCommonRange(const ks::CNSignal& reference, ks::CNSignal& computed,
                                   std::optional<ks::CNSignal>& cut);

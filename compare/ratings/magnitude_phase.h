@@ -43,9 +43,4 @@ CMagnitudePhase Geers(const CSamples& samples);
 CMagnitudePhase GeersCsa(const CSamples& samples);
 CMagnitudePhase Russell(const CSamples& samples);
 
-/// Limits on the combined error of Russell: at most the first is excellent, at most the second acceptable, beyond it
-/// poor. To be confirmed against the paper.
-inline constexpr double kRussellExcellent = 0.15;
-inline constexpr double kRussellAcceptable = 0.28;
-
 }  // namespace ratings

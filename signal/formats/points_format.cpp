@@ -26,7 +26,7 @@ CNSignal ReadRecord(const std::string& path) {
 
 }  // namespace
 
-const CSignalFormat kPointsFormat{"ASCII points", false, nullptr, ListOnlyChannel<ReadRecord>,
-                                  LoadOnlyChannel<ReadRecord>};
+const CSignalFormat kPointsFormat{
+    "ASCII points", false, nullptr, ListOnlyChannel<ReadRecord>, LoadOnlyChannel<ReadRecord>, "an ASCII point file"};
 
 }  // namespace ks

@@ -28,6 +28,9 @@ struct CSignalFormat {
     /// Reads one of those channels.
     /// @throws CError with the user's sentence when the file is not of this format, or has no such channel
     CNSignal (*load)(const std::string& path, const std::string& channel) = nullptr;
+
+    /// What a sentence calls a file of the format, with its article, for example "a UDS-1992 file".
+    std::string_view file = {};
 };
 
 /// The name of a file's only channel.

@@ -15,6 +15,7 @@ CNSignal ReadRecord(const std::string& path) {
 
 }  // namespace
 
-const CSignalFormat kUdsFormat{"UDS-1992", true, nullptr, ListOnlyChannel<ReadRecord>, LoadOnlyChannel<ReadRecord>};
+const CSignalFormat kUdsFormat{
+    "UDS-1992", true, nullptr, ListOnlyChannel<ReadRecord>, LoadOnlyChannel<ReadRecord>, "a UDS-1992 file"};
 
 }  // namespace ks

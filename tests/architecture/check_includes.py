@@ -3,9 +3,9 @@
 
     check_includes.py TREE
 
-Prints one line per fault and exits with 1 when there are any. A row of the table stands for a folder with what is below
-it, or for one file; the longest row that fits a file counts. A row lists other rows (`files`) and libraries by their
-names in LIBRARIES; the standard library and the system's headers are open to all.
+Prints one line per fault and exits with 1 when there are any. A row of the table covers a folder with its subfolders,
+or one file; the longest row that fits a file counts. A row lists other rows (`files`) and libraries by their names in
+LIBRARIES; the standard library and the system's headers are open to all.
 """
 
 import re
@@ -61,7 +61,7 @@ class Table:
         return [f"{TABLE}: the rows form a ring: {' -> '.join(ring)}" for ring in rings(arrows)]
 
     def row_of(self, path):
-        """The row that stands for a file; None when the table does not know its folder."""
+        """The row that covers a file; None when the table does not know its folder."""
         while path:
             if path in self.rows:
                 return path

@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""Makes the fuzz corpora beside this file: small inputs by hand, good ones and one for every kind of fault.
+"""Makes the fuzz corpora next to this file: small inputs by hand, good ones and one for every kind of fault.
 
 Deterministic; run it again after a change here. Crash inputs that are added by hand keep their names: the script
 writes only its own files.

@@ -1,4 +1,4 @@
-"""Too little memory: a sentence of ours, status 4 for an output, and the others are written."""
+"""Too little memory: a sentence of ours; status 4 for an output, and the others are written; status 3 for a signal."""
 
 import os
 import resource
@@ -9,24 +9,47 @@ from support import CLI, EndToEndTest, uds
 MEGABYTE = 2**20
 STEP = 2.0**-13
 JSON = "quorvel-cli: The JSON results could not be written; there is not enough memory: out.json\n"
+SENTENCE = "There is not enough memory to read the file: {}."
 
 
-class Memory(EndToEndTest):
+def large(points):
+    """The bytes of a file of that many points, a multiple of 125."""
+    image = uds([float((7 * i) % 11 - 5) for i in range(125)], STEP, nlp=points - 1)
+    return image + image[-512:] * (points // 125 - 1)
+
+
+class LimitedTest(EndToEndTest):
     def setUp(self):
         super().setUp()
         with open(CLI, "rb") as tool:
             if b"__asan_init" in tool.read():
                 self.skipTest("a sanitizer takes the memory")
+
+    def run_within(self, megabytes, *arguments):
+        def limit():
+            resource.setrlimit(resource.RLIMIT_AS, (megabytes * MEGABYTE,) * 2)
+
+        return self.run_cli(*arguments, preexec_fn=limit)
+
+    def least(self, run):
+        """The least memory in megabytes, rounded up to a multiple of eight, with which a run succeeds."""
+        for megabytes in range(16, 400, 8):
+            outcome = run(megabytes)
+            if (outcome.status, outcome.err) == (0, b""):
+                return megabytes
+        raise AssertionError("no run succeeds")
+
+
+class Outputs(LimitedTest):
+    def setUp(self):
+        super().setUp()
         wave = [float((7 * i) % 11 - 5) for i in range(15000)]
         self.write("r", uds(wave, STEP))
         self.write("a", uds([1.25 * y for y in wave], STEP))
         self.write("b", uds([0.5 * y for y in wave], STEP))
 
     def compare_within(self, megabytes, *arguments):
-        def limit():
-            resource.setrlimit(resource.RLIMIT_AS, (megabytes * MEGABYTE,) * 2)
-
-        return self.compare("--quiet", "--reference", "r", *arguments, "a", "b", preexec_fn=limit)
+        return self.run_within(megabytes, "compare", "--quiet", "--reference", "r", *arguments, "a", "b")
 
     def test_whatever_the_limit_only_sentences_are_printed(self):
         failed = finished = 0
@@ -50,13 +73,66 @@ class Memory(EndToEndTest):
         self.assertGreater(failed, 1)
         self.assertGreater(finished, 1)
 
-    def least(self, run):
-        """The least memory in megabytes, rounded up to a multiple of eight, with which a run succeeds."""
-        for megabytes in range(16, 400, 8):
-            outcome = run(megabytes)
-            if (outcome.status, outcome.err) == (0, b""):
-                return megabytes
-        raise AssertionError("no run succeeds")
+
+class SingleFiles(LimitedTest):
+    def assertFailsByPart(self, what, *command):
+        """With more and more memory, first the file cannot be read, then the output not written, then both work."""
+        unread = f"quorvel-cli: {SENTENCE.format('a')}\nquorvel-cli: Could not be read: a\n"
+        unwritten = f"quorvel-cli: {what} could not be written; there is not enough memory: out\n"
+        expected = {3: unread, 4: unwritten, 0: ""}
+        self.write("a", large(125))
+        least = self.least(lambda megabytes: self.run_within(megabytes, *command))
+        self.write("a", large(1000000))
+        statuses = []
+        for megabytes in range(least, least + 150, 3):
+            self.write("out", b"old")
+            run = self.run_within(megabytes, *command)
+            self.assertIn(run.status, expected, run.complaints)
+            self.assertEqual(run.complaints, expected[run.status])
+            self.assertEqual(self.read("out") == b"old", run.status != 0)
+            statuses.append(run.status)
+            if run.status == 0:
+                break
+        self.assertEqual(list(dict.fromkeys(statuses)), [3, 4, 0])
+
+    def test_export(self):
+        self.assertFailsByPart("The ASCII file", "export", "a", "--xy", "--out", "out")
+
+    def test_convert(self):
+        self.assertFailsByPart("The UDS-1992 file", "convert", "a", "--to", "sun", "--out", "out")
+
+
+class Signals(LimitedTest):
+    """A signal too large for memory gets one sentence: it is not read a second time, as ASCII points."""
+
+    def setUp(self):
+        super().setUp()
+        self.write("a", large(1000))
+        self.enough = self.least(lambda megabytes: self.compare_within(megabytes, "a", "a")) + 8
+        self.write("large", large(4000000))
+
+    def compare_within(self, megabytes, reference, computed):
+        return self.run_within(megabytes, "compare", "--quiet", "--json", "out.json", "--reference", reference, computed)
+
+    def assertOneSentence(self, run, role, unread):
+        self.assertEqual(run.status, 3)
+        self.assertComplaints(run, "quorvel-cli: " + SENTENCE.format("large"), f"quorvel-cli: {unread}: large")
+        results = self.parse(self.read("out.json"))
+        self.assertEqual(results[role], [SENTENCE.format("large")])
+        self.assertEqual(results["signals"], [])
+
+    def test_a_computed_signal(self):
+        self.assertOneSentence(self.compare_within(self.enough, "a", "large"), "errors", "Could not be read")
+
+    def test_the_reference(self):
+        self.assertOneSentence(self.compare_within(self.enough, "large", "a"), "referenceErrors",
+                               "The reference could not be read")
+
+    def test_a_file_to_show(self):
+        run = self.run_within(self.enough, "show", "large", "a")
+        self.assertEqual(run.status, 3)
+        self.assertComplaints(run, "quorvel-cli: " + SENTENCE.format("large"), "quorvel-cli: Could not be read: large")
+        self.assertIn("Time Step", run.text)
 
 
 if __name__ == "__main__":

@@ -147,7 +147,7 @@ class NoCommonTime(EndToEndTest):
     def test_verbose_does_not_repeat_it(self):
         run = self.compare("--verbose", "--reference", "r", "apart")
         self.assertEqual(run.complaints.count("No time in common"), 1)
-        self.assertIn("became 12 points from 0.5 to 6 at a step of 0.5. Beyond its own points the curve goes on as a "
+        self.assertIn("became 12 points from 0.5 to 6 at a step of 0.5. Beyond its own points, the curve continues as a "
                       "straight line.\n", run.complaints)
 
     def test_numbers_stay_and_the_signal_has_the_note(self):

@@ -42,7 +42,7 @@ def exact_sum(values):
 
 
 def largest(values):
-    """The largest value by a scan with ">", so that a not-a-number value is never taken over."""
+    """The largest value by a scan with ">", so that a not-a-number value never wins."""
     best = values[0]
     for value in values:
         if value > best:

@@ -81,12 +81,12 @@ class RandomFile:
 
     def make_strange(self):
         """Point numbers far from zero, a negative step, or values without an end."""
-        kind = self.dice.one_of(("far", "far back", "backwards", "infinite"))
+        kind = self.dice.one_of(("far", "far back", "backward", "infinite"))
         if kind == "far":
             self.first = 9000
         elif kind == "far back":
             self.first = -9500
-        elif kind == "backwards":
+        elif kind == "backward":
             self.header_step = -self.step
         else:
             self.values[self.dice.between(0, self.count - 1)] = self.dice.one_of((math.inf, -math.inf))
@@ -179,7 +179,7 @@ class RandomFile:
         if self.dice.chance(0.2):
             lines.insert(0, style % self.values[0] + "\n")
         if self.dice.chance(0.2):
-            lines.append("\n\nwords behind an empty line")
+            lines.append("\n\nwords after an empty line")
         elif self.dice.chance(0.2):
             lines[-1] = lines[-1].rstrip("\r\n")
         return "".join(lines).encode("ascii")

@@ -5,7 +5,7 @@ from ieee import short_number, single
 NOT_FILTERED = ("not-filtered", "Not filtered: computed signals from ASCII points never are.")
 NO_REFERENCE = ("no-common-time", "The signals have no time in common, so no reference was made. Nothing was compared; "
                                   "every result is 0.")
-BEYOND = " Beyond its own points the curve goes on as a straight line."
+BEYOND = " Beyond its own points, the curve continues as a straight line."
 
 
 class Sampling:

@@ -51,6 +51,13 @@ protected:
         document.OnCompareFiles();
     }
 
+    /// What the next run would offer, by a run that is canceled.
+    CFileSelection Offered() {
+        host.selection.reset();
+        document.OnCompareFiles();
+        return host.offered.value();
+    }
+
     void Forget() {
         host.calls.clear();
         host.progress.clear();

@@ -102,7 +102,7 @@ private:
     std::size_t m_position = 0;
 };
 
-void CutBehind(std::string& text, const char* pair, std::size_t kept) {
+void CutAtPair(std::string& text, const char* pair, std::size_t kept) {
     const std::size_t found = text.find(pair);
     if (found != std::string::npos) text.resize(found + kept);
 }
@@ -114,10 +114,10 @@ ReferencePoints ReadPointsPlainly(std::string_view text) {
 }
 
 std::string CutStepByStep(std::string text) {
-    CutBehind(text, "\n\n", 1);
-    CutBehind(text, "\n\t", 1);
-    CutBehind(text, "\t\n", 0);
-    CutBehind(text, "\t ", 0);
-    CutBehind(text, "  ", 0);
+    CutAtPair(text, "\n\n", 1);
+    CutAtPair(text, "\n\t", 1);
+    CutAtPair(text, "\t\n", 0);
+    CutAtPair(text, "\t ", 0);
+    CutAtPair(text, "  ", 0);
     return text;
 }

@@ -70,7 +70,7 @@ inline std::vector<CSummaryColumn> ColumnsWithExtra() {
     columns.insert(columns.end() - 1,
                    {.header = "Extra",
                     .text = [](const CSignal& signal) { return std::to_string(signal.GetPointCount()) + " points"; },
-                    .judgement = CJudgement{count, &CCriticalValues::tStatistic, CGoodSide::Above}});
+                    .judgment = CJudgment{count, &CCriticalValues::tStatistic, CGoodSide::Above}});
     return columns;
 }
 

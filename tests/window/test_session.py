@@ -17,7 +17,7 @@ REFERENCE = "examples/sled/s01001aa0.001"
 SLED = [f"examples/sled/s0100{number}aa0.{'txt' if number == 7 else '001'}" for number in range(2, 8)]
 OPTIONS = ["--cfc", "180", "--window", "0", "0.15"]
 
-# In the order of the page selector. The corridor is the page that is exported; later pages cut the signals for good.
+# In the order of the page selector. The corridor is the page that is exported; later pages cut the signals permanently.
 ALL_PAGES = ["Acceleration", "Velocity", "Displacement", "Corridor", "Standard Deviation", "90 Percentile Corridor",
              "Residuals", "Cummulative Density", "Cross Correlation"]
 

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <string_view>
+
+#include "files/uds_file.h"
+#include "tests/support/temp_folder.h"
+
+/// Has `file` read these bytes from a file of their own.
+inline void ReadImage(ks::CUDSFile& file, std::string_view image) {
+    const CTempFolder folder;
+    file.Read(folder.Write("image.uds", image));
+}
