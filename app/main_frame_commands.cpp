@@ -42,13 +42,13 @@ namespace {
 /// True while it lives; reset even when an exception is thrown.
 class CWhile {
 public:
-    explicit CWhile(bool& flag) : m_flag(flag) { m_flag = true; }
-    ~CWhile() { m_flag = false; }
+    explicit CWhile(bool& isInside) : m_isInside(isInside) { m_isInside = true; }
+    ~CWhile() { m_isInside = false; }
     CWhile(const CWhile&) = delete;
     CWhile& operator=(const CWhile&) = delete;
 
 private:
-    bool& m_flag;
+    bool& m_isInside;
 };
 
 }  // namespace

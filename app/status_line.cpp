@@ -71,7 +71,7 @@ void CStatusLine::ShowIndicators() {
     const std::optional<CKeyboardIndicators> locks = ReadKeyboardIndicators();
     for (QLabel* const label : m_indicators) label->setVisible(locks.has_value());
     if (!locks) return;
-    m_indicators[0]->setEnabled(locks->capsLock);
-    m_indicators[1]->setEnabled(locks->numLock);
-    m_indicators[2]->setEnabled(locks->scrollLock);
+    m_indicators[0]->setEnabled(locks->isCapsLockOn);
+    m_indicators[1]->setEnabled(locks->isNumLockOn);
+    m_indicators[2]->setEnabled(locks->isScrollLockOn);
 }

@@ -517,15 +517,15 @@ private slots:
     }
 
     void TheFilterCheckDecidesForTheReferenceToo() {
-        for (const bool filter : {true, false}) {
+        for (const bool isFiltered : {true, false}) {
             CFileSelection offered = Complete();
-            offered.filter = !filter;
-            offered.filterReference = !filter;
+            offered.filter = !isFiltered;
+            offered.filterReference = !isFiltered;
             Open(offered);
             Button(kFilterId).click();
             PressOk();
-            QCOMPARE(m_dialog->Selection().filter, filter);
-            QCOMPARE(m_dialog->Selection().filterReference, filter);
+            QCOMPARE(m_dialog->Selection().filter, isFiltered);
+            QCOMPARE(m_dialog->Selection().filterReference, isFiltered);
         }
     }
 
@@ -744,12 +744,12 @@ private:
         return selection;
     }
 
-    void CheckEnabled(bool average, bool filter, bool truncate) {
-        QCOMPARE(Edit(kReferencePathId).isEnabled(), !average);
-        QCOMPARE(Button(kBrowseReferenceId).isEnabled(), !average);
-        QCOMPARE(ClassCombo().isEnabled(), filter);
-        QCOMPARE(Edit(kMinTimeId).isEnabled(), truncate);
-        QCOMPARE(Edit(kMaxTimeId).isEnabled(), truncate);
+    void CheckEnabled(bool isAverage, bool isFiltered, bool isTruncated) {
+        QCOMPARE(Edit(kReferencePathId).isEnabled(), !isAverage);
+        QCOMPARE(Button(kBrowseReferenceId).isEnabled(), !isAverage);
+        QCOMPARE(ClassCombo().isEnabled(), isFiltered);
+        QCOMPARE(Edit(kMinTimeId).isEnabled(), isTruncated);
+        QCOMPARE(Edit(kMaxTimeId).isEnabled(), isTruncated);
         for (const int id : {kAddFilesId, kRemoveFilesId, kReadHitListId, kSaveHitListId, kSingleReferenceId,
                              kAverageReferenceId, kFilterId, kTruncateId}) {
             QVERIFY(Button(id).isEnabled());
