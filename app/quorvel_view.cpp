@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <algorithm>
 
+#include "app/messages.h"
 #include "app/table/summary_list.h"
 #include "compare/document.h"
 #include "compare/plots/page_table.h"
@@ -35,7 +36,7 @@ CQuorvelView::CQuorvelView(CQuorvelDoc& document, CChartControl& chart, QWidget*
     m_banner->setBackgroundRole(QPalette::ToolTipBase);
     m_banner->setForegroundRole(QPalette::ToolTipText);
     m_banner->hide();
-    ShowHint(tr("Choose File > Select Files... or drop signal files here to compare them."));
+    ShowHint(app_message::kHowToBegin);
     m_document.AddObserver(*this);
     m_isReady = true;
 }
@@ -60,9 +61,7 @@ void CQuorvelView::OnDocumentUpdate(int hint) {
     const bool hasData = isSummary ? !m_document.ComputedSignals().empty() : m_document.ChartBlock().seriesCount > 0;
     if (!hasData || run == CRunState::None) {
         if (run == CRunState::Completed) {
-            ShowHint(
-                tr("There are no curves to show on this page. Choose another page under Plot Type, or select "
-                   "other files."));
+            ShowHint(app_message::kNoCurvesToShow);
         }
         emit NoDataToShow();
         return;
@@ -103,12 +102,12 @@ void CQuorvelView::ShowRunAtWork() {
     m_hadFocusBeforeRun = HasFocusInside();
     m_chart.Destroy();
     if (m_list == nullptr) {
-        ShowHint(tr("Comparing ..."));
+        ShowHint(app_message::kComparing);
         return;
     }
     HideAll();
     m_list->MarkPreviousRun(true);
-    m_banner->setText(tr("Comparing ... These are the results of the previous run."));
+    m_banner->setText(app_message::kComparingOverPrevious);
     m_banner->show();
     m_list->show();
     LayOut();
@@ -116,10 +115,10 @@ void CQuorvelView::ShowRunAtWork() {
 
 void CQuorvelView::ShowStoppedRun() {
     if (m_list == nullptr) {
-        ShowHint(tr("Nothing has been compared yet. Choose File > Select Files... to compare signals."));
+        ShowHint(app_message::kNothingComparedYet);
         return;
     }
-    m_banner->setText(tr("The last run stopped. These are the results of the previous run."));
+    m_banner->setText(app_message::kStoppedOverPrevious);
     LayOut();
 }
 

@@ -1,9 +1,9 @@
 #include "app/save_guard.h"
 
 #include "app/loaded_files.h"
+#include "app/message_box.h"
 #include "app/messages.h"
 
-#include <QCoreApplication>
 #include <QPrinter>
 
 CWindowServices CSaveGuard::Guarded() {
@@ -26,9 +26,6 @@ bool CSaveGuard::TakeDefault(QPrinter& printer) {
 
 bool CSaveGuard::Refuses(QWidget* parent, const QString& path) {
     if (!WouldReplaceLoadedFile(m_document, path.toStdString())) return false;
-    //: %1 is a path
-    const QString sentence =
-        QCoreApplication::translate("CSaveGuard", "%1 is one of the files being compared. Choose another name.");
-    m_services.messages.ShowError(parent, sentence.arg(path));
+    m_services.messages.ShowError(parent, app_message::IsBeingCompared(path));
     return true;
 }

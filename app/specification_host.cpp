@@ -2,7 +2,7 @@
 
 #include "app/dialogs/file_picker.h"
 #include "app/dialogs/printer_picker.h"
-#include "app/messages.h"
+#include "app/message_box.h"
 #include "app/settings.h"
 
 void CSpecificationHost::ShowError(QWidget* parent, const QString& text) {

@@ -5,6 +5,7 @@
 #include <QStatusBar>
 
 #include "app/keyboard_indicators.h"
+#include "app/messages.h"
 
 namespace {
 
@@ -41,7 +42,7 @@ CStatusLine::CStatusLine(QStatusBar& bar)
     bar.addPermanentWidget(m_readout);
     m_indicators = {AddIndicator(bar, tr("CAP"), tr("Caps Lock")), AddIndicator(bar, tr("NUM"), tr("Num Lock")),
                     AddIndicator(bar, tr("SCRL"), tr("Scroll Lock"))};
-    ShowMessage(tr("Ready"));
+    ShowMessage(app_message::kReady);
     ShowIndicators();
 }
 

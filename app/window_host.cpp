@@ -9,7 +9,7 @@
 #include "app/dialogs/file_picker.h"
 #include "app/dialogs/select_files.h"
 #include "app/input_blocker.h"
-#include "app/messages.h"
+#include "app/message_box.h"
 #include "app/settings.h"
 
 CWindowHost::CWindowHost(QWidget& window, const CWindowServices& services) : m_window(window), m_services(services) {}

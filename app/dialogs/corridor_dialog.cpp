@@ -1,6 +1,7 @@
 #include "app/dialogs/corridor_dialog.h"
 
 #include "app/dialogs/number_field.h"
+#include "app/message_box.h"
 #include "app/messages.h"
 #include "app/ui_corridor_dialog.h"
 
@@ -23,7 +24,7 @@ void CCorridorDlg::accept() {
         QDialog::accept();
         return;
     }
-    m_messages.ShowError(this, tr("You must enter a positive Value for the corridor Size"));
+    m_messages.ShowError(this, app_message::kCorridorNotPositive);
     m_ui->sizeEdit->setFocus();
     m_ui->sizeEdit->selectAll();
 }

@@ -2,6 +2,7 @@
 
 #include <QDir>
 
+#include "app/messages.h"
 #include "app/ui_error_dialog.h"
 
 namespace ksres {
@@ -17,7 +18,7 @@ void CErrorDialog::AddMessage(const std::string& message) {
 }
 
 void CErrorDialog::showEvent(QShowEvent* event) {
-    m_ui->messageEdit->setPlainText(m_text.isEmpty() ? tr("No Error Messages:") : m_text);
+    m_ui->messageEdit->setPlainText(m_text.isEmpty() ? app_message::kNoErrorMessages : m_text);
     QDialog::showEvent(event);
 }
 
