@@ -6,12 +6,11 @@
 #include <QShortcut>
 #include <QSignalBlocker>
 
+#include "app/control_ids.h"
 #include "compare/plots/page_table.h"
 
 namespace {
 
-constexpr int kPaneId = 128;
-constexpr int kPagesId = 1015;
 constexpr int kMargin = 2;
 
 }  // namespace

@@ -4,12 +4,12 @@
 #include <QProgressBar>
 #include <QStatusBar>
 
+#include "app/control_ids.h"
 #include "app/keyboard_indicators.h"
 #include "app/messages.h"
 
 namespace {
 
-constexpr int kStatusBarId = 59393;
 constexpr int kProgressWidth = 160;  // pixels
 
 QLabel* AddIndicator(QStatusBar& bar, const QString& text, const QString& meaning) {

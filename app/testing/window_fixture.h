@@ -16,6 +16,7 @@
 #include <utility>
 #include <vector>
 
+#include "app/control_ids.h"
 #include "app/dialogs/file_list.h"
 #include "app/dialogs/printer_picker.h"
 #include "app/dialogs/select_files.h"
