@@ -10,6 +10,7 @@
 #include "compare/document.h"
 #include "compare/export.h"
 #include "signal/nsignal.h"
+#include "tests/support/test_signals.h"
 
 namespace {
 
@@ -102,6 +103,28 @@ private slots:
         m_window->ChoosePage("Summary");  // the document still holds the curves of the page before
         Trigger(static_cast<CCommandId>(id));
         QVERIFY(m_window->picker.requests.empty());
+    }
+
+    /// A signal in the form Y, cut from a time before its first sample, is numbered from where the cut began.
+    void AFileWhoseTimesAreNotThoseOfItsCurveIsNamed() {
+        const std::string signal = m_window->Path("signal.uds").toStdString();
+        MakeTimeSignal({1.0, 2.0, 3.0, 4.0}, 0.5).SaveUDS(signal);
+        CRunChoice choice;
+        choice.isFiltered = false;
+        choice.window = {"-1", "1"};
+        m_window->Compare({signal}, signal, choice);
+        m_window->errorLists.texts.clear();
+        m_window->ChoosePage("Input Data");
+        const QString path = Save(CCommandId::SaveUds, "first.uds");
+        QCOMPARE(
+            m_window->errorLists.texts,
+            QStringList({"The times of " + path +
+                         " are not those of its curve. The file holds the values alone, and point 1, at 0, will be "
+                         "read as at -1.\r\n"}));
+        QCOMPARE(m_window->StatusText(), "Saved as " + path + ".");
+        ks::CNSignal record;
+        record.LoadUDS(path.toStdString());
+        QCOMPARE(record.GetX().front(), -1.0);  // the sentence would be untrue
     }
 
     // ASCII table.

@@ -11,7 +11,9 @@ QString SaveCurves(const CChartControl& chart, CQuorvelDoc& document, CWindowHos
     host.BeginSaving();
     format == CCurveFormat::Uds ? document.OnSaveUds() : document.OnSaveAscii();
     const QStringList& paths = host.SavePaths();
-    if (host.HasShownErrors() || paths.isEmpty()) return {};
+    // What is shown after saving as UDS are warnings: the files were written.
+    const bool hasFailed = format == CCurveFormat::Ascii && host.HasShownErrors();
+    if (hasFailed || paths.isEmpty()) return {};
     if (paths.size() == 1) return app_message::Saved(paths.front());
     return app_message::CurvesSaved(paths.size(), paths.back());
 }

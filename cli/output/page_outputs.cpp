@@ -12,7 +12,7 @@
 #include "compare/export.h"
 #include "compare/plots/page_table.h"
 #include "files/native_path.h"
-#include "files/number_text.h"
+#include "signal/messages.h"
 #include "signal/saved_axis.h"
 
 namespace {
@@ -62,10 +62,7 @@ void CUdsPages::Save(const ks::CNSignal& series, const std::string& path) {
         return;
     }
     if (const auto lost = ks::FirstLostAbscissa(series)) {
-        m_outputs.Warn(
-            Join({"The times of ", path, " are not those of its curve. The file holds the values alone, and point ",
-                  std::to_string(lost->index + 1), ", at ", ks::GeneralText(lost->x), ", will be read as at ",
-                  ks::GeneralText(lost->xRead), "."}));
+        m_outputs.Warn(ks::signal_message::TimesLost(path, *lost));
     }
 }
 
