@@ -22,13 +22,13 @@ public:
 
 constexpr CWord kWords[] = {
     {"CFC1K", [](CInfo& info) { info.channelClass = 1000; }},
-    {"NOSAE", [](CInfo& info) { info.saeFilter = false; }},
+    {"NOSAE", [](CInfo& info) { info.isSaeFilterOn = false; }},
     {"XYZ",
      [](CInfo& info) {
-         info.components = true;
+         info.hasComponents = true;
          info.axisMode = 2;
      }},
-    {"RESULTANT", [](CInfo& info) { info.components = false; }},
+    {"RESULTANT", [](CInfo& info) { info.hasComponents = false; }},
     {"WIN15", [](CInfo& info) { info.windowLength = 15.0F; }},
     {"WIN36", [](CInfo& info) { info.windowLength = 36.0F; }},
     {"NOWIN", [](CInfo& info) { info.windowLength = 0.0F; }},
@@ -40,8 +40,8 @@ constexpr CWord kWords[] = {
     {"V8", [](CInfo& info) { info.vNumber = 8; }},
     {"V7", [](CInfo& info) { info.vNumber = 7; }},
     {"V6", [](CInfo& info) { info.vNumber = 6; }},
-    {"LEFTSIDE", [](CInfo& info) { info.leftSide = true; }},  // never reached: "L" is tested before the words
-    {"RIGHTSIDE", [](CInfo& info) { info.leftSide = false; }},
+    {"LEFTSIDE", [](CInfo& info) { info.isLeftSide = true; }},  // never reached: "L" is tested before the words
+    {"RIGHTSIDE", [](CInfo& info) { info.isLeftSide = false; }},
     {"A_HIC", [](CInfo& info) { info.texts[4] = "HIC"; }},
 };
 
@@ -111,7 +111,7 @@ void CMyCommandInfo::TakeSwitch(std::string_view text) {
     if (text.empty()) return;
     const char first = UpperLetter(text.front());
     if (first == 'L' && text.size() == 1) {
-        listFileExpected = true;
+        isListFileExpected = true;
         return;
     }
     if (first == 'L') {
@@ -119,7 +119,7 @@ void CMyCommandInfo::TakeSwitch(std::string_view text) {
         if (!AppendListFile(std::string(text))) AppendListFile(std::string(text.substr(1)));
         return;
     }
-    if (first == 'O') outputRequested = true;
+    if (first == 'O') isOutputRequested = true;
 
     const std::string upper = UpperText(text);
     if (const CWord* const word = FindWord(upper)) {
@@ -132,11 +132,11 @@ void CMyCommandInfo::TakeSwitch(std::string_view text) {
 }
 
 void CMyCommandInfo::TakePlain(std::string_view text) {
-    if (!listFileExpected) {
+    if (!isListFileExpected) {
         files.emplace_back(text);
         return;
     }
-    listFileExpected = false;
+    isListFileExpected = false;
     AppendListFile(std::string(text));
 }
 

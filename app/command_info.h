@@ -23,17 +23,17 @@ inline constexpr CSlashRule kPlatformSlashRule = CSlashRule::SwitchIfKnown;
 /// read and kept because users' scripts pass them.
 class CMyCommandInfo {
 public:
-    bool saeFilter = true;
-    bool components = true;  ///< components rather than the resultant
-    bool listFileExpected = false;
-    bool outputRequested = false;
-    bool leftSide = true;
+    bool isSaeFilterOn = true;
+    bool hasComponents = true;  ///< components rather than the resultant
+    bool isListFileExpected = false;
+    bool isOutputRequested = false;
+    bool isLeftSide = true;
     float windowLength = 36.0F;  ///< ms
     std::int32_t axisMode = 0;   ///< 0 resultant, 1 3D, 2 XYZ, 3 SFC
     std::int32_t channelClass = 1000;
     std::int32_t vNumber = 10;
     double criticalValue = 0.0;
-    bool reserved = false;             ///< no switch sets it
+    bool isReserved = false;           ///< no switch sets it
     std::array<std::string, 5> texts;  ///< the fifth becomes "HIC"
     std::vector<std::string> reservedList;
     std::vector<std::string> files;  ///< plain arguments and the lines of list files, in order; UTF-8

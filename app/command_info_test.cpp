@@ -22,16 +22,16 @@ CMyCommandInfo Parsed(const std::vector<std::string>& arguments, CSlashRule rule
 std::string Summary(const CMyCommandInfo& info) {
     std::string text;
     const auto add = [&](const std::string& name, const std::string& value) { text += name + "=" + value + " "; };
-    add("sae", std::to_string(info.saeFilter));
-    add("components", std::to_string(info.components));
-    add("list", std::to_string(info.listFileExpected));
-    add("output", std::to_string(info.outputRequested));
-    add("left", std::to_string(info.leftSide));
+    add("sae", std::to_string(info.isSaeFilterOn));
+    add("components", std::to_string(info.hasComponents));
+    add("list", std::to_string(info.isListFileExpected));
+    add("output", std::to_string(info.isOutputRequested));
+    add("left", std::to_string(info.isLeftSide));
     add("window", std::to_string(static_cast<int>(info.windowLength)));
     add("axis", std::to_string(info.axisMode));
     add("class", std::to_string(info.channelClass));
     add("v", std::to_string(info.vNumber));
-    add("reserved", std::to_string(info.reserved));
+    add("reserved", std::to_string(info.isReserved));
     for (const std::string& entry : info.texts) add("text", entry);
     add("reservedList", std::to_string(info.reservedList.size()));
     add("files", std::to_string(info.files.size()));
@@ -126,11 +126,11 @@ TEST(CommandInfo, TakesSwitchesAndFilesInAnyOrder) {
 }
 
 TEST(CommandInfo, SetsTheOutputFlagForEveryWordThatBeginsWithO) {
-    EXPECT_TRUE(Parsed({"-O"}).outputRequested);
-    EXPECT_TRUE(Parsed({"-o"}).outputRequested);
-    EXPECT_TRUE(Parsed({"-Other"}).outputRequested);
-    EXPECT_TRUE(Parsed({"/Other"}, CSlashRule::AlwaysSwitch).outputRequested);
-    EXPECT_FALSE(Parsed({"-NOSAE"}).outputRequested);
+    EXPECT_TRUE(Parsed({"-O"}).isOutputRequested);
+    EXPECT_TRUE(Parsed({"-o"}).isOutputRequested);
+    EXPECT_TRUE(Parsed({"-Other"}).isOutputRequested);
+    EXPECT_TRUE(Parsed({"/Other"}, CSlashRule::AlwaysSwitch).isOutputRequested);
+    EXPECT_FALSE(Parsed({"-NOSAE"}).isOutputRequested);
 }
 
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
@@ -173,7 +173,7 @@ TEST(ListFile, FillsTheFileListFromTheNextArgument) {
     for (const char* spelling : {"-L", "-l", "/L"}) {
         const CMyCommandInfo info = Parsed({"first.001", spelling, list, "last.001"});
         EXPECT_THAT(info.files, ElementsAre("first.001", "one.001", "two.001", "last.001")) << spelling;
-        EXPECT_FALSE(info.listFileExpected);
+        EXPECT_FALSE(info.isListFileExpected);
     }
 }
 
@@ -189,7 +189,7 @@ TEST(ListFile, ThatCannotBeReadAddsNothingAndIsNoLongerExpected) {
     const CTempFolder folder;
     const CMyCommandInfo info = Parsed({"-L", folder.Path("missing.hit"), "b.001"});
     EXPECT_THAT(info.files, ElementsAre("b.001"));
-    EXPECT_FALSE(info.listFileExpected);
+    EXPECT_FALSE(info.isListFileExpected);
 }
 
 /// Runs the rest of the test in its own folder: names after the switch are relative to the current folder.
@@ -224,13 +224,13 @@ TEST_F(AttachedListFile, DoesNotClearTheExpectationOfABareL) {
 
 TEST_F(AttachedListFile, ThatCannotBeReadAddsNothing) {
     EXPECT_THAT(Parsed({"-Lmissing.hit"}).files, IsEmpty());
-    EXPECT_FALSE(Parsed({"-Lmissing.hit"}).listFileExpected);
+    EXPECT_FALSE(Parsed({"-Lmissing.hit"}).isListFileExpected);
 }
 
 TEST_F(AttachedListFile, IsWhatLeftSideIsTakenFor) {
     m_folder.Write("LEFTSIDE", "left.001\n");
     const CMyCommandInfo info = Parsed({"-RIGHTSIDE", "-LEFTSIDE"});
-    EXPECT_FALSE(info.leftSide);
+    EXPECT_FALSE(info.isLeftSide);
     EXPECT_THAT(info.files, ElementsAre("left.001"));
 }
 

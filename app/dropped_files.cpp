@@ -7,8 +7,8 @@
 #include <string>
 
 #include "app/dialogs/data_type_filters.h"
+#include "app/message_box.h"
 #include "app/messages.h"
-#include "app/sentences.h"
 #include "app/settings.h"
 #include "files/hit_list.h"
 
@@ -66,6 +66,6 @@ CDroppedFiles ExpandDropped(const QStringList& paths, const QString& wildcard) {
 CDroppedFiles TakeDroppedFiles(const QStringList& paths, CSettings& settings, CMessages& messages, QWidget* parent) {
     CDroppedFiles dropped = ExpandDropped(paths, CurrentDataTypeWildcard(settings));
     for (const QString& hitList : dropped.hitLists) settings.AddRecentFile(hitList);
-    if (!dropped.unreadableHitLists.isEmpty()) messages.ShowError(parent, HitListUnreadable());
+    if (!dropped.unreadableHitLists.isEmpty()) messages.ShowError(parent, app_message::kHitListUnreadable);
     return dropped;
 }

@@ -4,9 +4,9 @@
 
 /// Which of the keyboard's locks are on.
 struct CKeyboardIndicators {
-    bool capsLock = false;
-    bool numLock = false;
-    bool scrollLock = false;
+    bool isCapsLockOn = false;
+    bool isNumLockOn = false;
+    bool isScrollLockOn = false;
 };
 
 /// The locks as the platform reports them, on Windows and under X11; no value elsewhere.

@@ -4,7 +4,7 @@
 #include "app/dialogs/file_picker.h"
 #include "app/dialogs/printer_picker.h"
 #include "app/main_frame.h"
-#include "app/messages.h"
+#include "app/message_box.h"
 #include "app/quorvel_app.h"
 #include "app/settings.h"
 #include "app/window_services.h"

@@ -26,12 +26,12 @@
 #include "app/exports/table_export.h"
 #include "app/loaded_files.h"
 #include "app/main_frame.h"
+#include "app/message_box.h"
 #include "app/messages.h"
 #include "app/page_pane.h"
 #include "app/path_menu.h"
 #include "app/quorvel_view.h"
 #include "app/run_report.h"
-#include "app/sentences.h"
 #include "app/settings.h"
 #include "app/specification_picker.h"
 #include "app/status_line.h"
@@ -48,13 +48,13 @@ namespace {
 /// True while it lives; reset even when an exception is thrown.
 class CWhile {
 public:
-    explicit CWhile(bool& flag) : m_flag(flag) { m_flag = true; }
-    ~CWhile() { m_flag = false; }
+    explicit CWhile(bool& isInside) : m_isInside(isInside) { m_isInside = true; }
+    ~CWhile() { m_isInside = false; }
     CWhile(const CWhile&) = delete;
     CWhile& operator=(const CWhile&) = delete;
 
 private:
-    bool& m_flag;
+    bool& m_isInside;
 };
 
 }  // namespace
@@ -69,12 +69,12 @@ void CMainFrame::Attempt(const std::function<void()>& command) {
     if (m_isCommandAtWork) return;
     {
         const CWhile atWork(m_isCommandAtWork);
-        m_status->ShowMessage(tr("Ready"));  // the last command's message does not apply to this one
+        m_status->ShowMessage(app_message::kReady);  // the last command's message does not apply to this one
         try {
             command();
         } catch (const std::exception& error) {
             m_host.SetBusy(false);
-            m_status->ShowMessage(tr("The command failed."));
+            m_status->ShowMessage(app_message::kCommandFailed);
             m_services.messages.ShowError(this, QString::fromUtf8(error.what()));
         }
         m_host.SetBusy(false);  // a run whose reference cannot be read leaves the wait cursor on
@@ -217,13 +217,12 @@ void CMainFrame::OpenRecentFile(const QString& path) {
     Attempt([this, path] {
         if (!QFileInfo::exists(path)) {
             m_services.settings.RemoveRecentFile(path);
-            m_services.messages.ShowError(
-                this, tr("The hit list %1 no longer exists. It was removed from the recent files.").arg(path));
+            m_services.messages.ShowError(this, app_message::HitListGone(path));
             return;
         }
         const auto files = ks::ReadHitList(path.toStdString());
         if (!files) {
-            m_services.messages.ShowError(this, HitListUnreadable());
+            m_services.messages.ShowError(this, app_message::kHitListUnreadable);
             return;
         }
         m_services.settings.AddRecentFile(path);
@@ -254,7 +253,7 @@ void CMainFrame::TakeDropped(const QStringList& paths) {
     Attempt([this, &paths] {
         const CDroppedFiles dropped = TakeDroppedFiles(paths, m_services.settings, m_services.messages, this);
         if (dropped.files.empty()) {
-            m_status->ShowMessage(NothingDropped(CurrentDataTypeText(m_services.settings)));
+            m_status->ShowMessage(app_message::NothingDropped(CurrentDataTypeText(m_services.settings)));
             return;
         }
         CompareOffered(dropped.files);

@@ -179,6 +179,7 @@ private slots:
 
     void ThePaneIsLabeledAndNamed() {
         QCOMPARE(Pane().property("controlId").toInt(), 128);
+        QCOMPARE(m_window->Pages().property("controlId").toInt(), 1015);
         QVERIFY(Pane().isVisible());
         const auto* const label = Pane().findChild<QLabel*>();
         QCOMPARE(label->text(), QString("Plot Type:"));

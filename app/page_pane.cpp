@@ -8,12 +8,11 @@
 #include <cstdint>
 #include <span>
 
+#include "app/control_ids.h"
 #include "compare/plots/page_table.h"
 
 namespace {
 
-constexpr int kPaneId = 128;
-constexpr int kPagesId = 1015;
 constexpr int kMargin = 2;
 
 }  // namespace

@@ -13,7 +13,7 @@
 #include "app/command_info.h"
 #include "app/commands.h"
 #include "app/main_frame.h"
-#include "app/messages.h"
+#include "app/message_box.h"
 #include "app/resources.h"
 #include "app/settings.h"
 

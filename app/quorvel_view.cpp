@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <vector>
 
+#include "app/messages.h"
 #include "app/table/summary_list.h"
 #include "app/table/summary_model.h"
 #include "chart/chart_control.h"
@@ -42,7 +43,7 @@ CQuorvelView::CQuorvelView(CQuorvelDoc& document, CChartControl& chart, QWidget*
     m_banner->setBackgroundRole(QPalette::ToolTipBase);
     m_banner->setForegroundRole(QPalette::ToolTipText);
     m_banner->hide();
-    ShowHint(tr("Choose File > Select Files... or drop signal files here to compare them."));
+    ShowHint(app_message::kHowToBegin);
     m_document.AddObserver(*this);
     m_isReady = true;
 }
@@ -67,9 +68,7 @@ void CQuorvelView::OnDocumentUpdate(int hint) {
     const bool hasData = isSummary ? !m_document.ComputedSignals().empty() : m_document.ChartBlock().seriesCount > 0;
     if (!hasData || run == CRunState::None) {
         if (run == CRunState::Completed) {
-            ShowHint(
-                tr("There are no curves to show on this page. Choose another page under Plot Type, or select "
-                   "other files."));
+            ShowHint(app_message::kNoCurvesToShow);
         }
         emit NoDataToShow();
         return;
@@ -110,12 +109,12 @@ void CQuorvelView::ShowRunAtWork() {
     m_hadFocusBeforeRun = HasFocusInside();
     m_chart.Destroy();
     if (m_list == nullptr) {
-        ShowHint(tr("Comparing ..."));
+        ShowHint(app_message::kComparing);
         return;
     }
     HideAll();
     m_list->MarkPreviousRun(true);
-    m_banner->setText(tr("Comparing ... These are the results of the previous run."));
+    m_banner->setText(app_message::kComparingOverPrevious);
     m_banner->show();
     m_list->show();
     LayOut();
@@ -123,10 +122,10 @@ void CQuorvelView::ShowRunAtWork() {
 
 void CQuorvelView::ShowStoppedRun() {
     if (m_list == nullptr) {
-        ShowHint(tr("Nothing has been compared yet. Choose File > Select Files... to compare signals."));
+        ShowHint(app_message::kNothingComparedYet);
         return;
     }
-    m_banner->setText(tr("The last run stopped. These are the results of the previous run."));
+    m_banner->setText(app_message::kStoppedOverPrevious);
     LayOut();
 }
 

@@ -2,10 +2,10 @@
 
 #include "app/dialogs/file_picker.h"
 #include "app/loaded_files.h"
+#include "app/message_box.h"
 #include "app/messages.h"
 #include "app/window_services.h"
 
-#include <QCoreApplication>
 #include <QPrinter>
 #include <optional>
 
@@ -29,9 +29,6 @@ bool CSaveGuard::TakeDefault(QPrinter& printer) {
 
 bool CSaveGuard::Refuses(QWidget* parent, const QString& path) {
     if (!WouldReplaceLoadedFile(m_document, path.toStdString())) return false;
-    //: %1 is a path
-    const QString sentence =
-        QCoreApplication::translate("CSaveGuard", "%1 is one of the files being compared. Choose another name.");
-    m_services.messages.ShowError(parent, sentence.arg(path));
+    m_services.messages.ShowError(parent, app_message::IsBeingCompared(path));
     return true;
 }

@@ -3,7 +3,7 @@
 
 #include "app/dialogs/file_picker.h"
 #include "app/dialogs/printer_picker.h"
-#include "app/messages.h"
+#include "app/message_box.h"
 #include "app/settings.h"
 #include "compare/setting_keys.h"
 #include "viewer/viewer_host.h"

@@ -5,11 +5,12 @@
 #include <QStatusBar>
 #include <optional>
 
+#include "app/control_ids.h"
 #include "app/keyboard_indicators.h"
+#include "app/messages.h"
 
 namespace {
 
-constexpr int kStatusBarId = 59393;
 constexpr int kProgressWidth = 160;  // pixels
 
 QLabel* AddIndicator(QStatusBar& bar, const QString& text, const QString& meaning) {
@@ -42,7 +43,7 @@ CStatusLine::CStatusLine(QStatusBar& bar)
     bar.addPermanentWidget(m_readout);
     m_indicators = {AddIndicator(bar, tr("CAP"), tr("Caps Lock")), AddIndicator(bar, tr("NUM"), tr("Num Lock")),
                     AddIndicator(bar, tr("SCRL"), tr("Scroll Lock"))};
-    ShowMessage(tr("Ready"));
+    ShowMessage(app_message::kReady);
     ShowIndicators();
 }
 
@@ -72,7 +73,7 @@ void CStatusLine::ShowIndicators() {
     const std::optional<CKeyboardIndicators> locks = ReadKeyboardIndicators();
     for (QLabel* const label : m_indicators) label->setVisible(locks.has_value());
     if (!locks) return;
-    m_indicators[0]->setEnabled(locks->capsLock);
-    m_indicators[1]->setEnabled(locks->numLock);
-    m_indicators[2]->setEnabled(locks->scrollLock);
+    m_indicators[0]->setEnabled(locks->isCapsLockOn);
+    m_indicators[1]->setEnabled(locks->isNumLockOn);
+    m_indicators[2]->setEnabled(locks->isScrollLockOn);
 }

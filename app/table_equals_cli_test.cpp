@@ -85,8 +85,8 @@ private slots:
 
         QStringList arguments = {"compare", "--json", "-"};
         CRunChoice choice;
-        choice.filter = channelClass != 0;
-        if (choice.filter) {
+        choice.isFiltered = channelClass != 0;
+        if (choice.isFiltered) {
             choice.channelClass = QString("CFC%1").arg(channelClass);
             arguments << "--cfc" << QString::number(channelClass);
         }

@@ -44,11 +44,11 @@ private:
 class CFailingChart : public CRecordingChartControl {
 public:
     void Create(const CChartCreation& creation) override {
-        if (failsToOpen) throw std::runtime_error("no chart today");
+        if (shouldFailToOpen) throw std::runtime_error("no chart today");
         CRecordingChartControl::Create(creation);
     }
     void CopyMetafile(CChartSize) override { throw std::runtime_error("no copy today"); }
-    bool failsToOpen = false;
+    bool shouldFailToOpen = false;
 };
 
 }  // namespace
@@ -212,11 +212,11 @@ private slots:
         CFailingChart& failing = *chart;
         OpenWindow(std::move(chart));
         m_window->CompareSled();
-        failing.failsToOpen = true;
+        failing.shouldFailToOpen = true;
         m_window->ChoosePage("Velocity");
         QCOMPARE(m_window->messages.said, QStringList({"error|Error|no chart today"}));
         QVERIFY(QApplication::overrideCursor() == nullptr);
-        failing.failsToOpen = false;
+        failing.shouldFailToOpen = false;
         m_window->ChoosePage("Displacement");
         QVERIFY(Frame().View().IsChartShown());
     }

@@ -315,7 +315,7 @@ private:
 
     void CompareWithoutFilter(const std::vector<std::string>& files, const std::string& reference) {
         CRunChoice choice;
-        choice.filter = false;
+        choice.isFiltered = false;
         m_window->Compare(files, reference, choice);
         QVERIFY(m_window->errorLists.texts.isEmpty());
     }

@@ -13,7 +13,7 @@
 #include "app/dialogs/file_picker.h"
 #include "app/dialogs/select_files.h"
 #include "app/input_blocker.h"
-#include "app/messages.h"
+#include "app/message_box.h"
 #include "app/settings.h"
 #include "app/window_services.h"
 #include "compare/critical_values.h"
@@ -76,16 +76,16 @@ void CWindowHost::Beep() {
     m_services.messages.Beep();
 }
 
-void CWindowHost::SetBusy(bool busy) {
-    if (busy == IsBusy()) return;
-    if (busy) {
+void CWindowHost::SetBusy(bool isBusy) {
+    if (isBusy == IsBusy()) return;
+    if (isBusy) {
         m_blocker = std::make_unique<CInputBlocker>();
         QApplication::setOverrideCursor(Qt::WaitCursor);
     } else {
         QApplication::restoreOverrideCursor();
         m_blocker.reset();
     }
-    emit BusyChanged(busy);
+    emit BusyChanged(isBusy);
 }
 
 void CWindowHost::Progress(std::size_t done, std::size_t total, const std::string& path) {

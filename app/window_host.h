@@ -47,11 +47,11 @@ public:
     std::string ReadSetting(const CTextSetting& key) override;
     void StoreSetting(const CTextSetting& key, const std::string& value) override;
     void Beep() override;
-    void SetBusy(bool busy) override;
+    void SetBusy(bool isBusy) override;
     void Progress(std::size_t done, std::size_t total, const std::string& path) override;
 
 signals:
-    void BusyChanged(bool busy);
+    void BusyChanged(bool isBusy);
     /// `done` of `total` steps of a run are done; `path` is the current file, empty when all are done.
     void ProgressChanged(int done, int total, const QString& path);
 

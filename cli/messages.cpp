@@ -125,12 +125,6 @@ std::string OlderFileNotRemoved(std::string_view path) {
     return Join({"A file of an earlier run could not be removed: ", path});
 }
 
-std::string TimesLost(std::string_view path, const ks::CLostAbscissa& lost) {
-    return Join({"The times of ", path, " are not those of its curve. The file holds the values alone, and point ",
-                 std::to_string(lost.index + 1), ", at ", ks::GeneralText(lost.x), ", will be read as at ",
-                 ks::GeneralText(lost.xRead), "."});
-}
-
 std::string UserRealChanged(std::string_view field, std::string_view was, std::string_view now) {
     return Join({field, " was ", was, " and is now ", now, ", the value of RD1."});
 }

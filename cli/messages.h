@@ -5,8 +5,6 @@
 #include <string>
 #include <string_view>
 
-#include "signal/saved_axis.h"
-
 /// The sentences of the command-line tool, as the user reads them on standard error: wrong usage, what could not be
 /// read or written, what a command changed. Help, tables and reports have their texts where they are laid out.
 ///
@@ -123,8 +121,6 @@ std::string FolderNotMade(std::string_view path);
 std::string SeriesNotWritten(std::string_view path, std::string_view reason);
 /// A file of --uds that an earlier run left could not be removed.
 std::string OlderFileNotRemoved(std::string_view path);
-/// A file of --uds was written, but its arrangement cannot hold the times of its curve; `lost` is the first one.
-std::string TimesLost(std::string_view path, const ks::CLostAbscissa& lost);
 
 // What convert changed.
 

@@ -28,19 +28,21 @@ std::vector<std::string> LeftOfOneThenGiven(double limit) {
 }
 
 constexpr std::array kCriteria = {
-    CCriterion{"residual", &CCriticalValues::averageResidual, "Average residual, in percent of the reference peak",
-               "average residual %1 %, ", "below %1 % of the reference peak", Given},
-    CCriterion{"stddev", &CCriticalValues::standardDeviation,
+    CCriterion{"residual", &CCriticalValues::averageResidual, 1488, "Average Residual < ", "% of PeakReference",
+               "Average residual, in percent of the reference peak", "average residual %1 %, ",
+               "below %1 % of the reference peak", Given},
+    CCriterion{"stddev", &CCriticalValues::standardDeviation, 1490, "Standard Deviation < ", "% of PeakReference",
                "Standard deviation of the residual, in percent of the reference peak",
                "standard deviation %1 % of the\nreference peak; ", "below %1 % of the reference peak", Given},
-    CCriterion{"corridor", &CCriticalValues::corridor, "Share of the points outside the corridor, as a fraction",
-               "share of points outside the corridor %1; ", "below %1 % of the points outside the corridor", InPercent},
-    CCriterion{"correlation", &CCriticalValues::correlation, "1 minus the correlation factor", "1 - correlation %1;\n",
-               "above %1 (1 minus %2)", LeftOfOneThenGiven},
-    CCriterion{"t", &CCriticalValues::tStatistic, "Magnitude of the T statistic", "T statistic %1; ", "below %1",
-               Given},
-    CCriterion{"moment", &CCriticalValues::moment, "Each of the six moment differences", "moment differences %1.\n",
-               "below %1", Given},
+    CCriterion{"corridor", &CCriticalValues::corridor, 1497, "Less than", "% outside 4 G corridor",
+               "Share of the points outside the corridor, as a fraction", "share of points outside the corridor %1; ",
+               "below %1 % of the points outside the corridor", InPercent},
+    CCriterion{"correlation", &CCriticalValues::correlation, 1494, "Correlation Factor < ", "",
+               "1 minus the correlation factor", "1 - correlation %1;\n", "above %1 (1 minus %2)", LeftOfOneThenGiven},
+    CCriterion{"t", &CCriticalValues::tStatistic, 1499, "T Statistic <", "", "Magnitude of the T statistic",
+               "T statistic %1; ", "below %1", Given},
+    CCriterion{"moment", &CCriticalValues::moment, 1501, "Moment Differences <", "",
+               "Each of the six moment differences", "moment differences %1.\n", "below %1", Given},
 };
 
 }  // namespace

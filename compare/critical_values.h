@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <span>
 #include <string>
 #include <string_view>
@@ -24,9 +25,12 @@ CCriticalValues& CriticalValues();
 /// A criterion: one critical value with the name and the texts about it. In the texts %1 and %2 are places for
 /// numbers.
 struct CCriterion {
-    std::string_view name;     ///< in options and in results; frozen
-    CCriticalValue limit;      ///< its default is that of CCriticalValues
-    std::string_view meaning;  ///< what is judged against the limit, with its unit
+    std::string_view name;        ///< in options and in results; frozen
+    CCriticalValue limit;         ///< its default is that of CCriticalValues
+    std::int32_t controlId;       ///< of its field in the dialog; frozen
+    std::string_view label;       ///< before that field; ends in "<" where it names the value
+    std::string_view labelAfter;  ///< after that field; may be empty
+    std::string_view meaning;     ///< what is judged against the limit, with its unit
     /// Its part of the terminal's sentence on all limits, %1 the limit; ends where that line of the terminal does.
     std::string_view phrase;
     std::string_view demand;  ///< what a value below the limit is; good, unless its column is judged otherwise

@@ -26,6 +26,8 @@
 #include "files/file_request.h"
 #include "files/path_text.h"
 #include "files/replacing_file.h"
+#include "signal/messages.h"
+#include "signal/saved_axis.h"
 
 namespace {
 
@@ -208,6 +210,17 @@ void CQuorvelDoc::OnCriticalValues() {
 
 void CQuorvelDoc::OnSaveUds() {
     if (!HasChart(m_pageId)) return;
+    std::vector<CRunMessage> warnings;
+    try {
+        SaveSeries(warnings);
+    } catch (...) {
+        ShowWarnings(std::move(warnings));  // about the files written before
+        throw;
+    }
+    ShowWarnings(std::move(warnings));
+}
+
+void CQuorvelDoc::SaveSeries(std::vector<CRunMessage>& warnings) {
     const std::string folder = m_host.ReadSetting(setting::kUdsOutputDir);
     std::optional<std::string> lastPath;
     for (std::size_t j = 0; j < m_series.size(); ++j) {
@@ -216,8 +229,17 @@ void CQuorvelDoc::OnSaveUds() {
         if (!path) continue;
         m_series[j]->SaveUDS(*path);
         lastPath = path;
+        if (const auto lost = ks::FirstLostAbscissa(*m_series[j])) {
+            warnings.push_back({{}, ks::signal_message::TimesLost(*path, *lost)});
+        }
     }
     if (lastPath) m_host.StoreSetting(setting::kUdsOutputDir, std::string(ks::FolderOf(*lastPath)));
+}
+
+void CQuorvelDoc::ShowWarnings(std::vector<CRunMessage> warnings) {
+    if (warnings.empty()) return;
+    m_errors = std::move(warnings);
+    ShowErrors();
 }
 
 void CQuorvelDoc::OnSaveAscii() {

@@ -90,7 +90,8 @@ public:
     void OnCorridorSize();    ///< edits the corridor size; hint 2. Measures follow with the next run.
     void OnCriticalValues();  ///< edits the process-wide critical values; hint 2
     /// Asks for a file per series of a chart page and writes each; stores the folder of the last one. Cancel skips the
-    /// series. @throws ks::CError from the writer; the folder is then not stored
+    /// series. Warnings about files whose times are not those of their series become the only error messages and are
+    /// shown. @throws ks::CError from the writer; the folder is then not stored
     void OnSaveUds();
     /// Asks for one file, writes the ASCII table of the page and stores the folder. A file that cannot be written
     /// becomes the only error message and is shown; the folder is then not stored.
@@ -159,6 +160,9 @@ private:
     void NoteCutsByPage(const std::vector<CSampling>& before);
     bool LayOutSeries();
     void FailPage(std::string sentence);
+    /// Asks for a file per series and writes it; adds to `warnings`.
+    void SaveSeries(std::vector<CRunMessage>& warnings);
+    void ShowWarnings(std::vector<CRunMessage> warnings);
     void ReserveMatrices(std::int64_t cellCount);
     void Notify(int hint);
     void TellObservers(const std::function<void(CDocumentObserver&)>& tell);

@@ -410,6 +410,43 @@ TEST_F(Document, AsksForNoUdsFileOnTheSummaryPage) {
     EXPECT_TRUE(host.calls.empty());
 }
 
+/// A signal in the form Y, cut from a time before its first sample, is numbered from where the cut began.
+class LostTimes : public Document {
+protected:
+    void SetUp() override {
+        CFileSelection choice = Choice({Write("a.uds", {1.0, 2.0, 3.0, 4.0})}, Write("r.uds", {1.0, 2.0, 3.0, 4.0}));
+        choice.truncate = true;
+        choice.windowStart = -1.0;
+        choice.windowEnd = 1.0;
+        Run(choice);
+        document.SelectPage(2);
+        Forget();
+    }
+
+    std::string Sentence(const std::string& name) const {
+        return "The times of " + folder.Path(name) +
+               " are not those of its curve. The file holds the values alone, and point 1, at 0, will be read as at "
+               "-1.";
+    }
+};
+
+TEST_F(LostTimes, AreToldOnceAfterTheLastFile) {
+    host.savePaths = {folder.Path("first.uds"), folder.Path("second.uds")};
+    document.OnSaveUds();
+    EXPECT_THAT(document.ErrorMessages(), ElementsAre(Sentence("first.uds"), Sentence("second.uds")));
+    EXPECT_THAT(host.calls, ElementsAre("read UdsOutputDir", "save Save Reference as", "save Save a.uds as",
+                                        "store UdsOutputDir=" + folder.Path(""), "beep", "errors"));
+    ks::CUDS1992 file;
+    file.Read(folder.Path("first.uds"));
+    EXPECT_EQ(file.Columns().x.front(), -1.0) << "the sentence would be untrue";
+}
+
+TEST_F(LostTimes, AreToldWhenALaterFileCannotBeWritten) {
+    host.savePaths = {folder.Path("first.uds"), folder.Path("missing/second.uds")};
+    EXPECT_THROW(document.OnSaveUds(), ks::CError);
+    EXPECT_THAT(document.ErrorMessages(), ElementsAre(Sentence("first.uds")));
+}
+
 TEST_F(Document, LetsAnErrorOfTheUdsWriterOut) {
     RunWith({10.0, 11.0, 12.0, 13.0, 14.0});
     document.SelectPage(2);

@@ -27,6 +27,12 @@ std::string NoMemoryToSave(const std::string& path) {
     return "There is not enough memory to write the file: " + path + ".";
 }
 
+std::string TimesLost(const std::string& path, const CLostAbscissa& lost) {
+    return "The times of " + path + " are not those of its curve. The file holds the values alone, and point " +
+           boost::lexical_cast<std::string>(lost.index + 1) + ", at " + GeneralText(lost.x) + ", will be read as at " +
+           GeneralText(lost.xRead) + ".";
+}
+
 std::string PointNotFinite(std::size_t index, std::size_t count) {
     return "Point " + boost::lexical_cast<std::string>(index + 1) + " of " + boost::lexical_cast<std::string>(count) +
            " holds no finite number; an ASCII file cannot hold it.";

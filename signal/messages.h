@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "signal/saved_axis.h"
+
 /// Every sentence of the signal record and its operations, once. Settled letter for letter, odd spellings included:
 /// users and scripts know them.
 namespace ks::signal_message {
@@ -73,6 +75,8 @@ std::string NoSuchChannel(std::string_view channel);
 
 /// Memory ran out while the file was written.
 std::string NoMemoryToSave(const std::string& path);
+/// A warning: the file was written, but its readers make up other times. `path` is that file.
+std::string TimesLost(const std::string& path, const CLostAbscissa& lost);
 
 // Export of the points as text.
 

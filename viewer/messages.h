@@ -3,37 +3,23 @@
 #include <QCoreApplication>
 #include <QString>
 
-// The sentences of the file viewer, as the user reads them.
+#include "widgets/sentence.h"
 
-inline QString NoFormChosen() {
-    return QCoreApplication::translate("CUDSDialog", "Check Radio Button X or XY");
-}
+/// Every message of the file viewer, once.
+namespace viewer_message {
 
-inline QString FileNotOpened(const QString& path) {
-    //: %1 is a path
-    return QCoreApplication::translate("CUDSDialog", "Failure to open file %1").arg(path);
-}
+/// When points are exported before a form was chosen.
+inline constexpr CSentence kNoFormChosen{QT_TRANSLATE_NOOP("Quorvel", "Check Radio Button X or XY")};
 
-inline QString FileNotCompleted(const QString& path) {
-    //: %1 is a path
-    return QCoreApplication::translate(
-               "CUDSDialog", "%1 could not be written completely. An existing file with this name is unchanged.")
-        .arg(path);
-}
+/// When an output file cannot be opened for writing.
+QString FileNotOpened(const QString& path);
+/// When writing an output file fails after it was opened.
+QString FileNotCompleted(const QString& path);
+/// When an output would replace the file that the sheet shows.
+QString OverwritesItself(const QString& path);
+/// When the chosen page range has none of the report's pages.
+QString NoSuchPages(int pageCount);
+/// When a printer does not start the job.
+QString NotPrinted(const QString& printer);
 
-inline QString OverwritesItself(const QString& path) {
-    //: %1 is a path
-    return QCoreApplication::translate("CUDSDialog", "%1 is the file shown here. Choose another name.").arg(path);
-}
-
-inline QString NoSuchPages(int pageCount) {
-    //: %1 is the number of pages
-    return QCoreApplication::translate("CUDSDialog",
-                                       "The report does not have the pages you chose. Its last page is page %1.")
-        .arg(pageCount);
-}
-
-inline QString NotPrinted(const QString& printer) {
-    //: %1 is a printer
-    return QCoreApplication::translate("CUDSDialog", "The printer %1 does not accept the report.").arg(printer);
-}
+}  // namespace viewer_message

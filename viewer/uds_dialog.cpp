@@ -186,7 +186,7 @@ void CUDSDialog::PrintReport() {
     if (!m_host.AskPrinter(this, printer, CPrinter(Report()).PageCount(printer.pageLayout()))) return;
     const QString file = printer.outputFileName();
     if (IsShownFile(file)) {
-        m_host.ShowError(this, OverwritesItself(file));
+        m_host.ShowError(this, viewer_message::OverwritesItself(file));
         return;
     }
     const CPrinter report(Report());
@@ -194,13 +194,14 @@ void CUDSDialog::PrintReport() {
         case CPrintResult::Printed:
             break;
         case CPrintResult::NoPages:
-            m_host.ShowError(this, NoSuchPages(report.PageCount(printer.pageLayout())));
+            m_host.ShowError(this, viewer_message::NoSuchPages(report.PageCount(printer.pageLayout())));
             break;
         case CPrintResult::NotOpened:
-            m_host.ShowError(this, file.isEmpty() ? NotPrinted(printer.printerName()) : FileNotOpened(file));
+            m_host.ShowError(this, file.isEmpty() ? viewer_message::NotPrinted(printer.printerName())
+                                                  : viewer_message::FileNotOpened(file));
             break;
         case CPrintResult::NotCompleted:
-            m_host.ShowError(this, FileNotCompleted(file));
+            m_host.ShowError(this, viewer_message::FileNotCompleted(file));
             break;
     }
     m_previewer->Refresh();  // the paper may have changed
@@ -208,13 +209,13 @@ void CUDSDialog::PrintReport() {
 
 void CUDSDialog::ExportPoints() {
     if (!m_ui->xButton->isChecked() && !m_ui->xyButton->isChecked()) {
-        m_host.ShowError(this, NoFormChosen());
+        m_host.ShowError(this, viewer_message::kNoFormChosen);
         return;
     }
     const auto path = m_host.AskSavePath(this, PointsRequest(FileName()));
     if (!path) return;
     if (IsShownFile(*path)) {
-        m_host.ShowError(this, OverwritesItself(*path));
+        m_host.ShowError(this, viewer_message::OverwritesItself(*path));
         return;
     }
     const ks::CAsciiForm form = m_ui->xyButton->isChecked() ? ks::CAsciiForm::XY : ks::CAsciiForm::X;
@@ -223,10 +224,10 @@ void CUDSDialog::ExportPoints() {
             case ks::CWriteResult::Written:
                 break;
             case ks::CWriteResult::NotOpened:
-                m_host.ShowError(this, FileNotOpened(*path));
+                m_host.ShowError(this, viewer_message::FileNotOpened(*path));
                 break;
             case ks::CWriteResult::NotCompleted:
-                m_host.ShowError(this, FileNotCompleted(*path));
+                m_host.ShowError(this, viewer_message::FileNotCompleted(*path));
                 break;
         }
     } catch (const std::exception& error) {

@@ -599,7 +599,7 @@ private slots:
     void EachPrintStartsWithAllPages() {
         const QString path = Text(m_folder.Write("dropped.uds", UdsFile({}).Text()));
         QStringList offered;
-        bool accepts = true;
+        bool isAccepting = true;
         m_host->choosePrinter = [&](QPrinter& printer) {
             offered.append(QString("%1 %2 %3-%4 %5 %6 %7")
                                .arg(printer.printRange() == QPrinter::AllPages ? "all" : "some")
@@ -615,11 +615,11 @@ private slots:
             printer.setCopyCount(3);
             printer.setCollateCopies(false);
             printer.setPageOrder(QPrinter::LastPageFirst);
-            return accepts;
+            return isAccepting;
         };
         Click("printButton");
         Click("printButton");
-        accepts = false;
+        isAccepting = false;
         Click("printButton");
         QVERIFY(Drop(*m_sheet, *Files({path})));
         QTRY_COMPARE(m_sheet->windowTitle(), QString("UDS File Specification - dropped.uds"));

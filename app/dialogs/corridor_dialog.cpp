@@ -2,6 +2,7 @@
 #include <memory>
 
 #include "app/dialogs/number_field.h"
+#include "app/message_box.h"
 #include "app/messages.h"
 #include "app/ui_corridor_dialog.h"
 
@@ -24,7 +25,7 @@ void CCorridorDlg::accept() {
         QDialog::accept();
         return;
     }
-    m_messages.ShowError(this, tr("You must enter a positive Value for the corridor Size"));
+    m_messages.ShowError(this, app_message::kCorridorNotPositive);
     m_ui->sizeEdit->setFocus();
     m_ui->sizeEdit->selectAll();
 }

@@ -2,7 +2,6 @@
 
 #include <QDialog>
 #include <memory>
-#include <utility>
 #include <vector>
 
 #include "compare/critical_values.h"
@@ -33,11 +32,15 @@ public slots:
     void accept() override;
 
 private:
-    using CField = std::pair<QLineEdit*, CCriticalValue>;
-    /// One per criterion, from top to bottom.
-    [[nodiscard]] std::vector<CField> Fields() const;
+    struct CField {
+        QLineEdit* edit;
+        CCriticalValue limit;
+    };
+
+    void AddField(const CCriterion& criterion);
 
     std::unique_ptr<Ui::CCriticalValuesDlg> m_ui;
+    std::vector<CField> m_fields;  ///< one per criterion, from top to bottom
     CCriticalValues m_values;
     CMessages& m_messages;
 };

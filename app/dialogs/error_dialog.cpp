@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "app/messages.h"
 #include "app/ui_error_dialog.h"
 #include "compare/document_host.h"
 
@@ -21,7 +22,7 @@ void CErrorDialog::AddMessage(const std::string& message) {
 }
 
 void CErrorDialog::showEvent(QShowEvent* event) {
-    m_ui->messageEdit->setPlainText(m_text.isEmpty() ? tr("No Error Messages:") : m_text);
+    m_ui->messageEdit->setPlainText(m_text.isEmpty() ? app_message::kNoErrorMessages : m_text);
     QDialog::showEvent(event);
 }
 

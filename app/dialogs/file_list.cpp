@@ -17,6 +17,7 @@
 #include <vector>
 
 #include "app/dropped_files.h"
+#include "app/messages.h"
 #include "files/native_path.h"
 #include "widgets/take_copy.h"
 
@@ -119,7 +120,7 @@ void CFileList::Mark(QListWidgetItem& item) const {
     std::error_code ignored;
     const bool isMissing = !std::filesystem::is_regular_file(ks::NativePath(PathOf(item).toStdString()), ignored);
     item.setIcon(isMissing ? style()->standardIcon(QStyle::SP_MessageBoxWarning) : QIcon());
-    item.setToolTip(isMissing ? tr("This file is missing: %1").arg(item.text()) : item.text());
+    item.setToolTip(isMissing ? app_message::FileMissing(item.text()) : item.text());
     item.setData(Qt::AccessibleTextRole, isMissing ? tr("%1 (missing)").arg(item.text()) : item.text());
 }
 
@@ -181,5 +182,5 @@ void CFileList::paintEvent(QPaintEvent* event) {
     QPainter painter(viewport());
     painter.setPen(palette().color(QPalette::PlaceholderText));
     painter.drawText(viewport()->rect().adjusted(8, 8, -8, -8), Qt::AlignCenter | Qt::TextWordWrap,
-                     tr("Add files, or drop signal files, hit lists, or folders here."));
+                     app_message::kHowToAddFiles);
 }

@@ -1,11 +1,11 @@
 #include "app/dialogs/number_field.h"
 
-#include <QCoreApplication>
 #include <QFontMetrics>
 #include <QLineEdit>
 #include <cstddef>
 #include <optional>
 
+#include "app/message_box.h"
 #include "app/messages.h"
 #include "files/number_text.h"
 
@@ -20,10 +20,7 @@ QString NumberText(double value) {
 
 std::optional<double> ReadNumberField(QLineEdit& field, CMessages& messages) {
     if (const auto value = NumberFromText(field.text())) return value;
-    //: %1 is the name of the field, for example Min Time
-    const QString text = QCoreApplication::translate(
-        "CNumberField", "Enter a number for \"%1\". Use a decimal point, for example 0.25.");
-    messages.ShowError(field.window(), text.arg(field.accessibleName()));
+    messages.ShowError(field.window(), app_message::NotANumber(field.accessibleName()));
     field.setFocus();
     field.selectAll();
     return std::nullopt;

@@ -153,6 +153,28 @@ private slots:
         QCOMPARE(shown, expected);
     }
 
+    void EveryFieldTellsTheMeaningOfItsCriterion() {
+        const ksres::CCriticalValuesDlg dialog({}, m_messages);
+        for (const CCriterion& criterion : Criteria()) {
+            QCOMPARE(Edit(dialog, criterion.controlId).toolTip(), QString::fromUtf8(criterion.meaning));
+        }
+    }
+
+    void TabGoesThroughTheFieldsAndThenToTheButtons() {
+        ksres::CCriticalValuesDlg dialog({}, m_messages);
+        dialog.show();
+        for (const int id : kCriticalValueIds) {
+            QVERIFY(dialog.focusWidget() == &Edit(dialog, id));
+            QTest::keyClick(dialog.focusWidget(), Qt::Key_Tab);
+        }
+        const auto& buttons = *dialog.findChild<QDialogButtonBox*>();
+        QVERIFY(buttons.isAncestorOf(dialog.focusWidget()));
+        QTest::keyClick(dialog.focusWidget(), Qt::Key_Tab);
+        QVERIFY(buttons.isAncestorOf(dialog.focusWidget()));
+        QTest::keyClick(dialog.focusWidget(), Qt::Key_Tab);
+        QVERIFY(dialog.focusWidget() == &Edit(dialog, kAverageResidualId));
+    }
+
     void CancelKeepsTheLimits() {
         ksres::CCriticalValuesDlg dialog({}, m_messages);
         dialog.show();

@@ -16,8 +16,8 @@
 #include "app/dialogs/file_picker.h"
 #include "app/dialogs/number_field.h"
 #include "app/dropped_files.h"
+#include "app/message_box.h"
 #include "app/messages.h"
-#include "app/sentences.h"
 #include "app/settings.h"
 #include "app/ui_select_files.h"
 #include "compare/document_host.h"
@@ -183,7 +183,7 @@ void CSelectFiles::ReadHitList() {
     const QString path = picked->paths.first();
     const auto files = ks::ReadHitList(path.toStdString());
     if (!files) {
-        m_messages.ShowError(this, HitListUnreadable());
+        m_messages.ShowError(this, app_message::kHitListUnreadable);
         return;
     }
     m_ui->fileList->AppendFiles(*files);
@@ -202,12 +202,10 @@ void CSelectFiles::SaveHitList() {
             RememberHitList(path);
             break;
         case ks::CWriteResult::NotOpened:
-            m_messages.ShowError(this, HitListUnreadable());
+            m_messages.ShowError(this, app_message::kHitListUnreadable);
             break;
         case ks::CWriteResult::NotCompleted:
-            m_messages.ShowError(
-                this,
-                tr("The hit list could not be written completely. An existing file with this name is unchanged."));
+            m_messages.ShowError(this, app_message::kHitListNotCompleted);
             break;
     }
 }
@@ -221,7 +219,8 @@ void CSelectFiles::TakeDropped(const QStringList& paths, int row) {
     const CDroppedFiles dropped = TakeDroppedFiles(paths, m_settings, m_messages, this);
     m_ui->fileList->InsertFiles(row, dropped.files);
     if (!dropped.files.empty() || !dropped.unreadableHitLists.isEmpty()) return;
-    m_messages.Show(this, CMessageIcon::Information, windowTitle(), NothingDropped(CurrentDataTypeText(m_settings)));
+    m_messages.Show(this, CMessageIcon::Information, windowTitle(),
+                    app_message::NothingDropped(CurrentDataTypeText(m_settings)));
 }
 
 void CSelectFiles::accept() {
@@ -257,7 +256,7 @@ bool CSelectFiles::CheckReference() {
 
 bool CSelectFiles::CheckFiles() {
     if (m_ui->fileList->count() > 0) return true;
-    m_messages.ShowError(this, tr("You must select at least one signal"));
+    m_messages.ShowError(this, app_message::kNoSignals);
     m_ui->fileList->setFocus();
     m_ui->minTimeEdit->setText(NumberText(m_selection.windowStart));
     m_ui->maxTimeEdit->setText(NumberText(m_selection.windowEnd));
@@ -267,7 +266,7 @@ bool CSelectFiles::CheckFiles() {
 void CSelectFiles::CheckTimes() {
     if (m_selection.windowStart < m_selection.windowEnd) return;
     // Only a warning, whether or not the times are used: they are returned as entered, and the run decides.
-    m_messages.Show(this, CMessageIcon::Warning, tr("Error"), tr("Max time must be > min time"));
+    m_messages.Show(this, CMessageIcon::Warning, tr("Error"), app_message::kTimesInWrongOrder);
     m_ui->maxTimeEdit->setFocus();
 }
 

@@ -525,15 +525,15 @@ private slots:
     }
 
     void TheFilterCheckDecidesForTheReferenceToo() {
-        for (const bool filter : {true, false}) {
+        for (const bool isFiltered : {true, false}) {
             CFileSelection offered = Complete();
-            offered.shouldFilter = !filter;
-            offered.shouldFilterReference = !filter;
+            offered.shouldFilter = !isFiltered;
+            offered.shouldFilterReference = !isFiltered;
             Open(offered);
             Button(kFilterId).click();
             PressOk();
-            QCOMPARE(m_dialog->Selection().shouldFilter, filter);
-            QCOMPARE(m_dialog->Selection().shouldFilterReference, filter);
+            QCOMPARE(m_dialog->Selection().shouldFilter, isFiltered);
+            QCOMPARE(m_dialog->Selection().shouldFilterReference, isFiltered);
         }
     }
 
@@ -752,12 +752,12 @@ private:
         return selection;
     }
 
-    void CheckEnabled(bool average, bool filter, bool truncate) {
-        QCOMPARE(Edit(kReferencePathId).isEnabled(), !average);
-        QCOMPARE(Button(kBrowseReferenceId).isEnabled(), !average);
-        QCOMPARE(ClassCombo().isEnabled(), filter);
-        QCOMPARE(Edit(kMinTimeId).isEnabled(), truncate);
-        QCOMPARE(Edit(kMaxTimeId).isEnabled(), truncate);
+    void CheckEnabled(bool isAverage, bool isFiltered, bool isTruncated) {
+        QCOMPARE(Edit(kReferencePathId).isEnabled(), !isAverage);
+        QCOMPARE(Button(kBrowseReferenceId).isEnabled(), !isAverage);
+        QCOMPARE(ClassCombo().isEnabled(), isFiltered);
+        QCOMPARE(Edit(kMinTimeId).isEnabled(), isTruncated);
+        QCOMPARE(Edit(kMaxTimeId).isEnabled(), isTruncated);
         for (const int id : {kAddFilesId, kRemoveFilesId, kReadHitListId, kSaveHitListId, kSingleReferenceId,
                              kAverageReferenceId, kFilterId, kTruncateId}) {
             QVERIFY(Button(id).isEnabled());

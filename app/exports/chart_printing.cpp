@@ -1,21 +1,17 @@
 #include "app/exports/chart_printing.h"
 
 #include "app/dialogs/printer_picker.h"
+#include "app/message_box.h"
 #include "app/messages.h"
 #include "app/window_services.h"
 #include "chart/chart_control.h"
 #include "files/replacing_file.h"
 #include "widgets/pdf_file.h"
 
-#include <QCoreApplication>
 #include <QPainter>
 #include <QPrinter>
 
 namespace {
-
-struct CChartPrinting {
-    Q_DECLARE_TR_FUNCTIONS(CChartPrinting)
-};
 
 void PrepareJob(QPrinter& printer, const QString& pageName) {
     printer.setPageOrientation(QPageLayout::Landscape);
@@ -38,15 +34,15 @@ QString PrintFault(CChartControl& chart, QPrinter& printer) {
         const QString path = printer.outputFileName();
         const CPdfForm form{printer.pageLayout(), printer.docName()};
         if (WritePdfFile(path.toStdString(), form, paint) == ks::CWriteResult::Written) return {};
-        return CChartPrinting::tr("The plot could not be printed to %1.").arg(path);
+        return app_message::PlotNotPrintedTo(path);
     }
     if (paint(printer) && printer.printerState() != QPrinter::Error) return {};
-    return CChartPrinting::tr("The plot could not be printed. Check the printer or the output file.");
+    return app_message::kPlotNotPrinted;
 }
 
 QString PrintOn(QPrinter& printer, CChartControl& chart, const CWindowServices& services, QWidget* parent) {
     const QString fault = PrintFault(chart, printer);
-    if (fault.isEmpty()) return CChartPrinting::tr("The plot was printed.");
+    if (fault.isEmpty()) return app_message::kPlotPrinted;
     services.messages.ShowError(parent, fault);
     return {};
 }
@@ -66,8 +62,7 @@ QString PrintChartDirectly(CChartControl& chart, const QString& pageName, const 
     if (!chart.Exists()) return {};
     QPrinter printer(QPrinter::HighResolution);
     if (!services.printers.TakeDefault(printer)) {
-        services.messages.ShowError(
-            parent, CChartPrinting::tr("There is no default printer. Use File > Print... to choose a printer."));
+        services.messages.ShowError(parent, app_message::kNoDefaultPrinter);
         return {};
     }
     PrepareJob(printer, pageName);

@@ -2,6 +2,7 @@
 
 #include "app/dialogs/data_type_filters.h"
 #include "app/dialogs/file_picker.h"
+#include "app/message_box.h"
 #include "app/messages.h"
 #include "chart/chart_control.h"
 #include "files/file_request.h"
@@ -34,15 +35,15 @@ QString CPictureExport::Save(CChartControl& chart, CPictureKind kind, QWidget* p
     if (!picked) return {};
     const QString& path = picked->paths.front();
     if (WritePicture(chart, kind, path.toStdString()) != ks::CWriteResult::Written) {
-        m_services.messages.ShowError(parent, tr("The plot could not be written to %1.").arg(path));
+        m_services.messages.ShowError(parent, app_message::PlotNotWritten(path));
         return {};
     }
     m_folder = DriveAndFolder(path).toStdString();
-    return tr("The plot was saved as %1.").arg(path);
+    return app_message::PlotSaved(path);
 }
 
 QString CopyPicture(CChartControl& chart) {
     if (!chart.Exists()) return {};
     chart.CopyMetafile(kMetafileSize);
-    return CPictureExport::tr("The plot was copied to the clipboard.");
+    return app_message::kPlotCopied;
 }

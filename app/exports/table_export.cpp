@@ -2,6 +2,7 @@
 
 #include "app/dialogs/data_type_filters.h"
 #include "app/dialogs/file_picker.h"
+#include "app/message_box.h"
 #include "app/messages.h"
 #include "app/settings.h"
 #include "app/table/summary_list.h"
@@ -32,7 +33,7 @@ ks::CFileRequest ReportRequest(const CSettings& settings) {
 
 QString CopyTable(const CSummaryList& list) {
     QGuiApplication::clipboard()->setText(list.CopyDataText());
-    return CTableExport::tr("The table was copied to the clipboard.");
+    return app_message::kTableCopied;
 }
 
 QString SaveHtmlReport(const CSummaryList& list, const CWindowServices& services, QWidget* parent) {
@@ -43,11 +44,11 @@ QString SaveHtmlReport(const CSummaryList& list, const CWindowServices& services
         case ks::CWriteResult::NotOpened:
             return {};
         case ks::CWriteResult::NotCompleted:
-            services.messages.ShowError(parent, CTableExport::tr("The report could not be written to %1.").arg(path));
+            services.messages.ShowError(parent, app_message::ReportNotWritten(path));
             return {};
         case ks::CWriteResult::Written:
             break;
     }
     services.settings.Set(setting::kHtmlOutputDir, DriveAndFolder(path));
-    return CTableExport::tr("The report was saved as %1.").arg(path);
+    return app_message::ReportSaved(path);
 }

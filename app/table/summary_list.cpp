@@ -11,6 +11,7 @@
 #include <utility>
 #include <vector>
 
+#include "app/control_ids.h"
 #include "app/table/summary_model.h"
 #include "compare/summary_table.h"
 #include "compare/verdict.h"
@@ -18,7 +19,6 @@
 
 namespace {
 
-constexpr int kControlId = 101;
 constexpr int kBarHeight = 2;  // pixels, of the bars that show the selection of a colored cell
 
 /// Draws a judged cell in its color even when its row is selected; two bars then show the selection.
@@ -57,7 +57,7 @@ QString OneLine(const QString& text) {
 }  // namespace
 
 CSummaryList::CSummaryList(QWidget* parent) : QTableView(parent) {
-    setProperty("controlId", kControlId);
+    setProperty("controlId", kSummaryListId);
     setAccessibleName(tr("Summary of the comparison"));
     setItemDelegate(std::make_unique<CVerdictDelegate>(this).release());  // owned by its parent, the list
     setModel(&m_model);

@@ -1,6 +1,7 @@
 #pragma once
 
-// The numbers by which controls are found, in their property "controlId". Frozen.
+// The numbers by which the tests find the controls of the dialogs. Frozen: they repeat those of the forms and of the
+// criteria, so that a number changed there fails.
 
 // "Enter Corridor Size".
 inline constexpr int kCorridorSizeId = 1000;
@@ -20,9 +21,6 @@ inline constexpr int kTruncateId = 1011;
 inline constexpr int kChannelClassId = 1012;
 inline constexpr int kMinTimeId = 1013;
 inline constexpr int kMaxTimeId = 1014;
-
-// The selector of pages in the window.
-inline constexpr int kPagesId = 1015;
 
 // "Error and Warning Messages".
 inline constexpr int kErrorTextId = 1132;

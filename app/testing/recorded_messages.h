@@ -2,7 +2,7 @@
 
 #include <QStringList>
 
-#include "app/messages.h"
+#include "app/message_box.h"
 
 /// Records the program's messages, each as "icon|caption|text" or "beep", in order.
 class CRecordedMessages : public CMessages {

@@ -16,6 +16,7 @@
 #include <utility>
 #include <vector>
 
+#include "app/control_ids.h"
 #include "app/dialogs/file_list.h"
 #include "app/dialogs/printer_picker.h"
 #include "app/dialogs/select_files.h"
@@ -52,7 +53,7 @@ public:
 
 /// How the signals of a run are prepared, in the words of "Select Uds Files".
 struct CRunChoice {
-    bool filter = true;
+    bool isFiltered = true;
     QString channelClass = QStringLiteral("CFC60");
     std::optional<std::pair<QString, QString>> window = std::nullopt;  ///< minimum and maximum time
 };
@@ -89,7 +90,7 @@ public:
     /// Chooses the files in "Select Uds Files" and presses OK; an empty reference means "Compare to Average".
     void Compare(const std::vector<std::string>& files, const std::string& reference, const CRunChoice& choice = {}) {
         dialogs.Expect([this, files, reference, choice](QWidget& dialog) {
-            Control<QCheckBox>(dialog, kFilterId)->setChecked(choice.filter);
+            Control<QCheckBox>(dialog, kFilterId)->setChecked(choice.isFiltered);
             Control<QComboBox>(dialog, kChannelClassId)->setCurrentText(choice.channelClass);
             Control<QCheckBox>(dialog, kTruncateId)->setChecked(choice.window.has_value());
             if (choice.window) {

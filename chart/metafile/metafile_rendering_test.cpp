@@ -41,17 +41,18 @@ QRect Place(const CReadText& text) {
     const double y = text.baseline.y * kPixelsPerUnit;
     const double along = text.advance * kPixelsPerUnit;
     const double across = -text.height * kPixelsPerUnit;
-    const bool upright = text.tenthsOfDegree == 0;
-    const QRectF place = upright ? QRectF(x, y - across, along, across) : QRectF(x - across, y - along, across, along);
+    const bool isUpright = text.tenthsOfDegree == 0;
+    const QRectF place =
+        isUpright ? QRectF(x, y - across, along, across) : QRectF(x - across, y - along, across, along);
     return place.toAlignedRect();
 }
 
 /// The first or last quarter of a text's place along its line.
-QRect Quarter(const CReadText& text, bool first) {
+QRect Quarter(const CReadText& text, bool isFirst) {
     const QRect all = Place(text);
     if (text.tenthsOfDegree == 0)
-        return {first ? all.left() : all.right() - all.width() / 4, all.top(), all.width() / 4, all.height()};
-    return {all.left(), first ? all.bottom() - all.height() / 4 : all.top(), all.width(), all.height() / 4};
+        return {isFirst ? all.left() : all.right() - all.width() / 4, all.top(), all.width() / 4, all.height()};
+    return {all.left(), isFirst ? all.bottom() - all.height() / 4 : all.top(), all.width(), all.height() / 4};
 }
 
 bool HasColorNear(const QImage& image, const QPoint& place, QRgb color) {

@@ -15,12 +15,12 @@ struct CPlaneBox {
     double top = 0.0;
     double right = 0.0;
     double bottom = 0.0;
-    [[nodiscard]] bool IsEmpty() const { return !(left < right && top < bottom); }
     bool operator==(const CPlaneBox&) const = default;
 };
 
 using CPolyline = std::vector<CPlanePoint>;
 
+/// Turned inside out, with `left` > `right` or `top` > `bottom`, where the boxes do not meet: nothing lies in it.
 CPlaneBox Intersection(const CPlaneBox& a, const CPlaneBox& b);
 
 /// The parts of a polyline that lie in the box, in order. A point that is not finite ends a part.

@@ -120,9 +120,11 @@ TEST(VisibleDashes, AScribbleIsDrawnAsALine) {
     EXPECT_GT(VisibleDashes(scribble, kBox, std::array{4.0, 1.0}).size(), 190U);
 }
 
-TEST(Intersection, IsEmptyWhereBoxesMiss) {
+TEST(Intersection, HoldsNothingWhereBoxesMiss) {
     EXPECT_EQ(Intersection(kBox, {5, -5, 20, 3}), (CPlaneBox{5, 0, 10, 3}));
-    EXPECT_TRUE(Intersection(kBox, {11, 0, 12, 5}).IsEmpty());
+    const CPlaneBox none = Intersection(kBox, {11, 0, 12, 5});
+    EXPECT_THAT(ClippedPolyline(CPolyline{{0, 2}, {20, 2}}, none), IsEmpty());
+    EXPECT_THAT(ClippedPolygon(CPolyline{{0, 0}, {20, 0}, {20, 5}}, none), IsEmpty());
 }
 
 }  // namespace

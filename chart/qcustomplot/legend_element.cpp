@@ -1,6 +1,5 @@
 #include "chart/qcustomplot/legend_element.h"
 
-#include <QCoreApplication>
 #include <QFontMetricsF>
 #include <QLineF>
 #include <QWheelEvent>
@@ -12,6 +11,7 @@
 
 #include "chart/chart_style.h"
 #include "chart/legend_layout.h"
+#include "chart/messages.h"
 
 namespace {
 
@@ -84,9 +84,8 @@ void CLegendElement::draw(QCPPainter* painter) {
     for (int place = 0; place < m_layout.shownEntries; ++place) DrawEntry(*painter, place);
     if (HiddenEntries() <= 0) return;
     painter->setPen(m_style.ink);
-    //: Shown when the legend has no room for all names.
-    const QString note = QCoreApplication::translate("Chart", "and %n more", nullptr, HiddenEntries());
-    painter->drawText(Place(m_layout.shownEntries), Qt::AlignLeft | Qt::AlignVCenter, note);
+    painter->drawText(Place(m_layout.shownEntries), Qt::AlignLeft | Qt::AlignVCenter,
+                      chart_message::HiddenEntries(HiddenEntries()));
 }
 
 void CLegendElement::wheelEvent(QWheelEvent* event) {

@@ -2,13 +2,13 @@
 
 #include <qcustomplot.h>
 
-#include <QCoreApplication>
 #include <QFontMetricsF>
 #include <QLocale>
 #include <algorithm>
 #include <cmath>
 
 #include "chart/chart_style.h"
+#include "chart/messages.h"
 #include "chart/qcustomplot/plot_contents.h"
 #include "chart/view_range.h"
 
@@ -133,8 +133,7 @@ void CPlotAxes::LimitRange(QCPAxis& axis, const QCPRange& range) {
 
 QString CPlotAxes::ReadoutAt(const QPointF& position) const {
     if (!m_plot.axisRect()->rect().contains(position.toPoint())) return {};
-    return QCoreApplication::translate("Chart", "X: %1   Y: %2")
-        .arg(NumberAt(*m_plot.xAxis, position.x()), NumberAt(*m_plot.yAxis, position.y()));
+    return chart_message::Readout(NumberAt(*m_plot.xAxis, position.x()), NumberAt(*m_plot.yAxis, position.y()));
 }
 
 QString CPlotAxes::NumberAt(const QCPAxis& axis, double pixel) const {

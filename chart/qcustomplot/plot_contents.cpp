@@ -1,6 +1,5 @@
 #include "chart/qcustomplot/plot_contents.h"
 
-#include <QCoreApplication>
 #include <QList>
 #include <cmath>
 #include <cstddef>
@@ -8,6 +7,7 @@
 #include <string>
 
 #include "chart/chart_model.h"
+#include "chart/messages.h"
 #include "chart/view_range.h"
 
 namespace {
@@ -21,7 +21,7 @@ QString Text(const std::string& utf8) {
 
 QString NameOf(const CChartModel& model, std::size_t series) {
     const std::string name = model.Name(series);
-    return name.empty() ? QCoreApplication::translate("Chart", "Curve %1").arg(series + 1) : Text(name);
+    return name.empty() ? chart_message::UnnamedCurve(series) : Text(name);
 }
 
 QSharedPointer<QCPCurveDataContainer> InOrder(const QVector<QCPGraphData>& points) {

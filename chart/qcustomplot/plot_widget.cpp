@@ -1,6 +1,5 @@
 #include "chart/qcustomplot/plot_widget.h"
 
-#include <QCoreApplication>
 #include <QEvent>
 #include <QHelpEvent>
 #include <QKeyEvent>
@@ -16,6 +15,7 @@
 
 #include "chart/chart_control.h"
 #include "chart/chart_style.h"
+#include "chart/messages.h"
 #include "chart/qcustomplot/legend_element.h"
 #include "chart/qcustomplot/plot_contents.h"
 #include "chart/qcustomplot/plot_curves.h"
@@ -25,16 +25,12 @@ namespace {
 constexpr double kKeyZoom = 0.8;
 constexpr double kKeyPan = 0.1;
 
-QString Translated(const char* text) {
-    return QCoreApplication::translate("Chart", text);
-}
-
 }  // namespace
 
 CPlotWidget::CPlotWidget(QWidget* parent, ShowReadout showReadout)
     : QCustomPlot(parent), m_showReadout(std::move(showReadout)), m_axes(*this), m_legend(new CLegendElement(this)) {
     setObjectName("chart");
-    setAccessibleName(Translated("Chart"));
+    setAccessibleName(chart_message::kChart);
     setFocusPolicy(Qt::StrongFocus);
     setAttribute(Qt::WA_NoMousePropagation, false);  // the context menu is the parent's
     setPlottingHints(QCP::phFastPolylines);
@@ -68,8 +64,7 @@ void CPlotWidget::SetTitles() {
 QString CPlotWidget::Description() const {
     QStringList names;
     for (const CPlotCurve& curve : m_contents->curves) names += curve.name;
-    //: What a screen reader says about the chart: axis titles and the names of the curves.
-    return Translated("%1 over %2. Curves: %3").arg(m_contents->yTitle, m_contents->xTitle, names.join(", "));
+    return chart_message::Description(m_contents->yTitle, m_contents->xTitle, names);
 }
 
 void CPlotWidget::SetStyle(const CChartStyle& style) {

@@ -52,13 +52,13 @@ std::string ArrayCall(CChartProperty property, std::span<const Number> values) {
 void CRecordingChartControl::Create(const CChartCreation& creation) {
     calls.push_back(Joined({"create ", Text(creation.controlType), " style ", Text(creation.style), " area ",
                             Text(creation.clientArea), " id ", Text(creation.identifier)}));
-    m_exists = true;
+    m_isThere = true;
     if (m_passedOnTo) m_passedOnTo->Create(creation);
 }
 
 void CRecordingChartControl::Destroy() {
     calls.emplace_back("destroy");
-    m_exists = false;
+    m_isThere = false;
     if (m_passedOnTo) m_passedOnTo->Destroy();
 }
 

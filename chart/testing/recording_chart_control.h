@@ -22,7 +22,7 @@ public:
 
     void Create(const CChartCreation& creation) override;
     void Destroy() override;
-    [[nodiscard]] bool Exists() const override { return m_exists; }
+    [[nodiscard]] bool Exists() const override { return m_isThere; }
     void SetInteger(CChartProperty property, std::int32_t value) override;
     void SetText(CChartProperty property, std::string_view text) override;
     void SetArray(CChartProperty property, std::span<const double> values) override;
@@ -39,5 +39,5 @@ public:
 
 private:
     CChartControl* m_passedOnTo;
-    bool m_exists = false;
+    bool m_isThere = false;
 };

@@ -20,8 +20,8 @@ struct CFault : std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
-void Require(bool condition, const char* fault) {
-    if (!condition) throw CFault(fault);
+void Require(bool isMet, const char* fault) {
+    if (!isMet) throw CFault(fault);
 }
 
 class CCursor {
@@ -86,7 +86,7 @@ public:
         try {
             ReadPlaceableHeader();
             ReadHeader();
-            while (!m_ended) ReadRecord();
+            while (!m_hasEnded) ReadRecord();
             Require(m_cursor.Left() == 0, "Bytes follow the last record.");
             Require(m_largestRecord == m_largestRecordSaid, "The header gives a different largest record.");
         } catch (const CFault& fault) {
@@ -132,7 +132,7 @@ private:
     void Interpret(unsigned function, CCursor& record) {
         switch (function) {
             case wmf::EndOfFile:
-                m_ended = true;
+                m_hasEnded = true;
                 break;
             case wmf::SetBackgroundMode:
             case wmf::SetPolygonFillMode:
@@ -302,7 +302,7 @@ private:
     std::uint32_t m_textColor = 0;
     std::uint32_t m_largestRecord = 0;
     std::uint32_t m_largestRecordSaid = 0;
-    bool m_ended = false;
+    bool m_hasEnded = false;
 };
 
 }  // namespace

@@ -23,6 +23,7 @@
 #include "compare/plots/page_table.h"
 #include "files/native_path.h"
 #include "files/number_text.h"
+#include "signal/messages.h"
 #include "signal/nsignal.h"
 #include "signal/saved_axis.h"
 
@@ -73,7 +74,7 @@ void CUdsPages::Save(const ks::CNSignal& series, const std::string& path) {
         return;
     }
     if (const auto lost = ks::FirstLostAbscissa(series)) {
-        m_outputs.Warn(cli_message::TimesLost(path, *lost));
+        m_outputs.Warn(ks::signal_message::TimesLost(path, *lost));
     }
 }
 

@@ -10,17 +10,17 @@ namespace {
 /// Writes texts, or fields filled with the widest letter.
 class CFields {
 public:
-    CFields(CUDSBytes& file, bool wide) : m_file(file), m_wide(wide) {}
+    CFields(CUDSBytes& file, bool isWide) : m_file(file), m_isWide(isWide) {}
 
     void Text(std::size_t offset, std::size_t width, const std::string& text) {
-        m_file.PutText(offset, width, m_wide ? std::string(width, 'W') : text);
+        m_file.PutText(offset, width, m_isWide ? std::string(width, 'W') : text);
     }
     void Integer(std::size_t offset, std::int32_t value) { m_file.PutInteger(offset, value); }
     void Real(std::size_t offset, double value) { m_file.PutReal(offset, value); }
 
 private:
     CUDSBytes& m_file;
-    bool m_wide;
+    bool m_isWide;
 };
 
 void PutTest(CFields& fields) {
@@ -89,7 +89,7 @@ void PutCurve(CFields& fields) {
     fields.Text(curve + 374, 70, "SECOND USER TEXT");
 }
 
-std::string File(bool wide) {
+std::string File(bool isWide) {
     CUDSRecipe recipe;
     recipe.hasSecondComponent = true;
     recipe.firstPoint = -1;
@@ -97,7 +97,7 @@ std::string File(bool wide) {
     recipe.x = {-0.5, 0.0, 0.5, 1.0};
     recipe.y = {1.0, -2.0, 4.0, 0.5};
     CUDSBytes file = UdsFile(recipe);
-    CFields fields(file, wide);
+    CFields fields(file, isWide);
     PutTest(fields);
     PutComponent(fields, 181, "A", 1);
     PutInjury(fields);

@@ -1,4 +1,4 @@
-#include "app/messages.h"
+#include "app/message_box.h"
 
 #include <QMessageBox>
 #include <QTest>
@@ -6,7 +6,7 @@
 #include "app/testing/dialog_driver.h"
 #include "app/testing/recorded_messages.h"
 
-class CMessagesTest : public QObject {
+class CMessageBoxTest : public QObject {
     Q_OBJECT
 
 private slots:
@@ -44,5 +44,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(CMessagesTest)
-#include "messages_test.moc"
+QTEST_MAIN(CMessageBoxTest)
+#include "message_box_test.moc"
