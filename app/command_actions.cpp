@@ -6,6 +6,7 @@
 #include <QAction>
 #include <QCoreApplication>
 #include <QWidget>
+
 #include <functional>
 #include <span>
 

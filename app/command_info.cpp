@@ -1,14 +1,14 @@
 #include "app/command_info.h"
 
+#include "files/hit_list.h"
+#include "files/number_text.h"
+#include "signal/channel_class.h"
+
 #include <algorithm>
 #include <cstdint>
 #include <span>
 #include <string>
 #include <string_view>
-
-#include "files/hit_list.h"
-#include "files/number_text.h"
-#include "signal/channel_class.h"
 
 namespace {
 

@@ -1,11 +1,11 @@
 #include "app/command_info.h"
 
+#include "tests/support/temp_folder.h"
+
 #include <gmock/gmock.h>
 
 #include <filesystem>
 #include <limits>
-
-#include "tests/support/temp_folder.h"
 
 namespace {
 

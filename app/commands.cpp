@@ -1,8 +1,9 @@
 #include "app/commands.h"
 
+#include "compare/run_state.h"
+
 #include <array>
 #include <span>
-#include "compare/run_state.h"
 
 namespace {
 

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "compare/run_state.h"
+
 #include <cstdint>
 #include <span>
-
-#include "compare/run_state.h"
 
 /// Numbers of the commands; frozen: the toolbar's state on users' machines and tools that drive the window refer to
 /// them.

@@ -1,12 +1,13 @@
 #include "app/commands.h"
 
+#include "compare/run_state.h"
+
 #include <gmock/gmock.h>
 
 #include <cstddef>
 #include <set>
 #include <string>
 #include <vector>
-#include "compare/run_state.h"
 
 namespace {
 

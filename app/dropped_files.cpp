@@ -1,16 +1,17 @@
 #include "app/dropped_files.h"
 
-#include <QDir>
-#include <QFileInfo>
-#include <QMimeData>
-#include <QUrl>
-#include <string>
-
 #include "app/dialogs/data_type_filters.h"
 #include "app/message_box.h"
 #include "app/messages.h"
 #include "app/settings.h"
 #include "files/hit_list.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QMimeData>
+#include <QUrl>
+
+#include <string>
 
 namespace {
 

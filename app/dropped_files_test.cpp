@@ -1,5 +1,10 @@
 #include "app/dropped_files.h"
 
+#include "app/dialogs/data_type_filters.h"
+#include "app/dialogs/file_picker.h"
+#include "app/settings.h"
+#include "compare/setting_keys.h"
+
 #include <QDir>
 #include <QFileDialog>
 #include <QMimeData>
@@ -7,17 +12,13 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QUrl>
+
 #include <algorithm>
 #include <cstddef>
 #include <memory>
 #include <string>
 #include <utility>
 #include <vector>
-
-#include "app/dialogs/data_type_filters.h"
-#include "app/dialogs/file_picker.h"
-#include "app/settings.h"
-#include "compare/setting_keys.h"
 
 class CDroppedFilesTest : public QObject {
     Q_OBJECT

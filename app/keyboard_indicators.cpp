@@ -1,7 +1,8 @@
 #include "app/keyboard_indicators.h"
-#include <X11/extensions/XKB.h>
 
 #include <QGuiApplication>
+#include <X11/extensions/XKB.h>
+
 #include <optional>
 
 #if defined(_WIN32)

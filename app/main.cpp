@@ -1,6 +1,3 @@
-#include <QSettings>
-#include <memory>
-
 #include "app/dialogs/file_picker.h"
 #include "app/dialogs/printer_picker.h"
 #include "app/main_frame.h"
@@ -8,6 +5,10 @@
 #include "app/quorvel_app.h"
 #include "app/settings.h"
 #include "app/window_services.h"
+
+#include <QSettings>
+
+#include <memory>
 
 int main(int argc, char** argv) {
     CMessageBoxes messages;

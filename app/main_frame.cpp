@@ -1,19 +1,5 @@
 #include "app/main_frame.h"
 
-#include <QAction>
-#include <QApplication>
-#include <QCloseEvent>
-#include <QKeyEvent>
-#include <QMenu>
-#include <QMenuBar>
-#include <QStatusBar>
-#include <QToolBar>
-#include <array>
-#include <cstdint>
-#include <memory>
-#include <utility>
-#include <vector>
-
 #include "app/command_actions.h"
 #include "app/commands.h"
 #include "app/loaded_files.h"
@@ -26,6 +12,21 @@
 #include "app/toolbar_row.h"
 #include "app/window_services.h"
 #include "chart/make_chart.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QMenuBar>
+#include <QStatusBar>
+#include <QToolBar>
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <utility>
+#include <vector>
 
 namespace {
 

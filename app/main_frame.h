@@ -1,12 +1,5 @@
 #pragma once
 
-#include <QMainWindow>
-#include <QStringList>
-#include <functional>
-#include <memory>
-#include <string>
-#include <vector>
-
 #include "app/command_actions.h"
 #include "app/commands.h"
 #include "app/exports/picture_export.h"
@@ -17,6 +10,14 @@
 #include "chart/chart_control.h"
 #include "compare/document.h"
 #include "compare/run_state.h"
+
+#include <QMainWindow>
+#include <QStringList>
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
 
 class CDialogPane;
 class CPathMenu;

@@ -1,20 +1,5 @@
 // The commands of the main window.
 
-#include <QDragEnterEvent>
-#include <QFileInfo>
-#include <QMenu>
-#include <QMimeData>
-#include <QStatusBar>
-#include <QTimer>
-#include <QToolBar>
-#include <exception>
-#include <functional>
-#include <optional>
-#include <string>
-#include <string_view>
-#include <utility>
-#include <vector>
-
 #include "app/commands.h"
 #include "app/dialogs/about_dialog.h"
 #include "app/dialogs/customize_dialog.h"
@@ -42,6 +27,22 @@
 #include "files/hit_list.h"
 #include "viewer/uds_dialog.h"
 #include "widgets/take_copy.h"
+
+#include <QDragEnterEvent>
+#include <QFileInfo>
+#include <QMenu>
+#include <QMimeData>
+#include <QStatusBar>
+#include <QTimer>
+#include <QToolBar>
+
+#include <exception>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
 
 namespace {
 

@@ -1,5 +1,11 @@
 #include "app/main_frame.h"
 
+#include "app/commands.h"
+#include "app/dialogs/customize_dialog.h"
+#include "app/page_pane.h"
+#include "app/testing/widget_probe.h"
+#include "app/testing/window_test.h"
+
 #include <QAccessible>
 #include <QContextMenuEvent>
 #include <QLabel>
@@ -8,13 +14,8 @@
 #include <QStatusBar>
 #include <QToolBar>
 #include <QToolButton>
-#include <utility>
 
-#include "app/commands.h"
-#include "app/dialogs/customize_dialog.h"
-#include "app/page_pane.h"
-#include "app/testing/widget_probe.h"
-#include "app/testing/window_test.h"
+#include <utility>
 
 namespace {
 

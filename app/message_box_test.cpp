@@ -1,10 +1,10 @@
 #include "app/message_box.h"
 
-#include <QMessageBox>
-#include <QTest>
-
 #include "app/testing/dialog_driver.h"
 #include "app/testing/recorded_messages.h"
+
+#include <QMessageBox>
+#include <QTest>
 
 class CMessageBoxTest : public QObject {
     Q_OBJECT

@@ -1,10 +1,11 @@
 #pragma once
 
+#include "widgets/sentence.h"
+
 #include <QCoreApplication>
 #include <QString>
-#include <cstddef>
 
-#include "widgets/sentence.h"
+#include <cstddef>
 
 /// Every message of the window and its dialogs, once. Labels, captions and tool tips are where their controls are made.
 namespace app_message {

@@ -1,15 +1,16 @@
 #include "app/page_pane.h"
 
+#include "app/control_ids.h"
+#include "compare/plots/page_table.h"
+
 #include <QComboBox>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QShortcut>
 #include <QSignalBlocker>
+
 #include <cstdint>
 #include <span>
-
-#include "app/control_ids.h"
-#include "compare/plots/page_table.h"
 
 namespace {
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QFrame>
+
 #include <cstdint>
 #include <span>
 

@@ -1,7 +1,15 @@
 #include "app/quorvel_app.h"
 
+#include "app/command_info.h"
+#include "app/commands.h"
+#include "app/main_frame.h"
+#include "app/message_box.h"
+#include "app/resources.h"
+#include "app/settings.h"
+
 #include <QTimer>
 #include <QWindow>
+
 #include <clocale>
 #include <exception>
 #include <functional>
@@ -9,13 +17,6 @@
 #include <string>
 #include <utility>
 #include <vector>
-
-#include "app/command_info.h"
-#include "app/commands.h"
-#include "app/main_frame.h"
-#include "app/message_box.h"
-#include "app/resources.h"
-#include "app/settings.h"
 
 #ifdef _WIN32
 #include <windows.h>

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QSettings>
+
 #include <memory>
 #include <string>
 #include <vector>

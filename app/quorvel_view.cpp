@@ -1,12 +1,5 @@
 #include "app/quorvel_view.h"
 
-#include <QContextMenuEvent>
-#include <QLabel>
-#include <algorithm>
-#include <cstddef>
-#include <cstdint>
-#include <vector>
-
 #include "app/messages.h"
 #include "app/table/summary_list.h"
 #include "app/table/summary_model.h"
@@ -15,6 +8,14 @@
 #include "compare/document_host.h"
 #include "compare/plots/page_table.h"
 #include "compare/run_state.h"
+
+#include <QContextMenuEvent>
+#include <QLabel>
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <vector>
 
 namespace {
 

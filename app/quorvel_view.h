@@ -1,13 +1,14 @@
 #pragma once
 
-#include <QList>
-#include <QString>
-#include <QWidget>
-#include <cstdint>
-
 #include "chart/chart_sequences.h"
 #include "compare/document_host.h"
 #include "compare/run_state.h"
+
+#include <QList>
+#include <QString>
+#include <QWidget>
+
+#include <cstdint>
 
 class CChartControl;
 class CQuorvelDoc;

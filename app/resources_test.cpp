@@ -1,13 +1,14 @@
 #include "app/resources.h"
 
+#include "app/testing/contrast.h"
+
 #include <QImage>
 #include <QPainter>
 #include <QTest>
+
 #include <cstddef>
 #include <set>
 #include <vector>
-
-#include "app/testing/contrast.h"
 
 namespace {
 

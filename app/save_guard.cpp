@@ -7,6 +7,7 @@
 #include "app/window_services.h"
 
 #include <QPrinter>
+
 #include <optional>
 
 CWindowServices CSaveGuard::Guarded() {

@@ -1,9 +1,10 @@
 #pragma once
 
-#include <optional>
 #include "app/dialogs/file_picker.h"
 #include "app/dialogs/printer_picker.h"
 #include "app/window_services.h"
+
+#include <optional>
 
 class CQuorvelDoc;
 

@@ -1,8 +1,9 @@
 #include "app/settings.h"
 
+#include "compare/setting_keys.h"
+
 #include <QDir>
 #include <QFileInfo>
-#include "compare/setting_keys.h"
 
 namespace {
 

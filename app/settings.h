@@ -1,11 +1,11 @@
 #pragma once
 
+#include "compare/setting_keys.h"
+
 #include <QByteArray>
 #include <QSettings>
 #include <QString>
 #include <QStringList>
-
-#include "compare/setting_keys.h"
 
 /// What the program remembers for a user: the values of the group "Settings", the recent files in "Recent File List",
 /// and the layout of the main window in "Main Window".

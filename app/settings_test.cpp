@@ -1,10 +1,12 @@
 #include "app/settings.h"
 
+#include "compare/setting_keys.h"
+
 #include <QDir>
 #include <QTemporaryDir>
 #include <QTest>
+
 #include <memory>
-#include "compare/setting_keys.h"
 
 class CSettingsTest : public QObject {
     Q_OBJECT

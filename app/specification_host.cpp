@@ -1,5 +1,4 @@
 #include "app/specification_host.h"
-#include <optional>
 
 #include "app/dialogs/file_picker.h"
 #include "app/dialogs/printer_picker.h"
@@ -7,6 +6,8 @@
 #include "app/settings.h"
 #include "compare/setting_keys.h"
 #include "viewer/viewer_host.h"
+
+#include <optional>
 
 void CSpecificationHost::ShowError(QWidget* parent, const QString& text) {
     m_services.messages.ShowError(parent, text);

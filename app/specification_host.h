@@ -1,8 +1,9 @@
 #pragma once
 
-#include <optional>
 #include "app/window_services.h"
 #include "viewer/viewer_host.h"
+
+#include <optional>
 
 /// The program around the file viewer: its message boxes, pickers and printers are those of the window. It reads the
 /// settings and stores nothing: viewing a file changes nothing.

@@ -8,6 +8,7 @@
 #include "files/file_request.h"
 
 #include <QCoreApplication>
+
 #include <optional>
 
 std::optional<QString> PickSpecificationFile(const CWindowServices& services, QWidget* parent) {

@@ -3,6 +3,7 @@
 #include "app/window_services.h"
 
 #include <QString>
+
 #include <optional>
 
 class QWidget;

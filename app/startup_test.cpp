@@ -1,16 +1,5 @@
 // How the program starts: its name, settings, arguments, and numbers.
 
-#include <QProcess>
-#include <QProgressBar>
-#include <QRegularExpression>
-#include <QTemporaryDir>
-#include <clocale>
-#include <cstdlib>
-#include <memory>
-#include <stdexcept>
-#include <string>
-#include <vector>
-
 #include "app/commands.h"
 #include "app/dialogs/file_picker.h"
 #include "app/messages.h"
@@ -23,6 +12,18 @@
 #include "files/hit_list.h"
 #include "files/replacing_file.h"
 #include "tests/support/summary_samples.h"
+
+#include <QProcess>
+#include <QProgressBar>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+
+#include <clocale>
+#include <cstdlib>
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <vector>
 
 namespace {
 

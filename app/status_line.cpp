@@ -1,13 +1,14 @@
 #include "app/status_line.h"
 
-#include <QLabel>
-#include <QProgressBar>
-#include <QStatusBar>
-#include <optional>
-
 #include "app/control_ids.h"
 #include "app/keyboard_indicators.h"
 #include "app/messages.h"
+
+#include <QLabel>
+#include <QProgressBar>
+#include <QStatusBar>
+
+#include <optional>
 
 namespace {
 

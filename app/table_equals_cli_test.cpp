@@ -1,17 +1,18 @@
 // The window's table against the command line's results for the same choice: two programs, same results, cell by cell.
 
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
-#include <QProcess>
-#include <cstddef>
-#include <string>
-#include <vector>
-
 #include "app/testing/window_fixture.h"
 #include "app/testing/window_test.h"
 #include "compare/document.h"
 #include "tests/support/summary_samples.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+
+#include <cstddef>
+#include <string>
+#include <vector>
 
 namespace {
 

@@ -1,11 +1,12 @@
 #include "app/toolbar_row.h"
 
-#include <QAction>
-#include <QHBoxLayout>
-#include <array>
-
 #include "app/command_actions.h"
 #include "app/commands.h"
+
+#include <QAction>
+#include <QHBoxLayout>
+
+#include <array>
 
 namespace {
 

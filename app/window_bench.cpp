@@ -1,15 +1,3 @@
-#include <benchmark/benchmark.h>
-
-#include <QApplication>
-#include <QSettings>
-#include <QTemporaryDir>
-#include <cmath>
-#include <cstddef>
-#include <cstdint>
-#include <string>
-#include <utility>
-#include <vector>
-
 #include "app/dialogs/file_picker.h"
 #include "app/dialogs/printer_picker.h"
 #include "app/main_frame.h"
@@ -22,6 +10,18 @@
 #include "signal/nsignal.h"
 #include "tests/support/temp_folder.h"
 #include "tests/support/test_signals.h"
+
+#include <QApplication>
+#include <QSettings>
+#include <QTemporaryDir>
+#include <benchmark/benchmark.h>
+
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <utility>
+#include <vector>
 
 namespace {
 

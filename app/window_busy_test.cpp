@@ -1,17 +1,5 @@
 // What the main window does while a command is running, and how it handles a command that throws.
 
-#include <QContextMenuEvent>
-#include <QLabel>
-#include <QMimeData>
-#include <QProgressBar>
-#include <QToolBar>
-#include <QToolButton>
-#include <algorithm>
-#include <cstdint>
-#include <memory>
-#include <stdexcept>
-#include <utility>
-
 #include "app/commands.h"
 #include "app/dialogs/file_picker.h"
 #include "app/testing/widget_probe.h"
@@ -20,6 +8,19 @@
 #include "chart/testing/recording_chart_control.h"
 #include "compare/plots/page_ids.h"
 #include "compare/run_state.h"
+
+#include <QContextMenuEvent>
+#include <QLabel>
+#include <QMimeData>
+#include <QProgressBar>
+#include <QToolBar>
+#include <QToolButton>
+
+#include <algorithm>
+#include <cstdint>
+#include <memory>
+#include <stdexcept>
+#include <utility>
 
 namespace {
 

@@ -1,14 +1,5 @@
 // The chart pages of the main window, seen from the chart control: what the window asks of it, call by call.
 
-#include <QHeaderView>
-#include <QSignalSpy>
-#include <algorithm>
-#include <cstddef>
-#include <memory>
-#include <string>
-#include <utility>
-#include <vector>
-
 #include "app/commands.h"
 #include "app/page_pane.h"
 #include "app/testing/window_fixture.h"
@@ -17,6 +8,16 @@
 #include "signal/nsignal.h"
 #include "tests/support/summary_samples.h"
 #include "tests/support/test_signals.h"
+
+#include <QHeaderView>
+#include <QSignalSpy>
+
+#include <algorithm>
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
 
 namespace {
 

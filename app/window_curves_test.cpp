@@ -1,16 +1,17 @@
 // The curves of a page as signals and as a table.
 
-#include <QList>
-#include <cmath>
-#include <cstddef>
-#include <string>
-#include <vector>
-
 #include "app/testing/exports_test.h"
 #include "compare/document.h"
 #include "compare/export.h"
 #include "signal/nsignal.h"
 #include "tests/support/test_signals.h"
+
+#include <QList>
+
+#include <cmath>
+#include <cstddef>
+#include <string>
+#include <vector>
 
 namespace {
 
@@ -60,7 +61,8 @@ private slots:
                 QCOMPARE(request.title, "Save " + document.SeriesNames()[j] + " as");
                 QVERIFY(request.kind == ks::CPickerKind::Save && request.filters.empty() &&
                         request.suggestedName.empty());
-                QVERIFY(request.shouldHideReadOnly && request.shouldAskBeforeOverwriting && request.defaultExtension.empty());
+                QVERIFY(request.shouldHideReadOnly && request.shouldAskBeforeOverwriting &&
+                        request.defaultExtension.empty());
                 const QString place = page + QString(", series %1").arg(j);
                 ks::CNSignal record;
                 record.LoadUDS(SeriesFile(j).toStdString());

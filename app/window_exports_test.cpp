@@ -1,8 +1,5 @@
 // What holds for every export of the main window: loaded files, Cancel, and what is off.
 
-#include <QDir>
-#include <QFile>
-#include <QImageReader>
 #include "app/commands.h"
 #include "app/dialogs/file_picker.h"
 #include "app/settings.h"
@@ -19,10 +16,15 @@
 #include "files/replacing_file.h"
 #include "signal/nsignal.h"
 #include "tests/support/temp_folder.h"
+
+#include <QDir>
+#include <QFile>
+#include <QImageReader>
 #include <QMimeData>
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QSet>
+
 #include <algorithm>
 #include <cmath>
 #include <cstddef>

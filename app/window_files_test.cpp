@@ -1,15 +1,5 @@
 // Other ways into the main window than "Select Files...": recent hit lists, drops, and viewing one file.
 
-#include <QContextMenuEvent>
-#include <QMap>
-#include <QMenu>
-#include <QMimeData>
-#include <QUrl>
-#include <cstddef>
-#include <optional>
-#include <string>
-#include <vector>
-
 #include "app/commands.h"
 #include "app/dialogs/file_picker.h"
 #include "app/specification_host.h"
@@ -21,6 +11,17 @@
 #include "files/hit_list.h"
 #include "files/replacing_file.h"
 #include "viewer/uds_dialog.h"
+
+#include <QContextMenuEvent>
+#include <QMap>
+#include <QMenu>
+#include <QMimeData>
+#include <QUrl>
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <vector>
 
 namespace {
 

@@ -1,12 +1,5 @@
 #include "app/window_host.h"
 
-#include <QApplication>
-#include <cstddef>
-#include <memory>
-#include <optional>
-#include <string>
-#include <utility>
-
 #include "app/dialogs/corridor_dialog.h"
 #include "app/dialogs/critical_values_dialog.h"
 #include "app/dialogs/error_dialog.h"
@@ -19,6 +12,14 @@
 #include "compare/critical_values.h"
 #include "compare/document_host.h"
 #include "compare/setting_keys.h"
+
+#include <QApplication>
+
+#include <cstddef>
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
 
 CWindowHost::CWindowHost(QWidget& window, const CWindowServices& services) : m_window(window), m_services(services) {}
 

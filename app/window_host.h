@@ -1,19 +1,20 @@
 #pragma once
 
+#include "app/window_services.h"
+#include "compare/critical_values.h"
+#include "compare/document_host.h"
+#include "compare/setting_keys.h"
+
 #include <QObject>
 #include <QString>
 #include <QStringList>
+
 #include <cstddef>
 #include <memory>
 #include <optional>
 #include <string>
 #include <utility>
 #include <vector>
-
-#include "app/window_services.h"
-#include "compare/critical_values.h"
-#include "compare/document_host.h"
-#include "compare/setting_keys.h"
 
 class CInputBlocker;
 class QWidget;

@@ -1,5 +1,8 @@
 // The chart on the clipboard and as a picture.
 
+#include "app/testing/exports_test.h"
+#include "chart/testing/wmf_reader.h"
+
 #include <QClipboard>
 #include <QColor>
 #include <QGuiApplication>
@@ -7,11 +10,9 @@
 #include <QImageReader>
 #include <QMimeData>
 #include <QSet>
+
 #include <cstddef>
 #include <string>
-
-#include "app/testing/exports_test.h"
-#include "chart/testing/wmf_reader.h"
 
 class CWindowPicturesTest : public CExportsTest {
     Q_OBJECT

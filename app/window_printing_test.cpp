@@ -1,14 +1,15 @@
 // What the main window prints.
 
-#include <cstddef>
-#include <string>
-#include <vector>
 #include "app/commands.h"
 #include "app/specification_host.h"
 #include "app/testing/window_test.h"
 #include "tests/support/failing_disk.h"
 #include "tests/support/temp_folder.h"
 #include "viewer/testing/pdf_text.h"
+
+#include <cstddef>
+#include <string>
+#include <vector>
 
 namespace {
 

@@ -1,5 +1,10 @@
 // The table on the clipboard and as an HTML report.
 
+#include "app/table/summary_list.h"
+#include "app/testing/exports_test.h"
+#include "compare/export.h"
+#include "compare/verdict.h"
+
 #include <QAbstractItemModel>
 #include <QClipboard>
 #include <QGuiApplication>
@@ -7,14 +12,10 @@
 #include <QMimeData>
 #include <QRegularExpression>
 #include <QSet>
+
 #include <map>
 #include <string>
 #include <vector>
-
-#include "app/table/summary_list.h"
-#include "app/testing/exports_test.h"
-#include "compare/export.h"
-#include "compare/verdict.h"
 
 class CWindowReportTest : public CExportsTest {
     Q_OBJECT

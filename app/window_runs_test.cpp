@@ -1,16 +1,5 @@
 // Runs as the user of the main window sees them, both completed and stopped.
 
-#include <QCheckBox>
-#include <QClipboard>
-#include <QLabel>
-#include <QProgressBar>
-#include <QSignalSpy>
-#include <cstddef>
-#include <memory>
-#include <string>
-#include <utility>
-#include <vector>
-
 #include "app/commands.h"
 #include "app/page_pane.h"
 #include "app/table/summary_model.h"
@@ -22,6 +11,18 @@
 #include "compare/verdict.h"
 #include "tests/support/summary_samples.h"
 #include "tests/support/test_signals.h"
+
+#include <QCheckBox>
+#include <QClipboard>
+#include <QLabel>
+#include <QProgressBar>
+#include <QSignalSpy>
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
 
 namespace {
 

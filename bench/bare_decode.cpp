@@ -1,5 +1,5 @@
-#include <fcntl.h>
-#include <unistd.h>
+#include "bench/bare_column.h"
+#include "bench/bare_loops.h"
 
 #include <algorithm>
 #include <array>
@@ -7,14 +7,13 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <fcntl.h>
 #include <span>
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <unistd.h>
 #include <vector>
-
-#include "bench/bare_column.h"
-#include "bench/bare_loops.h"
 
 namespace bare {
 namespace {

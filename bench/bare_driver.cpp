@@ -3,6 +3,9 @@
 //
 //   quorvel_bench_bare run START STOP REFERENCE COMPUTED...
 
+#include "bench/bare_loops.h"
+#include "bench/work_item.h"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -14,9 +17,6 @@
 #include <span>
 #include <string>
 #include <vector>
-
-#include "bench/bare_loops.h"
-#include "bench/work_item.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
+#include "bench/bare_loops.h"
+
 #include <cmath>
 #include <cstddef>
 #include <span>
-
-#include "bench/bare_loops.h"
 
 namespace bare {
 namespace {

@@ -1,6 +1,7 @@
+#include "bench/bare_loops.h"
+
 #include <cstddef>
 #include <span>
-#include "bench/bare_loops.h"
 
 namespace bare {
 

@@ -1,12 +1,12 @@
 #pragma once
 
+#include "bench/bare_column.h"
+
 #include <array>
 #include <cstddef>
 #include <cstdint>
 #include <span>
 #include <string>
-
-#include "bench/bare_column.h"
 
 // Only the unavoidable work of each work item: no check for damaged files, no header, no record.
 // They share no code with the product. The order of the arithmetic is the settled one.

@@ -1,9 +1,9 @@
+#include "bench/bare_loops.h"
+
 #include <array>
 #include <cmath>
 #include <cstddef>
 #include <span>
-
-#include "bench/bare_loops.h"
 
 namespace bare {
 namespace {

@@ -1,3 +1,6 @@
+#include "bench/bare_column.h"
+#include "bench/bare_loops.h"
+
 #include <fast_float/fast_float.h>
 #include <fast_float/parse_number.h>
 
@@ -5,9 +8,6 @@
 #include <stdexcept>
 #include <string>
 #include <utility>
-
-#include "bench/bare_column.h"
-#include "bench/bare_loops.h"
 
 namespace bare {
 namespace {

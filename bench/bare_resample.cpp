@@ -1,8 +1,9 @@
+#include "bench/bare_column.h"
+#include "bench/bare_loops.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <span>
-#include "bench/bare_column.h"
-#include "bench/bare_loops.h"
 
 namespace bare {
 

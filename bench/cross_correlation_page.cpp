@@ -6,6 +6,12 @@
 // output: the milliseconds that the page took to build its series. The curves of the last repeat go to CURVES as raw
 // doubles, one curve after the other.
 
+#include "compare/plots/page_ids.h"
+#include "compare/plots/page_table.h"
+#include "compare/plots/plot.h"
+#include "compare/signal.h"
+#include "tests/support/page_samples.h"
+
 #include <chrono>
 #include <cstdlib>
 #include <exception>
@@ -17,12 +23,6 @@
 #include <stdexcept>
 #include <string>
 #include <vector>
-
-#include "compare/plots/page_ids.h"
-#include "compare/plots/page_table.h"
-#include "compare/plots/plot.h"
-#include "compare/signal.h"
-#include "tests/support/page_samples.h"
 
 namespace {
 

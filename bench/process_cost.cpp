@@ -6,14 +6,13 @@
 // A process of its own, since the peak that the system reports of a process begins with what its starter had in use:
 // started by an interpreter, no program would seem smaller than that.
 
+#include <cstdlib>
 #include <fcntl.h>
+#include <iostream>
 #include <spawn.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
-
-#include <cstdlib>
-#include <iostream>
 
 namespace {
 

@@ -1,18 +1,18 @@
 // Our side of the speed table: each work item on the record level, timed inside the process. See bench/work_item.h for
 // the arguments and commands; speed_table.py runs it.
 
-#include <cstdint>
-#include <memory>
-#include <string>
-#include <utility>
-#include <vector>
-
 #include "bench/work_item.h"
 #include "compare/comparison.h"
 #include "compare/plots/page_ids.h"
 #include "compare/plots/page_table.h"
 #include "files/ascii_points.h"
 #include "signal/nsignal.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
 
 namespace {
 

@@ -1,5 +1,4 @@
 #include "bench/work_item.h"
-#include <ctime>
 
 #include <cmath>
 #include <cstdlib>

@@ -1,6 +1,7 @@
 #include "chart/chart_clipboard.h"
 
 #include <QByteArray>
+
 #include <memory>
 #include <string_view>
 

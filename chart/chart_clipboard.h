@@ -2,6 +2,7 @@
 
 #include <QImage>
 #include <QMimeData>
+
 #include <memory>
 #include <string_view>
 

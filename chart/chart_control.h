@@ -1,11 +1,11 @@
 #pragma once
 
+#include "files/replacing_file.h"
+
 #include <cstdint>
 #include <span>
 #include <string>
 #include <string_view>
-
-#include "files/replacing_file.h"
 
 class QPainter;
 class QRectF;

@@ -1,12 +1,12 @@
 #include "chart/chart_model.h"
 
+#include "chart/chart_control.h"
+
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <span>
 #include <string_view>
-
-#include "chart/chart_control.h"
 
 namespace {
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "chart/chart_control.h"
+
 #include <array>
 #include <cmath>
 #include <cstddef>
@@ -9,8 +11,6 @@
 #include <string>
 #include <string_view>
 #include <vector>
-
-#include "chart/chart_control.h"
 
 /// What a chart shows, gathered from its properties. Properties without a meaning here are accepted and ignored.
 class CChartModel {

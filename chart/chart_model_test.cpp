@@ -1,5 +1,7 @@
 #include "chart/chart_model.h"
 
+#include "chart/chart_control.h"
+
 #include <gmock/gmock.h>
 
 #include <array>
@@ -8,8 +10,6 @@
 #include <limits>
 #include <string>
 #include <vector>
-
-#include "chart/chart_control.h"
 
 namespace {
 

@@ -1,5 +1,9 @@
 #include "chart/chart_sequences.h"
 
+#include "chart/chart_control.h"
+#include "compare/chart_block.h"
+#include "files/one_line.h"
+
 #include <algorithm>
 #include <array>
 #include <cstddef>
@@ -7,11 +11,6 @@
 #include <span>
 #include <string>
 #include <string_view>
-
-#include "chart/chart_control.h"
-#include "compare/chart_block.h"
-
-#include "files/one_line.h"
 
 namespace {
 

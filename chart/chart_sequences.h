@@ -1,14 +1,14 @@
 #pragma once
 
+#include "chart/chart_control.h"
+#include "compare/chart_block.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <span>
 #include <string>
 #include <string_view>
 #include <vector>
-
-#include "chart/chart_control.h"
-#include "compare/chart_block.h"
 
 /// The line-style values handed to the chart, kept between pages. The array never shrinks, so that a mode that
 /// leaves the values unchanged finds those of the previous page.

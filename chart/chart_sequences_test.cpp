@@ -1,13 +1,14 @@
 #include "chart/chart_sequences.h"
 
+#include "chart/testing/recording_chart_control.h"
+#include "compare/chart_block.h"
+
 #include <gmock/gmock.h>
+
 #include <cstddef>
 #include <cstdint>
 #include <string>
 #include <vector>
-
-#include "chart/testing/recording_chart_control.h"
-#include "compare/chart_block.h"
 
 namespace {
 

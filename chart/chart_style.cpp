@@ -1,12 +1,13 @@
 #include "chart/chart_style.h"
 
+#include "chart/line_look.h"
+
 #include <QList>
 #include <QPalette>
 #include <QWidget>
+
 #include <cmath>
 #include <cstddef>
-
-#include "chart/line_look.h"
 
 namespace {
 

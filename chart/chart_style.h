@@ -1,11 +1,12 @@
 #pragma once
 
+#include "chart/line_look.h"
+
 #include <QColor>
 #include <QFont>
 #include <QPen>
-#include <cstddef>
 
-#include "chart/line_look.h"
+#include <cstddef>
 
 class QWidget;
 

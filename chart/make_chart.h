@@ -1,10 +1,11 @@
 #pragma once
 
+#include "chart/chart_control.h"
+
 #include <QString>
+
 #include <functional>
 #include <memory>
-
-#include "chart/chart_control.h"
 
 /// The chart control of the desktop program. On the screen it follows the desktop's palette; exported, copied and
 /// printed charts are always on white. Wheel: zoom at the pointer; drag: pan; double click: reset. Keys: "+" and "-"

@@ -1,11 +1,12 @@
 #pragma once
 
+#include "widgets/sentence.h"
+
 #include <QCoreApplication>
 #include <QString>
 #include <QStringList>
-#include <cstddef>
 
-#include "widgets/sentence.h"
+#include <cstddef>
 
 /// The texts that the chart control adds to those of the page, once.
 namespace chart_message {

@@ -1,6 +1,7 @@
 #include "chart/view_range.h"
 
 #include <gtest/gtest.h>
+
 #include <initializer_list>
 
 namespace {

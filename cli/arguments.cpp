@@ -1,6 +1,10 @@
 #include "cli/arguments.h"
 
+#include "cli/messages.h"
+#include "cli/usage_error.h"
+
 #include <CLI/CLI.hpp>
+
 #include <algorithm>
 #include <cstddef>
 #include <optional>
@@ -9,9 +13,6 @@
 #include <string_view>
 #include <utility>
 #include <vector>
-
-#include "cli/messages.h"
-#include "cli/usage_error.h"
 
 namespace {
 

@@ -1,13 +1,13 @@
 #include "cli/arguments.h"
 
+#include "cli/usage_error.h"
+
 #include <gmock/gmock.h>
 
 #include <array>
 #include <optional>
 #include <string>
 #include <vector>
-
-#include "cli/usage_error.h"
 
 namespace {
 

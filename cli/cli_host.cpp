@@ -1,12 +1,5 @@
 #include "cli/cli_host.h"
 
-#include <cstddef>
-#include <optional>
-#include <string>
-#include <string_view>
-#include <utility>
-#include <vector>
-
 #include "cli/commands/compare_options.h"
 #include "cli/join.h"
 #include "cli/messages.h"
@@ -14,6 +7,13 @@
 #include "compare/critical_values.h"
 #include "compare/document_host.h"
 #include "compare/setting_keys.h"
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
 
 CCliHost::CCliHost(const CCompareOptions& options, std::vector<std::string> files, CConsole& console)
     : m_options(options), m_files(std::move(files)), m_console(console) {}

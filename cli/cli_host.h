@@ -1,16 +1,16 @@
 #pragma once
 
-#include <cstddef>
-#include <optional>
-#include <string>
-#include <string_view>
-#include <vector>
-
 #include "cli/commands/compare_options.h"
 #include "cli/output/console.h"
 #include "compare/critical_values.h"
 #include "compare/document_host.h"
 #include "compare/setting_keys.h"
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
 
 /// The document's host on the command line: the options answer its questions, and its messages go to standard error.
 class CCliHost : public CDocumentHost {

@@ -1,15 +1,16 @@
 #include "cli/cli_host.h"
 
+#include "cli/commands/compare_options.h"
+#include "cli/output/console.h"
+#include "compare/document_host.h"
+#include "compare/setting_keys.h"
+
 #include <gmock/gmock.h>
 
 #include <cstdio>
 #include <memory>
 #include <optional>
 #include <string>
-#include "cli/commands/compare_options.h"
-#include "cli/output/console.h"
-#include "compare/document_host.h"
-#include "compare/setting_keys.h"
 
 namespace {
 

@@ -1,14 +1,15 @@
 #include "cli/criteria.h"
 
+#include "compare/critical_values.h"
+#include "compare/summary_columns.h"
+#include "compare/summary_table.h"
+#include "compare/verdict.h"
+
 #include <algorithm>
 #include <cstddef>
 #include <span>
 #include <string>
 #include <vector>
-#include "compare/critical_values.h"
-#include "compare/summary_columns.h"
-#include "compare/summary_table.h"
-#include "compare/verdict.h"
 
 std::string CriterionNames() {
     const std::span<const CCriterion> criteria = Criteria();

@@ -1,10 +1,10 @@
 #pragma once
 
-#include <string>
-#include <vector>
-
 #include "compare/critical_values.h"
 #include "compare/summary_table.h"
+
+#include <string>
+#include <vector>
 
 /// The names of all criteria, as text for sentences: "residual, stddev, corridor, correlation, t and moment".
 std::string CriterionNames();

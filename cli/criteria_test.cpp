@@ -1,16 +1,17 @@
 #include "cli/criteria.h"
 
-#include <gmock/gmock.h>
-#include <cstddef>
-#include <string>
-#include <vector>
-
 #include "compare/critical_values.h"
 #include "compare/signal.h"
 #include "compare/summary_columns.h"
 #include "compare/summary_table.h"
 #include "compare/verdict.h"
 #include "tests/support/summary_samples.h"
+
+#include <gmock/gmock.h>
+
+#include <cstddef>
+#include <string>
+#include <vector>
 
 namespace {
 

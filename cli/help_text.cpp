@@ -1,13 +1,13 @@
 #include "cli/help_text.h"
 
+#include "cli/output/display_text.h"
+
 #include <algorithm>
 #include <cctype>
 #include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
-
-#include "cli/output/display_text.h"
 
 namespace {
 

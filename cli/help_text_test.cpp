@@ -1,6 +1,7 @@
 #include "cli/help_text.h"
 
 #include <gmock/gmock.h>
+
 #include <string>
 
 namespace {

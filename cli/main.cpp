@@ -1,19 +1,18 @@
+#include "cli/exit_status.h"
+#include "cli/output/console.h"
+#include "cli/program.h"
+
 #include <cstdio>
 #include <exception>
 #include <string>
 #include <vector>
 
-#include "cli/exit_status.h"
-#include "cli/output/console.h"
-#include "cli/program.h"
-
 #ifdef _WIN32
 #include <fcntl.h>
 #include <io.h>
 // windows.h before shellapi.h, which needs it.
-#include <windows.h>
-
 #include <shellapi.h>
+#include <windows.h>
 #else
 #include <csignal>
 #endif

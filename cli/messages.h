@@ -97,6 +97,7 @@ std::string NotExported(std::string_view path);
 
 // Outputs, as the sentences below name them.
 
+inline constexpr std::string_view kTable = "the printed table";              ///< compare
 inline constexpr std::string_view kHtmlReport = "The HTML report";           ///< compare --html
 inline constexpr std::string_view kCsvTable = "The CSV table";               ///< compare --csv
 inline constexpr std::string_view kJsonResults = "The JSON results";         ///< compare --json

@@ -1,14 +1,5 @@
 #include "cli/program.h"
 
-#include <algorithm>
-#include <array>
-#include <exception>
-#include <initializer_list>
-#include <new>
-#include <string>
-#include <string_view>
-#include <vector>
-
 #include "cli/commands/compare_command.h"
 #include "cli/commands/compare_help.h"
 #include "cli/commands/convert_command.h"
@@ -22,6 +13,15 @@
 #include "cli/messages.h"
 #include "cli/output/console.h"
 #include "cli/usage_error.h"
+
+#include <algorithm>
+#include <array>
+#include <exception>
+#include <initializer_list>
+#include <new>
+#include <string>
+#include <string_view>
+#include <vector>
 
 namespace {
 

@@ -1,11 +1,11 @@
 #pragma once
 
-#include <string>
-#include <vector>
-
 #include "cli/exit_status.h"
 #include "cli/help_text.h"
 #include "cli/output/console.h"
+
+#include <string>
+#include <vector>
 
 /// One command of the program. A new one is a row of the table in program.cpp.
 class CSubcommand {

@@ -1,13 +1,13 @@
-#include <cstddef>
-#include <cstdint>
-#include <string>
-#include <string_view>
-
 #include "compare/chart_block.h"
 #include "compare/export.h"
 #include "compare/plots/page_table.h"
 #include "files/number_text.h"
 #include "files/replacing_file.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
 
 namespace {
 

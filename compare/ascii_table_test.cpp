@@ -1,3 +1,9 @@
+#include "compare/chart_block.h"
+#include "compare/export.h"
+#include "files/replacing_file.h"
+#include "tests/support/memory_limit.h"
+#include "tests/support/temp_folder.h"
+
 #include <gmock/gmock.h>
 
 #include <cstddef>
@@ -7,12 +13,6 @@
 #include <string>
 #include <utility>
 #include <vector>
-
-#include "compare/chart_block.h"
-#include "compare/export.h"
-#include "files/replacing_file.h"
-#include "tests/support/memory_limit.h"
-#include "tests/support/temp_folder.h"
 
 namespace {
 

@@ -1,5 +1,8 @@
 #include "compare/comparison.h"
 
+#include "compare/sampling.h"
+#include "signal/nsignal.h"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -8,8 +11,6 @@
 #include <limits>
 #include <optional>
 #include <span>
-#include "compare/sampling.h"
-#include "signal/nsignal.h"
 
 namespace {
 

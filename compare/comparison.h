@@ -1,10 +1,10 @@
 #pragma once
 
-#include <array>
-#include <cstdint>
-
 #include "compare/sampling.h"
 #include "signal/nsignal.h"
+
+#include <array>
+#include <cstdint>
 
 /// The measures of one computed signal against the reference.
 ///

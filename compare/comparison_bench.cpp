@@ -1,5 +1,9 @@
-#include "compare/chart_block.h"
 #include "compare/comparison.h"
+
+#include "compare/chart_block.h"
+#include "compare/export.h"
+#include "files/replacing_file.h"
+#include "signal/nsignal.h"
 
 #include <benchmark/benchmark.h>
 
@@ -8,10 +12,6 @@
 #include <cstdio>
 #include <utility>
 #include <vector>
-
-#include "compare/export.h"
-#include "files/replacing_file.h"
-#include "signal/nsignal.h"
 
 namespace {
 

@@ -1,5 +1,9 @@
 #include "compare/comparison.h"
 
+#include "files/error.h"
+#include "signal/nsignal.h"
+#include "tests/support/test_signals.h"
+
 #include <gmock/gmock.h>
 
 #include <algorithm>
@@ -10,10 +14,6 @@
 #include <numbers>
 #include <random>
 #include <vector>
-
-#include "files/error.h"
-#include "signal/nsignal.h"
-#include "tests/support/test_signals.h"
 
 namespace {
 

@@ -1,5 +1,7 @@
 #include "compare/critical_values.h"
 
+#include "files/number_text.h"
+
 #include <algorithm>
 #include <array>
 #include <cassert>
@@ -7,8 +9,6 @@
 #include <string>
 #include <string_view>
 #include <vector>
-
-#include "files/number_text.h"
 
 namespace {
 

@@ -1,19 +1,5 @@
 #include "compare/document.h"
 
-#include <algorithm>
-#include <cstddef>
-#include <cstdint>
-#include <exception>
-#include <functional>
-#include <limits>
-#include <memory>
-#include <new>
-#include <optional>
-#include <stdexcept>
-#include <string>
-#include <utility>
-#include <vector>
-
 #include "compare/critical_values.h"
 #include "compare/document_host.h"
 #include "compare/export.h"
@@ -28,6 +14,20 @@
 #include "files/replacing_file.h"
 #include "signal/messages.h"
 #include "signal/saved_axis.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <exception>
+#include <functional>
+#include <limits>
+#include <memory>
+#include <new>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <utility>
+#include <vector>
 
 namespace {
 

@@ -1,13 +1,5 @@
 #pragma once
 
-#include <boost/shared_ptr.hpp>
-#include <cstddef>
-#include <cstdint>
-#include <functional>
-#include <memory>
-#include <string>
-#include <vector>
-
 #include "compare/chart_block.h"
 #include "compare/document_host.h"
 #include "compare/note.h"
@@ -16,6 +8,15 @@
 #include "compare/sampling.h"
 #include "compare/signal.h"
 #include "signal/nsignal.h"
+
+#include <boost/shared_ptr.hpp>
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
 
 /// The comparison document: reference, computed signals, options, page list and the current page.
 ///

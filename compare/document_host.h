@@ -1,27 +1,27 @@
 #pragma once
 
+#include "compare/critical_values.h"
+#include "compare/run_state.h"
+#include "compare/setting_keys.h"
+#include "files/file_request.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
 
-#include "compare/critical_values.h"
-#include "compare/run_state.h"
-#include "compare/setting_keys.h"
-#include "files/file_request.h"
-
 /// What the user chose to compare.
 class CFileSelection {
 public:
-    std::vector<std::string> files;  ///< computed files, in order; UTF-8 paths
-    std::string referencePath;       ///< reference file; unused when isReferenceAverage is set
-    bool isReferenceAverage = false;   ///< make the reference from the computed signals
-    bool shouldFilter = true;              ///< filter the computed signals at channelClass
-    bool shouldFilterReference = true;     ///< filter the reference too
-    bool shouldTruncate = false;           ///< cut every signal to the time window
-    std::int32_t channelClass = 60;  ///< channel frequency class, one of ks::kChannelClasses
-    double windowStart = 0.0;        ///< X units
+    std::vector<std::string> files;     ///< computed files, in order; UTF-8 paths
+    std::string referencePath;          ///< reference file; unused when isReferenceAverage is set
+    bool isReferenceAverage = false;    ///< make the reference from the computed signals
+    bool shouldFilter = true;           ///< filter the computed signals at channelClass
+    bool shouldFilterReference = true;  ///< filter the reference too
+    bool shouldTruncate = false;        ///< cut every signal to the time window
+    std::int32_t channelClass = 60;     ///< channel frequency class, one of ks::kChannelClasses
+    double windowStart = 0.0;           ///< X units
     double windowEnd = static_cast<double>(0.3F);
 };
 

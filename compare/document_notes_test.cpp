@@ -1,18 +1,19 @@
 // What a run and the pages note on the signals, on the reference and on the run.
 
-#include <gmock/gmock.h>
-#include <cstddef>
-#include <cstdint>
-#include <string>
-#include <utility>
-#include <vector>
-
 #include "compare/document_host.h"
 #include "compare/note.h"
 #include "compare/plots/page_ids.h"
 #include "tests/support/allocation_count.h"
 #include "tests/support/document_fixture.h"
 #include "tests/support/test_signals.h"
+
+#include <gmock/gmock.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -126,14 +127,15 @@ TEST_F(Notes, TellThatASignalHasNoTimeInCommonWithTheReference) {
 
     // Point numbers 10 to 12 by time, 0 to 2 by count: from min(10, 2 - 1) = 1 to 12. In common with 0 to 2: 0.5, 1,
     // 1.5, where the line through (5, 1) and (5.5, 2) is -8, -7, -6.
-    EXPECT_THAT(Of(0),
-                ElementsAre("no-common-time: No time in common with " + reference +
-                                ", which runs from 0 to 2; this signal runs from 5 to 6. A comparison of the two means nothing.",
-                            "resampled: Resampled for the comparison: 3 points from 5 to 6 without a time step "
-                            "became 12 points from 0.5 to 6 at a step of 0.5. Beyond its own points, the curve "
-                            "continues as a straight line.",
-                            "cut-to-common-range: Cut to the common time range: 12 points from 0.5 to 6 became 3 "
-                            "points from 0.5 to 1.5."));
+    EXPECT_THAT(
+        Of(0), ElementsAre(
+                   "no-common-time: No time in common with " + reference +
+                       ", which runs from 0 to 2; this signal runs from 5 to 6. A comparison of the two means nothing.",
+                   "resampled: Resampled for the comparison: 3 points from 5 to 6 without a time step "
+                   "became 12 points from 0.5 to 6 at a step of 0.5. Beyond its own points, the curve "
+                   "continues as a straight line.",
+                   "cut-to-common-range: Cut to the common time range: 12 points from 0.5 to 6 became 3 "
+                   "points from 0.5 to 1.5."));
     EXPECT_THAT(Computed(0).GetY(), ElementsAre(-8.0, -7.0, -6.0));
     EXPECT_EQ(document.PageList().size(), 10U);
     EXPECT_THAT(document.ErrorMessages(), IsEmpty());
@@ -144,9 +146,10 @@ TEST_F(Notes, TellItAlsoWhenTheComparisonFails) {
     Run(Choice({late}, reference));
 
     EXPECT_THAT(document.ErrorMessages(), ElementsAre(late + ": Stop time (2) is before or equals Start Time (50)"));
-    EXPECT_THAT(Of(0),
-                ElementsAre("no-common-time: No time in common with " + reference +
-                            ", which runs from 0 to 2; this signal runs from 50 to 51. A comparison of the two means nothing."));
+    EXPECT_THAT(
+        Of(0), ElementsAre(
+                   "no-common-time: No time in common with " + reference +
+                   ", which runs from 0 to 2; this signal runs from 50 to 51. A comparison of the two means nothing."));
 }
 
 // A run without one.
@@ -183,8 +186,9 @@ TEST_F(Notes, TellThatASignalHasNoTimeInCommonWithTheFirst) {
 
     EXPECT_THAT(OfRun(), ElementsAre(StartsWith("average-is-first: ")));
     EXPECT_THAT(Of(0), testing::Each(testing::Not(StartsWith("no-common-time"))));
-    EXPECT_EQ(Of(1).front(), "no-common-time: No time in common with " + a +
-                                 ", which runs from 0 to 1; this signal runs from 5 to 6. A comparison of the two means nothing.");
+    EXPECT_EQ(Of(1).front(),
+              "no-common-time: No time in common with " + a +
+                  ", which runs from 0 to 1; this signal runs from 5 to 6. A comparison of the two means nothing.");
 }
 
 TEST_F(Notes, TellWhatSignalsWithoutACommonTimeAreComparedWith) {

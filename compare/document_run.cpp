@@ -1,17 +1,5 @@
 // The runs of the document and their steps.
 
-#include <algorithm>
-#include <boost/make_shared.hpp>
-#include <cstddef>
-#include <cstdint>
-#include <exception>
-#include <functional>
-#include <new>
-#include <optional>
-#include <string>
-#include <utility>
-#include <vector>
-
 #include "compare/document.h"
 #include "compare/document_host.h"
 #include "compare/messages.h"
@@ -21,6 +9,19 @@
 #include "compare/sampling.h"
 #include "compare/signal.h"
 #include "signal/channel_class.h"
+
+#include <boost/make_shared.hpp>
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <exception>
+#include <functional>
+#include <new>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
 
 namespace {
 

@@ -1,3 +1,10 @@
+#include "compare/document_host.h"
+#include "compare/plots/plot.h"
+#include "compare/run_state.h"
+#include "tests/support/allocation_count.h"
+#include "tests/support/document_fixture.h"
+#include "tests/support/test_signals.h"
+
 #include <gmock/gmock.h>
 
 #include <cstddef>
@@ -6,13 +13,6 @@
 #include <string>
 #include <utility>
 #include <vector>
-
-#include "compare/document_host.h"
-#include "compare/plots/plot.h"
-#include "compare/run_state.h"
-#include "tests/support/allocation_count.h"
-#include "tests/support/document_fixture.h"
-#include "tests/support/test_signals.h"
 
 namespace {
 

@@ -1,13 +1,5 @@
 #include "compare/document.h"
 
-#include <gmock/gmock.h>
-
-#include <cstddef>
-#include <cstdint>
-#include <optional>
-#include <utility>
-#include <vector>
-
 #include "compare/chart_block.h"
 #include "compare/critical_values.h"
 #include "compare/plots/page_table.h"
@@ -17,6 +9,14 @@
 #include "tests/support/memory_limit.h"
 #include "tests/support/recording_host.h"
 #include "tests/support/temp_folder.h"
+
+#include <gmock/gmock.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <utility>
+#include <vector>
 
 namespace {
 

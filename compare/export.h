@@ -1,11 +1,11 @@
 #pragma once
 
-#include <cstdint>
-#include <string>
-
 #include "compare/chart_block.h"
 #include "compare/summary_table.h"
 #include "files/replacing_file.h"
+
+#include <cstdint>
+#include <string>
 
 /// The HTML report of a summary table: its fixed columns in displayed order, cells colored by verdict; lines end in CR
 /// LF.

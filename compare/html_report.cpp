@@ -1,15 +1,15 @@
-#include <cstddef>
-#include <span>
-#include <string>
-#include <string_view>
-#include <vector>
-
 #include "compare/export.h"
 #include "compare/html_text.h"
 #include "compare/summary_columns.h"
 #include "compare/summary_table.h"
 #include "compare/verdict.h"
 #include "files/replacing_file.h"
+
+#include <cstddef>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
 
 namespace {
 

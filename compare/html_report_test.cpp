@@ -1,10 +1,3 @@
-#include <gmock/gmock.h>
-
-#include <cstddef>
-#include <stdexcept>
-#include <string>
-#include <vector>
-
 #include "compare/export.h"
 #include "compare/signal.h"
 #include "compare/summary_columns.h"
@@ -13,6 +6,13 @@
 #include "files/replacing_file.h"
 #include "tests/support/summary_samples.h"
 #include "tests/support/temp_folder.h"
+
+#include <gmock/gmock.h>
+
+#include <cstddef>
+#include <stdexcept>
+#include <string>
+#include <vector>
 
 namespace {
 

@@ -1,10 +1,10 @@
 #include "compare/html_text.h"
 
+#include "files/utf8.h"
+
 #include <cstdint>
 #include <string>
 #include <string_view>
-
-#include "files/utf8.h"
 
 namespace {
 

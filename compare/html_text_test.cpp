@@ -1,6 +1,7 @@
 #include "compare/html_text.h"
 
 #include <gmock/gmock.h>
+
 #include <string>
 #include <string_view>
 

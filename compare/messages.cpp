@@ -1,9 +1,10 @@
 #include "compare/messages.h"
-#include <string>
-#include <string_view>
 
 #include "compare/sampling.h"
 #include "files/number_text.h"
+
+#include <string>
+#include <string_view>
 
 namespace compare_message {
 namespace {

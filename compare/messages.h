@@ -1,10 +1,10 @@
 #pragma once
 
+#include "compare/sampling.h"
+
 #include <cstddef>
 #include <string>
 #include <string_view>
-
-#include "compare/sampling.h"
 
 /// The sentences of the comparison, as the user reads them. Those of pages and ratings are in their folders.
 namespace compare_message {

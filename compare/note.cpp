@@ -1,9 +1,10 @@
 #include "compare/note.h"
-#include <string_view>
-#include <vector>
 
 #include "compare/messages.h"
 #include "compare/sampling.h"
+
+#include <string_view>
+#include <vector>
 
 namespace {
 

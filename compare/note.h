@@ -1,10 +1,10 @@
 #pragma once
 
+#include "compare/sampling.h"
+
 #include <string>
 #include <string_view>
 #include <vector>
-
-#include "compare/sampling.h"
 
 /// What a note is about. Programs know the kinds by the names of NameOf; those are frozen.
 enum class CNoteKind {

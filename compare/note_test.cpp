@@ -1,9 +1,11 @@
 #include "compare/note.h"
 
+#include "compare/sampling.h"
+
 #include <gmock/gmock.h>
+
 #include <string>
 #include <vector>
-#include "compare/sampling.h"
 
 namespace {
 

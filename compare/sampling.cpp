@@ -1,8 +1,9 @@
 #include "compare/sampling.h"
 
+#include "signal/nsignal.h"
+
 #include <algorithm>
 #include <cstddef>
-#include "signal/nsignal.h"
 
 CSampling SamplingOf(const ks::CNSignal& record) {
     const std::size_t points = record.GetPointCount();

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <cstddef>
-
 #include "signal/nsignal.h"
+
+#include <cstddef>
 
 /// How a curve is sampled: what preparation may change without changing what was measured.
 struct CSampling {

@@ -1,9 +1,10 @@
 #include "compare/sampling.h"
 
-#include <gtest/gtest.h>
-#include <vector>
-
 #include "tests/support/test_signals.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
 
 namespace {
 

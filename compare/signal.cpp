@@ -1,16 +1,16 @@
 #include "compare/signal.h"
 
-#include <cstddef>
-#include <span>
-#include <string>
-#include <utility>
-
 #include "compare/note.h"
 #include "compare/sampling.h"
 #include "compare/summary_columns.h"
 #include "compare/verdict.h"
 #include "signal/formats/formats.h"
 #include "signal/signal_loader.h"
+
+#include <cstddef>
+#include <span>
+#include <string>
+#include <utility>
 
 namespace {
 

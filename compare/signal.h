@@ -1,16 +1,16 @@
 #pragma once
 
-#include <cstddef>
-#include <string>
-#include <string_view>
-#include <utility>
-#include <vector>
-
 #include "compare/comparison.h"
 #include "compare/note.h"
 #include "compare/verdict.h"
 #include "signal/nsignal.h"
 #include "signal/signal_loader.h"
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
 
 /// One computed file, or the reference: its record, its path, the reference that it was compared with, the measures,
 /// and notes on its preparation.

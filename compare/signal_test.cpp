@@ -1,17 +1,17 @@
 #include "compare/signal.h"
 
+#include "compare/critical_values.h"
+#include "compare/verdict.h"
+#include "tests/support/summary_samples.h"
+#include "tests/support/temp_folder.h"
+#include "tests/support/test_signals.h"
+
 #include <gmock/gmock.h>
 
 #include <cmath>
 #include <cstddef>
 #include <limits>
 #include <vector>
-
-#include "compare/critical_values.h"
-#include "compare/verdict.h"
-#include "tests/support/summary_samples.h"
-#include "tests/support/temp_folder.h"
-#include "tests/support/test_signals.h"
 
 namespace {
 

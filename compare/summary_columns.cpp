@@ -1,5 +1,11 @@
 #include "compare/summary_columns.h"
 
+#include "compare/comparison.h"
+#include "compare/critical_values.h"
+#include "compare/signal.h"
+#include "compare/verdict.h"
+#include "files/number_text.h"
+
 #include <array>
 #include <cmath>
 #include <cstddef>
@@ -7,12 +13,6 @@
 #include <span>
 #include <string>
 #include <string_view>
-
-#include "compare/comparison.h"
-#include "compare/critical_values.h"
-#include "compare/signal.h"
-#include "compare/verdict.h"
-#include "files/number_text.h"
 
 namespace {
 

@@ -1,12 +1,12 @@
 #pragma once
 
+#include "compare/critical_values.h"
+#include "compare/verdict.h"
+
 #include <optional>
 #include <span>
 #include <string>
 #include <string_view>
-
-#include "compare/critical_values.h"
-#include "compare/verdict.h"
 
 class CSignal;
 

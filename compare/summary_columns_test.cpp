@@ -1,5 +1,10 @@
 #include "compare/summary_columns.h"
 
+#include "compare/critical_values.h"
+#include "compare/signal.h"
+#include "compare/verdict.h"
+#include "tests/support/summary_samples.h"
+
 #include <gmock/gmock.h>
 
 #include <algorithm>
@@ -7,11 +12,6 @@
 #include <limits>
 #include <string>
 #include <vector>
-
-#include "compare/critical_values.h"
-#include "compare/signal.h"
-#include "compare/verdict.h"
-#include "tests/support/summary_samples.h"
 
 namespace {
 

@@ -1,12 +1,13 @@
 #include "compare/summary_table.h"
 
+#include "compare/signal.h"
+#include "compare/summary_columns.h"
+
 #include <cstddef>
 #include <numeric>
 #include <span>
 #include <stdexcept>
 #include <vector>
-#include "compare/signal.h"
-#include "compare/summary_columns.h"
 
 namespace {
 

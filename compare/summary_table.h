@@ -1,12 +1,12 @@
 #pragma once
 
-#include <span>
-#include <string>
-#include <vector>
-
 #include "compare/signal.h"
 #include "compare/summary_columns.h"
 #include "compare/verdict.h"
+
+#include <span>
+#include <string>
+#include <vector>
 
 /// One cell of the summary table as shown.
 struct CSummaryCell {

@@ -1,16 +1,16 @@
 #include "compare/summary_table.h"
 
-#include <gmock/gmock.h>
-
-#include <cstddef>
-#include <stdexcept>
-#include <vector>
-
 #include "compare/signal.h"
 #include "compare/summary_columns.h"
 #include "compare/verdict.h"
 #include "tests/support/summary_samples.h"
 #include "tests/support/test_signals.h"
+
+#include <gmock/gmock.h>
+
+#include <cstddef>
+#include <stdexcept>
+#include <vector>
 
 namespace {
 

@@ -1,11 +1,3 @@
-#include <gtest/gtest.h>
-
-#include <cstddef>
-#include <cstdint>
-#include <filesystem>
-#include <string>
-#include <utility>
-
 #include "files/ascii_points.h"
 #include "files/points.h"
 #include "files/uds_file.h"
@@ -14,6 +6,14 @@
 #include "tests/support/temp_folder.h"
 #include "tests/support/uds_bytes.h"
 #include "tests/support/uds_image.h"
+
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <string>
+#include <utility>
 
 namespace ks {
 namespace {

@@ -1,5 +1,12 @@
 #include "files/ascii_points.h"
 
+#include "files/byte_source.h"
+#include "files/error.h"
+#include "files/input_file.h"
+#include "files/messages.h"
+#include "files/point_grammar.h"
+#include "files/points.h"
+
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
@@ -8,13 +15,6 @@
 #include <string>
 #include <string_view>
 #include <utility>
-
-#include "files/byte_source.h"
-#include "files/error.h"
-#include "files/input_file.h"
-#include "files/messages.h"
-#include "files/point_grammar.h"
-#include "files/points.h"
 
 namespace ks {
 namespace {

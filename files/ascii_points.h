@@ -1,11 +1,11 @@
 #pragma once
 
+#include "files/byte_source.h"
+#include "files/points.h"
+
 #include <cstddef>
 #include <string>
 #include <string_view>
-
-#include "files/byte_source.h"
-#include "files/points.h"
 
 namespace ks {
 

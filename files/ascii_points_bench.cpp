@@ -1,10 +1,11 @@
+#include "files/ascii_points.h"
+
+#include "files/number_text.h"
+
 #include <benchmark/benchmark.h>
 
 #include <cstdint>
 #include <string>
-
-#include "files/ascii_points.h"
-#include "files/number_text.h"
 
 namespace ks {
 namespace {

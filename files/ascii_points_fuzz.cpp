@@ -1,6 +1,13 @@
 // Whatever the text: the reader refuses it with an error of ours, or what it read can be written and read again to the
 // same points. Reading in pieces gives what reading the whole text at once gives.
 
+#include "files/ascii_points.h"
+
+#include "files/error.h"
+#include "files/number_text.h"
+#include "files/points.h"
+#include "tests/support/memory_source.h"
+
 #include <bit>
 #include <cmath>
 #include <cstddef>
@@ -9,12 +16,6 @@
 #include <span>
 #include <string>
 #include <string_view>
-
-#include "files/ascii_points.h"
-#include "files/error.h"
-#include "files/number_text.h"
-#include "files/points.h"
-#include "tests/support/memory_source.h"
 
 namespace {
 

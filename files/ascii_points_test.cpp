@@ -1,7 +1,15 @@
 #include "files/ascii_points.h"
 
+#include "files/byte_source.h"
+#include "files/error.h"
+#include "files/number_text.h"
+#include "files/points.h"
+#include "tests/support/expect_error.h"
+#include "tests/support/memory_source.h"
+#include "tests/support/point_reference.h"
+#include "tests/support/temp_folder.h"
+
 #include <gmock/gmock.h>
-#include <sys/stat.h>
 
 #include <algorithm>
 #include <array>
@@ -15,17 +23,9 @@
 #include <random>
 #include <span>
 #include <string>
+#include <sys/stat.h>
 #include <utility>
 #include <vector>
-
-#include "files/byte_source.h"
-#include "files/error.h"
-#include "files/number_text.h"
-#include "files/points.h"
-#include "tests/support/expect_error.h"
-#include "tests/support/memory_source.h"
-#include "tests/support/point_reference.h"
-#include "tests/support/temp_folder.h"
 
 namespace ks {
 namespace {
@@ -414,7 +414,7 @@ TEST_P(DataEnd, IsWhereItIs) {
     EXPECT_EQ(CutStepByStep(GetParam().text), GetParam().kept);
     const ReferencePoints expected = ReadPointsPlainly(GetParam().kept);
     const ReferencePoints read = ReadInPieces(GetParam().text, 1000);
-    EXPECT_EQ(read.accepted, expected.accepted);
+    EXPECT_EQ(read.isAccepted, expected.isAccepted);
     EXPECT_EQ(BitsOf(read.points), BitsOf(expected.points));
 }
 

@@ -1,5 +1,8 @@
 #include "files/hit_list.h"
 
+#include "files/input_file.h"
+#include "files/replacing_file.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -7,9 +10,6 @@
 #include <string>
 #include <string_view>
 #include <vector>
-
-#include "files/input_file.h"
-#include "files/replacing_file.h"
 
 namespace ks {
 namespace {

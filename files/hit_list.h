@@ -1,11 +1,11 @@
 #pragma once
 
+#include "files/replacing_file.h"
+
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
-
-#include "files/replacing_file.h"
 
 namespace ks {
 

@@ -1,13 +1,13 @@
 // Whatever the text: no path of a hit list is empty or holds a line feed, and the paths can be written and read again.
 
+#include "files/hit_list.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
 #include <string>
 #include <string_view>
 #include <vector>
-
-#include "files/hit_list.h"
 
 namespace {
 

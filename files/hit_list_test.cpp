@@ -1,14 +1,14 @@
 #include "files/hit_list.h"
 
+#include "files/replacing_file.h"
+#include "tests/support/temp_folder.h"
+
 #include <gmock/gmock.h>
 
 #include <filesystem>
 #include <optional>
 #include <string>
 #include <vector>
-
-#include "files/replacing_file.h"
-#include "tests/support/temp_folder.h"
 
 namespace ks {
 namespace {

@@ -1,5 +1,7 @@
 #include "files/input_file.h"
 
+#include "files/native_path.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
@@ -7,8 +9,6 @@
 #include <span>
 #include <string>
 #include <system_error>
-
-#include "files/native_path.h"
 
 namespace ks {
 

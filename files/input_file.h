@@ -1,12 +1,12 @@
 #pragma once
 
+#include "files/byte_source.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <fstream>
 #include <span>
 #include <string>
-
-#include "files/byte_source.h"
 
 namespace ks {
 

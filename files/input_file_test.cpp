@@ -1,16 +1,16 @@
 #include "files/input_file.h"
 
+#include "files/byte_source.h"
+#include "tests/support/memory_source.h"
+#include "tests/support/temp_folder.h"
+
 #include <gtest/gtest.h>
-#include <sys/stat.h>
 
 #include <cstddef>
 #include <filesystem>
 #include <span>
 #include <string>
-
-#include "files/byte_source.h"
-#include "tests/support/memory_source.h"
-#include "tests/support/temp_folder.h"
+#include <sys/stat.h>
 
 namespace ks {
 namespace {

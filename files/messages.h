@@ -1,11 +1,11 @@
 #pragma once
 
+#include "files/replacing_file.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
-
-#include "files/replacing_file.h"
 
 // Every sentence that files/ throws as CError, once. Settled letter for letter: users search for them, scripts compare
 // them.

@@ -1,4 +1,5 @@
 #include "files/path_text.h"
+
 #include <cstddef>
 #include <string_view>
 

@@ -1,6 +1,7 @@
 #include "files/points.h"
 
 #include <boost/make_shared.hpp>
+
 #include <cstddef>
 #include <vector>
 

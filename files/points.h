@@ -1,6 +1,7 @@
 #pragma once
 
 #include <boost/shared_ptr.hpp>
+
 #include <cstddef>
 #include <vector>
 

@@ -1,5 +1,7 @@
 #include "files/replacing_file.h"
 
+#include "files/write_target.h"
+
 #include <array>
 #include <cerrno>
 #include <cstddef>
@@ -13,8 +15,6 @@
 #include <string>
 #include <string_view>
 #include <system_error>
-
-#include "files/write_target.h"
 
 #ifdef _WIN32
 #include <io.h>

@@ -1,19 +1,19 @@
 #include "files/replacing_file.h"
 
+#include "files/messages.h"
+#include "tests/support/failing_disk.h"
+#include "tests/support/temp_folder.h"
+
 #include <gmock/gmock.h>
-#include <sys/resource.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 #include <csignal>
 #include <filesystem>
 #include <new>
 #include <string>
+#include <sys/resource.h>
+#include <sys/stat.h>
 #include <system_error>
-
-#include "files/messages.h"
-#include "tests/support/failing_disk.h"
-#include "tests/support/temp_folder.h"
+#include <unistd.h>
 
 namespace ks {
 namespace {

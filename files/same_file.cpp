@@ -1,11 +1,11 @@
 #include "files/same_file.h"
 
+#include "files/native_path.h"
+#include "files/write_target.h"
+
 #include <filesystem>
 #include <string>
 #include <system_error>
-
-#include "files/native_path.h"
-#include "files/write_target.h"
 
 namespace ks {
 namespace {

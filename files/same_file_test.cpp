@@ -1,11 +1,11 @@
 #include "files/same_file.h"
 
+#include "tests/support/temp_folder.h"
+
 #include <gtest/gtest.h>
 
 #include <filesystem>
 #include <string>
-
-#include "tests/support/temp_folder.h"
 
 namespace ks {
 namespace {

@@ -1,9 +1,10 @@
 #include "files/text_encoding.h"
+
+#include "files/utf8.h"
+
 #include <cstddef>
 #include <string>
 #include <string_view>
-
-#include "files/utf8.h"
 
 namespace ks {
 namespace {

@@ -1,11 +1,11 @@
 #pragma once
 
-#include <array>
-#include <cstdint>
-
 #include "files/number_format.h"
 #include "files/points.h"
 #include "files/uds_fields.h"
+
+#include <array>
+#include <cstdint>
 
 namespace ks {
 

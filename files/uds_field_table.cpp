@@ -1,13 +1,13 @@
 #include "files/uds_field_table.h"
 
+#include "files/uds_field_list.h"
+#include "files/uds_fields.h"
+
 #include <algorithm>
 #include <array>
 #include <cstddef>
 #include <span>
 #include <string_view>
-
-#include "files/uds_field_list.h"
-#include "files/uds_fields.h"
 
 namespace ks {
 namespace {

@@ -1,12 +1,12 @@
 #pragma once
 
+#include "files/uds_fields.h"
+
 #include <cstdint>
 #include <span>
 #include <string>
 #include <string_view>
 #include <variant>
-
-#include "files/uds_fields.h"
 
 namespace ks {
 

@@ -1,5 +1,7 @@
 #include "files/uds_field_table.h"
 
+#include "files/uds_fields.h"
+
 #include <gtest/gtest.h>
 
 #include <cstddef>
@@ -8,8 +10,6 @@
 #include <string_view>
 #include <variant>
 #include <vector>
-
-#include "files/uds_fields.h"
 
 namespace ks {
 namespace {

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "files/uds_field_list.h"
+
 #include <cstdint>
 #include <string>
 #include <utility>
-
-#include "files/uds_field_list.h"
 
 namespace ks {
 

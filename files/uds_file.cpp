@@ -1,11 +1,5 @@
 #include "files/uds_file.h"
 
-#include <cstddef>
-#include <span>
-#include <string>
-#include <utility>
-#include <vector>
-
 #include "files/byte_source.h"
 #include "files/error.h"
 #include "files/input_file.h"
@@ -15,6 +9,12 @@
 #include "files/uds_layout.h"
 #include "files/uds_reader.h"
 #include "files/uds_writer.h"
+
+#include <cstddef>
+#include <span>
+#include <string>
+#include <utility>
+#include <vector>
 
 namespace ks {
 

@@ -1,13 +1,13 @@
 #pragma once
 
-#include <cstddef>
-#include <string>
-#include <vector>
-
 #include "files/points.h"
 #include "files/uds_content.h"
 #include "files/uds_fields.h"
 #include "files/uds_layout.h"
+
+#include <cstddef>
+#include <string>
+#include <vector>
 
 namespace ks {
 

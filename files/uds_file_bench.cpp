@@ -1,3 +1,13 @@
+#include "files/uds_file.h"
+
+#include "files/number_format.h"
+#include "files/points.h"
+#include "files/uds_content.h"
+#include "files/uds_layout.h"
+#include "files/uds_reader.h"
+#include "files/uds_writer.h"
+#include "tests/support/memory_source.h"
+
 #include <benchmark/benchmark.h>
 
 #include <cstddef>
@@ -5,15 +15,6 @@
 #include <string>
 #include <utility>
 #include <vector>
-
-#include "files/number_format.h"
-#include "files/points.h"
-#include "files/uds_content.h"
-#include "files/uds_file.h"
-#include "files/uds_layout.h"
-#include "files/uds_reader.h"
-#include "files/uds_writer.h"
-#include "tests/support/memory_source.h"
 
 namespace ks {
 namespace {

@@ -2,6 +2,16 @@
 // the same fields and points, in the machine's format and in SUN's. When it reported no change, the same bytes are
 // written.
 
+#include "files/uds_file.h"
+
+#include "files/error.h"
+#include "files/uds_content.h"
+#include "files/uds_field_table.h"
+#include "files/uds_fields.h"
+#include "files/uds_layout.h"
+#include "files/uds_reader.h"
+#include "tests/support/memory_source.h"
+
 #include <algorithm>
 #include <bit>
 #include <cstddef>
@@ -11,15 +21,6 @@
 #include <string>
 #include <variant>
 #include <vector>
-
-#include "files/error.h"
-#include "files/uds_content.h"
-#include "files/uds_field_table.h"
-#include "files/uds_fields.h"
-#include "files/uds_file.h"
-#include "files/uds_layout.h"
-#include "files/uds_reader.h"
-#include "tests/support/memory_source.h"
 
 namespace {
 
@@ -52,7 +53,7 @@ ks::CUDS1992 FileOf(const ks::CUDSContent& content, bool sun) {
     ks::CUDS1992 file;
     file.Fields() = content.fields;
     file.SetColumns(content.columns);
-    file.SetSecondComponent(content.secondComponent);
+    file.SetSecondComponent(content.hasSecondComponent);
     file.SetSunOutput(sun);
     return file;
 }
@@ -62,9 +63,9 @@ void WriteAndReadAgain(const ks::CUDSContent& content, bool sun) {
     const std::vector<std::byte> image = file.MakeImage();
     const ks::CUDSContent back = Read(image);
     RequireSameFields(file.Fields(), back.fields);
-    Require(SameBits(content.columns.x, back.columns.x));
-    Require(SameBits(content.columns.y, back.columns.y));
-    Require(content.secondComponent == back.secondComponent);
+    Require(HaveSameBits(content.columns.x, back.columns.x));
+    Require(HaveSameBits(content.columns.y, back.columns.y));
+    Require(content.hasSecondComponent == back.hasSecondComponent);
     Require(FileOf(back, sun).MakeImage() == image);
 }
 

@@ -1,19 +1,19 @@
 #include "files/uds_file.h"
 
-#include <gmock/gmock.h>
-#include <sys/stat.h>
-
-#include <cstddef>
-#include <cstdint>
-#include <filesystem>
-#include <string>
-#include <vector>
-
 #include "files/uds_layout.h"
 #include "tests/support/expect_error.h"
 #include "tests/support/temp_folder.h"
 #include "tests/support/uds_bytes.h"
 #include "tests/support/uds_image.h"
+
+#include <gmock/gmock.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <string>
+#include <sys/stat.h>
+#include <vector>
 
 namespace ks {
 namespace {

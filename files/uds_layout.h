@@ -1,10 +1,10 @@
 #pragma once
 
+#include "files/uds_fields.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
-
-#include "files/uds_fields.h"
 
 namespace ks {
 

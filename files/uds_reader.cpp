@@ -1,16 +1,5 @@
 #include "files/uds_reader.h"
 
-#include <algorithm>
-#include <array>
-#include <bit>
-#include <cmath>
-#include <cstddef>
-#include <cstdint>
-#include <span>
-#include <string_view>
-#include <variant>
-#include <vector>
-
 #include "files/byte_source.h"
 #include "files/error.h"
 #include "files/messages.h"
@@ -21,6 +10,17 @@
 #include "files/uds_field_table.h"
 #include "files/uds_fields.h"
 #include "files/uds_layout.h"
+
+#include <algorithm>
+#include <array>
+#include <bit>
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string_view>
+#include <variant>
+#include <vector>
 
 namespace ks {
 namespace {

@@ -1,5 +1,14 @@
 #include "files/uds_reader.h"
 
+#include "files/byte_source.h"
+#include "files/uds_content.h"
+#include "files/uds_file.h"
+#include "files/uds_layout.h"
+#include "tests/support/expect_error.h"
+#include "tests/support/memory_source.h"
+#include "tests/support/uds_bytes.h"
+#include "tests/support/uds_image.h"
+
 #include <gmock/gmock.h>
 
 #include <algorithm>
@@ -13,15 +22,6 @@
 #include <string>
 #include <utility>
 #include <vector>
-
-#include "files/byte_source.h"
-#include "files/uds_content.h"
-#include "files/uds_file.h"
-#include "files/uds_layout.h"
-#include "tests/support/expect_error.h"
-#include "tests/support/memory_source.h"
-#include "tests/support/uds_bytes.h"
-#include "tests/support/uds_image.h"
 
 namespace ks {
 namespace {

@@ -1,5 +1,14 @@
 #include "files/uds_writer.h"
 
+#include "files/error.h"
+#include "files/messages.h"
+#include "files/number_format.h"
+#include "files/text_encoding.h"
+#include "files/uds_content.h"
+#include "files/uds_field_table.h"
+#include "files/uds_fields.h"
+#include "files/uds_layout.h"
+
 #include <algorithm>
 #include <bit>
 #include <cstddef>
@@ -9,15 +18,6 @@
 #include <utility>
 #include <variant>
 #include <vector>
-
-#include "files/error.h"
-#include "files/messages.h"
-#include "files/number_format.h"
-#include "files/text_encoding.h"
-#include "files/uds_content.h"
-#include "files/uds_field_table.h"
-#include "files/uds_fields.h"
-#include "files/uds_layout.h"
 
 namespace ks {
 namespace {

@@ -1,12 +1,12 @@
 #pragma once
 
-#include <cstddef>
-#include <vector>
-
 #include "files/number_format.h"
 #include "files/uds_content.h"
 #include "files/uds_fields.h"
 #include "files/uds_layout.h"
+
+#include <cstddef>
+#include <vector>
 
 namespace ks {
 

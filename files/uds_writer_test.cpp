@@ -1,15 +1,5 @@
 #include "files/uds_writer.h"
 
-#include <gmock/gmock.h>
-
-#include <cstddef>
-#include <cstdint>
-#include <limits>
-#include <string>
-#include <string_view>
-#include <variant>
-#include <vector>
-
 #include "files/number_format.h"
 #include "files/points.h"
 #include "files/uds_content.h"
@@ -19,6 +9,16 @@
 #include "tests/support/expect_error.h"
 #include "tests/support/uds_bytes.h"
 #include "tests/support/uds_image.h"
+
+#include <gmock/gmock.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <limits>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
 
 namespace ks {
 namespace {

@@ -1,12 +1,12 @@
 #include "files/write_target.h"
 
+#include "files/native_path.h"
+
 #include <filesystem>
 #include <optional>
 #include <string>
 #include <system_error>
 #include <utility>
-
-#include "files/native_path.h"
 
 #ifdef _WIN32
 #include <io.h>

@@ -1,16 +1,16 @@
 #include "signal/ascii_export.h"
 
-#include <algorithm>
-#include <cmath>
-#include <cstddef>
-#include <span>
-#include <string>
-
 #include "files/error.h"
 #include "files/number_text.h"
 #include "files/replacing_file.h"
 #include "signal/data.h"
 #include "signal/messages.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <span>
+#include <string>
 
 namespace ks {
 namespace {

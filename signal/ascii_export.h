@@ -1,9 +1,9 @@
 #pragma once
 
-#include <string>
-
 #include "files/replacing_file.h"
 #include "signal/data.h"
+
+#include <string>
 
 namespace ks {
 

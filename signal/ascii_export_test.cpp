@@ -1,5 +1,11 @@
 #include "signal/ascii_export.h"
 
+#include "files/ascii_points.h"
+#include "files/replacing_file.h"
+#include "signal/data.h"
+#include "tests/support/expect_error.h"
+#include "tests/support/temp_folder.h"
+
 #include <gmock/gmock.h>
 
 #include <bit>
@@ -10,12 +16,6 @@
 #include <string>
 #include <utility>
 #include <vector>
-
-#include "files/ascii_points.h"
-#include "files/replacing_file.h"
-#include "signal/data.h"
-#include "tests/support/expect_error.h"
-#include "tests/support/temp_folder.h"
 
 namespace ks {
 namespace {

@@ -1,14 +1,14 @@
 #include "signal/butterworth.h"
 
+#include "files/error.h"
+#include "signal/messages.h"
+#include "signal/whole_number.h"
+
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <span>
-
-#include "files/error.h"
-#include "signal/messages.h"
-#include "signal/whole_number.h"
 
 namespace ks {
 namespace {

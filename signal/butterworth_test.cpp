@@ -1,5 +1,8 @@
 #include "signal/butterworth.h"
 
+#include "files/error.h"
+#include "signal/channel_class.h"
+
 #include <gmock/gmock.h>
 
 #include <algorithm>
@@ -12,9 +15,6 @@
 #include <random>
 #include <string>
 #include <vector>
-
-#include "files/error.h"
-#include "signal/channel_class.h"
 
 namespace ks {
 namespace {

@@ -1,12 +1,12 @@
 #include "signal/channel_class.h"
 
+#include "signal/whole_number.h"
+
 #include <algorithm>
 #include <array>
 #include <cstdint>
 #include <string>
 #include <string_view>
-
-#include "signal/whole_number.h"
 
 namespace ks {
 namespace {

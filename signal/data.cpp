@@ -1,17 +1,17 @@
 #include "signal/data.h"
 
+#include "files/error.h"
+#include "files/points.h"
+#include "signal/data_status.h"
+#include "signal/limits.h"
+#include "signal/messages.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <stdexcept>
 #include <string_view>
 #include <utility>
 #include <vector>
-
-#include "files/error.h"
-#include "files/points.h"
-#include "signal/data_status.h"
-#include "signal/limits.h"
-#include "signal/messages.h"
 
 namespace ks {
 namespace {

@@ -1,5 +1,10 @@
 #pragma once
 
+#include "files/points.h"
+#include "signal/channel_class.h"
+#include "signal/data_fields.h"
+#include "signal/limits.h"
+
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -8,11 +13,6 @@
 #include <string_view>
 #include <utility>
 #include <vector>
-
-#include "files/points.h"
-#include "signal/channel_class.h"
-#include "signal/data_fields.h"
-#include "signal/limits.h"
 
 namespace ks {
 

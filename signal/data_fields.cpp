@@ -1,4 +1,5 @@
 #include "signal/data_fields.h"
+
 #include "files/uds_field_list.h"
 #include "files/uds_fields.h"
 

@@ -1,9 +1,10 @@
 #include "signal/data_fields.h"
 
+#include "files/uds_field_list.h"
+
 #include <gmock/gmock.h>
 
 #include <limits>
-#include "files/uds_field_list.h"
 
 namespace ks {
 namespace {

@@ -1,10 +1,3 @@
-#include <algorithm>
-#include <cstddef>
-#include <cstdint>
-#include <optional>
-#include <utility>
-#include <vector>
-
 #include "files/error.h"
 #include "signal/data.h"
 #include "signal/integrate.h"
@@ -14,6 +7,13 @@
 #include "signal/truncate.h"
 #include "signal/units.h"
 #include "signal/whole_number.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <utility>
+#include <vector>
 
 namespace ks {
 

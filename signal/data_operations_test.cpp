@@ -1,3 +1,6 @@
+#include "files/error.h"
+#include "signal/data.h"
+
 #include <gmock/gmock.h>
 
 #include <cmath>
@@ -7,9 +10,6 @@
 #include <string>
 #include <utility>
 #include <vector>
-
-#include "files/error.h"
-#include "signal/data.h"
 
 namespace ks {
 namespace {

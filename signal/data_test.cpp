@@ -1,5 +1,11 @@
 #include "signal/data.h"
 
+#include "files/error.h"
+#include "files/points.h"
+#include "files/uds_fields.h"
+#include "signal/data_fields.h"
+#include "signal/nsignal.h"
+
 #include <gmock/gmock.h>
 
 #include <atomic>
@@ -11,12 +17,6 @@
 #include <type_traits>
 #include <utility>
 #include <vector>
-
-#include "files/error.h"
-#include "files/points.h"
-#include "files/uds_fields.h"
-#include "signal/data_fields.h"
-#include "signal/nsignal.h"
 
 namespace ks {
 namespace {

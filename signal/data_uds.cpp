@@ -1,14 +1,14 @@
-#include <exception>
-#include <new>
-#include <string>
-#include <utility>
-
 #include "files/error.h"
 #include "files/uds_fields.h"
 #include "files/uds_file.h"
 #include "signal/channel_class.h"
 #include "signal/data.h"
 #include "signal/messages.h"
+
+#include <exception>
+#include <new>
+#include <string>
+#include <utility>
 
 namespace ks {
 

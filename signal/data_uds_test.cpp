@@ -1,3 +1,12 @@
+#include "files/error.h"
+#include "files/uds_field_table.h"
+#include "files/uds_file.h"
+#include "signal/data.h"
+#include "tests/support/allocation_count.h"
+#include "tests/support/memory_limit.h"
+#include "tests/support/temp_folder.h"
+#include "tests/support/uds_bytes.h"
+
 #include <gmock/gmock.h>
 
 #include <bit>
@@ -7,15 +16,6 @@
 #include <utility>
 #include <variant>
 #include <vector>
-
-#include "files/error.h"
-#include "files/uds_field_table.h"
-#include "files/uds_file.h"
-#include "signal/data.h"
-#include "tests/support/allocation_count.h"
-#include "tests/support/memory_limit.h"
-#include "tests/support/temp_folder.h"
-#include "tests/support/uds_bytes.h"
 
 namespace ks {
 namespace {

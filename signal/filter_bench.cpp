@@ -1,12 +1,12 @@
+#include "signal/butterworth.h"
+#include "signal/limits.h"
+
 #include <benchmark/benchmark.h>
 
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <vector>
-
-#include "signal/butterworth.h"
-#include "signal/limits.h"
 
 namespace ks {
 namespace {

@@ -1,5 +1,10 @@
 #include "signal/header_groups.h"
 
+#include "files/number_text.h"
+#include "files/uds_field_table.h"
+#include "files/uds_fields.h"
+#include "signal/data.h"
+
 #include <algorithm>
 #include <array>
 #include <cstddef>
@@ -10,11 +15,6 @@
 #include <type_traits>
 #include <variant>
 #include <vector>
-
-#include "files/number_text.h"
-#include "files/uds_field_table.h"
-#include "files/uds_fields.h"
-#include "signal/data.h"
 
 namespace ks {
 namespace {

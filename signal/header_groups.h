@@ -1,12 +1,12 @@
 #pragma once
 
+#include "signal/data.h"
+
 #include <array>
 #include <span>
 #include <string>
 #include <string_view>
 #include <vector>
-
-#include "signal/data.h"
 
 namespace ks {
 

@@ -1,5 +1,10 @@
 #include "signal/header_groups.h"
 
+#include "files/uds_field_table.h"
+#include "signal/data.h"
+#include "tests/support/temp_folder.h"
+#include "tests/support/uds_bytes.h"
+
 #include <gmock/gmock.h>
 
 #include <cstddef>
@@ -8,11 +13,6 @@
 #include <map>
 #include <string>
 #include <vector>
-
-#include "files/uds_field_table.h"
-#include "signal/data.h"
-#include "tests/support/temp_folder.h"
-#include "tests/support/uds_bytes.h"
 
 namespace ks {
 namespace {

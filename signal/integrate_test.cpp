@@ -1,5 +1,7 @@
 #include "signal/integrate.h"
 
+#include "signal/limits.h"
+
 #include <gmock/gmock.h>
 
 #include <cmath>
@@ -7,8 +9,6 @@
 #include <limits>
 #include <numbers>
 #include <vector>
-
-#include "signal/limits.h"
 
 namespace ks {
 namespace {

@@ -1,13 +1,13 @@
 #include "signal/limits.h"
 
+#include "signal/whole_number.h"
+
 #include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
 #include <span>
 #include <vector>
-
-#include "signal/whole_number.h"
 
 namespace ks {
 namespace {

@@ -1,12 +1,13 @@
 #include "signal/messages.h"
 
+#include "files/number_text.h"
+
 #include <boost/lexical_cast.hpp>
+
 #include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
-
-#include "files/number_text.h"
 
 namespace ks::signal_message {
 

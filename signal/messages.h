@@ -1,11 +1,11 @@
 #pragma once
 
+#include "signal/saved_axis.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
-
-#include "signal/saved_axis.h"
 
 /// Every sentence of the signal record and its operations, once. Settled letter for letter, odd spellings included:
 /// users and scripts know them.

@@ -1,11 +1,12 @@
 #include "signal/nsignal.h"
-#include <cstdint>
-#include <span>
 
 #include "files/error.h"
 #include "signal/butterworth.h"
 #include "signal/channel_class.h"
 #include "signal/messages.h"
+
+#include <cstdint>
+#include <span>
 
 namespace ks {
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "signal/data.h"
+
 #include <cstdint>
 #include <span>
 #include <string>
@@ -7,15 +9,13 @@
 #include <utility>
 #include <vector>
 
-#include "signal/data.h"
-
 namespace ks {
 
 /// A signal record that can be filtered. What makes a result doubtful but not wrong goes to its list of warnings.
 class CNSignal : public CData {
 public:
     [[nodiscard]] const std::vector<std::string>& GetWarnings() const { return m_warnings; }
-    void AddWarning(std::string text) { m_warnings.push_back(std::move(text)); }
+    void AddWarning(std::string_view text) { m_warnings.emplace_back(text); }
 
     /// Filters at one of kChannelClasses, that is at the class number times 1.66666666667 Hz. Does nothing when the
     /// data already have that class or a lower one.

@@ -1,5 +1,8 @@
 #include "signal/nsignal.h"
 
+#include "files/error.h"
+#include "signal/butterworth.h"
+
 #include <gmock/gmock.h>
 
 #include <algorithm>
@@ -8,9 +11,6 @@
 #include <string>
 #include <utility>
 #include <vector>
-
-#include "files/error.h"
-#include "signal/butterworth.h"
 
 namespace ks {
 namespace {

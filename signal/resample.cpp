@@ -1,14 +1,14 @@
 #include "signal/resample.h"
 
+#include "signal/limits.h"
+#include "signal/whole_number.h"
+
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <span>
 #include <vector>
-
-#include "signal/limits.h"
-#include "signal/whole_number.h"
 
 namespace ks {
 namespace {

@@ -1,11 +1,12 @@
+#include "signal/resample.h"
+
+#include "signal/integrate.h"
+#include "signal/limits.h"
+
 #include <benchmark/benchmark.h>
 
 #include <cstdint>
 #include <vector>
-
-#include "signal/integrate.h"
-#include "signal/limits.h"
-#include "signal/resample.h"
 
 namespace ks {
 namespace {

@@ -1,5 +1,7 @@
 #include "signal/resample.h"
 
+#include "signal/limits.h"
+
 #include <gmock/gmock.h>
 
 #include <cmath>
@@ -8,8 +10,6 @@
 #include <optional>
 #include <utility>
 #include <vector>
-
-#include "signal/limits.h"
 
 namespace ks {
 namespace {

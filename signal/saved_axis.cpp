@@ -1,13 +1,13 @@
 #include "signal/saved_axis.h"
 
+#include "files/uds_layout.h"
+#include "signal/data.h"
+
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <vector>
-
-#include "files/uds_layout.h"
-#include "signal/data.h"
 
 namespace ks {
 

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "signal/data.h"
+
 #include <cstddef>
 #include <optional>
-
-#include "signal/data.h"
 
 namespace ks {
 

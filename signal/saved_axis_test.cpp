@@ -1,11 +1,11 @@
 #include "signal/saved_axis.h"
 
+#include "signal/data.h"
+#include "tests/support/temp_folder.h"
+
 #include <gmock/gmock.h>
 
 #include <vector>
-
-#include "signal/data.h"
-#include "tests/support/temp_folder.h"
 
 namespace ks {
 namespace {

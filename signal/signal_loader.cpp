@@ -1,13 +1,13 @@
 #include "signal/signal_loader.h"
 
+#include "files/messages.h"
+#include "signal/formats/signal_format.h"
+
 #include <array>
 #include <exception>
 #include <new>
 #include <string>
 #include <vector>
-
-#include "files/messages.h"
-#include "signal/formats/signal_format.h"
 
 namespace ks {
 namespace {

@@ -1,12 +1,12 @@
 #pragma once
 
-#include <span>
-#include <string>
-#include <vector>
-
 #include "signal/formats/formats.h"
 #include "signal/formats/signal_format.h"
 #include "signal/nsignal.h"
+
+#include <span>
+#include <string>
+#include <vector>
 
 namespace ks {
 

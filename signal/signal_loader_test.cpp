@@ -1,5 +1,11 @@
 #include "signal/signal_loader.h"
 
+#include "files/error.h"
+#include "signal/formats/formats.h"
+#include "tests/support/allocation_count.h"
+#include "tests/support/temp_folder.h"
+#include "tests/support/uds_bytes.h"
+
 #include <gmock/gmock.h>
 
 #include <array>
@@ -8,12 +14,6 @@
 #include <string>
 #include <string_view>
 #include <vector>
-
-#include "files/error.h"
-#include "signal/formats/formats.h"
-#include "tests/support/allocation_count.h"
-#include "tests/support/temp_folder.h"
-#include "tests/support/uds_bytes.h"
 
 namespace ks {
 namespace {

@@ -1,13 +1,13 @@
 #include "signal/truncate.h"
 
+#include "files/error.h"
+#include "signal/messages.h"
+#include "signal/whole_number.h"
+
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <span>
-
-#include "files/error.h"
-#include "signal/messages.h"
-#include "signal/whole_number.h"
 
 namespace ks {
 

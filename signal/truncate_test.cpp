@@ -1,13 +1,13 @@
 #include "signal/truncate.h"
 
+#include "files/error.h"
+
 #include <gmock/gmock.h>
 
 #include <cstddef>
 #include <cstdint>
 #include <limits>
 #include <vector>
-
-#include "files/error.h"
 
 namespace ks {
 namespace {

@@ -1,6 +1,13 @@
 #include "viewer/curve_plot.h"
 
+#include "chart/chart_control.h"
+#include "chart/chart_style.h"
+#include "chart/make_chart.h"
+#include "signal/data.h"
+#include "viewer/page.h"
+
 #include <QFontMetricsF>
+
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
@@ -8,12 +15,6 @@
 #include <memory>
 #include <span>
 #include <string>
-
-#include "chart/chart_control.h"
-#include "chart/chart_style.h"
-#include "chart/make_chart.h"
-#include "signal/data.h"
-#include "viewer/page.h"
 
 namespace {
 

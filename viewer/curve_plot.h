@@ -1,10 +1,10 @@
 #pragma once
 
-#include <QSizeF>
-#include <QString>
-
 #include "signal/data.h"
 #include "viewer/page.h"
+
+#include <QSizeF>
+#include <QString>
 
 /// A plot of the record's curve: Y over X with quantities and units on the axes, on white, as vectors. Needs a
 /// QApplication. The picture holds the points it needs.

@@ -1,19 +1,20 @@
 #include "viewer/field_form.h"
 
-#include <QGridLayout>
-#include <QGroupBox>
-#include <QLabel>
-#include <QVBoxLayout>
-#include <algorithm>
-#include <cstddef>
-#include <span>
-#include <vector>
-
 #include "files/uds_field_table.h"
 #include "signal/data.h"
 #include "signal/header_groups.h"
 #include "viewer/value_edit.h"
 #include "widgets/make_child.h"
+
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <cstddef>
+#include <span>
+#include <vector>
 
 namespace {
 

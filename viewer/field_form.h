@@ -1,11 +1,12 @@
 #pragma once
 
-#include <QWidget>
-#include <span>
-#include <vector>
-
 #include "signal/data.h"
 #include "signal/header_groups.h"
+
+#include <QWidget>
+
+#include <span>
+#include <vector>
 
 class CValueEdit;
 class QGridLayout;

@@ -1,13 +1,14 @@
 #include "viewer/header_pages.h"
 
-#include <QVBoxLayout>
-#include <initializer_list>
-#include <span>
-
 #include "signal/data.h"
 #include "signal/header_groups.h"
 #include "viewer/field_form.h"
 #include "widgets/make_child.h"
+
+#include <QVBoxLayout>
+
+#include <initializer_list>
+#include <span>
 
 namespace ksres {
 

@@ -1,13 +1,14 @@
 #pragma once
 
-#include <QTabWidget>
-#include <QWidget>
-#include <initializer_list>
-#include <vector>
-
 #include "signal/data.h"
 #include "signal/header_groups.h"
 #include "widgets/make_child.h"
+
+#include <QTabWidget>
+#include <QWidget>
+
+#include <initializer_list>
+#include <vector>
 
 class CFieldForm;
 

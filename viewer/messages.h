@@ -1,9 +1,9 @@
 #pragma once
 
+#include "widgets/sentence.h"
+
 #include <QCoreApplication>
 #include <QString>
-
-#include "widgets/sentence.h"
 
 /// Every message of the file viewer, once.
 namespace viewer_message {

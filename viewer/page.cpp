@@ -3,6 +3,7 @@
 #include <QFontMetricsF>
 #include <QPainter>
 #include <QTextLayout>
+
 #include <algorithm>
 #include <cmath>
 #include <utility>

@@ -1,11 +1,12 @@
-#include <QImage>
-#include <QPainter>
-#include <QTest>
-#include <cmath>
-
 #include "viewer/page.h"
 #include "viewer/print_region.h"
 #include "viewer/print_table.h"
+
+#include <QImage>
+#include <QPainter>
+#include <QTest>
+
+#include <cmath>
 
 namespace {
 

@@ -1,5 +1,8 @@
 #include "viewer/print_preview.h"
 
+#include "viewer/printer.h"
+#include "widgets/make_child.h"
+
 #include <QComboBox>
 #include <QGraphicsView>
 #include <QHBoxLayout>
@@ -9,11 +12,9 @@
 #include <QSignalBlocker>
 #include <QToolButton>
 #include <QVBoxLayout>
+
 #include <initializer_list>
 #include <memory>
-
-#include "viewer/printer.h"
-#include "widgets/make_child.h"
 
 namespace ksres {
 namespace {

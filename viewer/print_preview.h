@@ -2,6 +2,7 @@
 
 #include <QPrintPreviewWidget>
 #include <QWidget>
+
 #include <functional>
 #include <memory>
 

@@ -1,9 +1,9 @@
 #include "viewer/print_region.h"
 
-#include <utility>
-
 #include "viewer/page.h"
 #include "viewer/print_table.h"
+
+#include <utility>
 
 namespace {
 

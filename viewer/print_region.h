@@ -1,11 +1,12 @@
 #pragma once
 
-#include <QPointF>
-#include <QString>
-#include <optional>
-
 #include "viewer/page.h"
 #include "viewer/print_table.h"
+
+#include <QPointF>
+#include <QString>
+
+#include <optional>
 
 /// A group on a page: its title above a thin line, then a table or a picture.
 class CPrintRegion {

@@ -1,9 +1,9 @@
 #include "viewer/print_table.h"
 
+#include "viewer/page.h"
+
 #include <algorithm>
 #include <utility>
-
-#include "viewer/page.h"
 
 namespace {
 

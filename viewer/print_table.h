@@ -1,11 +1,12 @@
 #pragma once
 
+#include "viewer/page.h"
+
 #include <QPointF>
 #include <QString>
 #include <QStringList>
-#include <vector>
 
-#include "viewer/page.h"
+#include <vector>
 
 /// Rows of texts in columns of equal width. A text too wide for its column is broken into lines, which makes
 /// its row taller.

@@ -1,15 +1,16 @@
 #include "viewer/printer.h"
 
+#include "files/replacing_file.h"
+#include "viewer/report.h"
+#include "widgets/pdf_file.h"
+
 #include <QLocale>
 #include <QMarginsF>
 #include <QPainter>
 #include <QPrinter>
+
 #include <string>
 #include <vector>
-
-#include "files/replacing_file.h"
-#include "viewer/report.h"
-#include "widgets/pdf_file.h"
 
 namespace {
 

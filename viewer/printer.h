@@ -1,12 +1,13 @@
 #pragma once
 
+#include "files/replacing_file.h"
+#include "viewer/report.h"
+
 #include <QPageLayout>
 #include <QPageRanges>
 #include <QPageSize>
-#include <string>
 
-#include "files/replacing_file.h"
-#include "viewer/report.h"
+#include <string>
 
 class QPagedPaintDevice;
 class QPrinter;

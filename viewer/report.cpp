@@ -1,11 +1,5 @@
 #include "viewer/report.h"
 
-#include <QCoreApplication>
-#include <algorithm>
-#include <cstddef>
-#include <utility>
-#include <vector>
-
 #include "signal/data.h"
 #include "signal/header_groups.h"
 #include "viewer/curve_plot.h"
@@ -13,6 +7,13 @@
 #include "viewer/print_region.h"
 #include "viewer/print_table.h"
 #include "viewer/report_pdf.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+#include <cstddef>
+#include <utility>
+#include <vector>
 
 namespace {
 

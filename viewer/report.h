@@ -1,13 +1,14 @@
 #pragma once
 
-#include <QDate>
-#include <QSizeF>
-#include <QString>
-#include <vector>
-
 #include "signal/data.h"
 #include "viewer/page.h"
 #include "viewer/report_pdf.h"
+
+#include <QDate>
+#include <QSizeF>
+#include <QString>
+
+#include <vector>
 
 class QPainter;
 

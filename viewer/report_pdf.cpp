@@ -1,16 +1,17 @@
 #include "viewer/report_pdf.h"
 
-#include <QDate>
-#include <QPageLayout>
-#include <QPageSize>
-#include <chrono>
-#include <optional>
-#include <string>
-
 #include "files/path_text.h"
 #include "files/replacing_file.h"
 #include "signal/data.h"
 #include "viewer/printer.h"
+
+#include <QDate>
+#include <QPageLayout>
+#include <QPageSize>
+
+#include <chrono>
+#include <optional>
+#include <string>
 
 namespace {
 

@@ -1,11 +1,11 @@
 #pragma once
 
+#include "files/replacing_file.h"
+#include "signal/data.h"
+
 #include <chrono>
 #include <optional>
 #include <string>
-
-#include "files/replacing_file.h"
-#include "signal/data.h"
 
 /// How much of a file the printed report holds. The preview's choice is in this order.
 enum class CReportMode {

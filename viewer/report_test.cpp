@@ -1,3 +1,13 @@
+#include "viewer/report.h"
+
+#include "files/replacing_file.h"
+#include "signal/nsignal.h"
+#include "tests/support/temp_folder.h"
+#include "viewer/printer.h"
+#include "viewer/report_pdf.h"
+#include "viewer/testing/pdf_text.h"
+#include "viewer/testing/two_component_file.h"
+
 #include <QBuffer>
 #include <QImage>
 #include <QPainter>
@@ -6,6 +16,7 @@
 #include <QRegularExpression>
 #include <QScopeGuard>
 #include <QTest>
+
 #include <algorithm>
 #include <chrono>
 #include <cmath>
@@ -13,15 +24,6 @@
 #include <filesystem>
 #include <string>
 #include <vector>
-
-#include "files/replacing_file.h"
-#include "signal/nsignal.h"
-#include "tests/support/temp_folder.h"
-#include "viewer/printer.h"
-#include "viewer/report.h"
-#include "viewer/report_pdf.h"
-#include "viewer/testing/pdf_text.h"
-#include "viewer/testing/two_component_file.h"
 
 namespace {
 

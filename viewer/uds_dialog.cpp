@@ -1,19 +1,5 @@
 #include "viewer/uds_dialog.h"
 
-#include <QApplication>
-#include <QDropEvent>
-#include <QLayout>
-#include <QMimeData>
-#include <QPrinter>
-#include <QScrollArea>
-#include <QScrollBar>
-#include <QUrl>
-#include <exception>
-#include <initializer_list>
-#include <memory>
-#include <string>
-#include <utility>
-
 #include "files/file_request.h"
 #include "files/path_text.h"
 #include "files/replacing_file.h"
@@ -31,6 +17,21 @@
 #include "widgets/make_child.h"
 #include "widgets/screen_room.h"
 #include "widgets/take_copy.h"
+
+#include <QApplication>
+#include <QDropEvent>
+#include <QLayout>
+#include <QMimeData>
+#include <QPrinter>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QUrl>
+
+#include <exception>
+#include <initializer_list>
+#include <memory>
+#include <string>
+#include <utility>
 
 namespace ksres {
 namespace {

@@ -1,11 +1,12 @@
 #pragma once
 
+#include "signal/nsignal.h"
+
 #include <QDialog>
 #include <QString>
+
 #include <memory>
 #include <vector>
-
-#include "signal/nsignal.h"
 
 class CViewerHost;
 class QPrinter;

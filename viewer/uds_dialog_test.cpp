@@ -1,5 +1,13 @@
 #include "viewer/uds_dialog.h"
 
+#include "tests/support/temp_folder.h"
+#include "tests/support/uds_bytes.h"
+#include "viewer/header_pages.h"
+#include "viewer/print_preview.h"
+#include "viewer/testing/recorded_viewer_host.h"
+#include "viewer/testing/two_component_file.h"
+#include "viewer/value_edit.h"
+
 #include <QApplication>
 #include <QClipboard>
 #include <QComboBox>
@@ -17,6 +25,7 @@
 #include <QToolButton>
 #include <QUrl>
 #include <QWindow>
+
 #include <algorithm>
 #include <cstddef>
 #include <functional>
@@ -24,14 +33,6 @@
 #include <memory>
 #include <optional>
 #include <string>
-
-#include "tests/support/temp_folder.h"
-#include "tests/support/uds_bytes.h"
-#include "viewer/header_pages.h"
-#include "viewer/print_preview.h"
-#include "viewer/testing/recorded_viewer_host.h"
-#include "viewer/testing/two_component_file.h"
-#include "viewer/value_edit.h"
 
 namespace {
 

@@ -2,6 +2,7 @@
 
 #include <QStyle>
 #include <QStyleOptionFrame>
+
 #include <algorithm>
 
 namespace {

@@ -1,9 +1,10 @@
 #pragma once
 
-#include <QString>
-#include <optional>
-
 #include "files/file_request.h"
+
+#include <QString>
+
+#include <optional>
 
 class QPrinter;
 class QWidget;

@@ -1,13 +1,14 @@
 #include "widgets/pdf_file.h"
 
+#include "files/replacing_file.h"
+
 #include <QBuffer>
 #include <QPdfWriter>
 #include <QPrinter>
+
 #include <cstddef>
 #include <string>
 #include <string_view>
-
-#include "files/replacing_file.h"
 
 namespace {
 

@@ -1,11 +1,12 @@
 #pragma once
 
+#include "files/replacing_file.h"
+
 #include <QPageLayout>
 #include <QString>
+
 #include <functional>
 #include <string>
-
-#include "files/replacing_file.h"
 
 class QPagedPaintDevice;
 class QPrinter;

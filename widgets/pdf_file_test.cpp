@@ -1,16 +1,17 @@
 #include "widgets/pdf_file.h"
 
+#include "files/replacing_file.h"
+#include "tests/support/failing_disk.h"
+#include "tests/support/temp_folder.h"
+
 #include <QPagedPaintDevice>
 #include <QPainter>
 #include <QPrinter>
 #include <QRegularExpression>
 #include <QTest>
+
 #include <cmath>
 #include <string>
-
-#include "files/replacing_file.h"
-#include "tests/support/failing_disk.h"
-#include "tests/support/temp_folder.h"
 
 namespace {
 

@@ -1,14 +1,15 @@
 #include "app/dialogs/about_dialog.h"
 
-#include <QCoreApplication>
-#include <QIcon>
-#include <QStringList>
-#include <cstdint>
-#include <memory>
-
 #include "app/resources.h"
 #include "app/ui_about_dialog.h"
 #include "compare/plots/page_table.h"
+
+#include <QCoreApplication>
+#include <QIcon>
+#include <QStringList>
+
+#include <cstdint>
+#include <memory>
 
 namespace {
 

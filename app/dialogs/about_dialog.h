@@ -2,6 +2,7 @@
 
 #include <QDialog>
 #include <QString>
+
 #include <memory>
 
 namespace Ui {

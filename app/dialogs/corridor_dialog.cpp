@@ -1,10 +1,11 @@
 #include "app/dialogs/corridor_dialog.h"
-#include <memory>
 
 #include "app/dialogs/number_field.h"
 #include "app/message_box.h"
 #include "app/messages.h"
 #include "app/ui_corridor_dialog.h"
+
+#include <memory>
 
 CCorridorDlg::CCorridorDlg(double size, CMessages& messages, QWidget* parent)
     : QDialog(parent), m_ui(std::make_unique<Ui::CCorridorDlg>()), m_size(size), m_messages(messages) {

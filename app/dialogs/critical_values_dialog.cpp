@@ -1,17 +1,18 @@
 #include "app/dialogs/critical_values_dialog.h"
-#include <memory>
-#include <vector>
-
-#include <QCoreApplication>
-#include <QLabel>
-#include <QLineEdit>
-#include <string>
-#include <string_view>
 
 #include "app/dialogs/number_field.h"
 #include "app/ui_critical_values_dialog.h"
 #include "compare/critical_values.h"
 #include "widgets/make_child.h"
+
+#include <QCoreApplication>
+#include <QLabel>
+#include <QLineEdit>
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
 
 namespace ksres {
 namespace {

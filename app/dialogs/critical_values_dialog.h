@@ -1,10 +1,11 @@
 #pragma once
 
+#include "compare/critical_values.h"
+
 #include <QDialog>
+
 #include <memory>
 #include <vector>
-
-#include "compare/critical_values.h"
 
 class CMessages;
 class QLineEdit;

@@ -1,11 +1,12 @@
 #include "app/dialogs/customize_dialog.h"
 
+#include "app/ui_customize_dialog.h"
+
 #include <QAction>
 #include <QListWidgetItem>
 #include <QPushButton>
-#include <memory>
 
-#include "app/ui_customize_dialog.h"
+#include <memory>
 
 namespace {
 

@@ -1,14 +1,14 @@
 #include "app/dialogs/customize_dialog.h"
 
+#include "app/resources.h"
+#include "app/testing/widget_probe.h"
+
 #include <QAction>
 #include <QDialogButtonBox>
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
 #include <QTest>
-
-#include "app/resources.h"
-#include "app/testing/widget_probe.h"
 
 class CCustomizeDialogTest : public QObject {
     Q_OBJECT

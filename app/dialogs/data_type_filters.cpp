@@ -1,10 +1,11 @@
 #include "app/dialogs/data_type_filters.h"
-#include <cstddef>
-#include <vector>
 
 #include "app/dialogs/file_picker.h"
 #include "app/settings.h"
 #include "compare/setting_keys.h"
+
+#include <cstddef>
+#include <vector>
 
 namespace {
 

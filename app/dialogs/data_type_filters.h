@@ -1,9 +1,10 @@
 #pragma once
 
-#include <QString>
-#include <vector>
-
 #include "files/file_request.h"
+
+#include <QString>
+
+#include <vector>
 
 class CSettings;
 

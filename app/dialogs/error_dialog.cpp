@@ -1,13 +1,14 @@
 #include "app/dialogs/error_dialog.h"
 
-#include <QDir>
-#include <memory>
-#include <string>
-#include <vector>
-
 #include "app/messages.h"
 #include "app/ui_error_dialog.h"
 #include "compare/document_host.h"
+
+#include <QDir>
+
+#include <memory>
+#include <string>
+#include <vector>
 
 namespace ksres {
 

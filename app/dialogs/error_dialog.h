@@ -1,12 +1,13 @@
 #pragma once
 
+#include "compare/document_host.h"
+
 #include <QDialog>
 #include <QString>
+
 #include <memory>
 #include <string>
 #include <vector>
-
-#include "compare/document_host.h"
 
 namespace ksres {
 

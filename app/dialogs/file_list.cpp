@@ -1,5 +1,10 @@
 #include "app/dialogs/file_list.h"
 
+#include "app/dropped_files.h"
+#include "app/messages.h"
+#include "files/native_path.h"
+#include "widgets/take_copy.h"
+
 #include <QDir>
 #include <QDropEvent>
 #include <QKeyEvent>
@@ -7,6 +12,7 @@
 #include <QPainter>
 #include <QStyle>
 #include <QStyledItemDelegate>
+
 #include <algorithm>
 #include <cstddef>
 #include <filesystem>
@@ -15,11 +21,6 @@
 #include <string>
 #include <system_error>
 #include <vector>
-
-#include "app/dropped_files.h"
-#include "app/messages.h"
-#include "files/native_path.h"
-#include "widgets/take_copy.h"
 
 namespace {
 

@@ -1,5 +1,7 @@
 #include "app/dialogs/file_list.h"
 
+#include "app/testing/widget_probe.h"
+
 #include <QDir>
 #include <QFile>
 #include <QMimeData>
@@ -9,12 +11,11 @@
 #include <QTimer>
 #include <QUrl>
 #include <QWindow>
+
 #include <memory>
 #include <string>
 #include <utility>
 #include <vector>
-
-#include "app/testing/widget_probe.h"
 
 class CFileListTest : public QObject {
     Q_OBJECT

@@ -1,15 +1,16 @@
 #include "app/dialogs/file_picker.h"
 
+#include "files/path_text.h"
+#include "widgets/screen_room.h"
+
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+
 #include <cstddef>
 #include <memory>
 #include <optional>
 #include <vector>
-
-#include "files/path_text.h"
-#include "widgets/screen_room.h"
 
 namespace {
 

@@ -1,12 +1,13 @@
 #pragma once
 
+#include "files/file_request.h"
+
 #include <QString>
 #include <QStringList>
+
 #include <memory>
 #include <optional>
 #include <string>
-
-#include "files/file_request.h"
 
 class QFileDialog;
 class QWidget;

@@ -1,5 +1,8 @@
 #include "app/dialogs/file_picker.h"
 
+#include "app/dialogs/data_type_filters.h"
+#include "app/testing/dialog_driver.h"
+
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QDir>
@@ -10,11 +13,9 @@
 #include <QScreen>
 #include <QTemporaryDir>
 #include <QTest>
+
 #include <cstddef>
 #include <memory>
-
-#include "app/dialogs/data_type_filters.h"
-#include "app/testing/dialog_driver.h"
 
 class CFilePickerTest : public QObject {
     Q_OBJECT

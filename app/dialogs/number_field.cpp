@@ -1,13 +1,14 @@
 #include "app/dialogs/number_field.h"
 
-#include <QFontMetrics>
-#include <QLineEdit>
-#include <cstddef>
-#include <optional>
-
 #include "app/message_box.h"
 #include "app/messages.h"
 #include "files/number_text.h"
+
+#include <QFontMetrics>
+#include <QLineEdit>
+
+#include <cstddef>
+#include <optional>
 
 std::optional<double> NumberFromText(QStringView text) {
     const QByteArray bytes = text.trimmed().toUtf8();

@@ -1,11 +1,12 @@
 #include "app/dialogs/number_field.h"
 
+#include "app/testing/recorded_messages.h"
+
 #include <QLineEdit>
 #include <QLocale>
 #include <QTest>
-#include <cmath>
 
-#include "app/testing/recorded_messages.h"
+#include <cmath>
 
 class CNumberFieldTest : public QObject {
     Q_OBJECT

@@ -1,10 +1,3 @@
-#include <QDialogButtonBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPlainTextEdit>
-#include <QPushButton>
-#include <QTest>
-
 #include "app/dialogs/about_dialog.h"
 #include "app/dialogs/corridor_dialog.h"
 #include "app/dialogs/critical_values_dialog.h"
@@ -15,6 +8,13 @@
 #include "app/testing/widget_probe.h"
 #include "compare/critical_values.h"
 #include "compare/plots/page_table.h"
+
+#include <QDialogButtonBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QTest>
 
 namespace {
 

@@ -3,6 +3,7 @@
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPrinterInfo>
+
 #include <memory>
 
 std::unique_ptr<QPrintDialog> CPrinterDialogs::MakeDialog(QWidget* parent, QPrinter& printer, int pageCount) {

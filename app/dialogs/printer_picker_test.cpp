@@ -1,5 +1,7 @@
 #include "app/dialogs/printer_picker.h"
 
+#include "app/testing/dialog_driver.h"
+
 #include <QDialogButtonBox>
 #include <QDoubleSpinBox>
 #include <QLineEdit>
@@ -11,8 +13,6 @@
 #include <QSpinBox>
 #include <QTemporaryDir>
 #include <QTest>
-
-#include "app/testing/dialog_driver.h"
 
 class CPrinterPickerTest : public QObject {
     Q_OBJECT

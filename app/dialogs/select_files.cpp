@@ -1,17 +1,5 @@
 #include "app/dialogs/select_files.h"
 
-#include <QDir>
-#include <QDropEvent>
-#include <QMimeData>
-#include <QPushButton>
-#include <algorithm>
-#include <cstddef>
-#include <cstdint>
-#include <memory>
-#include <string>
-#include <utility>
-#include <vector>
-
 #include "app/dialogs/data_type_filters.h"
 #include "app/dialogs/file_picker.h"
 #include "app/dialogs/number_field.h"
@@ -27,6 +15,19 @@
 #include "signal/channel_class.h"
 #include "widgets/screen_room.h"
 #include "widgets/take_copy.h"
+
+#include <QDir>
+#include <QDropEvent>
+#include <QMimeData>
+#include <QPushButton>
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
 
 namespace {
 

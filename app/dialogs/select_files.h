@@ -1,10 +1,11 @@
 #pragma once
 
-#include <QDialog>
-#include <memory>
-
 #include "compare/document_host.h"
 #include "files/file_request.h"
+
+#include <QDialog>
+
+#include <memory>
 
 class CFilePicker;
 class CMessages;

@@ -1,5 +1,16 @@
 #include "app/dialogs/select_files.h"
 
+#include "app/dialogs/data_type_filters.h"
+#include "app/dialogs/file_list.h"
+#include "app/dialogs/file_picker.h"
+#include "app/settings.h"
+#include "app/testing/control_ids.h"
+#include "app/testing/recorded_messages.h"
+#include "app/testing/scripted_picker.h"
+#include "app/testing/widget_probe.h"
+#include "compare/document_host.h"
+#include "compare/setting_keys.h"
+
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialogButtonBox>
@@ -14,21 +25,11 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QUrl>
+
 #include <cstddef>
 #include <memory>
 #include <utility>
 #include <vector>
-
-#include "app/dialogs/data_type_filters.h"
-#include "app/dialogs/file_list.h"
-#include "app/dialogs/file_picker.h"
-#include "app/settings.h"
-#include "app/testing/control_ids.h"
-#include "app/testing/recorded_messages.h"
-#include "app/testing/scripted_picker.h"
-#include "app/testing/widget_probe.h"
-#include "compare/document_host.h"
-#include "compare/setting_keys.h"
 
 namespace {
 

@@ -15,6 +15,7 @@
 #include <QClipboard>
 #include <QCoreApplication>
 #include <QGuiApplication>
+
 #include <optional>
 
 namespace {

@@ -1,21 +1,22 @@
 #include "app/table/summary_list.h"
 
+#include "app/control_ids.h"
+#include "app/table/summary_model.h"
+#include "compare/summary_table.h"
+#include "compare/verdict.h"
+#include "files/one_line.h"
+
 #include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QStringList>
 #include <QStyledItemDelegate>
+
 #include <cstddef>
 #include <memory>
 #include <utility>
 #include <vector>
-
-#include "app/control_ids.h"
-#include "app/table/summary_model.h"
-#include "compare/summary_table.h"
-#include "compare/verdict.h"
-#include "files/one_line.h"
 
 namespace {
 

@@ -1,10 +1,11 @@
 #pragma once
 
-#include <QTableView>
-#include <vector>
-
 #include "app/table/summary_model.h"
 #include "compare/summary_table.h"
+
+#include <QTableView>
+
+#include <vector>
 
 /// The view of the summary: all columns of CSummaryModel, which the user may drag into another order. That order
 /// and the columns are kept for the list's lifetime, no matter which snapshot it shows.

@@ -1,5 +1,13 @@
 #include "app/table/summary_list.h"
 
+#include "app/table/summary_model.h"
+#include "app/testing/summary_samples.h"
+#include "compare/signal.h"
+#include "compare/summary_columns.h"
+#include "compare/summary_table.h"
+#include "compare/verdict.h"
+#include "tests/support/summary_samples.h"
+
 #include <QAccessible>
 #include <QApplication>
 #include <QContextMenuEvent>
@@ -10,17 +18,10 @@
 #include <QSignalSpy>
 #include <QTest>
 #include <QVBoxLayout>
+
 #include <cstddef>
 #include <memory>
 #include <vector>
-
-#include "app/table/summary_model.h"
-#include "app/testing/summary_samples.h"
-#include "compare/signal.h"
-#include "compare/summary_columns.h"
-#include "compare/summary_table.h"
-#include "compare/verdict.h"
-#include "tests/support/summary_samples.h"
 
 namespace {
 

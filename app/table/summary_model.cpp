@@ -1,24 +1,25 @@
 #include "app/table/summary_model.h"
 
-#include <QBrush>
-#include <QColor>
-#include <QCoreApplication>
-#include <QGuiApplication>
-#include <QPalette>
-#include <QStringList>
-#include <cstddef>
-#include <span>
-#include <string>
-#include <string_view>
-#include <utility>
-#include <vector>
-
 #include "compare/critical_values.h"
 #include "compare/signal.h"
 #include "compare/summary_columns.h"
 #include "compare/summary_table.h"
 #include "compare/verdict.h"
 #include "files/number_text.h"
+
+#include <QBrush>
+#include <QColor>
+#include <QCoreApplication>
+#include <QGuiApplication>
+#include <QPalette>
+#include <QStringList>
+
+#include <cstddef>
+#include <span>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
 
 namespace {
 

@@ -1,13 +1,14 @@
 #pragma once
 
-#include <QAbstractTableModel>
-#include <QString>
-#include <string>
-#include <vector>
-
 #include "compare/critical_values.h"
 #include "compare/summary_columns.h"
 #include "compare/summary_table.h"
+
+#include <QAbstractTableModel>
+#include <QString>
+
+#include <string>
+#include <vector>
 
 /// What the summary shows of one run: the texts and verdicts, the limits for these verdicts, and the files.
 /// It does not change while the document starts the next run.

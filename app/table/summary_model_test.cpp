@@ -1,17 +1,5 @@
 #include "app/table/summary_model.h"
 
-#include <QAbstractItemModelTester>
-#include <QBrush>
-#include <QColor>
-#include <QGuiApplication>
-#include <QPalette>
-#include <QSignalSpy>
-#include <QTest>
-#include <QTextDocument>
-#include <memory>
-#include <string>
-#include <vector>
-
 #include "app/testing/contrast.h"
 #include "app/testing/summary_samples.h"
 #include "compare/critical_values.h"
@@ -21,6 +9,19 @@
 #include "compare/verdict.h"
 #include "tests/support/summary_samples.h"
 #include "tests/support/test_signals.h"
+
+#include <QAbstractItemModelTester>
+#include <QBrush>
+#include <QColor>
+#include <QGuiApplication>
+#include <QPalette>
+#include <QSignalSpy>
+#include <QTest>
+#include <QTextDocument>
+
+#include <memory>
+#include <string>
+#include <vector>
 
 namespace {
 

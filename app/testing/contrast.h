@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QColor>
+
 #include <algorithm>
 #include <cmath>
 

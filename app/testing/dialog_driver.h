@@ -1,15 +1,16 @@
 #pragma once
 
+#include "app/dialogs/error_dialog.h"
+
 #include <QApplication>
 #include <QDialog>
 #include <QMenu>
 #include <QStringList>
 #include <QTimer>
+
 #include <deque>
 #include <functional>
 #include <utility>
-
-#include "app/dialogs/error_dialog.h"
 
 /// Plays the user for modal dialogs and menus that open while it lives, so that none of them can block a test: expected
 /// ones get their answers in order, any other is closed, and problems are recorded.

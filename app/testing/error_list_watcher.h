@@ -1,11 +1,11 @@
 #pragma once
 
+#include "app/dialogs/error_dialog.h"
+
 #include <QApplication>
 #include <QEvent>
 #include <QStringList>
 #include <QTimer>
-
-#include "app/dialogs/error_dialog.h"
 
 /// While it lives, reads and closes at once every list of errors that opens.
 class CErrorListWatcher : public QObject {

@@ -1,17 +1,18 @@
 #pragma once
 
-#include <QByteArray>
-#include <QDir>
-#include <QString>
-#include <QStringList>
-#include <QTest>
-#include <optional>
-
 #include "app/commands.h"
 #include "app/dialogs/file_picker.h"
 #include "app/testing/window_test.h"
 #include "files/file_request.h"
 #include "tests/support/temp_folder.h"
+
+#include <QByteArray>
+#include <QDir>
+#include <QString>
+#include <QStringList>
+#include <QTest>
+
+#include <optional>
 
 /// Base of the tests of what the main window exports.
 class CExportsTest : public CWindowTest {

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <QStringList>
-
 #include "app/message_box.h"
+
+#include <QStringList>
 
 /// Records the program's messages, each as "icon|caption|text" or "beep", in order.
 class CRecordedMessages : public CMessages {

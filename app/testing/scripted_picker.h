@@ -1,11 +1,11 @@
 #pragma once
 
+#include "app/dialogs/file_picker.h"
+
 #include <deque>
 #include <optional>
 #include <utility>
 #include <vector>
-
-#include "app/dialogs/file_picker.h"
 
 /// Gives the prepared answers, one per call, and records the requests; cancels when no answer is left.
 class CScriptedPicker : public CFilePicker {

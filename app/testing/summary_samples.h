@@ -1,12 +1,12 @@
 #pragma once
 
-#include <string>
-#include <vector>
-
 #include "app/table/summary_model.h"
 #include "compare/signal.h"
 #include "tests/support/summary_samples.h"
 #include "tests/support/test_signals.h"
+
+#include <string>
+#include <vector>
 
 /// Two signals that were compared with "ref.uds": "/a/close.uds" follows it closely, "/a/distant.uds" does not.
 inline std::vector<CSignal> ComparedSignals() {

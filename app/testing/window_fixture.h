@@ -1,21 +1,5 @@
 #pragma once
 
-#include <QCheckBox>
-#include <QComboBox>
-#include <QDialogButtonBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPrinter>
-#include <QPushButton>
-#include <QRadioButton>
-#include <QSettings>
-#include <QTemporaryDir>
-#include <QTest>
-#include <memory>
-#include <optional>
-#include <utility>
-#include <vector>
-
 #include "app/control_ids.h"
 #include "app/dialogs/file_list.h"
 #include "app/dialogs/printer_picker.h"
@@ -30,6 +14,23 @@
 #include "app/testing/recorded_messages.h"
 #include "app/testing/scripted_picker.h"
 #include "app/testing/widget_probe.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPrinter>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSettings>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <memory>
+#include <optional>
+#include <utility>
+#include <vector>
 
 /// Prints to a PDF file, also as the default printer. Without a file name it cancels and there is no default printer.
 class CPdfPicker : public CPrinterPicker {

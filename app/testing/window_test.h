@@ -1,13 +1,14 @@
 #pragma once
 
+#include "app/testing/window_fixture.h"
+
 #include <QApplication>
 #include <QObject>
 #include <QTest>
+
 #include <memory>
 #include <string>
 #include <utility>
-
-#include "app/testing/window_fixture.h"
 
 /// Base of the main window's tests: a window for every test function, opened in init and closed in cleanup.
 class CWindowTest : public QObject {

@@ -1,11 +1,11 @@
 #include "chart/metafile/metafile_device.h"
 
+#include "chart/chart_control.h"
+#include "chart/metafile/metafile_engine.h"
+
 #include <cmath>
 #include <memory>
 #include <string>
-
-#include "chart/chart_control.h"
-#include "chart/metafile/metafile_engine.h"
 
 CMetafileDevice::CMetafileDevice(CChartSize size)
     : m_size(size), m_engine(std::make_unique<CMetafileEngine>(size, kUnitsPerInch)) {}

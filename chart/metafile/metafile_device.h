@@ -1,10 +1,11 @@
 #pragma once
 
+#include "chart/chart_control.h"
+
 #include <QPaintDevice>
+
 #include <memory>
 #include <string>
-
-#include "chart/chart_control.h"
 
 class CMetafileEngine;
 

@@ -1,13 +1,14 @@
 #include "chart/metafile/metafile_device.h"
 
+#include "chart/testing/wmf_reader.h"
+
 #include <QFontMetricsF>
 #include <QPainter>
 #include <QPainterPath>
 #include <QTest>
+
 #include <cmath>
 #include <vector>
-
-#include "chart/testing/wmf_reader.h"
 
 /// What a painter draws arrives in the metafile; each test paints and reads back.
 class MetafileDeviceTest : public QObject {

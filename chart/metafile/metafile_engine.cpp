@@ -1,8 +1,14 @@
 #include "chart/metafile/metafile_engine.h"
 
+#include "chart/chart_control.h"
+#include "chart/metafile/code_page_1252.h"
+#include "chart/metafile/plane_geometry.h"
+#include "chart/metafile/wmf_writer.h"
+
 #include <QFontMetricsF>
 #include <QPainterPath>
 #include <QtMath>
+
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
@@ -12,11 +18,6 @@
 #include <string>
 #include <utility>
 #include <vector>
-
-#include "chart/chart_control.h"
-#include "chart/metafile/code_page_1252.h"
-#include "chart/metafile/plane_geometry.h"
-#include "chart/metafile/wmf_writer.h"
 
 namespace {
 

@@ -1,13 +1,14 @@
 #pragma once
 
-#include <QPaintEngine>
-#include <QTransform>
-#include <span>
-#include <string>
-
 #include "chart/chart_control.h"
 #include "chart/metafile/plane_geometry.h"
 #include "chart/metafile/wmf_writer.h"
+
+#include <QPaintEngine>
+#include <QTransform>
+
+#include <span>
+#include <string>
 
 /// The engine of CMetafileDevice. It claims every feature, so that QPainter hands over curves and text unsplit, and
 /// applies the transform itself; clips every line and area geometrically, since metafile readers differ about clip

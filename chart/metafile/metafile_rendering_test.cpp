@@ -1,14 +1,3 @@
-#include <QFile>
-#include <QImage>
-#include <QProcess>
-#include <QStandardPaths>
-#include <QTemporaryDir>
-#include <QTest>
-#include <cmath>
-#include <cstddef>
-#include <cstdint>
-#include <memory>
-
 #include "chart/chart_control.h"
 #include "chart/chart_sequences.h"
 #include "chart/line_look.h"
@@ -16,6 +5,18 @@
 #include "chart/testing/sample_blocks.h"
 #include "chart/testing/wmf_reader.h"
 #include "files/replacing_file.h"
+
+#include <QFile>
+#include <QImage>
+#include <QProcess>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
 
 namespace {
 

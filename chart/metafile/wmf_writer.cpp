@@ -1,5 +1,8 @@
 #include "chart/metafile/wmf_writer.h"
 
+#include "chart/metafile/plane_geometry.h"
+#include "chart/metafile/wmf_format.h"
+
 #include <algorithm>
 #include <cassert>
 #include <cmath>
@@ -9,9 +12,6 @@
 #include <span>
 #include <string_view>
 #include <vector>
-
-#include "chart/metafile/plane_geometry.h"
-#include "chart/metafile/wmf_format.h"
 
 namespace {
 

@@ -1,13 +1,13 @@
 #pragma once
 
+#include "chart/metafile/plane_geometry.h"
+
 #include <cstdint>
 #include <optional>
 #include <span>
 #include <string>
 #include <string_view>
 #include <vector>
-
-#include "chart/metafile/plane_geometry.h"
 
 struct CWmfPen {
     std::uint16_t width = 1;  ///< logical units

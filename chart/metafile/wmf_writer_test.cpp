@@ -1,5 +1,8 @@
 #include "chart/metafile/wmf_writer.h"
 
+#include "chart/metafile/plane_geometry.h"
+#include "chart/testing/wmf_reader.h"
+
 #include <gmock/gmock.h>
 
 #include <array>
@@ -8,9 +11,6 @@
 #include <initializer_list>
 #include <string>
 #include <vector>
-
-#include "chart/metafile/plane_geometry.h"
-#include "chart/testing/wmf_reader.h"
 
 namespace {
 

@@ -1,17 +1,18 @@
 #include "chart/qcustomplot/legend_element.h"
 
+#include "chart/chart_style.h"
+#include "chart/legend_layout.h"
+#include "chart/messages.h"
+
 #include <QFontMetricsF>
 #include <QLineF>
 #include <QWheelEvent>
+
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <utility>
 #include <vector>
-
-#include "chart/chart_style.h"
-#include "chart/legend_layout.h"
-#include "chart/messages.h"
 
 namespace {
 

@@ -1,6 +1,7 @@
 #pragma once
 
-#include <qcustomplot.h>
+#include "chart/chart_style.h"
+#include "chart/legend_layout.h"
 
 #include <QFont>
 #include <QPen>
@@ -8,11 +9,10 @@
 #include <QRectF>
 #include <QSize>
 #include <QString>
+#include <qcustomplot.h>
+
 #include <cstddef>
 #include <vector>
-
-#include "chart/chart_style.h"
-#include "chart/legend_layout.h"
 
 /// One row of the legend.
 struct CLegendEntry {

@@ -1,16 +1,16 @@
 #include "chart/qcustomplot/plot_axes.h"
 
-#include <qcustomplot.h>
-
-#include <QFontMetricsF>
-#include <QLocale>
-#include <algorithm>
-#include <cmath>
-
 #include "chart/chart_style.h"
 #include "chart/messages.h"
 #include "chart/qcustomplot/plot_contents.h"
 #include "chart/view_range.h"
+
+#include <QFontMetricsF>
+#include <QLocale>
+#include <qcustomplot.h>
+
+#include <algorithm>
+#include <cmath>
 
 namespace {
 

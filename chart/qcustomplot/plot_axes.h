@@ -1,11 +1,12 @@
 #pragma once
 
-#include <QPointF>
-#include <QString>
-#include <optional>
-
 #include "chart/chart_style.h"
 #include "chart/view_range.h"
+
+#include <QPointF>
+#include <QString>
+
+#include <optional>
 
 class QCPAxis;
 class QCPRange;

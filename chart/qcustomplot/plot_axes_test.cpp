@@ -1,5 +1,10 @@
 #include "chart/qcustomplot/plot_axes.h"
 
+#include "chart/testing/chart_files.h"
+#include "chart/testing/chart_window.h"
+#include "chart/testing/sample_blocks.h"
+#include "chart/testing/wmf_reader.h"
+
 #include <QEvent>
 #include <QImage>
 #include <QLocale>
@@ -7,11 +12,6 @@
 #include <QRegularExpression>
 #include <QScopeGuard>
 #include <QTest>
-
-#include "chart/testing/chart_files.h"
-#include "chart/testing/chart_window.h"
-#include "chart/testing/sample_blocks.h"
-#include "chart/testing/wmf_reader.h"
 
 /// Zoom, pan and readout, by wheel, mouse and keys.
 class PlotAxesTest : public CChartWindowTest {

@@ -1,14 +1,15 @@
 #include "chart/qcustomplot/plot_contents.h"
 
+#include "chart/chart_model.h"
+#include "chart/messages.h"
+#include "chart/view_range.h"
+
 #include <QList>
+
 #include <cmath>
 #include <cstddef>
 #include <memory>
 #include <string>
-
-#include "chart/chart_model.h"
-#include "chart/messages.h"
-#include "chart/view_range.h"
 
 namespace {
 

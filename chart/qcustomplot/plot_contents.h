@@ -1,13 +1,13 @@
 #pragma once
 
-#include <qcustomplot.h>
+#include "chart/view_range.h"
 
 #include <QSharedPointer>
 #include <QString>
+#include <qcustomplot.h>
+
 #include <memory>
 #include <vector>
-
-#include "chart/view_range.h"
 
 class CChartModel;
 

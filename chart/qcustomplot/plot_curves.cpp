@@ -1,16 +1,16 @@
 #include "chart/qcustomplot/plot_curves.h"
 
-#include <qcustomplot.h>
+#include "chart/metafile/plane_geometry.h"
+#include "chart/qcustomplot/plot_contents.h"
 
 #include <QLineF>
 #include <QPen>
 #include <QPointF>
 #include <QRectF>
+#include <qcustomplot.h>
+
 #include <cstddef>
 #include <vector>
-
-#include "chart/metafile/plane_geometry.h"
-#include "chart/qcustomplot/plot_contents.h"
 
 namespace {
 

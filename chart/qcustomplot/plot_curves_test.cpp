@@ -1,15 +1,16 @@
 
+#include "chart/testing/chart_window.h"
+#include "chart/testing/sample_blocks.h"
+
 #include <QImage>
 #include <QPoint>
 #include <QPointF>
 #include <QRect>
 #include <QSize>
 #include <QTest>
+
 #include <cstddef>
 #include <limits>
-
-#include "chart/testing/chart_window.h"
-#include "chart/testing/sample_blocks.h"
 
 /// The curves as the user sees them: pixels in their colors.
 class PlotCurvesTest : public CChartWindowTest {

@@ -1,17 +1,17 @@
 #include "chart/qcustomplot/plot_paper.h"
 
-#include <qcustomplot.h>
-
-#include <QPainter>
-#include <QPicture>
-#include <QRectF>
-#include <memory>
-#include <string>
-
 #include "chart/chart_control.h"
 #include "chart/chart_style.h"
 #include "chart/metafile/metafile_device.h"
 #include "chart/qcustomplot/plot_widget.h"
+
+#include <QPainter>
+#include <QPicture>
+#include <QRectF>
+#include <qcustomplot.h>
+
+#include <memory>
+#include <string>
 
 namespace {
 

@@ -1,9 +1,10 @@
 #pragma once
 
-#include <QImage>
-#include <string>
-
 #include "chart/chart_control.h"
+
+#include <QImage>
+
+#include <string>
 
 class CPlotWidget;
 class QPainter;

@@ -1,5 +1,16 @@
 #include "chart/qcustomplot/plot_paper.h"
 
+#include "chart/chart_control.h"
+#include "chart/chart_sequences.h"
+#include "chart/line_look.h"
+#include "chart/make_chart.h"
+#include "chart/metafile/metafile_device.h"
+#include "chart/testing/chart_files.h"
+#include "chart/testing/chart_window.h"
+#include "chart/testing/sample_blocks.h"
+#include "chart/testing/wmf_reader.h"
+#include "files/replacing_file.h"
+
 #include <QApplication>
 #include <QClipboard>
 #include <QColor>
@@ -12,21 +23,11 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QWidget>
+
 #include <algorithm>
 #include <cstddef>
 #include <memory>
 #include <string>
-
-#include "chart/chart_control.h"
-#include "chart/chart_sequences.h"
-#include "chart/line_look.h"
-#include "chart/make_chart.h"
-#include "chart/metafile/metafile_device.h"
-#include "chart/testing/chart_files.h"
-#include "chart/testing/chart_window.h"
-#include "chart/testing/sample_blocks.h"
-#include "chart/testing/wmf_reader.h"
-#include "files/replacing_file.h"
 
 namespace {
 

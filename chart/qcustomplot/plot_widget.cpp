@@ -1,5 +1,12 @@
 #include "chart/qcustomplot/plot_widget.h"
 
+#include "chart/chart_control.h"
+#include "chart/chart_style.h"
+#include "chart/messages.h"
+#include "chart/qcustomplot/legend_element.h"
+#include "chart/qcustomplot/plot_contents.h"
+#include "chart/qcustomplot/plot_curves.h"
+
 #include <QEvent>
 #include <QHelpEvent>
 #include <QKeyEvent>
@@ -8,17 +15,11 @@
 #include <QRegion>
 #include <QStringList>
 #include <QToolTip>
+
 #include <cstddef>
 #include <memory>
 #include <utility>
 #include <vector>
-
-#include "chart/chart_control.h"
-#include "chart/chart_style.h"
-#include "chart/messages.h"
-#include "chart/qcustomplot/legend_element.h"
-#include "chart/qcustomplot/plot_contents.h"
-#include "chart/qcustomplot/plot_curves.h"
 
 namespace {
 

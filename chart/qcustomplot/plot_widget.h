@@ -1,15 +1,15 @@
 #pragma once
 
-#include <qcustomplot.h>
-
-#include <QString>
-#include <functional>
-#include <memory>
-#include <vector>
-
 #include "chart/chart_control.h"
 #include "chart/chart_style.h"
 #include "chart/qcustomplot/plot_axes.h"
+
+#include <QString>
+#include <qcustomplot.h>
+
+#include <functional>
+#include <memory>
+#include <vector>
 
 class CLegendElement;
 struct CPlotContents;

@@ -1,18 +1,5 @@
 #include "chart/qcustomplot/qcustomplot_chart.h"
 
-#include <QBuffer>
-#include <QClipboard>
-#include <QGuiApplication>
-#include <QImage>
-#include <QMimeData>
-#include <cstddef>
-#include <cstdint>
-#include <memory>
-#include <span>
-#include <string>
-#include <string_view>
-#include <utility>
-
 #include "chart/chart_clipboard.h"
 #include "chart/chart_control.h"
 #include "chart/chart_model.h"
@@ -21,6 +8,20 @@
 #include "chart/qcustomplot/plot_paper.h"
 #include "chart/qcustomplot/plot_widget.h"
 #include "files/replacing_file.h"
+
+#include <QBuffer>
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QImage>
+#include <QMimeData>
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+#include <utility>
 
 CQCustomPlotChart::CQCustomPlotChart(ShowReadout showReadout)
     : m_showReadout(std::move(showReadout)), m_model(std::make_unique<CChartModel>()) {}

@@ -1,17 +1,18 @@
 #pragma once
 
+#include "chart/chart_control.h"
+#include "files/replacing_file.h"
+
 #include <QPointer>
 #include <QString>
 #include <QWidget>
+
 #include <cstdint>
 #include <functional>
 #include <memory>
 #include <span>
 #include <string>
 #include <string_view>
-
-#include "chart/chart_control.h"
-#include "files/replacing_file.h"
 
 class CChartModel;
 class CPlotWidget;

@@ -1,21 +1,21 @@
-#include "chart/chart_control.h"
 #include "chart/qcustomplot/qcustomplot_chart.h"
 
-#include <benchmark/benchmark.h>
+#include "chart/chart_control.h"
+#include "chart/chart_sequences.h"
+#include "chart/make_chart.h"
+#include "chart/testing/sample_blocks.h"
+#include "files/replacing_file.h"
 
 #include <QApplication>
 #include <QImage>
 #include <QPainter>
 #include <QTemporaryDir>
 #include <QWidget>
+#include <benchmark/benchmark.h>
+
 #include <cstdint>
 #include <memory>
 #include <string>
-
-#include "chart/chart_sequences.h"
-#include "chart/make_chart.h"
-#include "chart/testing/sample_blocks.h"
-#include "files/replacing_file.h"
 
 namespace {
 

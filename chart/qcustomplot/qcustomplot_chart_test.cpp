@@ -1,5 +1,13 @@
 #include "chart/qcustomplot/qcustomplot_chart.h"
 
+#include "chart/chart_control.h"
+#include "chart/chart_sequences.h"
+#include "chart/line_look.h"
+#include "chart/make_chart.h"
+#include "chart/testing/chart_window.h"
+#include "chart/testing/sample_blocks.h"
+#include "files/replacing_file.h"
+
 #include <QColor>
 #include <QContextMenuEvent>
 #include <QCoreApplication>
@@ -15,16 +23,9 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QToolTip>
+
 #include <memory>
 #include <string>
-
-#include "chart/chart_control.h"
-#include "chart/chart_sequences.h"
-#include "chart/line_look.h"
-#include "chart/make_chart.h"
-#include "chart/testing/chart_window.h"
-#include "chart/testing/sample_blocks.h"
-#include "files/replacing_file.h"
 
 /// The chart as a whole: its lifetime, its looks, and what it reports.
 class QCustomPlotChartTest : public CChartWindowTest {

@@ -1,12 +1,12 @@
 #include "chart/testing/chart_files.h"
 
-#include <QFile>
-#include <QIODevice>
-#include <QTemporaryDir>
-
 #include "chart/chart_control.h"
 #include "chart/testing/wmf_reader.h"
 #include "files/replacing_file.h"
+
+#include <QFile>
+#include <QIODevice>
+#include <QTemporaryDir>
 
 QByteArray FileBytes(const QString& path) {
     QFile file(path);

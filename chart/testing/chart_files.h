@@ -1,10 +1,10 @@
 #pragma once
 
-#include <QByteArray>
-#include <QString>
-
 #include "chart/chart_control.h"
 #include "chart/testing/wmf_reader.h"
+
+#include <QByteArray>
+#include <QString>
 
 /// Empty when the file cannot be read.
 QByteArray FileBytes(const QString& path);

@@ -1,5 +1,10 @@
 #include "chart/testing/chart_window.h"
 
+#include "chart/chart_sequences.h"
+#include "chart/line_look.h"
+#include "chart/make_chart.h"
+#include "chart/testing/sample_blocks.h"
+
 #include <QCoreApplication>
 #include <QEvent>
 #include <QMouseEvent>
@@ -8,17 +13,13 @@
 #include <QRegularExpression>
 #include <QTest>
 #include <QWheelEvent>
+
 #include <clocale>
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <limits>
 #include <memory>
-
-#include "chart/chart_sequences.h"
-#include "chart/line_look.h"
-#include "chart/make_chart.h"
-#include "chart/testing/sample_blocks.h"
 
 namespace {
 

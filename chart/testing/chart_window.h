@@ -1,5 +1,9 @@
 #pragma once
 
+#include "chart/chart_control.h"
+#include "chart/line_look.h"
+#include "chart/testing/sample_blocks.h"
+
 #include <QImage>
 #include <QObject>
 #include <QPointF>
@@ -8,13 +12,10 @@
 #include <QString>
 #include <QStringList>
 #include <QWidget>
+
 #include <cstddef>
 #include <cstdint>
 #include <memory>
-
-#include "chart/chart_control.h"
-#include "chart/line_look.h"
-#include "chart/testing/sample_blocks.h"
 
 inline constexpr CChartSize kWindow{800, 500};
 inline constexpr QPointF kMiddle(300, 250);

@@ -1,5 +1,8 @@
 #include "chart/testing/recording_chart_control.h"
 
+#include "chart/chart_control.h"
+#include "files/replacing_file.h"
+
 #include <array>
 #include <charconv>
 #include <cstdint>
@@ -7,9 +10,6 @@
 #include <span>
 #include <string>
 #include <string_view>
-
-#include "chart/chart_control.h"
-#include "files/replacing_file.h"
 
 namespace {
 

@@ -1,13 +1,13 @@
 #pragma once
 
+#include "chart/chart_control.h"
+#include "files/replacing_file.h"
+
 #include <cstdint>
 #include <span>
 #include <string>
 #include <string_view>
 #include <vector>
-
-#include "chart/chart_control.h"
-#include "files/replacing_file.h"
 
 /// A chart control that draws nothing and records every call in order, one line of text each: "set 2115 = 3",
 /// "array 3268 = 0.5", "array 2125 = \"a\tb\t\" (2)", "text 3000 = \"Time\"", "draw 0 0", "apply",

@@ -1,4 +1,5 @@
 #include "chart/testing/sample_blocks.h"
+
 #include <cmath>
 #include <cstddef>
 #include <cstdint>

@@ -1,12 +1,12 @@
 #pragma once
 
+#include "compare/chart_block.h"
+
 #include <cmath>
 #include <cstdint>
 #include <functional>
 #include <string>
 #include <vector>
-
-#include "compare/chart_block.h"
 
 /// A block with its legend names, as a chart page provides them.
 struct CSamplePage {

@@ -1,5 +1,7 @@
 #include "chart/testing/wmf_reader.h"
 
+#include "chart/metafile/wmf_format.h"
+
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
@@ -10,8 +12,6 @@
 #include <utility>
 #include <variant>
 #include <vector>
-
-#include "chart/metafile/wmf_format.h"
 
 namespace {
 

@@ -18,16 +18,6 @@
 
 namespace {
 
-// Whether the run completed; a stopped run notifies nobody.
-class CRunObserver : public CDocumentObserver {
-public:
-    void OnDocumentUpdate(int hint) override { m_isCompleted = m_isCompleted || hint == kRunCompleted; }
-    bool IsCompleted() const { return m_isCompleted; }
-
-private:
-    bool m_isCompleted = false;
-};
-
 struct CInput {
     std::vector<std::string> files;
     std::vector<std::string> errors;  // hit lists that could not be read
@@ -83,7 +73,7 @@ void PrintReports(const CCompareOptions& options, const CQuorvelDoc& document, c
     if (options.verbosity == CVerbosity::Verbose) {
         console.Note(VerboseReport(document));
     }
-    if (options.verbosity != CVerbosity::Quiet && !options.UsesStandardOutput()) {
+    if (options.PrintsTable()) {
         console.Print(TableReport(options, document, table, {console.Width(), console.HasColor()}));
     }
 }
@@ -116,6 +106,12 @@ void NameUnreadFiles(const CQuorvelDoc& document, CConsole& console) {
     if (!document.ReferenceMessages().empty()) {
         console.Complain(cli_message::ReferenceNotRead(document.Reference().GetPath()));
     }
+}
+
+void PrintNotes(const CCompareOptions& options, const CQuorvelDoc& document, CConsole& console) {
+    if (options.verbosity != CVerbosity::Verbose) return;
+    const std::string notes = StoppedReport(document);
+    if (!notes.empty()) console.Note(notes);
 }
 
 CExitStatus FinishStopped(const CCompareOptions& options, const CResults& results, const CSignal& reference,
@@ -164,20 +160,18 @@ CExitStatus RunCompare(const std::vector<std::string>& arguments, CConsole& cons
         host.ShowSentences(input.errors);
         return FinishStopped(options, {input.errors, {}, {}}, document.Reference(), console);
     }
-    CRunObserver observer;
-    document.AddObserver(observer);
     document.OnCriticalValues();
     document.OnCorridorSize();
     document.OnCompareFiles();
-    document.RemoveObserver(observer);
     console.EraseProgress();
 
     // The document collects these but does not show them.
     console.ComplainAll(document.ReferenceMessages());
     ComplainOfNoCommonTime(document, console);
     const CResults results{document.ErrorMessages(), document.ReferenceMessages(), {}, document.Notes()};
-    if (!observer.IsCompleted()) {
+    if (document.Run() != CRunState::Completed) {
         NameUnreadFiles(document, console);
+        PrintNotes(options, document, console);
         return FinishStopped(options, results, document.Reference(), console);
     }
     return FinishCompleted(options, {results.errors, results.referenceErrors, document.PageList(), results.notes},

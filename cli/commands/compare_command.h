@@ -1,10 +1,10 @@
 #pragma once
 
-#include <string>
-#include <vector>
-
 #include "cli/exit_status.h"
 #include "cli/output/console.h"
+
+#include <string>
+#include <vector>
 
 /// Runs `quorvel-cli compare` on the arguments after its name: the document's interactive run, answered by the
 /// options, then the requested outputs.

@@ -1,10 +1,10 @@
 #pragma once
 
-#include <array>
-#include <string>
-
 #include "cli/arguments.h"
 #include "signal/channel_class.h"
+
+#include <array>
+#include <string>
 
 inline const std::string kClassNames = ks::ChannelClassList(", ", " or ");
 inline const std::string kClassArgument = "a channel class: " + kClassNames;

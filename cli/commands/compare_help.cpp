@@ -1,14 +1,14 @@
 #include "cli/commands/compare_help.h"
-#include <string>
 
 #include "cli/help_text.h"
-#include <string>
 #include "cli/join.h"
 #include "compare/critical_values.h"
 #include "files/number_text.h"
 #include "signal/channel_class.h"
 #include "signal/formats/formats.h"
 #include "signal/formats/signal_format.h"
+
+#include <string>
 
 namespace {
 

@@ -1,10 +1,5 @@
 #include "cli/commands/compare_options.h"
 
-#include <algorithm>
-#include <array>
-#include <string_view>
-#include <utility>
-
 #include "cli/arguments.h"
 #include "cli/commands/compare_declarations.h"
 #include "cli/messages.h"
@@ -12,6 +7,11 @@
 #include "cli/usage_error.h"
 #include "files/number_text.h"
 #include "signal/channel_class.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+#include <utility>
 
 namespace {
 

@@ -1,11 +1,11 @@
 #pragma once
 
+#include "compare/critical_values.h"
+
 #include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
-
-#include "compare/critical_values.h"
 
 /// A time window, in X units; min < max.
 class CWindow {
@@ -24,7 +24,7 @@ public:
     std::vector<std::string> hitLists;
     std::optional<std::string> reference;  ///< none: made from the computed signals
     std::optional<std::int32_t> cfc;       ///< one of ks::kChannelClasses; none: nothing is filtered
-    bool shouldFilterReference = true;           ///< as requested; without a class, nothing is filtered
+    bool shouldFilterReference = true;     ///< as requested; without a class, nothing is filtered
     std::optional<CWindow> window;
     double corridor = 4.0;  ///< > 0
     CCriticalValues critical;
@@ -38,6 +38,8 @@ public:
     [[nodiscard]] bool FiltersReference() const { return cfc.has_value() && shouldFilterReference; }
     /// Whether an output goes to standard output instead of the table.
     [[nodiscard]] bool UsesStandardOutput() const;
+    /// Whether the table of a completed run goes to standard output.
+    [[nodiscard]] bool PrintsTable() const { return verbosity != CVerbosity::Quiet && !UsesStandardOutput(); }
 };
 
 /// Reads the arguments after `compare`.

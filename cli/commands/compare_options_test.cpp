@@ -1,16 +1,17 @@
 #include "cli/commands/compare_options.h"
 
-#include <gmock/gmock.h>
-#include <optional>
-#include <string>
-#include <vector>
-
 #include "cli/arguments.h"
 #include "cli/commands/compare_declarations.h"
 #include "cli/commands/compare_help.h"
 #include "cli/help_text.h"
 #include "cli/usage_error.h"
 #include "compare/critical_values.h"
+
+#include <gmock/gmock.h>
+
+#include <optional>
+#include <string>
+#include <vector>
 
 namespace {
 

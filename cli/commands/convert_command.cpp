@@ -1,15 +1,5 @@
 #include "cli/commands/convert_command.h"
 
-#include <array>
-#include <bit>
-#include <cmath>
-#include <cstddef>
-#include <cstdint>
-#include <span>
-#include <string>
-#include <string_view>
-#include <vector>
-
 #include "cli/commands/file_input.h"
 #include "cli/commands/file_options.h"
 #include "cli/exit_status.h"
@@ -19,6 +9,16 @@
 #include "cli/output/outputs.h"
 #include "files/number_text.h"
 #include "files/uds_file.h"
+
+#include <array>
+#include <bit>
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
 
 namespace {
 

@@ -1,6 +1,4 @@
 #include "cli/commands/export_command.h"
-#include <string>
-#include <vector>
 
 #include "cli/commands/file_input.h"
 #include "cli/commands/file_options.h"
@@ -11,6 +9,9 @@
 #include "files/error.h"
 #include "signal/ascii_export.h"
 #include "signal/nsignal.h"
+
+#include <string>
+#include <vector>
 
 CExitStatus RunExport(const std::vector<std::string>& arguments, CConsole& console) {
     const CExportOptions options = ParseExportOptions(arguments);

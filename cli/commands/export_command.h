@@ -1,10 +1,10 @@
 #pragma once
 
-#include <string>
-#include <vector>
-
 #include "cli/exit_status.h"
 #include "cli/output/console.h"
+
+#include <string>
+#include <vector>
 
 /// Runs `quorvel-cli export` on the arguments after its name.
 /// @throws CUsageError for wrong usage, before anything is read or written

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <array>
-
 #include "cli/arguments.h"
+
+#include <array>
 
 // The options of the commands for single files.
 

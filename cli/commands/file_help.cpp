@@ -1,6 +1,8 @@
 #include "cli/commands/file_help.h"
-#include <vector>
+
 #include "cli/help_text.h"
+
+#include <vector>
 
 namespace {
 

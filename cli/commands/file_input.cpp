@@ -1,11 +1,5 @@
 #include "cli/commands/file_input.h"
 
-#include <functional>
-#include <new>
-#include <optional>
-#include <string>
-#include <utility>
-
 #include "cli/messages.h"
 #include "cli/output/console.h"
 #include "cli/output/outputs.h"
@@ -16,6 +10,12 @@
 #include "signal/formats/formats.h"
 #include "signal/nsignal.h"
 #include "signal/signal_loader.h"
+
+#include <functional>
+#include <new>
+#include <optional>
+#include <string>
+#include <utility>
 
 namespace {
 

@@ -1,11 +1,11 @@
 #pragma once
 
+#include "cli/output/console.h"
+#include "signal/nsignal.h"
+
 #include <functional>
 #include <optional>
 #include <string>
-
-#include "cli/output/console.h"
-#include "signal/nsignal.h"
 
 // Reading the file of a command. A failure prints the reader's sentence on standard error, then one that names the
 // file, because not every reader's sentence does.

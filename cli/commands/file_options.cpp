@@ -1,11 +1,5 @@
 #include "cli/commands/file_options.h"
 
-#include <optional>
-#include <span>
-#include <string>
-#include <string_view>
-#include <vector>
-
 #include "cli/arguments.h"
 #include "cli/commands/file_declarations.h"
 #include "cli/join.h"
@@ -13,6 +7,12 @@
 #include "cli/output/outputs.h"
 #include "cli/usage_error.h"
 #include "signal/ascii_export.h"
+
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
 
 namespace {
 

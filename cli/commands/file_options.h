@@ -1,9 +1,9 @@
 #pragma once
 
+#include "signal/ascii_export.h"
+
 #include <string>
 #include <vector>
-
-#include "signal/ascii_export.h"
 
 // The options of the commands for single files. Paths are UTF-8; "-" is standard output where a comment says so. Each
 // parser throws CUsageError with a sentence that says what would be accepted.

@@ -1,5 +1,12 @@
 #include "cli/commands/file_options.h"
 
+#include "cli/arguments.h"
+#include "cli/commands/file_declarations.h"
+#include "cli/commands/file_help.h"
+#include "cli/help_text.h"
+#include "cli/usage_error.h"
+#include "signal/ascii_export.h"
+
 #include <gmock/gmock.h>
 
 #include <functional>
@@ -7,13 +14,6 @@
 #include <string>
 #include <utility>
 #include <vector>
-
-#include "cli/arguments.h"
-#include "cli/commands/file_declarations.h"
-#include "cli/commands/file_help.h"
-#include "cli/help_text.h"
-#include "cli/usage_error.h"
-#include "signal/ascii_export.h"
 
 namespace {
 

@@ -1,7 +1,8 @@
-#include <string>
 #include "cli/commands/pdf_report.h"
 #include "files/replacing_file.h"
 #include "signal/nsignal.h"
+
+#include <string>
 
 bool CanWritePdfReport() {
     return false;

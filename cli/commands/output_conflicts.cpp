@@ -1,13 +1,5 @@
 #include "cli/commands/output_conflicts.h"
 
-#include <cstddef>
-#include <cstdint>
-#include <filesystem>
-#include <optional>
-#include <string>
-#include <system_error>
-#include <vector>
-
 #include "cli/commands/compare_options.h"
 #include "cli/messages.h"
 #include "cli/output/outputs.h"
@@ -18,6 +10,15 @@
 #include "files/same_file.h"
 #include "files/write_target.h"
 
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <system_error>
+#include <utility>
+#include <vector>
+
 namespace {
 
 namespace fs = std::filesystem;
@@ -26,9 +27,15 @@ void Refuse(const std::string& a, const std::string& b) {
     throw CUsageError(cli_message::OutputsShareFile(a, b));
 }
 
-/// Where an output goes: standard output is a file too when it was redirected into one.
-std::string FileOf(const std::string& output) {
-    return output == kStandardOutput ? "/dev/stdout" : output;
+/// An output with a path that is known before the run.
+struct COutput {
+    std::string name;  ///< for sentences
+    std::string path;
+};
+
+/// Standard output is a file too when it was redirected into one.
+COutput StandardOutput(std::string name) {
+    return {std::move(name), "/dev/stdout"};
 }
 
 /// Outputs do not overwrite each other on a terminal or on /dev/null.
@@ -37,23 +44,26 @@ bool KeepsNothing(const std::string& path) {
     return fs::is_character_file(ks::NativePath(path), error);
 }
 
-/// The outputs whose paths are known before the run.
-std::vector<std::string> KnownOutputs(const CCompareOptions& options) {
-    std::vector<std::string> paths;
+std::vector<COutput> KnownOutputs(const CCompareOptions& options) {
+    std::vector<COutput> outputs;
     for (const std::optional<std::string>& path : {options.html, options.json, options.csv}) {
-        if (path) paths.push_back(*path);
+        if (path) outputs.push_back(*path == kStandardOutput ? StandardOutput(*path) : COutput{*path, *path});
     }
     if (options.asciiFolder) {
-        for (const std::int32_t id : PageIds()) paths.push_back(AsciiPagePath(*options.asciiFolder, id));
+        for (const std::int32_t id : PageIds()) {
+            const std::string path = AsciiPagePath(*options.asciiFolder, id);
+            outputs.push_back({path, path});
+        }
     }
-    return paths;
+    if (options.PrintsTable()) outputs.push_back(StandardOutput(std::string(cli_message::kTable)));
+    return outputs;
 }
 
-void RefuseEqual(const std::vector<std::string>& paths) {
-    for (std::size_t i = 0; i < paths.size(); ++i) {
-        for (std::size_t j = i + 1; j < paths.size(); ++j) {
-            const std::string first = FileOf(paths[i]);
-            if (ks::IsSameFile(first, FileOf(paths[j])) && !KeepsNothing(first)) Refuse(paths[i], paths[j]);
+void RefuseEqual(const std::vector<COutput>& outputs) {
+    for (std::size_t i = 0; i < outputs.size(); ++i) {
+        for (std::size_t j = i + 1; j < outputs.size(); ++j) {
+            const auto& [name, path] = outputs[i];
+            if (ks::IsSameFile(path, outputs[j].path) && !KeepsNothing(path)) Refuse(name, outputs[j].name);
         }
     }
 }
@@ -77,10 +87,10 @@ bool HasOtherNames(const std::string& path) {
     return fs::is_symlink(fs::symlink_status(native, error)) || fs::hard_link_count(native, error) > 1;
 }
 
-void RefuseUdsPages(const std::string& folder, const std::vector<std::string>& paths) {
+void RefuseUdsPages(const std::string& folder, const std::vector<COutput>& outputs) {
     const std::vector<std::string> existing = UdsPagesIn(folder);
-    for (const std::string& path : paths) {
-        if (const std::optional<std::string> page = UdsPageAt(path, folder, existing)) Refuse(path, *page);
+    for (const auto& [name, path] : outputs) {
+        if (const std::optional<std::string> page = UdsPageAt(path, folder, existing)) Refuse(name, *page);
     }
     for (const std::string& page : existing) {
         if (!HasOtherNames(page)) continue;
@@ -93,7 +103,7 @@ void RefuseUdsPages(const std::string& folder, const std::vector<std::string>& p
 }  // namespace
 
 void RefuseSharedOutputs(const CCompareOptions& options) {
-    const std::vector<std::string> paths = KnownOutputs(options);
-    RefuseEqual(paths);
-    if (options.udsFolder) RefuseUdsPages(*options.udsFolder, paths);
+    const std::vector<COutput> outputs = KnownOutputs(options);
+    RefuseEqual(outputs);
+    if (options.udsFolder) RefuseUdsPages(*options.udsFolder, outputs);
 }

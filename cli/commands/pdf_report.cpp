@@ -1,13 +1,14 @@
 #include "cli/commands/pdf_report.h"
 
-#include <QApplication>
-#include <array>
-#include <cstdio>
-#include <string>
-
 #include "files/replacing_file.h"
 #include "signal/nsignal.h"
 #include "viewer/report_pdf.h"
+
+#include <QApplication>
+
+#include <array>
+#include <cstdio>
+#include <string>
 
 namespace {
 

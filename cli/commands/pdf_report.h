@@ -1,9 +1,9 @@
 #pragma once
 
-#include <string>
-
 #include "files/replacing_file.h"
 #include "signal/nsignal.h"
+
+#include <string>
 
 /// Whether this build can write reports. Qt draws them, and a build without the desktop program has no Qt.
 bool CanWritePdfReport();

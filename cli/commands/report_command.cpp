@@ -1,8 +1,4 @@
 #include "cli/commands/report_command.h"
-#include <string>
-#include <vector>
-
-#include <string_view>
 
 #include "cli/commands/file_input.h"
 #include "cli/commands/file_options.h"
@@ -13,6 +9,10 @@
 #include "cli/output/outputs.h"
 #include "cli/usage_error.h"
 #include "signal/nsignal.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
 
 CExitStatus RunReport(const std::vector<std::string>& arguments, CConsole& console) {
     const CReportOptions options = ParseReportOptions(arguments);

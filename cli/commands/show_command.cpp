@@ -1,9 +1,5 @@
 #include "cli/commands/show_command.h"
 
-#include <string>
-#include <string_view>
-#include <vector>
-
 #include "cli/commands/file_input.h"
 #include "cli/commands/file_options.h"
 #include "cli/exit_status.h"
@@ -13,6 +9,10 @@
 #include "cli/output/header_text.h"
 #include "cli/output/outputs.h"
 #include "signal/nsignal.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
 
 namespace {
 

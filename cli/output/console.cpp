@@ -1,5 +1,8 @@
 #include "cli/output/console.h"
 
+#include "cli/messages.h"
+#include "cli/output/display_text.h"
+
 #include <algorithm>
 #include <cerrno>
 #include <charconv>
@@ -12,9 +15,6 @@
 #include <unordered_map>
 #include <utility>
 #include <vector>
-
-#include "cli/messages.h"
-#include "cli/output/display_text.h"
 
 #ifdef _WIN32
 #include <io.h>

@@ -1,10 +1,11 @@
 #include "cli/output/csv_table.h"
 
+#include "compare/summary_table.h"
+
 #include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
-#include "compare/summary_table.h"
 
 std::string CsvField(std::string_view text) {
     if (text.find_first_of(",\"\r\n") == std::string_view::npos) {

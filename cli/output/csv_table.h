@@ -1,9 +1,9 @@
 #pragma once
 
+#include "compare/summary_table.h"
+
 #include <string>
 #include <string_view>
-
-#include "compare/summary_table.h"
 
 /// One CSV field as RFC 4180 has it: in quotes, inner quotes doubled, when it holds a comma, a quote or a line end.
 std::string CsvField(std::string_view text);

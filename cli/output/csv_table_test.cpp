@@ -1,14 +1,14 @@
 #include "cli/output/csv_table.h"
 
-#include <gmock/gmock.h>
-
-#include <utility>
-#include <vector>
-
 #include "compare/signal.h"
 #include "compare/summary_columns.h"
 #include "compare/summary_table.h"
 #include "tests/support/summary_samples.h"
+
+#include <gmock/gmock.h>
+
+#include <utility>
+#include <vector>
 
 namespace {
 

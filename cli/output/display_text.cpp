@@ -1,13 +1,13 @@
 #include "cli/output/display_text.h"
 
+#include "files/utf8.h"
+
 #include <algorithm>
 #include <array>
 #include <cstddef>
 #include <string>
 #include <string_view>
 #include <utility>
-
-#include "files/utf8.h"
 
 namespace {
 

@@ -1,16 +1,17 @@
 #include "cli/output/header_json.h"
 
-#include <cstdint>
-#include <nlohmann/json.hpp>
-#include <string>
-#include <utility>
-#include <variant>
-
 #include "cli/join.h"
 #include "files/uds_field_table.h"
 #include "files/uds_fields.h"
 #include "signal/data.h"
 #include "signal/header_groups.h"
+
+#include <nlohmann/json.hpp>
+
+#include <cstdint>
+#include <string>
+#include <utility>
+#include <variant>
 
 namespace {
 

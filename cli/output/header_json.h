@@ -1,8 +1,8 @@
 #pragma once
 
-#include <string>
-
 #include "signal/data.h"
+
+#include <string>
 
 /// The JSON of `show`, file by file; docs/formats/show.md describes it.
 class CHeaderJson {

@@ -1,15 +1,15 @@
 #include "cli/output/header_json.h"
 
+#include "files/uds_field_table.h"
+#include "signal/data.h"
+
 #include <gmock/gmock.h>
+#include <nlohmann/json.hpp>
 
 #include <limits>
-#include <nlohmann/json.hpp>
 #include <sstream>
 #include <string>
 #include <vector>
-
-#include "files/uds_field_table.h"
-#include "signal/data.h"
 
 namespace {
 

@@ -1,11 +1,12 @@
 #include "cli/output/header_text.h"
-#include <string>
-#include <string_view>
 
 #include "cli/join.h"
 #include "cli/output/display_text.h"
 #include "signal/data.h"
 #include "signal/header_groups.h"
+
+#include <string>
+#include <string_view>
 
 std::string HeaderReport(const std::string& path, const ks::CData& record) {
     std::string text = DisplayText(path) + "\n";

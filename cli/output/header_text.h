@@ -1,8 +1,8 @@
 #pragma once
 
-#include <string>
-
 #include "signal/data.h"
+
+#include <string>
 
 /// The header of a signal for a terminal: the path, then each group's title with its labeled values below, indented.
 /// Every line ends with LF.

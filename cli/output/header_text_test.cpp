@@ -1,8 +1,10 @@
 #include "cli/output/header_text.h"
 
-#include <gmock/gmock.h>
-#include <cstddef>
 #include "signal/data.h"
+
+#include <gmock/gmock.h>
+
+#include <cstddef>
 
 namespace {
 

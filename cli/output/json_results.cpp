@@ -1,14 +1,5 @@
 #include "cli/output/json_results.h"
 
-#include <cstddef>
-#include <new>
-#include <nlohmann/json.hpp>
-#include <span>
-#include <string>
-#include <string_view>
-#include <utility>
-#include <vector>
-
 #include "cli/commands/compare_options.h"
 #include "cli/output/notes.h"
 #include "compare/comparison.h"
@@ -19,6 +10,16 @@
 #include "compare/summary_columns.h"
 #include "compare/verdict.h"
 #include "signal/nsignal.h"
+
+#include <nlohmann/json.hpp>
+
+#include <cstddef>
+#include <new>
+#include <span>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
 
 namespace {
 

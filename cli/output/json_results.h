@@ -1,12 +1,5 @@
 #pragma once
 
-#include <cstdint>
-#include <optional>
-#include <span>
-#include <string>
-#include <string_view>
-#include <vector>
-
 #include "cli/commands/compare_options.h"
 #include "cli/output/notes.h"
 #include "compare/chart_block.h"
@@ -15,6 +8,13 @@
 #include "compare/signal.h"
 #include "compare/summary_columns.h"
 #include "compare/verdict.h"
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
 
 /// What a comparison produced, as the results file shows it. A stopped run has neither pages nor signals.
 class CResults {

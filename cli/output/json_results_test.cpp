@@ -1,18 +1,5 @@
 #include "cli/output/json_results.h"
 
-#include <gmock/gmock.h>
-
-#include <boost/make_shared.hpp>
-#include <cmath>
-#include <cstdint>
-#include <cstring>
-#include <limits>
-#include <nlohmann/json.hpp>
-#include <optional>
-#include <string>
-#include <utility>
-#include <vector>
-
 #include "cli/commands/compare_options.h"
 #include "compare/chart_block.h"
 #include "compare/note.h"
@@ -20,6 +7,19 @@
 #include "compare/signal.h"
 #include "compare/summary_columns.h"
 #include "tests/support/summary_samples.h"
+
+#include <boost/make_shared.hpp>
+#include <gmock/gmock.h>
+#include <nlohmann/json.hpp>
+
+#include <cmath>
+#include <cstdint>
+#include <cstring>
+#include <limits>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
 
 namespace {
 

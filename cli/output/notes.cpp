@@ -1,8 +1,4 @@
 #include "cli/output/notes.h"
-#include <cstddef>
-#include <string>
-#include <string_view>
-#include <vector>
 
 #include "cli/join.h"
 #include "cli/messages.h"
@@ -10,6 +6,11 @@
 #include "compare/document.h"
 #include "compare/note.h"
 #include "compare/signal.h"
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
 
 namespace {
 

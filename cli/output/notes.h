@@ -1,13 +1,13 @@
 #pragma once
 
+#include "cli/output/console.h"
+#include "compare/document.h"
+#include "compare/note.h"
+
 #include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
-
-#include "cli/output/console.h"
-#include "compare/document.h"
-#include "compare/note.h"
 
 /// Complains about every signal that has no time in common with its reference, and about signals with no time in common
 /// with each other, because such a run looks like a result. Other notes are printed on request only.

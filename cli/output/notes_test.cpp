@@ -1,7 +1,8 @@
 #include "cli/output/notes.h"
 
-#include <gmock/gmock.h>
 #include "compare/note.h"
+
+#include <gmock/gmock.h>
 
 namespace {
 

@@ -1,5 +1,10 @@
 #include "cli/output/outputs.h"
 
+#include "cli/messages.h"
+#include "files/native_path.h"
+#include "files/replacing_file.h"
+#include "files/same_file.h"
+
 #include <algorithm>
 #include <filesystem>
 #include <functional>
@@ -8,11 +13,6 @@
 #include <string>
 #include <string_view>
 #include <system_error>
-
-#include "cli/messages.h"
-#include "files/native_path.h"
-#include "files/replacing_file.h"
-#include "files/same_file.h"
 
 void COutputs::Write(std::string_view what, const std::string& path, std::string_view text) {
     if (path == kStandardOutput) {

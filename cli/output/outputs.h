@@ -1,13 +1,13 @@
 #pragma once
 
+#include "cli/output/console.h"
+#include "files/replacing_file.h"
+
 #include <functional>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
-
-#include "cli/output/console.h"
-#include "files/replacing_file.h"
 
 /// The path that means standard output.
 inline constexpr const char* kStandardOutput = "-";

@@ -1,5 +1,9 @@
 #include "cli/output/page_files.h"
 
+#include "cli/output/outputs.h"
+#include "compare/plots/page_table.h"
+#include "files/native_path.h"
+
 #include <algorithm>
 #include <charconv>
 #include <cstddef>
@@ -10,10 +14,6 @@
 #include <string_view>
 #include <system_error>
 #include <vector>
-
-#include "cli/output/outputs.h"
-#include "compare/plots/page_table.h"
-#include "files/native_path.h"
 
 namespace {
 

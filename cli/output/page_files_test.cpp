@@ -1,10 +1,10 @@
 #include "cli/output/page_files.h"
 
+#include "tests/support/temp_folder.h"
+
 #include <gmock/gmock.h>
 
 #include <filesystem>
-
-#include "tests/support/temp_folder.h"
 
 namespace {
 

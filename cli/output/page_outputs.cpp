@@ -1,15 +1,5 @@
 #include "cli/output/page_outputs.h"
 
-#include <cstddef>
-#include <cstdint>
-#include <exception>
-#include <filesystem>
-#include <optional>
-#include <set>
-#include <string>
-#include <system_error>
-#include <vector>
-
 #include "cli/cli_host.h"
 #include "cli/commands/compare_options.h"
 #include "cli/join.h"
@@ -26,6 +16,16 @@
 #include "signal/messages.h"
 #include "signal/nsignal.h"
 #include "signal/saved_axis.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <exception>
+#include <filesystem>
+#include <optional>
+#include <set>
+#include <string>
+#include <system_error>
+#include <vector>
 
 namespace {
 

@@ -1,7 +1,4 @@
 #include "cli/output/table_report.h"
-#include <cstddef>
-#include <string>
-#include <string_view>
 
 #include "cli/commands/compare_options.h"
 #include "cli/join.h"
@@ -14,6 +11,10 @@
 #include "compare/summary_table.h"
 #include "files/number_text.h"
 #include "signal/nsignal.h"
+
+#include <cstddef>
+#include <string>
+#include <string_view>
 
 namespace {
 
@@ -97,6 +98,16 @@ std::string TableReport(const CCompareOptions& options, const CQuorvelDoc& docum
         text += Join({label, std::to_string(number), ") ", DisplayText(signal.GetPath()), "\n"});
     }
     return Join({text, "\n", TextTable(table, style), "\n", LimitsText(options), WarningsNote(document)});
+}
+
+std::string StoppedReport(const CQuorvelDoc& document) {
+    std::string text = NoteLines(document.Notes(), "");
+    if (document.Reference().GetPointCount() > 0) AppendSignal(text, "Reference", document.Reference());
+    for (const CSignal& signal : document.ComputedSignals()) {
+        if (signal.GetPointCount() > 0) AppendSignal(text, "Read", signal);
+    }
+    if (!text.empty()) text.pop_back();
+    return text;
 }
 
 std::string VerboseReport(const CQuorvelDoc& document) {

@@ -1,16 +1,16 @@
 #include "cli/output/text_table.h"
 
-#include <algorithm>
-#include <cstddef>
-#include <string>
-#include <string_view>
-#include <vector>
-
 #include "cli/join.h"
 #include "cli/output/display_text.h"
 #include "compare/summary_columns.h"
 #include "compare/summary_table.h"
 #include "compare/verdict.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
 
 namespace {
 

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "compare/summary_table.h"
+
 #include <cstddef>
 #include <string>
-
-#include "compare/summary_table.h"
 
 /// How the table is laid out for a terminal.
 class CTextTableStyle {

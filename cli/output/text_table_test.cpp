@@ -1,16 +1,16 @@
 #include "cli/output/text_table.h"
 
+#include "compare/summary_columns.h"
+#include "compare/summary_table.h"
+#include "compare/verdict.h"
+#include "tests/support/summary_samples.h"
+
 #include <gmock/gmock.h>
 
 #include <cstddef>
 #include <string>
 #include <utility>
 #include <vector>
-
-#include "compare/summary_columns.h"
-#include "compare/summary_table.h"
-#include "compare/verdict.h"
-#include "tests/support/summary_samples.h"
 
 namespace {
 

@@ -1,16 +1,16 @@
 #include "compare/plots/corridor_plots.h"
 
-#include <cstddef>
-#include <string>
-#include <utility>
-#include <vector>
-
 #include "compare/plots/page_ids.h"
 #include "compare/plots/plot.h"
 #include "compare/plots/series.h"
 #include "compare/signal.h"
 #include "files/number_text.h"
 #include "signal/nsignal.h"
+
+#include <cstddef>
+#include <string>
+#include <utility>
+#include <vector>
 
 namespace {
 

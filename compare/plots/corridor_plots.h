@@ -1,13 +1,13 @@
 #pragma once
 
-#include <cstdint>
-#include <string>
-#include <vector>
-
 #include "compare/plots/page_ids.h"
 #include "compare/plots/plot.h"
 #include "compare/signal.h"
 #include "signal/nsignal.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
 
 /// Corridor: a band of fixed half-width around the reference, and every computed signal.
 class CPlot4GCorridor : public CPlot {

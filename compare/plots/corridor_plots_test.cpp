@@ -1,5 +1,9 @@
 #include "compare/plots/corridor_plots.h"
 
+#include "compare/plots/page_ids.h"
+#include "compare/signal.h"
+#include "tests/support/page_samples.h"
+
 #include <gmock/gmock.h>
 
 #include <cmath>
@@ -8,10 +12,6 @@
 #include <string>
 #include <utility>
 #include <vector>
-
-#include "compare/plots/page_ids.h"
-#include "compare/signal.h"
-#include "tests/support/page_samples.h"
 
 namespace {
 

@@ -1,5 +1,7 @@
 #include "compare/plots/covariance.h"
 
+#include "compare/plots/real_transform.h"
+
 #include <algorithm>
 #include <array>
 #include <bit>
@@ -10,7 +12,6 @@
 #include <memory>
 #include <span>
 #include <vector>
-#include "compare/plots/real_transform.h"
 
 namespace {
 

@@ -1,13 +1,13 @@
 #pragma once
 
+#include "compare/plots/real_transform.h"
+
 #include <complex>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <span>
 #include <vector>
-
-#include "compare/plots/real_transform.h"
 
 /// Covariance of two sequences for every lag L = -maxLag ... maxLag.
 ///

@@ -1,13 +1,13 @@
 #include "compare/plots/covariance.h"
 
+#include "tests/support/page_samples.h"
+
 #include <benchmark/benchmark.h>
 
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <vector>
-
-#include "tests/support/page_samples.h"
 
 namespace {
 

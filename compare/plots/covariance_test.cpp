@@ -1,5 +1,7 @@
 #include "compare/plots/covariance.h"
 
+#include "tests/support/page_samples.h"
+
 #include <gmock/gmock.h>
 
 #include <algorithm>
@@ -11,8 +13,6 @@
 #include <numbers>
 #include <span>
 #include <vector>
-
-#include "tests/support/page_samples.h"
 
 namespace {
 

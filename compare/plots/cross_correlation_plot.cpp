@@ -1,5 +1,15 @@
 #include "compare/plots/cross_correlation_plot.h"
 
+#include "compare/plots/covariance.h"
+#include "compare/plots/messages.h"
+#include "compare/plots/page_ids.h"
+#include "compare/plots/plot.h"
+#include "compare/plots/series.h"
+#include "compare/signal.h"
+#include "files/error.h"
+#include "signal/messages.h"
+#include "signal/nsignal.h"
+
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
@@ -10,16 +20,6 @@
 #include <span>
 #include <utility>
 #include <vector>
-
-#include "compare/plots/covariance.h"
-#include "compare/plots/messages.h"
-#include "compare/plots/page_ids.h"
-#include "compare/plots/plot.h"
-#include "compare/plots/series.h"
-#include "compare/signal.h"
-#include "files/error.h"
-#include "signal/messages.h"
-#include "signal/nsignal.h"
 
 namespace {
 

@@ -1,12 +1,13 @@
 #pragma once
 
 #include "compare/plots/page_ids.h"
-#include <cstdint>
-#include <string>
-#include <vector>
 #include "compare/plots/plot.h"
 #include "compare/signal.h"
 #include "signal/nsignal.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
 
 /// Cross Correlation: the covariance of the reference with itself and with every computed signal over offsets of up
 /// to 0.01 X units either way.

@@ -1,5 +1,9 @@
 #include "compare/plots/cross_correlation_plot.h"
 
+#include "compare/plots/plot.h"
+#include "compare/signal.h"
+#include "signal/nsignal.h"
+
 #include <gmock/gmock.h>
 
 #include <algorithm>
@@ -7,17 +11,13 @@
 #include <limits>
 #include <string>
 #include <vector>
-#include "compare/plots/plot.h"
-#include "compare/signal.h"
-#include "signal/nsignal.h"
 
 #if defined(__linux__)
-#include <sys/resource.h>
-#include <unistd.h>
-
 #include <cstdlib>
 #include <fstream>
 #include <iostream>
+#include <sys/resource.h>
+#include <unistd.h>
 #endif
 
 #include "compare/plots/page_ids.h"

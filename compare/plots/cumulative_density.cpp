@@ -1,5 +1,7 @@
 #include "compare/plots/cumulative_density.h"
 
+#include "compare/chart_block.h"
+
 #include <algorithm>
 #include <array>
 #include <cstddef>
@@ -7,8 +9,6 @@
 #include <limits>
 #include <span>
 #include <vector>
-
-#include "compare/chart_block.h"
 
 namespace {
 

@@ -1,16 +1,16 @@
 #include "compare/plots/cumulative_density_plot.h"
 
-#include <cstdint>
-#include <optional>
-#include <utility>
-#include <vector>
-
 #include "compare/plots/cumulative_density.h"
 #include "compare/plots/page_ids.h"
 #include "compare/plots/plot.h"
 #include "compare/plots/series.h"
 #include "compare/signal.h"
 #include "signal/nsignal.h"
+
+#include <cstdint>
+#include <optional>
+#include <utility>
+#include <vector>
 
 namespace {
 

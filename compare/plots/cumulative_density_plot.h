@@ -1,12 +1,13 @@
 #pragma once
 
 #include "compare/plots/page_ids.h"
-#include <cstdint>
-#include <string>
-#include <vector>
 #include "compare/plots/plot.h"
 #include "compare/signal.h"
 #include "signal/nsignal.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
 
 /// Cummulative Density: the empirical distribution of every computed signal's residual, 100 points each.
 class CPlotCumulativeDensity : public CPlot {

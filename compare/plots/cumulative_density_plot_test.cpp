@@ -1,4 +1,9 @@
 
+#include "compare/chart_block.h"
+#include "compare/plots/page_ids.h"
+#include "compare/signal.h"
+#include "tests/support/page_samples.h"
+
 #include <gmock/gmock.h>
 
 #include <cstddef>
@@ -6,11 +11,6 @@
 #include <string>
 #include <utility>
 #include <vector>
-
-#include "compare/chart_block.h"
-#include "compare/plots/page_ids.h"
-#include "compare/signal.h"
-#include "tests/support/page_samples.h"
 
 namespace {
 

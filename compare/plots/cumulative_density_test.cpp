@@ -1,14 +1,14 @@
 #include "compare/plots/cumulative_density.h"
 
+#include "compare/chart_block.h"
+#include "tests/support/page_samples.h"
+
 #include <gmock/gmock.h>
 
 #include <cmath>
 #include <cstddef>
 #include <limits>
 #include <vector>
-
-#include "compare/chart_block.h"
-#include "tests/support/page_samples.h"
 
 namespace {
 

@@ -1,11 +1,3 @@
-#include <gmock/gmock.h>
-
-#include <cstddef>
-#include <cstdint>
-#include <optional>
-#include <string>
-#include <vector>
-
 #include "compare/chart_block.h"
 #include "compare/critical_values.h"
 #include "compare/document.h"
@@ -15,6 +7,14 @@
 #include "signal/nsignal.h"
 #include "tests/support/page_samples.h"
 #include "tests/support/temp_folder.h"
+
+#include <gmock/gmock.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
 
 // The pages as a document shows them, one after another on the same signals.
 

@@ -1,14 +1,14 @@
 #include "compare/plots/input_plots.h"
 
-#include <string>
-#include <utility>
-#include <vector>
-
 #include "compare/plots/page_ids.h"
 #include "compare/plots/plot.h"
 #include "compare/plots/series.h"
 #include "compare/signal.h"
 #include "signal/nsignal.h"
+
+#include <string>
+#include <utility>
+#include <vector>
 
 namespace {
 

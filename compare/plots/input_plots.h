@@ -1,12 +1,13 @@
 #pragma once
 
 #include "compare/plots/page_ids.h"
-#include <cstdint>
-#include <string>
-#include <vector>
 #include "compare/plots/plot.h"
 #include "compare/signal.h"
 #include "signal/nsignal.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
 
 /// Input Data: the reference and every computed signal as they are compared.
 class CPlotInput : public CPlot {

@@ -1,14 +1,15 @@
 
-#include <gmock/gmock.h>
-#include <cstddef>
-#include <cstdint>
-#include <vector>
-
 #include "compare/plots/page_ids.h"
 #include "compare/plots/page_table.h"
 #include "compare/signal.h"
 #include "files/error.h"
 #include "tests/support/page_samples.h"
+
+#include <gmock/gmock.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
 
 namespace {
 

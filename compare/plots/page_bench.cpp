@@ -1,3 +1,8 @@
+#include "compare/plots/page_table.h"
+#include "compare/plots/plot.h"
+#include "compare/signal.h"
+#include "tests/support/page_samples.h"
+
 #include <benchmark/benchmark.h>
 
 #include <cmath>
@@ -5,11 +10,6 @@
 #include <cstdint>
 #include <string>
 #include <vector>
-
-#include "compare/plots/page_table.h"
-#include "compare/plots/plot.h"
-#include "compare/signal.h"
-#include "tests/support/page_samples.h"
 
 namespace {
 

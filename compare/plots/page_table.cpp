@@ -1,13 +1,5 @@
 #include "compare/plots/page_table.h"
 
-#include <algorithm>
-#include <array>
-#include <cstdint>
-#include <memory>
-#include <span>
-#include <string_view>
-#include <vector>
-
 #include "compare/plots/corridor_plots.h"
 #include "compare/plots/cross_correlation_plot.h"
 #include "compare/plots/cumulative_density_plot.h"
@@ -15,6 +7,14 @@
 #include "compare/plots/page_ids.h"
 #include "compare/plots/plot.h"
 #include "compare/plots/residual_plot.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <string_view>
+#include <vector>
 
 namespace {
 

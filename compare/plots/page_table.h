@@ -1,12 +1,12 @@
 #pragma once
 
+#include "compare/plots/plot.h"
+
 #include <cstdint>
 #include <memory>
 #include <span>
 #include <string_view>
 #include <vector>
-
-#include "compare/plots/plot.h"
 
 /// Which page lists a page is in.
 enum class CPageLists {

@@ -1,5 +1,12 @@
 #include "compare/plots/page_table.h"
 
+#include "compare/plots/corridor_plots.h"
+#include "compare/plots/cross_correlation_plot.h"
+#include "compare/plots/cumulative_density_plot.h"
+#include "compare/plots/input_plots.h"
+#include "compare/plots/plot.h"
+#include "compare/plots/residual_plot.h"
+
 #include <gmock/gmock.h>
 
 #include <algorithm>
@@ -10,13 +17,6 @@
 #include <string_view>
 #include <typeinfo>
 #include <vector>
-
-#include "compare/plots/corridor_plots.h"
-#include "compare/plots/cross_correlation_plot.h"
-#include "compare/plots/cumulative_density_plot.h"
-#include "compare/plots/input_plots.h"
-#include "compare/plots/plot.h"
-#include "compare/plots/residual_plot.h"
 
 namespace {
 

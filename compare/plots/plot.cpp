@@ -1,12 +1,12 @@
 #include "compare/plots/plot.h"
 
-#include <algorithm>
-#include <string>
-#include <vector>
-
 #include "compare/signal.h"
 #include "files/path_text.h"
 #include "signal/nsignal.h"
+
+#include <algorithm>
+#include <string>
+#include <vector>
 
 bool CPlot::BuildSeries(std::vector<CSignal>& /*computed*/, const ks::CNSignal& /*reference*/, CSeriesList& series,
                         std::vector<std::string>& names) {

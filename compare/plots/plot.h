@@ -1,12 +1,13 @@
 #pragma once
 
+#include "compare/signal.h"
+#include "signal/nsignal.h"
+
 #include <boost/shared_ptr.hpp>
+
 #include <cstdint>
 #include <string>
 #include <vector>
-
-#include "compare/signal.h"
-#include "signal/nsignal.h"
 
 /// The curves of a page, and their legend names in the same order.
 using CSeriesList = std::vector<boost::shared_ptr<ks::CNSignal>>;

@@ -1,13 +1,14 @@
 #include "compare/plots/plot.h"
 
-#include <gmock/gmock.h>
-#include <cstddef>
-#include <vector>
-
 #include "compare/signal.h"
 #include "files/error.h"
 #include "signal/nsignal.h"
 #include "tests/support/page_samples.h"
+
+#include <gmock/gmock.h>
+
+#include <cstddef>
+#include <vector>
 
 namespace {
 

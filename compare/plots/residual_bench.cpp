@@ -1,10 +1,11 @@
 #include "compare/plots/residual.h"
 
+#include "tests/support/page_samples.h"
+
 #include <benchmark/benchmark.h>
+
 #include <cstddef>
 #include <vector>
-
-#include "tests/support/page_samples.h"
 
 namespace {
 

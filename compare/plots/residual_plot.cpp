@@ -1,5 +1,11 @@
 #include "compare/plots/residual_plot.h"
 
+#include "compare/plots/plot.h"
+#include "compare/plots/residual.h"
+#include "compare/plots/series.h"
+#include "compare/signal.h"
+#include "signal/nsignal.h"
+
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
@@ -8,12 +14,6 @@
 #include <string>
 #include <utility>
 #include <vector>
-
-#include "compare/plots/plot.h"
-#include "compare/plots/residual.h"
-#include "compare/plots/series.h"
-#include "compare/signal.h"
-#include "signal/nsignal.h"
 
 namespace {
 

@@ -1,12 +1,13 @@
 #pragma once
 
 #include "compare/plots/page_ids.h"
-#include <cstdint>
-#include <string>
-#include <vector>
 #include "compare/plots/plot.h"
 #include "compare/signal.h"
 #include "signal/nsignal.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
 
 /// Residuals: every computed signal minus the reference, over their common range.
 class CPlotResidual : public CPlot {

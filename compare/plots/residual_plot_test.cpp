@@ -1,16 +1,16 @@
 #include "compare/plots/residual_plot.h"
 
+#include "compare/plots/page_ids.h"
+#include "compare/signal.h"
+#include "files/error.h"
+#include "tests/support/page_samples.h"
+
 #include <gmock/gmock.h>
 
 #include <cstddef>
 #include <cstdint>
 #include <limits>
 #include <vector>
-
-#include "compare/plots/page_ids.h"
-#include "compare/signal.h"
-#include "files/error.h"
-#include "tests/support/page_samples.h"
 
 namespace {
 

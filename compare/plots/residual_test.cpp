@@ -1,6 +1,7 @@
 #include "compare/plots/residual.h"
 
 #include <gmock/gmock.h>
+
 #include <vector>
 
 namespace {

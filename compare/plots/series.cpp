@@ -1,16 +1,18 @@
 #include "compare/plots/series.h"
 
-#include <algorithm>
+#include "compare/plots/plot.h"
+#include "compare/signal.h"
+#include "signal/nsignal.h"
+
 #include <boost/make_shared.hpp>
+
+#include <algorithm>
 #include <cstddef>
 #include <optional>
 #include <span>
 #include <string>
 #include <utility>
 #include <vector>
-#include "compare/plots/plot.h"
-#include "compare/signal.h"
-#include "signal/nsignal.h"
 
 namespace {
 

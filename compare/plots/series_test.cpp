@@ -1,12 +1,13 @@
 #include "compare/plots/series.h"
 
-#include <gmock/gmock.h>
-#include <cstddef>
-#include <optional>
-
 #include "files/error.h"
 #include "signal/nsignal.h"
 #include "tests/support/page_samples.h"
+
+#include <gmock/gmock.h>
+
+#include <cstddef>
+#include <optional>
 
 namespace {
 

@@ -1,13 +1,12 @@
 #include "compare/ratings/anova.h"
 
 #include "compare/ratings/magnitude_phase.h"
+#include "compare/ratings/messages.h"
 
 #include <array>
 #include <cmath>
 #include <string_view>
 #include <vector>
-
-#include "compare/ratings/messages.h"
 
 namespace ratings {
 namespace {

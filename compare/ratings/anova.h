@@ -1,10 +1,10 @@
 #pragma once
 
-#include <optional>
-#include <string>
-
 #include "compare/ratings/samples.h"
 #include "compare/ratings/value.h"
+
+#include <optional>
+#include <string>
 
 namespace ratings {
 

@@ -1,5 +1,11 @@
 #include "compare/ratings/cora.h"
 
+#include "compare/ratings/correlation.h"
+#include "compare/ratings/lag_search.h"
+#include "compare/ratings/messages.h"
+#include "compare/ratings/samples.h"
+#include "files/error.h"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -7,12 +13,6 @@
 #include <optional>
 #include <span>
 #include <string>
-
-#include "compare/ratings/correlation.h"
-#include "compare/ratings/lag_search.h"
-#include "compare/ratings/messages.h"
-#include "compare/ratings/samples.h"
-#include "files/error.h"
 
 namespace ratings {
 namespace {

@@ -1,14 +1,14 @@
 #include "compare/ratings/correlation.h"
 
+#include "compare/plots/covariance.h"
+#include "compare/ratings/samples.h"
+
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <optional>
 #include <span>
 #include <vector>
-
-#include "compare/plots/covariance.h"
-#include "compare/ratings/samples.h"
 
 namespace ratings {
 namespace {

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "compare/ratings/samples.h"
+
 #include <optional>
 #include <span>
-
-#include "compare/ratings/samples.h"
 
 namespace ratings {
 

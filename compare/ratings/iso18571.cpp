@@ -1,5 +1,13 @@
 #include "compare/ratings/iso18571.h"
 
+#include "compare/ratings/correlation.h"
+#include "compare/ratings/lag_search.h"
+#include "compare/ratings/messages.h"
+#include "compare/ratings/samples.h"
+#include "compare/ratings/value.h"
+#include "compare/ratings/warping.h"
+#include "files/error.h"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -10,14 +18,6 @@
 #include <string>
 #include <string_view>
 #include <vector>
-
-#include "compare/ratings/correlation.h"
-#include "compare/ratings/lag_search.h"
-#include "compare/ratings/messages.h"
-#include "compare/ratings/samples.h"
-#include "compare/ratings/value.h"
-#include "compare/ratings/warping.h"
-#include "files/error.h"
 
 namespace ratings {
 namespace {

@@ -1,12 +1,12 @@
 #pragma once
 
+#include "compare/ratings/samples.h"
+#include "compare/ratings/value.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string_view>
-
-#include "compare/ratings/samples.h"
-#include "compare/ratings/value.h"
 
 namespace ratings {
 

@@ -1,5 +1,9 @@
-#include "compare/ratings/correlation.h"
 #include "compare/ratings/iso18571.h"
+
+#include "compare/ratings/correlation.h"
+#include "compare/ratings/lag_search.h"
+#include "compare/ratings/samples.h"
+#include "compare/ratings/warping.h"
 
 #include <benchmark/benchmark.h>
 
@@ -7,10 +11,6 @@
 #include <cmath>
 #include <cstddef>
 #include <vector>
-
-#include "compare/ratings/lag_search.h"
-#include "compare/ratings/samples.h"
-#include "compare/ratings/warping.h"
 
 namespace {
 

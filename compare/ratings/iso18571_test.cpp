@@ -1,5 +1,11 @@
 #include "compare/ratings/iso18571.h"
 
+#include "compare/ratings/messages.h"
+#include "compare/ratings/samples.h"
+#include "compare/ratings/testing/pairs.h"
+#include "compare/ratings/value.h"
+#include "tests/support/expect_error.h"
+
 #include <gmock/gmock.h>
 
 #include <algorithm>
@@ -10,12 +16,6 @@
 #include <string>
 #include <string_view>
 #include <vector>
-
-#include "compare/ratings/messages.h"
-#include "compare/ratings/samples.h"
-#include "compare/ratings/testing/pairs.h"
-#include "compare/ratings/value.h"
-#include "tests/support/expect_error.h"
 
 namespace ratings {
 namespace {

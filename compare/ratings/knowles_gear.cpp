@@ -1,16 +1,16 @@
 #include "compare/ratings/knowles_gear.h"
 
+#include "compare/ratings/messages.h"
+#include "compare/ratings/samples.h"
+#include "compare/ratings/value.h"
+#include "files/error.h"
+
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <optional>
 #include <span>
 #include <string>
-
-#include "compare/ratings/messages.h"
-#include "compare/ratings/samples.h"
-#include "compare/ratings/value.h"
-#include "files/error.h"
 
 namespace ratings {
 namespace {

@@ -1,10 +1,10 @@
 #pragma once
 
-#include <optional>
-#include <string_view>
-
 #include "compare/ratings/samples.h"
 #include "compare/ratings/value.h"
+
+#include <optional>
+#include <string_view>
 
 namespace ratings {
 

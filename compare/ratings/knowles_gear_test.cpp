@@ -1,14 +1,14 @@
 #include "compare/ratings/knowles_gear.h"
 
-#include <gtest/gtest.h>
-
-#include <array>
-#include <cmath>
-
 #include "compare/ratings/messages.h"
 #include "compare/ratings/samples.h"
 #include "compare/ratings/testing/pairs.h"
 #include "tests/support/expect_error.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cmath>
 
 namespace ratings {
 namespace {

@@ -1,5 +1,9 @@
 #include "compare/ratings/lag_search.h"
 
+#include "compare/plots/covariance.h"
+#include "compare/ratings/correlation.h"
+#include "compare/ratings/samples.h"
+
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
@@ -7,10 +11,6 @@
 #include <mutex>
 #include <span>
 #include <vector>
-
-#include "compare/plots/covariance.h"
-#include "compare/ratings/correlation.h"
-#include "compare/ratings/samples.h"
 
 namespace ratings {
 namespace {

@@ -1,10 +1,10 @@
 #pragma once
 
-#include <cstddef>
-#include <cstdint>
-
 #include "compare/ratings/correlation.h"
 #include "compare/ratings/samples.h"
+
+#include <cstddef>
+#include <cstdint>
 
 namespace ratings {
 

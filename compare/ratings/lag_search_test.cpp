@@ -1,16 +1,16 @@
 #include "compare/ratings/lag_search.h"
 
+#include "compare/ratings/correlation.h"
+#include "compare/ratings/samples.h"
+#include "compare/ratings/testing/pairs.h"
+#include "tests/support/page_samples.h"
+
 #include <gmock/gmock.h>
 
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <vector>
-
-#include "compare/ratings/correlation.h"
-#include "compare/ratings/samples.h"
-#include "compare/ratings/testing/pairs.h"
-#include "tests/support/page_samples.h"
 
 namespace ratings {
 namespace {

@@ -1,15 +1,15 @@
 #include "compare/ratings/magnitude_phase.h"
 
+#include "compare/ratings/messages.h"
+#include "compare/ratings/samples.h"
+#include "compare/ratings/value.h"
+
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <numbers>
 #include <span>
 #include <string_view>
-
-#include "compare/ratings/messages.h"
-#include "compare/ratings/samples.h"
-#include "compare/ratings/value.h"
 
 namespace ratings {
 namespace {

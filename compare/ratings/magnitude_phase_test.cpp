@@ -1,15 +1,15 @@
 #include "compare/ratings/magnitude_phase.h"
 
+#include "compare/ratings/messages.h"
+#include "compare/ratings/samples.h"
+#include "compare/ratings/testing/pairs.h"
+
 #include <gtest/gtest.h>
 
 #include <array>
 #include <cmath>
 #include <limits>
 #include <numbers>
-
-#include "compare/ratings/messages.h"
-#include "compare/ratings/samples.h"
-#include "compare/ratings/testing/pairs.h"
 
 namespace ratings {
 namespace {

@@ -1,13 +1,5 @@
 #include "compare/ratings/pair.h"
 
-#include <algorithm>
-#include <cmath>
-#include <cstddef>
-#include <limits>
-#include <span>
-#include <string>
-#include <vector>
-
 #include "compare/comparison.h"
 #include "compare/ratings/cora.h"
 #include "compare/ratings/iso18571.h"
@@ -18,6 +10,14 @@
 #include "signal/nsignal.h"
 #include "signal/truncate.h"
 #include "signal/units.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <limits>
+#include <span>
+#include <string>
+#include <vector>
 
 namespace ratings {
 namespace {

@@ -1,14 +1,14 @@
 #pragma once
 
-#include <string_view>
-#include <vector>
-
 #include "compare/comparison.h"
 #include "compare/ratings/cora.h"
 #include "compare/ratings/iso18571.h"
 #include "compare/ratings/knowles_gear.h"
 #include "compare/ratings/samples.h"
 #include "signal/nsignal.h"
+
+#include <string_view>
+#include <vector>
 
 namespace ratings {
 

@@ -1,5 +1,12 @@
 #include "compare/ratings/pair.h"
 
+#include "compare/comparison.h"
+#include "compare/ratings/messages.h"
+#include "compare/ratings/testing/pairs.h"
+#include "compare/ratings/value.h"
+#include "signal/nsignal.h"
+#include "tests/support/test_signals.h"
+
 #include <gmock/gmock.h>
 
 #include <algorithm>
@@ -7,13 +14,6 @@
 #include <cstddef>
 #include <string_view>
 #include <vector>
-
-#include "compare/comparison.h"
-#include "compare/ratings/messages.h"
-#include "compare/ratings/testing/pairs.h"
-#include "compare/ratings/value.h"
-#include "signal/nsignal.h"
-#include "tests/support/test_signals.h"
 
 namespace ratings {
 namespace {

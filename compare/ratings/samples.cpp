@@ -1,13 +1,13 @@
 #include "compare/ratings/samples.h"
 
+#include "compare/ratings/messages.h"
+
 #include <algorithm>
 #include <cmath>
 #include <optional>
 #include <span>
 #include <string_view>
 #include <vector>
-
-#include "compare/ratings/messages.h"
 
 namespace ratings {
 namespace {

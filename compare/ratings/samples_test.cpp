@@ -1,12 +1,12 @@
 #include "compare/ratings/samples.h"
 
+#include "compare/ratings/messages.h"
+
 #include <gmock/gmock.h>
 
 #include <array>
 #include <cmath>
 #include <limits>
-
-#include "compare/ratings/messages.h"
 
 namespace ratings {
 namespace {

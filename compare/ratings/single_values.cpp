@@ -1,14 +1,14 @@
 #include "compare/ratings/single_values.h"
 
-#include <algorithm>
-#include <cmath>
-#include <cstddef>
-#include <string_view>
-
 #include "compare/ratings/correlation.h"
 #include "compare/ratings/messages.h"
 #include "compare/ratings/samples.h"
 #include "compare/ratings/value.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <string_view>
 
 namespace ratings {
 namespace {

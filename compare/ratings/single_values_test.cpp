@@ -1,14 +1,14 @@
 #include "compare/ratings/single_values.h"
 
+#include "compare/ratings/messages.h"
+#include "compare/ratings/testing/pairs.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <array>
 #include <cmath>
 #include <vector>
-
-#include "compare/ratings/messages.h"
-#include "compare/ratings/testing/pairs.h"
 
 namespace ratings {
 namespace {

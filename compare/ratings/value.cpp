@@ -1,8 +1,8 @@
 #include "compare/ratings/value.h"
 
-#include <cmath>
-
 #include "compare/ratings/messages.h"
+
+#include <cmath>
 
 namespace ratings {
 

@@ -1,11 +1,11 @@
 #include "compare/ratings/value.h"
 
+#include "compare/ratings/messages.h"
+
 #include <gtest/gtest.h>
 
 #include <limits>
 #include <optional>
-
-#include "compare/ratings/messages.h"
 
 namespace ratings {
 namespace {

@@ -1,5 +1,7 @@
 #include "compare/ratings/warping.h"
 
+#include "compare/ratings/samples.h"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -7,7 +9,6 @@
 #include <cstdint>
 #include <limits>
 #include <vector>
-#include "compare/ratings/samples.h"
 
 namespace ratings {
 namespace {

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <cstddef>
-
 #include "compare/ratings/samples.h"
+
+#include <cstddef>
 
 namespace ratings {
 

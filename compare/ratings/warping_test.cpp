@@ -1,5 +1,8 @@
 #include "compare/ratings/warping.h"
 
+#include "compare/ratings/testing/pairs.h"
+#include "tests/support/page_samples.h"
+
 #include <gmock/gmock.h>
 
 #include <array>
@@ -9,9 +12,6 @@
 #include <map>
 #include <utility>
 #include <vector>
-
-#include "compare/ratings/testing/pairs.h"
-#include "tests/support/page_samples.h"
 
 namespace ratings {
 namespace {

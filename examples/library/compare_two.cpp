@@ -1,12 +1,12 @@
 // Compares two UDS-1992 files: compare_two REFERENCE COMPUTED
 
-#include <cstdlib>
-#include <exception>
-#include <iostream>
-
 #include "compare/comparison.h"
 #include "compare/plots/covariance.h"
 #include "signal/nsignal.h"
+
+#include <cstdlib>
+#include <exception>
+#include <iostream>
 
 int main(int argc, char* argv[]) try {
     if (argc != 3) return std::cerr << "usage: compare_two REFERENCE COMPUTED\n", EXIT_FAILURE;

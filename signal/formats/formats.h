@@ -1,8 +1,8 @@
 #pragma once
 
-#include <array>
-
 #include "signal/formats/signal_format.h"
+
+#include <array>
 
 namespace ks {
 

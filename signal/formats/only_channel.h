@@ -1,12 +1,12 @@
 #pragma once
 
-#include <string>
-#include <vector>
-
 #include "files/error.h"
 #include "signal/formats/signal_format.h"
 #include "signal/messages.h"
 #include "signal/nsignal.h"
+
+#include <string>
+#include <vector>
 
 namespace ks {
 

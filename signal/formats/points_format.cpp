@@ -1,11 +1,11 @@
-#include <cstdint>
-#include <string>
-
 #include "files/ascii_points.h"
 #include "signal/formats/formats.h"
 #include "signal/formats/only_channel.h"
 #include "signal/formats/signal_format.h"
 #include "signal/nsignal.h"
+
+#include <cstdint>
+#include <string>
 
 namespace ks {
 namespace {

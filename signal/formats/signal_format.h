@@ -1,10 +1,10 @@
 #pragma once
 
+#include "signal/nsignal.h"
+
 #include <string>
 #include <string_view>
 #include <vector>
-
-#include "signal/nsignal.h"
 
 namespace ks {
 

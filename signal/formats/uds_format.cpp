@@ -1,8 +1,9 @@
-#include <string>
 #include "signal/formats/formats.h"
 #include "signal/formats/only_channel.h"
 #include "signal/formats/signal_format.h"
 #include "signal/nsignal.h"
+
+#include <string>
 
 namespace ks {
 namespace {

@@ -1,13 +1,5 @@
 #pragma once
 
-#include <gmock/gmock.h>
-
-#include <cstddef>
-#include <cstdint>
-#include <string>
-#include <utility>
-#include <vector>
-
 #include "compare/comparison.h"
 #include "compare/document.h"
 #include "compare/document_host.h"
@@ -15,6 +7,14 @@
 #include "tests/support/recording_host.h"
 #include "tests/support/temp_folder.h"
 #include "tests/support/test_signals.h"
+
+#include <gmock/gmock.h>
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <utility>
+#include <vector>
 
 /// A document with a recording host and observer, and a folder for its files.
 class CDocumentFixture : public testing::Test {

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "files/error.h"
+
 #include <gtest/gtest.h>
 
 #include <string>
-
-#include "files/error.h"
 
 /// The text of the CError that `call` throws; a call that throws nothing fails the test, any other exception passes
 /// through to the test runner, which fails it.

@@ -1,10 +1,9 @@
 #pragma once
 
-#include <sys/resource.h>
-#include <unistd.h>
-
 #include <csignal>
 #include <cstdlib>
+#include <sys/resource.h>
+#include <unistd.h>
 
 /// While it lives, no file of this process can grow beyond `bytes`: writing more fails as on a full disk.
 class CFileSizeLimit {

@@ -1,10 +1,9 @@
 #pragma once
 
-#include <sys/resource.h>
-#include <unistd.h>
-
 #include <cstddef>
 #include <fstream>
+#include <sys/resource.h>
+#include <unistd.h>
 
 /// While it lives, this process gets no more than `bytes` of memory beyond what it has.
 class CMemoryLimit {

@@ -1,11 +1,11 @@
 #pragma once
 
+#include "files/byte_source.h"
+
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <span>
-
-#include "files/byte_source.h"
 
 /// Bytes in memory, which must outlive the source.
 class CMemorySource : public ks::CByteSource {

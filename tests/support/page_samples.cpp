@@ -1,5 +1,10 @@
 #include "tests/support/page_samples.h"
 
+#include "compare/plots/page_table.h"
+#include "compare/plots/plot.h"
+#include "compare/signal.h"
+#include "signal/nsignal.h"
+
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
@@ -8,11 +13,6 @@
 #include <random>
 #include <utility>
 #include <vector>
-
-#include "compare/plots/page_table.h"
-#include "compare/plots/plot.h"
-#include "compare/signal.h"
-#include "signal/nsignal.h"
 
 ks::CNSignal TimeSignal(double timeStep, std::vector<double> y, std::int32_t firstPoint) {
     ks::CNSignal record;

@@ -1,13 +1,13 @@
 #pragma once
 
+#include "compare/plots/plot.h"
+#include "compare/signal.h"
+#include "signal/nsignal.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <string>
 #include <vector>
-
-#include "compare/plots/plot.h"
-#include "compare/signal.h"
-#include "signal/nsignal.h"
 
 // Signals for the tests and benchmarks of the pages.
 

@@ -6,14 +6,6 @@
 // are as C prints them, "nan" and "inf" included. One line goes out per value: "NAME KEY number VALUE" or
 // "NAME KEY unavailable REASON".
 
-#include <cstdlib>
-#include <fstream>
-#include <iostream>
-#include <limits>
-#include <string>
-#include <utility>
-#include <vector>
-
 #include "compare/ratings/anova.h"
 #include "compare/ratings/cora.h"
 #include "compare/ratings/iso18571.h"
@@ -22,6 +14,14 @@
 #include "compare/ratings/samples.h"
 #include "compare/ratings/single_values.h"
 #include "compare/ratings/value.h"
+
+#include <cstdlib>
+#include <fstream>
+#include <iostream>
+#include <limits>
+#include <string>
+#include <utility>
+#include <vector>
 
 namespace {
 

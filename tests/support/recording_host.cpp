@@ -1,11 +1,13 @@
 #include "tests/support/recording_host.h"
+
+#include "compare/critical_values.h"
+#include "compare/document_host.h"
+#include "compare/setting_keys.h"
+
 #include <cstddef>
 #include <optional>
 #include <string>
 #include <vector>
-#include "compare/critical_values.h"
-#include "compare/document_host.h"
-#include "compare/setting_keys.h"
 
 std::optional<CFileSelection> CRecordingHost::SelectFiles(const CFileSelection& choice) {
     calls.emplace_back("select");

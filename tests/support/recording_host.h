@@ -1,16 +1,16 @@
 #pragma once
 
+#include "compare/critical_values.h"
+#include "compare/document_host.h"
+#include "compare/run_state.h"
+#include "compare/setting_keys.h"
+
 #include <cstddef>
 #include <functional>
 #include <map>
 #include <optional>
 #include <string>
 #include <vector>
-
-#include "compare/critical_values.h"
-#include "compare/document_host.h"
-#include "compare/run_state.h"
-#include "compare/setting_keys.h"
 
 /// A host that gives prepared answers and records the requests.
 class CRecordingHost : public CDocumentHost {

@@ -1,5 +1,10 @@
 #pragma once
 
+#include "compare/critical_values.h"
+#include "compare/signal.h"
+#include "compare/summary_columns.h"
+#include "compare/summary_table.h"
+
 #include <algorithm>
 #include <cstddef>
 #include <numeric>
@@ -7,11 +12,6 @@
 #include <string>
 #include <string_view>
 #include <vector>
-
-#include "compare/critical_values.h"
-#include "compare/signal.h"
-#include "compare/summary_columns.h"
-#include "compare/summary_table.h"
 
 // Summary columns by name, and a table with one column more than the program has.
 

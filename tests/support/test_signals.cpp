@@ -1,11 +1,12 @@
 #include "tests/support/test_signals.h"
 
+#include "signal/nsignal.h"
+#include "tests/support/temp_folder.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <utility>
 #include <vector>
-#include "signal/nsignal.h"
-#include "tests/support/temp_folder.h"
 
 ks::CNSignal MakeTimeSignal(std::vector<double> y, double timeStep, std::int32_t first) {
     std::vector<double> x(y.size());

@@ -1,11 +1,11 @@
 #pragma once
 
+#include "signal/nsignal.h"
+#include "tests/support/temp_folder.h"
+
 #include <cstdint>
 #include <string>
 #include <vector>
-
-#include "signal/nsignal.h"
-#include "tests/support/temp_folder.h"
 
 /// A time signal in G'S with the given values: sample i has the number `first` + i and is at that times
 /// `timeStep`, in seconds.

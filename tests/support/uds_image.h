@@ -1,9 +1,9 @@
 #pragma once
 
-#include <string_view>
-
 #include "files/uds_file.h"
 #include "tests/support/temp_folder.h"
+
+#include <string_view>
 
 /// Has `file` read these bytes from a file of their own.
 inline void ReadImage(ks::CUDSFile& file, std::string_view image) {

@@ -3,6 +3,7 @@
 #include <QProcess>
 #include <QStandardPaths>
 #include <QXmlStreamReader>
+
 #include <cstddef>
 #include <vector>
 

@@ -3,6 +3,7 @@
 #include <QRectF>
 #include <QString>
 #include <QStringList>
+
 #include <vector>
 
 /// A word of a PDF file, its box in points from the upper left corner of the page.

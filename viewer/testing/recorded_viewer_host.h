@@ -1,13 +1,14 @@
 #pragma once
 
+#include "viewer/viewer_host.h"
+
 #include <QGuiApplication>
 #include <QPrinter>
 #include <QStringList>
+
 #include <functional>
 #include <optional>
 #include <vector>
-
-#include "viewer/viewer_host.h"
 
 /// Records what the viewer said and asked, and gives the prepared answers; cancels without one.
 class CRecordedViewerHost : public CViewerHost {

@@ -1,9 +1,10 @@
 #include "viewer/testing/two_component_file.h"
+
+#include "tests/support/uds_bytes.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <string>
-
-#include "tests/support/uds_bytes.h"
 
 namespace {
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QStringList>
+
 #include <string>
 
 /// Bytes of a UDS-1992 file made by hand, with two components and a different value in every field.

@@ -1,11 +1,11 @@
 #pragma once
 
+#include "compare/ratings/samples.h"
+
 #include <cmath>
 #include <cstddef>
 #include <utility>
 #include <vector>
-
-#include "compare/ratings/samples.h"
 
 // Signals for the tests of the ratings.
 
