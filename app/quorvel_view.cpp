@@ -8,9 +8,12 @@
 #include "compare/document_host.h"
 #include "compare/plots/page_table.h"
 #include "compare/run_state.h"
+#include "widgets/quiet_color.h"
 
 #include <QContextMenuEvent>
+#include <QEvent>
 #include <QLabel>
+#include <QPalette>
 
 #include <algorithm>
 #include <cstddef>
@@ -35,7 +38,7 @@ CQuorvelView::CQuorvelView(CQuorvelDoc& document, CChartControl& chart, QWidget*
     m_hint->setObjectName(QStringLiteral("hint"));
     m_hint->setAlignment(Qt::AlignCenter);
     m_hint->setWordWrap(true);
-    m_hint->setForegroundRole(QPalette::PlaceholderText);
+    ColorHint();
     m_hint->setMargin(kHintMargin);
     m_banner->setObjectName(QStringLiteral("banner"));
     m_banner->setMargin(kBannerPadding);
@@ -52,6 +55,18 @@ CQuorvelView::CQuorvelView(CQuorvelDoc& document, CChartControl& chart, QWidget*
 CQuorvelView::~CQuorvelView() {
     m_document.RemoveObserver(*this);
     m_chart.Destroy();
+}
+
+void CQuorvelView::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::PaletteChange) ColorHint();
+    QWidget::changeEvent(event);
+}
+
+void CQuorvelView::ColorHint() {
+    QPalette colors = palette();
+    colors.setColor(QPalette::WindowText,
+                    QuietColor(colors.color(QPalette::WindowText), colors.color(QPalette::Window)));
+    m_hint->setPalette(colors);
 }
 
 void CQuorvelView::OnDocumentUpdate(int hint) {

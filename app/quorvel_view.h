@@ -51,10 +51,12 @@ signals:
     void ContextMenuRequested(const QPoint& position, const QString& path);
 
 protected:
+    void changeEvent(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
 
 private:
+    void ColorHint();
     void ShowRunAtWork();
     void ShowStoppedRun();
     void ShowTable();

@@ -110,13 +110,15 @@ private slots:
     /// A signal in the form Y, cut from a time before its first sample, is numbered from where the cut began.
     void AFileWhoseTimesAreNotThoseOfItsCurveIsNamed() {
         const std::string signal = m_window->Path("signal.uds").toStdString();
-        MakeTimeSignal({1.0, 2.0, 3.0, 4.0}, 0.5).SaveUDS(signal);
+        ks::CNSignal written = MakeTimeSignal(std::vector<double>(300, 1.0), 0.5);
+        written.SetFILEFORM("Y");
+        written.SaveUDS(signal);
         CRunChoice choice;
         choice.isFiltered = false;
-        choice.window = {"-1", "1"};
+        choice.window = {"-1", "20"};
         m_window->Compare({signal}, signal, choice);
         m_window->errorLists.texts.clear();
-        m_window->ChoosePage("Input Data");
+        m_window->ChoosePage("Acceleration");
         const QString path = Save(CCommandId::SaveUds, "first.uds");
         QCOMPARE(
             m_window->errorLists.texts,

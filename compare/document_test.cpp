@@ -2,6 +2,7 @@
 
 #include "compare/chart_block.h"
 #include "compare/critical_values.h"
+#include "compare/plots/page_ids.h"
 #include "compare/plots/page_table.h"
 #include "files/error.h"
 #include "files/uds_file.h"
@@ -414,12 +415,14 @@ TEST_F(Document, AsksForNoUdsFileOnTheSummaryPage) {
 class LostTimes : public Document {
 protected:
     void SetUp() override {
-        CFileSelection choice = Choice({Write("a.uds", {1.0, 2.0, 3.0, 4.0})}, Write("r.uds", {1.0, 2.0, 3.0, 4.0}));
+        ks::CNSignal record = MakeTimeSignal(std::vector<double>(300, 1.0), 0.5);
+        record.SetFILEFORM("Y");
+        CFileSelection choice = Choice({WriteUds(folder, "a.uds", record)}, WriteUds(folder, "r.uds", record));
         choice.truncate = true;
         choice.windowStart = -1.0;
-        choice.windowEnd = 1.0;
+        choice.windowEnd = 20.0;
         Run(choice);
-        document.SelectPage(2);
+        document.SelectPage(page::kAcceleration);
         Forget();
     }
 
@@ -430,15 +433,17 @@ protected:
     }
 };
 
-TEST_F(LostTimes, AreToldOnceAfterTheLastFile) {
+TEST_F(LostTimes, AreToldAfterTheLastFileForEachFileThatHasThem) {
     host.savePaths = {folder.Path("first.uds"), folder.Path("second.uds")};
     document.OnSaveUds();
-    EXPECT_THAT(document.ErrorMessages(), ElementsAre(Sentence("first.uds"), Sentence("second.uds")));
+    EXPECT_THAT(document.ErrorMessages(), ElementsAre(Sentence("first.uds")));
     EXPECT_THAT(host.calls, ElementsAre("read UdsOutputDir", "save Save Reference as", "save Save a.uds as",
                                         "store UdsOutputDir=" + folder.Path(""), "beep", "errors"));
     ks::CUDS1992 file;
     file.Read(folder.Path("first.uds"));
     EXPECT_EQ(file.Columns().x.front(), -1.0) << "the sentence would be untrue";
+    file.Read(folder.Path("second.uds"));  // resampled to the reference's step, it keeps its times
+    EXPECT_EQ(file.Columns().x.front(), document.Series().at(1)->GetX().front());
 }
 
 TEST_F(LostTimes, AreToldWhenALaterFileCannotBeWritten) {

@@ -3,6 +3,7 @@
 #include "app/dropped_files.h"
 #include "app/messages.h"
 #include "files/native_path.h"
+#include "widgets/quiet_color.h"
 #include "widgets/take_copy.h"
 
 #include <QDir>
@@ -181,7 +182,7 @@ void CFileList::paintEvent(QPaintEvent* event) {
     QListWidget::paintEvent(event);
     if (count() > 0) return;
     QPainter painter(viewport());
-    painter.setPen(palette().color(QPalette::PlaceholderText));
+    painter.setPen(QuietColor(palette().color(QPalette::Text), palette().color(QPalette::Base)));
     painter.drawText(viewport()->rect().adjusted(8, 8, -8, -8), Qt::AlignCenter | Qt::TextWordWrap,
                      app_message::kHowToAddFiles);
 }

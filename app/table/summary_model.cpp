@@ -6,6 +6,7 @@
 #include "compare/summary_table.h"
 #include "compare/verdict.h"
 #include "files/number_text.h"
+#include "widgets/quiet_color.h"
 
 #include <QBrush>
 #include <QColor>
@@ -175,8 +176,9 @@ QVariant CSummaryModel::Background(const QModelIndex& index) const {
 
 QVariant CSummaryModel::Foreground(const QModelIndex& index) const {
     if (Cell(index).verdict != CVerdict::None) return QBrush(Qt::black);
-    if (m_snapshot.isPreviousRun) return QGuiApplication::palette().brush(QPalette::PlaceholderText);
-    return {};
+    if (!m_snapshot.isPreviousRun) return {};
+    const QPalette palette = QGuiApplication::palette();
+    return QBrush(QuietColor(palette.color(QPalette::Text), palette.color(QPalette::Base)));
 }
 
 QString CSummaryModel::ToolTip(const QModelIndex& index) const {

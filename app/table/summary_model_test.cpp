@@ -192,7 +192,6 @@ private slots:
         for (int row = 0; row < 2; ++row) {
             QVERIFY(Contrast(Foreground(row, kCorridorColumn), Background(row, kCorridorColumn)) >= 4.5);
         }
-        QCOMPARE(Foreground(0, kPeakColumn), QGuiApplication::palette().color(QPalette::PlaceholderText));
         QCOMPARE(ToolTip(0, kPeakColumn), QString("Peak Value\nx.1\nResults of the previous run"));
         QCOMPARE(Spoken(0, kPeakColumn), QString("Peak Value: x.1. Results of the previous run"));
         QCOMPARE(Spoken(1, kCorridorColumn),
@@ -203,6 +202,25 @@ private slots:
         m_model->MarkPreviousRun(false);
         QCOMPARE(Background(0, kCorridorColumn), QColor(0, 224, 0));
         QVERIFY(!Cell(0, kPeakColumn, Qt::ForegroundRole).isValid());
+    }
+
+    /// It was the palette's color for placeholders, which some dark desktops leave black.
+    void ThePreviousRunIsLegibleOnLightAndDark() {
+        m_model->SetSnapshot(Judged());
+        m_model->MarkPreviousRun(true);
+        const QPalette before = QGuiApplication::palette();
+        for (const auto& [text, base] :
+             {std::pair(QColor(Qt::black), QColor(Qt::white)), std::pair(QColor(239, 240, 241), QColor(27, 30, 32))}) {
+            QPalette palette = before;
+            palette.setColor(QPalette::Text, text);
+            palette.setColor(QPalette::Base, base);
+            palette.setColor(QPalette::PlaceholderText, Qt::black);
+            QGuiApplication::setPalette(palette);
+            const QColor shown = Foreground(0, kPeakColumn);
+            QGuiApplication::setPalette(before);
+            QVERIFY(Contrast(shown, base) >= 4.5);
+            QVERIFY(shown != text);
+        }
     }
 
     void ANewSnapshotIsUnmarkedUnlessItSaysSo() {
