@@ -15,8 +15,7 @@ enum class COptionKind {
     Repeatable  ///< one value, any number of times
 };
 
-class COptionDeclaration {
-public:
+struct COptionDeclaration {
     std::string_view name;  ///< with its two hyphens
     COptionKind kind;
     std::string_view argument;  ///< what the value is called in sentences, for example "PATH"

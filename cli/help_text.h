@@ -6,21 +6,18 @@
 #include <vector>
 
 /// One entry of a help section: a term with its explanation, or, without a term, a paragraph.
-class CHelpEntry {
-public:
+struct CHelpEntry {
     std::string term;
     std::string text;
 };
 
-class CHelpSection {
-public:
+struct CHelpSection {
     std::string title;  ///< sentence case, for example "Exit status"
     std::vector<CHelpEntry> entries;
 };
 
 /// The help of the program or of one of its commands; `--help` and the manual page are made from it.
-class CHelpPage {
-public:
+struct CHelpPage {
     std::string name;     ///< as typed, for example "quorvel-cli compare"
     std::string summary;  ///< one line, without a period
     std::vector<std::string> usage;

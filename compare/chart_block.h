@@ -10,8 +10,7 @@ inline constexpr double kNoDataValue = std::numeric_limits<double>::epsilon();
 
 /// The data of the current chart page. The matrices are series-major: row i of series j is at i + j * pointCount; rows
 /// after a series' end hold the padding value in both.
-class CChartBlock {
-public:
+struct CChartBlock {
     std::int32_t pointCount = 0;   ///< rows: points of the longest series
     std::int32_t seriesCount = 0;  ///< columns
     std::int64_t capacity = 0;     ///< doubles held by each matrix; shrinks only when memory runs out

@@ -18,8 +18,7 @@ namespace {
 constexpr double kFirstPointCorridor = 4.0;
 
 /// What every point adds to the weighted sums: its moments of order 0 to 5 and its products.
-class CTerms {
-public:
+struct CTerms {
     std::array<double, 6> computedMoments;
     std::array<double, 6> referenceMoments;
     double cross;
@@ -52,8 +51,7 @@ void Add(CTerms& sums, const CTerms& terms, double weight) {
 }
 
 /// Everything that one pass over the points gathers.
-class CGathered {
-public:
+struct CGathered {
     CTerms weighted;                                  ///< trapezoid weights: the ends count once, inner points twice
     double cross, computedSquares, referenceSquares;  ///< plain sums over all points
     double residualSum, residualSumOfSquares;         ///< these and the rest leave out the last point

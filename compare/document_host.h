@@ -12,8 +12,7 @@
 #include <vector>
 
 /// What the user chose to compare.
-class CFileSelection {
-public:
+struct CFileSelection {
     std::vector<std::string> files;     ///< computed files, in order; UTF-8 paths
     std::string referencePath;          ///< reference file; unused when isReferenceAverage is set
     bool isReferenceAverage = false;    ///< make the reference from the computed signals

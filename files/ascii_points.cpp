@@ -55,8 +55,7 @@ bool MayBeInData(char c) {
 }
 
 /// Where a text's data end, and whether something that can never parse comes before that.
-class CDataEnd {
-public:
+struct CDataEnd {
     std::size_t length = kNowhere;  ///< kNowhere: not in the part looked at
     bool isHopeless = false;        ///< the last character of `length` is one that no data hold
 };

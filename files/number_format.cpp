@@ -97,8 +97,7 @@ const CConversion& ConversionOf(CNumberFormat from, CNumberFormat to) {
     return kConversions[row][column];
 }
 
-class CFormatName {
-public:
+struct CFormatName {
     std::string_view name;
     CNumberFormats formats;
 };

@@ -32,8 +32,7 @@ CFourBytes ConvertInteger(CFourBytes value, CByteOrder from, CByteOrder to);
 std::string_view NumberFormatName(CNumberFormat format);
 
 /// How a file or a machine stores numbers.
-class CNumberFormats {
-public:
+struct CNumberFormats {
     CByteOrder byteOrder = CByteOrder::Unknown;
     CNumberFormat numberFormat = CNumberFormat::Unknown;
 };

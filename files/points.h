@@ -9,8 +9,7 @@ namespace ks {
 
 /// One point of a point list.
 template <class Real>
-class CPoint {
-public:
+struct CPoint {
     Real x{};
     Real y{};
     Real z{};

@@ -10,8 +10,7 @@
 namespace ks {
 
 /// What reading changed or left out.
-class CUDSRepairs {
-public:
+struct CUDSRepairs {
     std::array<float, 4> userReals{};  ///< RD2 to RD5 in the file, maybe not a number; all became RD1
     std::int32_t year = 0;             ///< year of component 1 in the file; two digits became four
     std::uint64_t notNumbers = 0;      ///< other reals of header and points that were not a number; they became 0
@@ -21,8 +20,7 @@ public:
 };
 
 /// What a UDS file holds, read or to be written.
-class CUDSContent {
-public:
+struct CUDSContent {
     CUDSFields fields;
     CPointColumns columns;            ///< `z` is empty
     bool hasSecondComponent = false;  ///< the header of a second vehicle or component is present

@@ -37,8 +37,7 @@ public:
 };
 
 /// One header field: where it is, how wide it is, and how it is read from and written to a field set.
-class CUDSField {
-public:
+struct CUDSField {
     CUDSRecord record;
     std::string_view name;
     int width;   ///< bytes in the file; 4 for integers and reals

@@ -12,8 +12,7 @@ namespace ks {
 // disk contain these texts and numbers.
 
 /// The record geometry of a UDS file variant.
-class CUDSGeometry {
-public:
+struct CUDSGeometry {
     std::size_t recordSize = 512;       ///< bytes per record
     std::size_t tagWidth = 12;          ///< bytes of a record's tag
     std::size_t valuesPerRecord = 125;  ///< values in a data record

@@ -10,8 +10,7 @@ namespace {
 
 /// How a multi-byte character starts, and what its second byte may be; these bounds rule out overlong forms,
 /// surrogates and what lies beyond U+10FFFF.
-class CLeadBytes {
-public:
+struct CLeadBytes {
     unsigned char first, last;
     std::size_t byteCount;
     unsigned char secondLow, secondHigh;

@@ -9,8 +9,7 @@ namespace ks {
 inline constexpr char32_t kReplacementCharacter = U'\uFFFD';
 
 /// One character of a text that should be UTF-8.
-class CUtf8Character {
-public:
+struct CUtf8Character {
     char32_t codePoint = kReplacementCharacter;
     std::size_t byteCount = 1;  ///< of a malformed sequence: the bytes before its first wrong one, at least 1
     bool isWellFormed = false;

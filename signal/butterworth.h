@@ -6,8 +6,7 @@
 namespace ks {
 
 /// Second-order low-pass section: out[n] = a1 in[n-1] + a0 in[n] + a2 in[n-2] + b1 out[n-1] + b2 out[n-2].
-class CFilterSection {
-public:
+struct CFilterSection {
     double a0 = 0.0, a1 = 0.0, a2 = 0.0;
     double b1 = 0.0, b2 = 0.0;
 };

@@ -11,8 +11,7 @@
 namespace ks {
 namespace {
 
-class CFrequencyWindow {
-public:
+struct CFrequencyWindow {
     double low, high;  ///< Hz, excluded
     std::int32_t cfc;
 };
@@ -24,8 +23,7 @@ constexpr std::array kRecordedWindows{
     CFrequencyWindow{1630.0, 1700.0, 1000},
 };
 
-class CClassWindow {
-public:
+struct CClassWindow {
     std::int32_t low, high;  ///< rounded class numbers, included
     std::int32_t cfc;
 };

@@ -8,8 +8,7 @@
 namespace ks {
 namespace {
 
-class CStatusWord {
-public:
+struct CStatusWord {
     std::string_view accepted;
     std::string_view stored;
 };

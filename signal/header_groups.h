@@ -54,8 +54,7 @@ public:
 };
 
 /// One group. Neighbors in the table that have the same title are one group where all are shown below each other.
-class CHeaderGroup {
-public:
+struct CHeaderGroup {
     CHeaderGroupId id;
     std::string_view title;
     CHeaderPart part;

@@ -7,8 +7,7 @@
 namespace ks {
 
 /// Smallest and largest value of an array.
-class CExtrema {
-public:
+struct CExtrema {
     double minimum = 0.0;
     double maximum = 0.0;
 };
@@ -18,8 +17,7 @@ public:
 CExtrema ExtremaOf(std::span<const double> values);
 
 /// The extrema of a record's three arrays.
-class CLimits {
-public:
+struct CLimits {
     CExtrema x, y, z;
 };
 

@@ -12,8 +12,7 @@ inline constexpr std::int64_t kMostResampledPoints = 100'000'000;
 
 /// A sampled curve and its point numbers. `x` ascends, equal neighbors are allowed. `count` is what the point numbers
 /// say; if it differs from the lengths, only the samples that both include are used.
-class CNumberedCurve {
-public:
+struct CNumberedCurve {
     std::span<const double> x;
     std::span<const double> y;
     std::int32_t firstPoint = 0;
@@ -22,8 +21,7 @@ public:
 };
 
 /// Point numbers of the first and last multiple of a time step.
-class CPointRange {
-public:
+struct CPointRange {
     std::int32_t first = 0;
     std::int32_t last = 0;
 };

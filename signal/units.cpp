@@ -9,8 +9,7 @@ namespace ks {
 namespace {
 
 /// Energy: a force over a distance.
-class CWayRow {
-public:
+struct CWayRow {
     std::string_view xUnits, yUnits;
     double factor;
     std::string_view units;
@@ -23,8 +22,7 @@ constexpr std::array kOverWay{
     CWayRow{"INCHES", "POUNDS", 1.0 / 12.0, "FOOT-POUNDS"},
 };
 
-class CTimeRow {
-public:
+struct CTimeRow {
     std::string_view yUnits;
     double factor;
     std::string_view units, type;

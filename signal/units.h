@@ -14,8 +14,7 @@ bool IsTimeUnit(std::string_view units);
 bool IsEnglish(std::string_view dimensionSystem);
 
 /// What integrating over X does to Y.
-class CIntegralUnits {
-public:
+struct CIntegralUnits {
     double factor = 1.0;        ///< the integral of the numbers times this is in `units`
     double initialValue = 0.0;  ///< value at time zero, in `units`
     std::string units = "UNKNOWN";

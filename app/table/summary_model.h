@@ -12,8 +12,7 @@
 
 /// What the summary shows of one run: the texts and verdicts, the limits for these verdicts, and the files.
 /// It does not change while the document starts the next run.
-class CSummarySnapshot {
-public:
+struct CSummarySnapshot {
     CSummaryTable table;
     std::vector<std::string> paths;  ///< file of each row, byte for byte; as many as the table has rows
     CCriticalValues limits;

@@ -8,8 +8,7 @@
 #include <vector>
 
 /// A time window, in X units; min < max.
-class CWindow {
-public:
+struct CWindow {
     double min = 0.0;
     double max = 0.0;
 };

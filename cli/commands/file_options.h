@@ -9,15 +9,13 @@
 // parser throws CUsageError with a sentence that says what would be accepted.
 
 /// `quorvel-cli show FILE... [--json]`
-class CShowOptions {
-public:
+struct CShowOptions {
     std::vector<std::string> files;  ///< at least one
     bool isJson = false;
 };
 
 /// `quorvel-cli export FILE --xy|--x --out PATH`
-class CExportOptions {
-public:
+struct CExportOptions {
     std::string file;
     ks::CAsciiForm form = ks::CAsciiForm::XY;
     std::string out;  ///< "-" is standard output
@@ -27,16 +25,14 @@ public:
 enum class CTargetFormat { Ieee, Sun };
 
 /// `quorvel-cli convert FILE --to ieee|sun --out PATH`
-class CConvertOptions {
-public:
+struct CConvertOptions {
     std::string file;
     CTargetFormat to = CTargetFormat::Ieee;
     std::string out;  ///< "-" is standard output
 };
 
 /// `quorvel-cli report FILE --pdf PATH [--full]`
-class CReportOptions {
-public:
+struct CReportOptions {
     std::string file;
     std::string pdf;  ///< never standard output
     bool isFull = false;

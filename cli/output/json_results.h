@@ -17,8 +17,7 @@
 #include <vector>
 
 /// What a comparison produced, as the results file shows it. A stopped run has neither pages nor signals.
-class CResults {
-public:
+struct CResults {
     std::vector<std::string> errors;           ///< messages of the run
     std::vector<std::string> referenceErrors;  ///< messages of a reference that could not be read
     std::vector<std::int32_t> pageList;
@@ -26,8 +25,7 @@ public:
 };
 
 /// One chart page as the results file shows it.
-class CPageView {
-public:
+struct CPageView {
     std::int32_t id = 0;
     std::optional<std::string> error;  ///< why the page could not be built
     const CChartBlock& block;

@@ -6,8 +6,7 @@
 #include <string>
 
 /// How the table is laid out for a terminal.
-class CTextTableStyle {
-public:
+struct CTextTableStyle {
     std::size_t width = 80;  ///< columns to fit into; a single column of the table may still exceed it
     bool hasColor = false;   ///< color verdicts and headings by terminal sequences
 };

@@ -31,8 +31,7 @@ std::vector<double> Covariances(std::span<const double> a, std::span<const doubl
 enum class CCovarianceMethod { Automatic, PlainSums, Transform };
 
 /// Values less their mean, scaled by a power of two so that no product of two of them leaves the range of a double.
-class CCentered {
-public:
+struct CCentered {
     std::vector<double> values;
     int exponent = 0;      ///< values[i] * 2^exponent is the difference from the mean
     bool isFinite = true;  ///< false: some value was infinite or not a number; values are then as IEEE gives them

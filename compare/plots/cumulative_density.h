@@ -9,8 +9,7 @@ inline constexpr std::size_t kDensityPointCount = 100;
 
 /// A cumulative density: x[k] is a residual, y[k] the percentage of samples whose residual is smaller. Both hold
 /// kDensityPointCount values; points after the curve's end hold kNoDataValue in both.
-class CCumulativeDensity {
-public:
+struct CCumulativeDensity {
     std::vector<double> x;
     std::vector<double> y;
 };

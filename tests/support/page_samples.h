@@ -21,8 +21,7 @@ CSignal ComputedSignal(std::string path, ks::CNSignal record);
 std::vector<double> Noise(std::size_t count, std::uint32_t seed, double mean = 0.0);
 
 /// What a page shows.
-class CShownPage {
-public:
+struct CShownPage {
     bool isBuilt = false;
     CSeriesList series;
     std::vector<std::string> names;

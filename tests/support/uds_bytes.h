@@ -41,8 +41,7 @@ private:
 };
 
 /// What a hand-made file says; the defaults are a good file of three points.
-class CUDSRecipe {
-public:
+struct CUDSRecipe {
     CUdsNumbers numbers = CUdsNumbers::Ieee;
     std::string fileForm = "X-Y";
     std::int32_t firstPoint = 0;  ///< NFP
