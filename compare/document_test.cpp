@@ -62,9 +62,9 @@ TEST_F(Document, StartsEmpty) {
 
 TEST_F(Document, OffersToFilterAndNothingElseAtFirst) {
     const CFileSelection offered = Offered();
-    EXPECT_TRUE(offered.filter);
-    EXPECT_FALSE(offered.truncate);
-    EXPECT_FALSE(offered.averageReference);
+    EXPECT_TRUE(offered.shouldFilter);
+    EXPECT_FALSE(offered.shouldTruncate);
+    EXPECT_FALSE(offered.isReferenceAverage);
 }
 
 // Observers.
@@ -418,7 +418,7 @@ protected:
         ks::CNSignal record = MakeTimeSignal(std::vector<double>(300, 1.0), 0.5);
         record.SetFILEFORM("Y");
         CFileSelection choice = Choice({WriteUds(folder, "a.uds", record)}, WriteUds(folder, "r.uds", record));
-        choice.truncate = true;
+        choice.shouldTruncate = true;
         choice.windowStart = -1.0;
         choice.windowEnd = 20.0;
         Run(choice);

@@ -195,7 +195,8 @@ inline std::size_t CertainLength(std::string_view text) {
     return i + 1;
 }
 
-/// Whether a point can begin with this text, of which more may follow. True for a text that may continue as one.
+/// Whether points can begin with this text, of which more may follow. True for a text that may continue as a point. For
+/// texts that are certain nowhere: these hold so few rows of numbers that the ways to divide them are few as well.
 inline bool MayBeginPoint(std::string_view text) {
     constexpr std::size_t kLongestStartOfNumber = 2;  // "-." or "e+": what is not a number yet but can become one
     const auto isLineEnd = [](char c) { return c == '\r' || c == '\n'; };
@@ -209,7 +210,7 @@ inline bool MayBeginPoint(std::string_view text) {
         const std::size_t length = ReadLeadingNumber(text).length;
         text.remove_prefix(length);
         if (length == 0 || text.empty()) return text.size() <= kLongestStartOfNumber;
-        if (isLineEnd(text.front())) return true;
+        if (isLineEnd(text.front()) && MayBeginPoint(text.substr(1))) return true;
         drop([](char c) { return IsWhite(c) || c == ','; });
     }
     return text.size() <= kLongestStartOfNumber;

@@ -4,6 +4,7 @@
 #include "cli/commands/compare_options.h"
 #include "cli/commands/file_input.h"
 #include "cli/commands/output_conflicts.h"
+#include "cli/criteria.h"
 #include "cli/messages.h"
 #include "cli/output/csv_table.h"
 #include "cli/output/json_results.h"

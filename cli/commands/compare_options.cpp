@@ -2,6 +2,7 @@
 
 #include "cli/arguments.h"
 #include "cli/commands/compare_declarations.h"
+#include "cli/criteria.h"
 #include "cli/messages.h"
 #include "cli/output/outputs.h"
 #include "cli/usage_error.h"

@@ -167,6 +167,15 @@ class NoCommonTime(EndToEndTest):
             "quorvel-cli: late: No time in common with r, which runs from 0 to 2; this signal runs from 50 to 52. "
             "A comparison of the two means nothing.")
 
+    def test_verbose_tells_what_was_read_and_noted_before_a_run_stopped(self):
+        self.write("late", uds(SCALED, nfp=100))
+        run = self.compare("--verbose", "--json", "o.json", "r", "late", "missing")
+        self.assertEqual(run.status, 3)
+        self.assertIn("Read r: ", run.complaints)
+        self.assertIn("Read late: ", run.complaints)
+        self.assertNotIn("Read missing: ", run.complaints)
+        self.assertIn("Nothing was compared.", run.complaints)
+
     def test_signals_without_a_common_time_leave_no_reference(self):
         self.write("late", uds(SCALED, nfp=100))
         run = self.compare("--quiet", "--json", "o.json", "r", "late")

@@ -86,6 +86,15 @@ class WrongUsage(ScaledTest):
         self.assertShared("-", "/dev/stdout", "--json", "-", "--csv", "/dev/stdout")
         self.assertShared("/dev/stdout", "-", "--html", "/dev/stdout", "--csv", "-")
 
+    def test_an_output_on_the_file_of_the_printed_table_is_refused(self):
+        sentence = b"Two outputs would go to one file: out and the printed table"
+        with open(self.folder / "out", "wb") as out:
+            run = self.compare_scaled("--json", "out", stdout=out)
+            self.assertEqual(run.status, 2)
+            self.assertIn(sentence, run.err)
+            self.assertEqual(self.compare_scaled("--quiet", "--json", "out", stdout=out).status, 0)
+        self.parse(self.read("out"))
+
     def test_outputs_that_nobody_keeps_may_meet(self):
         run = self.compare_scaled("--json", "/dev/null", "--csv", "/dev/null")
         self.assertEqual((run.status, run.err), (0, b""))
