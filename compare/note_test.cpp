@@ -115,10 +115,10 @@ TEST(AppendNoCommonTime, TellsBothRanges) {
 
     ASSERT_EQ(notes.size(), 1U);
     EXPECT_EQ(notes[0].kind, CNoteKind::NoCommonTime);
-    EXPECT_EQ(
-        notes[0].sentence,
-        "No time in common with ref.txt, which runs from 0 to 1.5; this signal runs from 5 to 6. A comparison of the two means "
-        "nothing.");
+    EXPECT_EQ(notes[0].sentence,
+              "No time in common with ref.txt, which runs from 0 to 1.5; this signal runs from 5 to 6. A comparison of "
+              "the two "
+              "means nothing.");
 }
 
 TEST(AppendNoCommonTime, TellsNothingOfSignalsThatOverlap) {

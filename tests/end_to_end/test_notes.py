@@ -130,8 +130,8 @@ class NoCommonTime(EndToEndTest):
     """Two signals seconds apart were once compared without a message: the points of the text are numbered from 0, so
     resampling begins there and extends the line through the first two points backward."""
 
-    SENTENCE = "No time in common with r, which runs from 0 to 2; this signal runs from 5 to 6. Its results mean " \
-               "nothing."
+    SENTENCE = "No time in common with r, which runs from 0 to 2; this signal runs from 5 to 6. A comparison of the " \
+               "two means nothing."
 
     def setUp(self):
         super().setUp()

@@ -57,11 +57,12 @@ def cut_by_page(name, before, after):
 
 def no_common_time(signal, path, reference):
     same = signal.first == reference.first and signal.last == reference.last
-    if same or not signal.count or not reference.count \
-            or min(signal.last, reference.last) > max(signal.first, reference.first):
+    common = min(signal.last, reference.last) - max(signal.first, reference.first)
+    instant = signal.first == signal.last or reference.first == reference.last
+    if same or not signal.count or not reference.count or common > 0 or (instant and common == 0):
         return []
-    return [("no-common-time", "No time in common with %s, which runs %s; this signal runs %s. Its results mean "
-                               "nothing." % (path, reference.run(), signal.run()))]
+    return [("no-common-time", "No time in common with %s, which runs %s; this signal runs %s. A comparison of the two "
+                               "means nothing." % (path, reference.run(), signal.run()))]
 
 
 def as_json(notes):
