@@ -41,6 +41,7 @@
 #include "compare/run_state.h"
 #include "files/hit_list.h"
 #include "viewer/uds_dialog.h"
+#include "widgets/sentences.h"
 #include "widgets/take_copy.h"
 
 namespace {
@@ -75,7 +76,7 @@ void CMainFrame::Attempt(const std::function<void()>& command) {
         } catch (const std::exception& error) {
             m_host.SetBusy(false);
             m_status->ShowMessage(tr("The command failed."));
-            m_services.messages.ShowError(this, QString::fromUtf8(error.what()));
+            m_services.messages.ShowError(this, SentenceOf(error));
         }
         m_host.SetBusy(false);  // a run whose reference cannot be read leaves the wait cursor on
     }

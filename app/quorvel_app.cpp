@@ -16,6 +16,7 @@
 #include "app/messages.h"
 #include "app/resources.h"
 #include "app/settings.h"
+#include "widgets/sentences.h"
 
 #ifdef _WIN32
 #include <windows.h>
@@ -88,7 +89,7 @@ bool CQuorvelApp::notify(QObject* receiver, QEvent* event) {
         return QApplication::notify(receiver, event);
     } catch (const std::exception& error) {
         if (m_messages == nullptr) throw;
-        m_messages->ShowError(activeWindow(), QString::fromUtf8(error.what()));
+        m_messages->ShowError(activeWindow(), SentenceOf(error));
     }
     return false;
 }

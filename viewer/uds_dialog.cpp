@@ -30,6 +30,7 @@
 #include "viewer/viewer_host.h"
 #include "widgets/make_child.h"
 #include "widgets/screen_room.h"
+#include "widgets/sentences.h"
 #include "widgets/take_copy.h"
 
 namespace ksres {
@@ -202,6 +203,9 @@ void CUDSDialog::PrintReport() {
         case CPrintResult::NotCompleted:
             m_host.ShowError(this, FileNotCompleted(file));
             break;
+        case CPrintResult::Damaged:
+            m_host.ShowError(this, FileDamaged(file));
+            break;
     }
     m_previewer->Refresh();  // the paper may have changed
 }
@@ -228,9 +232,12 @@ void CUDSDialog::ExportPoints() {
             case ks::CWriteResult::NotCompleted:
                 m_host.ShowError(this, FileNotCompleted(*path));
                 break;
+            case ks::CWriteResult::Damaged:
+                m_host.ShowError(this, FileDamaged(*path));
+                break;
         }
     } catch (const std::exception& error) {
-        m_host.ShowError(this, QString::fromUtf8(error.what()));
+        m_host.ShowError(this, SentenceOf(error));
     }
 }
 

@@ -26,6 +26,7 @@
 #include "files/replacing_file.h"
 #include "signal/channel_class.h"
 #include "widgets/screen_room.h"
+#include "widgets/sentences.h"
 #include "widgets/take_copy.h"
 
 namespace {
@@ -208,6 +209,9 @@ void CSelectFiles::SaveHitList() {
             m_messages.ShowError(
                 this,
                 tr("The hit list could not be written completely. An existing file with this name is unchanged."));
+            break;
+        case ks::CWriteResult::Damaged:
+            m_messages.ShowError(this, FileDamaged(path));
             break;
     }
 }

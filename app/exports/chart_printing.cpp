@@ -6,6 +6,7 @@
 #include "chart/chart_control.h"
 #include "files/replacing_file.h"
 #include "widgets/pdf_file.h"
+#include "widgets/sentences.h"
 
 #include <QCoreApplication>
 #include <QPainter>
@@ -37,7 +38,9 @@ QString PrintFault(CChartControl& chart, QPrinter& printer) {
     if (MakesPdfFile(printer)) {
         const QString path = printer.outputFileName();
         const CPdfForm form{printer.pageLayout(), printer.docName()};
-        if (WritePdfFile(path.toStdString(), form, paint) == ks::CWriteResult::Written) return {};
+        const ks::CWriteResult result = WritePdfFile(path.toStdString(), form, paint);
+        if (result == ks::CWriteResult::Written) return {};
+        if (result == ks::CWriteResult::Damaged) return FileDamaged(path);
         return CChartPrinting::tr("The plot could not be printed to %1.").arg(path);
     }
     if (paint(printer) && printer.printerState() != QPrinter::Error) return {};

@@ -10,6 +10,7 @@
 #include "compare/setting_keys.h"
 #include "files/file_request.h"
 #include "files/replacing_file.h"
+#include "widgets/sentences.h"
 
 #include <QClipboard>
 #include <QCoreApplication>
@@ -44,6 +45,9 @@ QString SaveHtmlReport(const CSummaryList& list, const CWindowServices& services
             return {};
         case ks::CWriteResult::NotCompleted:
             services.messages.ShowError(parent, CTableExport::tr("The report could not be written to %1.").arg(path));
+            return {};
+        case ks::CWriteResult::Damaged:
+            services.messages.ShowError(parent, FileDamaged(path));
             return {};
         case ks::CWriteResult::Written:
             break;

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "cli/arguments.h"
+#include "cli/criteria.h"
 #include "cli/messages.h"
 #include "cli/output/outputs.h"
 #include "cli/usage_error.h"

@@ -23,6 +23,11 @@ public:
     void Write(std::string_view what, const std::string& path, std::string_view text);
     /// The same for a text that is made here; too little memory for it is a failure with its own sentence.
     void Write(std::string_view what, const std::string& path, const std::function<std::string()>& make);
+    /// The same for a text in pieces, which are never put together in memory.
+    void WritePieces(std::string_view what, const std::string& path,
+                     const std::function<std::vector<std::string>()>& make);
+    /// Runs `work`; too little memory for it is a failure with this sentence, and the result is then false.
+    bool Attempt(std::string_view sentence, const std::function<void()>& work);
     /// Records how a file was written elsewhere.
     void Note(std::string_view what, const std::string& path, ks::CWriteResult result);
     /// Names the files that no output may replace: a measurement may exist only once.

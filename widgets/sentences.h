@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QString>
+#include <exception>
+
+// Sentences that several windows show.
+
+/// What to tell the user about `error`: its own sentence, or that there is not enough memory. The standard library's
+/// text for that, "std::bad_alloc", means nothing to users.
+[[nodiscard]] QString SentenceOf(const std::exception& error);
+
+/// The file at `path` had to be written in place, and that failed partway; see ks::CWriteResult::Damaged.
+[[nodiscard]] QString FileDamaged(const QString& path);
