@@ -26,6 +26,7 @@
 #include "compare/run_state.h"
 #include "files/hit_list.h"
 #include "viewer/uds_dialog.h"
+#include "widgets/messages.h"
 #include "widgets/take_copy.h"
 
 #include <QDragEnterEvent>
@@ -76,7 +77,7 @@ void CMainFrame::Attempt(const std::function<void()>& command) {
         } catch (const std::exception& error) {
             m_host.SetBusy(false);
             m_status->ShowMessage(app_message::kCommandFailed);
-            m_services.messages.ShowError(this, QString::fromUtf8(error.what()));
+            m_services.messages.ShowError(this, widget_message::SentenceOf(error));
         }
         m_host.SetBusy(false);  // a run whose reference cannot be read leaves the wait cursor on
     }

@@ -4,8 +4,10 @@
 #include "app/commands.h"
 #include "app/main_frame.h"
 #include "app/message_box.h"
+#include "app/messages.h"
 #include "app/resources.h"
 #include "app/settings.h"
+#include "widgets/messages.h"
 
 #include <QTimer>
 #include <QWindow>
@@ -17,7 +19,6 @@
 #include <string>
 #include <utility>
 #include <vector>
-
 #ifdef _WIN32
 #include <windows.h>
 // After windows.h, which it needs.
@@ -89,7 +90,7 @@ bool CQuorvelApp::notify(QObject* receiver, QEvent* event) {
         return QApplication::notify(receiver, event);
     } catch (const std::exception& error) {
         if (m_messages == nullptr) throw;
-        m_messages->ShowError(activeWindow(), QString::fromUtf8(error.what()));
+        m_messages->ShowError(activeWindow(), widget_message::SentenceOf(error));
     }
     return false;
 }

@@ -15,6 +15,7 @@
 #include "compare/verdict.h"
 #include "files/replacing_file.h"
 #include "signal/nsignal.h"
+#include "tests/support/failing_flush.h"
 #include "tests/support/temp_folder.h"
 
 #include <QDir>
@@ -28,6 +29,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <filesystem>
 #include <map>
 #include <optional>
 #include <string>
@@ -39,6 +41,29 @@ class CWindowExportsTest : public CExportsTest {
 private slots:
     void init() { OpenWithSled(); }
     void cleanup() { CloseWindow(); }
+
+    // The sentence was that of an old file that is unchanged, and the report gave none of its own.
+    void ADamagedFileIsReported_data() {
+        QTest::addColumn<int>("id");
+        QTest::addColumn<QString>("page");
+        QTest::newRow("bmp") << int{CommandNumber(CCommandId::SaveBmp)} << "Velocity";
+        QTest::newRow("wmf") << int{CommandNumber(CCommandId::SaveWmf)} << "Velocity";
+        QTest::newRow("html") << int{CommandNumber(CCommandId::SaveHtml)} << "Summary";
+    }
+    void ADamagedFileIsReported() {
+        QFETCH(int, id);
+        QFETCH(QString, page);
+        const CTempFolder folder;
+        const std::string old = folder.Write("old", "old");
+        std::filesystem::create_hard_link(old, folder.Path("other name"));
+        m_window->ChoosePage(page);
+        m_window->picker.answers = {CPickedFiles{{QString::fromStdString(old)}, 1}};
+        const CFailingFlush failing(kUntilInPlace);
+        Trigger(static_cast<CCommandId>(id));
+        QCOMPARE(m_window->messages.said, QStringList({"error|Error|" + QString::fromStdString(old) +
+                                                       " could not be written completely, and "
+                                                       "the existing file with this name is damaged."}));
+    }
 
     // Loaded files.
 

@@ -4,10 +4,12 @@
 #include "app/specification_host.h"
 #include "app/testing/window_test.h"
 #include "tests/support/failing_disk.h"
+#include "tests/support/failing_flush.h"
 #include "tests/support/temp_folder.h"
 #include "viewer/testing/pdf_text.h"
 
 #include <cstddef>
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -137,6 +139,19 @@ private slots:
         }
         QCOMPARE(ReadAll(old), std::string("an old plot"));
         QCOMPARE(folder.Listing(), std::string("plot.pdf\n"));
+    }
+
+    void APrintThatDamagesTheOldFileSaysSo() {
+        const CTempFolder folder;
+        const std::string old = folder.Write("plot.pdf", "an old plot");
+        std::filesystem::create_hard_link(old, folder.Path("other name"));
+        m_window->ChoosePage("Velocity");
+        m_window->printers.path = QString::fromStdString(old);
+        const CFailingFlush failing(kUntilInPlace);
+        Trigger(CCommandId::Print);
+        QCOMPARE(m_window->messages.said, QStringList({"error|Error|" + QString::fromStdString(old) +
+                                                       " could not be written completely, and "
+                                                       "the existing file with this name is damaged."}));
     }
 
     void TheReportOfAFileOffersAChoiceOfItsPages() {

@@ -109,6 +109,14 @@ std::string NotCompleted(std::string_view what, std::string_view path) {
     return Join({what, " could not be written in full: ", path});
 }
 
+std::string FileDamaged(std::string_view what, std::string_view path) {
+    return Join({what, " could not be written in full, and the existing file is damaged: ", path});
+}
+
+std::string NoMemoryForPage(std::int32_t pageId) {
+    return Join({"Not all outputs of page ", std::to_string(pageId), " could be made; there is not enough memory."});
+}
+
 std::string StandardOutputFailed(std::string_view reason) {
     return Join({"Standard output could not be written: ", reason});
 }

@@ -84,6 +84,8 @@ std::string TargetNotKnown(std::string_view value);
 
 /// Memory ran out where no other sentence says for what.
 inline constexpr std::string_view kNoMemory = "The signals do not fit into memory.";
+/// Memory ran out while the summary table was made or printed.
+inline constexpr std::string_view kNoMemoryForTable = "There is not enough memory for the table of the results.";
 /// Ends the messages of a run that stopped.
 inline constexpr std::string_view kNothingCompared = "Nothing was compared.";
 /// A file could not be read; follows the reader's sentence, which may name no file.
@@ -114,6 +116,10 @@ std::string NoMemoryToWrite(std::string_view what, std::string_view path);
 std::string NotOpenedForWriting(std::string_view what, std::string_view path);
 /// Writing failed partway.
 std::string NotCompleted(std::string_view what, std::string_view path);
+/// The same, and the existing file had to be written in place: it is neither the old one nor the new one.
+std::string FileDamaged(std::string_view what, std::string_view path);
+/// Memory ran out between the outputs of a page; some of them may be missing.
+std::string NoMemoryForPage(std::int32_t pageId);
 /// The system refused what was printed; `reason` is its own text.
 std::string StandardOutputFailed(std::string_view reason);
 /// The folder of --ascii or --uds does not exist and cannot be made.

@@ -51,7 +51,9 @@ CHelpSection ExitStatusHelp() {
     return {"Exit status",
             {{"", "The first one in this list that applies:"},
              {"2", "Wrong usage, or a command that this build does not have; nothing was read or written."},
-             {"4", "An output could not be written. The others were, and existing files stay unchanged."},
+             {"4",
+              "An output could not be written. The others were. Existing files stay unchanged, unless the message "
+              "says that one is damaged."},
              {"3",
               "A signal, a hit list or the reference could not be read, a point could not be exported, or the run "
               "collected an error message. All messages go to standard error."},

@@ -246,8 +246,12 @@ void CQuorvelDoc::OnSaveAscii() {
     const std::string folder = m_host.ReadSetting(setting::kAsciiOutputDir);
     const std::optional<std::string> path = m_host.AskSavePath(ks::SaveRequest("Save ASCII data As", folder));
     if (!path) return;
-    if (WriteAsciiTable(*path, m_block, m_pageId) != ks::CWriteResult::Written) {
-        m_errors.assign(1, {{}, compare_message::AsciiTableNotWritten(*path)});
+    const ks::CWriteResult result = WriteAsciiTable(*path, m_block, m_pageId);
+    if (result != ks::CWriteResult::Written) {
+        const bool isDamaged = result == ks::CWriteResult::Damaged;
+        m_errors.assign(
+            1,
+            {{}, isDamaged ? compare_message::AsciiTableDamaged(*path) : compare_message::AsciiTableNotWritten(*path)});
         ShowErrors();
         return;
     }

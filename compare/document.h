@@ -42,7 +42,8 @@ public:
     ///
     /// A step tries every signal; each failure becomes a message. A run stops after the first step in which any
     /// signal failed: it then gives no hint and does not change page list and page. A reference that cannot be
-    /// read stops the run without a message and without ending the busy state.
+    /// read stops the run without a message and without ending the busy state. A run that stops for lack of memory
+    /// gives back the copies and the points of the computed signals, so that its messages can be shown and written.
     void OnCompareFiles();
 
     /// The start-up run of a command line's file list. It empties the signal list and then stops because that list is
@@ -126,6 +127,9 @@ private:
 
     /// Sets the run state: in progress while `steps` runs, then how it ended, even if it throws.
     CRunEnd RunSteps(const CFileSelection& selection, CRunEnd (CQuorvelDoc::*steps)(const CFileSelection&));
+    CRunEnd TrySteps(const CFileSelection& selection, CRunEnd (CQuorvelDoc::*steps)(const CFileSelection&));
+    void ReleaseRecords();
+    void NoteShortMemory(const std::string& path, const std::vector<std::string>& sentences);
     void EndRun(CRunEnd end);
     void SetRun(CRunState run);
 
@@ -187,6 +191,7 @@ private:
     std::size_t m_stepsTotal = 0;  ///< 0 outside a run
     std::unique_ptr<CPlot> m_page;
     CRunState m_run = CRunState::None;
+    bool m_isMemoryShort = false;  ///< whether a step of the last run lacked memory
     bool m_isReferenceAverage = false;
     bool m_shouldFilter = true;
     bool m_shouldTruncate = false;

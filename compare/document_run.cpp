@@ -8,6 +8,7 @@
 #include "compare/run_state.h"
 #include "compare/sampling.h"
 #include "compare/signal.h"
+#include "files/messages.h"
 #include "signal/channel_class.h"
 
 #include <boost/make_shared.hpp>
@@ -117,16 +118,13 @@ void CQuorvelDoc::CompareLoadedList(std::int32_t channelClass, double windowStar
     ShowErrors();
 }
 
-/// Outside a single step, a run that lacks memory ends as stopped.
 CQuorvelDoc::CRunEnd CQuorvelDoc::RunSteps(const CFileSelection& selection,
                                            CRunEnd (CQuorvelDoc::*steps)(const CFileSelection&)) {
-    SetRun(CRunState::AtWork);
-    BeginProgress(selection);
     CRunEnd end = CRunEnd::Stopped;
     try {
-        end = (this->*steps)(selection);
-    } catch (const std::bad_alloc&) {
-        m_errors.push_back({{}, std::string(compare_message::kNoMemoryForRun)});
+        SetRun(CRunState::AtWork);
+        BeginProgress(selection);
+        end = TrySteps(selection, steps);
     } catch (...) {
         EndRun(CRunEnd::Stopped);
         throw;
@@ -135,9 +133,39 @@ CQuorvelDoc::CRunEnd CQuorvelDoc::RunSteps(const CFileSelection& selection,
     return end;
 }
 
+/// Outside a single step, a run that lacks memory ends as stopped.
+CQuorvelDoc::CRunEnd CQuorvelDoc::TrySteps(const CFileSelection& selection,
+                                           CRunEnd (CQuorvelDoc::*steps)(const CFileSelection&)) {
+    m_isMemoryShort = false;
+    CRunEnd end = CRunEnd::Stopped;
+    try {
+        end = (this->*steps)(selection);
+    } catch (const std::bad_alloc&) {
+        ReleaseRecords();  // first: the message needs memory too
+        m_errors.push_back({{}, std::string(compare_message::kNoMemoryForRun)});
+    }
+    if (end != CRunEnd::Completed && m_isMemoryShort) ReleaseRecords();
+    return end;
+}
+
+/// Gives back the memory of a run that failed for lack of it; telling so needs some. The records of files that could
+/// not be read hold the readers' sentences and no points, so they stay.
+void CQuorvelDoc::ReleaseRecords() {
+    m_copies = {};
+    for (CSignal& signal : m_computed) {
+        if (signal.GetPointCount() > 0) signal.Record() = ks::CNSignal();
+    }
+}
+
 void CQuorvelDoc::EndRun(CRunEnd end) {
-    EndProgress(end);
-    SetRun(end == CRunEnd::Completed ? CRunState::Completed : CRunState::Stopped);
+    const CRunState state = end == CRunEnd::Completed ? CRunState::Completed : CRunState::Stopped;
+    try {
+        EndProgress(end);
+        SetRun(state);
+    } catch (...) {
+        m_run = state;  // whatever a host or an observer throws, the run is over
+        throw;
+    }
 }
 
 void CQuorvelDoc::SetRun(CRunState run) {
@@ -209,11 +237,17 @@ int CQuorvelDoc::ReadComputedSignals() {
 
 bool CQuorvelDoc::ReadComputed(CSignal& signal) {
     if (!signal.Read()) {
+        NoteShortMemory(signal.GetPath(), signal.GetMessages());
         for (const std::string& sentence : signal.GetMessages()) m_errors.push_back({signal.GetPath(), sentence});
         return false;
     }
     return Attempt(signal,
                    [this](CSignal& read) { m_copies.push_back(boost::make_shared<ks::CNSignal>(read.Record())); });
+}
+
+/// `sentences` are what the loader said about the file.
+void CQuorvelDoc::NoteShortMemory(const std::string& path, const std::vector<std::string>& sentences) {
+    if (!sentences.empty() && sentences.back() == ks::read_message::NoMemoryToRead(path)) m_isMemoryShort = true;
 }
 
 bool CQuorvelDoc::FilterComputedSignals(std::int32_t channelClass) {
@@ -267,6 +301,7 @@ CQuorvelDoc::CReferenceEnd CQuorvelDoc::TakeReference() {
     AtWork(reading.GetPath());
     if (!reading.Read()) {
         const std::vector<std::string>& sentences = reading.GetMessages();
+        NoteShortMemory(reading.GetPath(), sentences);
         m_referenceErrors.insert(m_referenceErrors.end(), sentences.begin(), sentences.end());
         return CReferenceEnd::NotMade;
     }
@@ -342,6 +377,7 @@ bool CQuorvelDoc::Attempt(CSignal& signal, const std::function<void(CSignal&)>& 
     try {
         work(signal);
     } catch (const std::bad_alloc&) {
+        m_isMemoryShort = true;
         m_errors.push_back({{}, compare_message::SignalFailure(signal.GetPath(), compare_message::kNoMemoryForStep)});
         return false;
     } catch (const std::exception& error) {
@@ -383,6 +419,6 @@ void CQuorvelDoc::AtWork(const std::string& path) {
 
 void CQuorvelDoc::EndProgress(CRunEnd end) {
     if (end == CRunEnd::Completed) m_stepsDone = m_stepsTotal;
-    m_host.Progress(m_stepsDone, m_stepsTotal, {});
-    m_stepsTotal = 0;
+    const std::size_t total = std::exchange(m_stepsTotal, 0);
+    m_host.Progress(m_stepsDone, total, {});
 }

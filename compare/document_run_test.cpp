@@ -9,6 +9,8 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
+#include <new>
 #include <stdexcept>
 #include <string>
 #include <utility>
@@ -519,6 +521,36 @@ TEST_F(LargeSignals, StopARunWithASentenceWhereverTheMemoryEnds) {
         }
         EXPECT_GT(allowed, 10U) << "the memory must have ended in many places";
     }
+}
+
+// Too little memory lost its own message and left the run at work for ever.
+TEST_F(LargeSignals, LeaveTheMemoryOfAStoppedRunToItsMessages) {
+    const std::string small = Write("small.uds", {1.0, 2.0, 3.0}), large = Large("large.uds");
+    {
+        const CAllocationLimit limit(kBytes);
+        Run(Choice({small, large}, small));
+    }
+    EXPECT_EQ(document.Run(), CRunState::Stopped);
+    EXPECT_THAT(document.SignalCopies(), IsEmpty());
+    EXPECT_EQ(document.ComputedSignals()[0].GetPath(), small);
+    EXPECT_EQ(document.ComputedSignals()[0].GetPointCount(), 0U);
+    EXPECT_THAT(document.ComputedSignals()[1].GetMessages(),
+                ElementsAre("There is not enough memory to read the file: " + large + "."));
+}
+
+TEST_F(Runs, EndEvenWithoutAnyMemory) {
+    const CFileSelection choice = AverageChoice({Write("a.uds", {1.0, 2.0, 3.0}), Write("b.uds", {1.0, 2.0, 3.0})});
+    std::unique_ptr<CAllocationLimit> limit;
+    host.whileAtWork = [&limit] {
+        if (!limit) limit = std::make_unique<CAllocationLimit>(0);
+    };
+    EXPECT_THROW(Run(choice), std::bad_alloc);
+    limit.reset();
+    EXPECT_EQ(document.Run(), CRunState::Stopped);
+
+    host.whileAtWork = [] {};
+    Run(choice);
+    EXPECT_EQ(document.Run(), CRunState::Completed);
 }
 
 // Signals that cannot be prepared.

@@ -7,6 +7,7 @@
 #include "files/error.h"
 #include "files/uds_file.h"
 #include "tests/support/document_fixture.h"
+#include "tests/support/failing_flush.h"
 #include "tests/support/memory_limit.h"
 #include "tests/support/recording_host.h"
 #include "tests/support/temp_folder.h"
@@ -15,10 +16,10 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <filesystem>
 #include <optional>
 #include <utility>
 #include <vector>
-
 namespace {
 
 using testing::ElementsAre;
@@ -517,6 +518,21 @@ TEST_F(Document, ShowsThatTheAsciiTableCouldNotBeWritten) {
 
     EXPECT_THAT(host.calls, ElementsAre("read AsciiOutputDir", "save Save ASCII data As", "beep", "errors"));
     EXPECT_THAT(host.errorLists, ElementsAre(ElementsAre("The ASCII data could not be written to " + path + ".")));
+}
+
+// The sentence was the same as for an old file that is unchanged.
+TEST_F(Document, ShowsThatTheExistingAsciiTableIsDamaged) {
+    RunWith({10.0, 11.0, 12.0, 13.0, 14.0});
+    document.SelectPage(2);
+    const std::string path = folder.Write("page.txt", "an old table");
+    std::filesystem::create_hard_link(path, folder.Path("other name"));
+    host.savePaths = {path};
+    {
+        const CFailingFlush failing(kUntilInPlace);
+        document.OnSaveAscii();
+    }
+    EXPECT_THAT(host.errorLists, ElementsAre(ElementsAre("The ASCII data could not be written to " + path +
+                                                         ". The existing file is damaged.")));
 }
 
 }  // namespace

@@ -55,6 +55,10 @@ std::string AsciiTableNotWritten(std::string_view path) {
     return "The ASCII data could not be written to " + std::string(path) + ".";
 }
 
+std::string AsciiTableDamaged(std::string_view path) {
+    return AsciiTableNotWritten(path) + " The existing file is damaged.";
+}
+
 std::string NotFilteredNote(std::string_view format) {
     return "Not filtered: computed signals from " + std::string(format) + " never are.";
 }

@@ -34,6 +34,8 @@ inline constexpr std::string_view kNoMemoryForPage =
 
 /// The file for the page's ASCII table cannot be written.
 std::string AsciiTableNotWritten(std::string_view path);
+/// The same, and the existing file had to be written in place.
+std::string AsciiTableDamaged(std::string_view path);
 
 // Notes; see compare/note.h. Numbers have six significant digits.
 

@@ -130,9 +130,9 @@ void CReading::ReadPiece(const std::string& path) {
 bool CReading::Parse() {
     if (!m_isLast && m_text.size() < m_enough) return true;
     const std::size_t certain = m_isLast ? m_text.size() : syntax::CertainLength(m_text);
-    if (!m_isLast && certain == 0 && !syntax::MayBeginPoint(m_text)) return false;
-    const std::optional<std::size_t> taken = m_document.Take(m_text, certain);
-    if (!taken) return false;
+    const bool isHopeless = certain == 0 && !m_isLast && !syntax::MayBeginPoint(m_text);
+    const std::optional<std::size_t> taken = m_document.Take(m_text, isHopeless ? m_text.size() : certain);
+    if (!taken || isHopeless) return false;
     m_text.erase(0, *taken);
     m_enough = 2 * m_text.size();
     return true;

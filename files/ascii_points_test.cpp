@@ -370,7 +370,7 @@ TEST(AsciiPointsRefuse, AnEndlessLineThatCanBeNoPoint) {
 }
 
 TEST(AsciiPointsRefuse, AnEndlessLineAfterPoints) {
-    CEndlessSource source("1\n2\n3\n4\n", ",");
+    CEndlessSource source("1\n2\n3\n4\n", "-");
     CPoints points;
     EXPECT_NE(ErrorOf([&] { points.ReadFrom(source, "p", 10); }), "");
     EXPECT_LE(source.Count(), 100U);

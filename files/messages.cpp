@@ -28,9 +28,12 @@ std::string uds_write_message::ColumnsDiffer(std::size_t abscissas, std::size_t 
 
 std::string uds_write_message::NotCompleted(const std::string& path, const CWriteTrouble& trouble) {
     const std::string start = "Failure to complete the file: " + path + ". ";
-    if (trouble.isOldFileLost) return start + "The existing file is damaged.";
     if (trouble.isDeviceFull) return start + "The device may be full; an existing file was kept.";
     return start + "An existing file was kept.";
+}
+
+std::string uds_write_message::Damaged(const std::string& path) {
+    return "Failure to complete the file: " + path + ". The existing file is damaged.";
 }
 
 std::string ascii_message::ParseFile(const std::string& path, std::string_view inner) {

@@ -73,8 +73,10 @@ inline constexpr std::string_view kUnknownFormat = "Couldn't set byte order of f
 std::string CountMismatch(std::int64_t byIndices, std::size_t points);
 /// The points that a file object is to hold have columns of different lengths.
 std::string ColumnsDiffer(std::size_t abscissas, std::size_t ordinates);
-/// Writing failed partway; `trouble` decides what the sentence says about the existing file.
+/// Writing failed partway, and an existing file is unchanged.
 std::string NotCompleted(const std::string& path, const CWriteTrouble& trouble);
+/// Writing failed partway, in the place of the existing file.
+std::string Damaged(const std::string& path);
 
 }  // namespace uds_write_message
 

@@ -217,8 +217,9 @@ CWriteResult CWriting::CopyIntoThePlace() {
         return NotCompleted(refusal);
     }
     const int failure = CopyInto(old.get());
-    m_trouble.isOldFileLost = failure != 0;
-    return failure == 0 ? CWriteResult::Written : NotCompleted(failure);
+    if (failure == 0) return CWriteResult::Written;
+    NotCompleted(failure);
+    return CWriteResult::Damaged;
 }
 
 /// 0, or the reason for the failure.

@@ -14,13 +14,14 @@ namespace ks {
 enum class CWriteResult {
     Written,       ///< the file holds exactly the given bytes
     NotOpened,     ///< the target cannot be opened for writing; nothing was touched
-    NotCompleted,  ///< writing failed partway, for example on a full disk; see CWriteTrouble
+    NotCompleted,  ///< writing failed partway, for example on a full disk; an existing file is unchanged
+    Damaged,  ///< the same, but the existing file had to be written in place: it holds neither all of the old bytes
+              ///< nor all of the new ones
 };
 
 /// Details of a write that was not completed.
 struct CWriteTrouble {
-    bool isDeviceFull = false;   ///< the device is full, or the user's share of it
-    bool isOldFileLost = false;  ///< the old file had to be written in place, and that failed partway
+    bool isDeviceFull = false;  ///< the device is full, or the user's share of it
 };
 
 /// Takes the bytes of a file piece by piece.

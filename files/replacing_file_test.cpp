@@ -2,6 +2,7 @@
 
 #include "files/messages.h"
 #include "tests/support/failing_disk.h"
+#include "tests/support/failing_flush.h"
 #include "tests/support/temp_folder.h"
 
 #include <gmock/gmock.h>
@@ -275,7 +276,29 @@ TEST_F(InPlace, LosesNothingWhenTheNewFileDoesNotFit) {
         EXPECT_EQ(WriteFile(path, std::string(100000, 'x'), &trouble), CWriteResult::NotCompleted);
     }
     EXPECT_FALSE(trouble.isDeviceFull);
-    EXPECT_FALSE(trouble.isOldFileLost);
+    EXPECT_EQ(ReadAll(path), "the old text");
+    EXPECT_EQ(m_folder.Listing(), "old\nother name\n");
+}
+
+// The caller was told the same as about an old file that is unchanged.
+TEST_F(InPlace, DamagesTheOldFileWhenTheDeviceFailsPartway) {
+    const std::string path = m_folder.Write("old", "the old text");
+    fs::create_hard_link(path, m_folder.Path("other name"));
+    {
+        const CFailingFlush failing(kUntilInPlace);
+        EXPECT_EQ(WriteFile(path, "new"), CWriteResult::Damaged);
+    }
+    EXPECT_NE(ReadAll(path), "the old text");
+    EXPECT_EQ(m_folder.Listing(), "old\nother name\n");
+}
+
+TEST_F(InPlace, KeepsTheOldFileWhenTheDeviceFailsBefore) {
+    const std::string path = m_folder.Write("old", "the old text");
+    fs::create_hard_link(path, m_folder.Path("other name"));
+    {
+        const CFailingFlush failing(0);
+        EXPECT_EQ(WriteFile(path, "new"), CWriteResult::NotCompleted);
+    }
     EXPECT_EQ(ReadAll(path), "the old text");
     EXPECT_EQ(m_folder.Listing(), "old\nother name\n");
 }
@@ -338,12 +361,10 @@ TEST(WriteTrouble, IsAFullDeviceOnlyWhereThereIsNoRoom) {
 }
 
 TEST(WriteTrouble, DecidesTheSentence) {
-    EXPECT_EQ(uds_write_message::NotCompleted("f", {true, false}),
+    EXPECT_EQ(uds_write_message::NotCompleted("f", {true}),
               "Failure to complete the file: f. The device may be full; an existing file was kept.");
-    EXPECT_EQ(uds_write_message::NotCompleted("f", {false, false}),
+    EXPECT_EQ(uds_write_message::NotCompleted("f", {false}),
               "Failure to complete the file: f. An existing file was kept.");
-    EXPECT_EQ(uds_write_message::NotCompleted("f", {false, true}),
-              "Failure to complete the file: f. The existing file is damaged.");
 }
 
 TEST(CanWrite, TouchesNothing) {

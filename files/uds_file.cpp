@@ -46,6 +46,7 @@ void CUDSFile::Write(const std::string& path) {
     const CWriteResult result = WriteFile(path, image, &trouble);
     if (result == CWriteResult::NotOpened) throw CError(uds_write_message::kNotOpened);
     if (result == CWriteResult::NotCompleted) throw CError(uds_write_message::NotCompleted(path, trouble));
+    if (result == CWriteResult::Damaged) throw CError(uds_write_message::Damaged(path));
 }
 
 std::vector<std::byte> CUDSFile::MakeImage() {

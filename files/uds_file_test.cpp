@@ -2,6 +2,7 @@
 
 #include "files/uds_layout.h"
 #include "tests/support/expect_error.h"
+#include "tests/support/failing_flush.h"
 #include "tests/support/temp_folder.h"
 #include "tests/support/uds_bytes.h"
 #include "tests/support/uds_image.h"
@@ -167,6 +168,15 @@ TEST_F(UdsFileOnDisk, SaysWhenTheDeviceIsFull) {
     CUDS1992 file = TwoPoints();
     EXPECT_EQ(ErrorOf([&] { file.Write("/dev/full"); }),
               "Failure to complete the file: /dev/full. The device may be full; an existing file was kept.");
+}
+
+TEST_F(UdsFileOnDisk, SaysWhenTheExistingFileIsDamaged) {
+    const std::string path = m_folder.Write("a.uds", "an old file");
+    std::filesystem::create_hard_link(path, m_folder.Path("other name"));
+    CUDS1992 file = TwoPoints();
+    const CFailingFlush failing(kUntilInPlace);
+    EXPECT_EQ(ErrorOf([&] { file.Write(path); }),
+              "Failure to complete the file: " + path + ". The existing file is damaged.");
 }
 
 TEST_F(UdsFileOnDisk, KeepsItsPointsWhenTheyAreWritten) {

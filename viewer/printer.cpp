@@ -31,6 +31,8 @@ CPrintResult AsPrintResult(ks::CWriteResult result) {
             return CPrintResult::Printed;
         case ks::CWriteResult::NotOpened:
             return CPrintResult::NotOpened;
+        case ks::CWriteResult::Damaged:
+            return CPrintResult::Damaged;
         case ks::CWriteResult::NotCompleted:
             break;
     }

@@ -18,9 +18,10 @@ QPageSize UsualPaper();
 /// How printing ended.
 enum class CPrintResult {
     Printed,
-    NoPages,      ///< the report has none of the chosen pages; nothing was opened
-    NotOpened,    ///< the printer or its file does not accept the report
-    NotCompleted  ///< its file could not be written completely; an existing one is unchanged
+    NoPages,       ///< the report has none of the chosen pages; nothing was opened
+    NotOpened,     ///< the printer or its file does not accept the report
+    NotCompleted,  ///< its file could not be written completely; an existing one is unchanged
+    Damaged        ///< the same, but the existing file had to be written in place and is damaged
 };
 
 /// Puts a report on paper. Printers, previews, and PDF files all use this class.

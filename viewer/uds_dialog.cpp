@@ -15,6 +15,7 @@
 #include "viewer/ui_uds_dialog.h"
 #include "viewer/viewer_host.h"
 #include "widgets/make_child.h"
+#include "widgets/messages.h"
 #include "widgets/screen_room.h"
 #include "widgets/take_copy.h"
 
@@ -204,6 +205,9 @@ void CUDSDialog::PrintReport() {
         case CPrintResult::NotCompleted:
             m_host.ShowError(this, viewer_message::FileNotCompleted(file));
             break;
+        case CPrintResult::Damaged:
+            m_host.ShowError(this, widget_message::FileDamaged(file));
+            break;
     }
     m_previewer->Refresh();  // the paper may have changed
 }
@@ -230,9 +234,12 @@ void CUDSDialog::ExportPoints() {
             case ks::CWriteResult::NotCompleted:
                 m_host.ShowError(this, viewer_message::FileNotCompleted(*path));
                 break;
+            case ks::CWriteResult::Damaged:
+                m_host.ShowError(this, widget_message::FileDamaged(*path));
+                break;
         }
     } catch (const std::exception& error) {
-        m_host.ShowError(this, QString::fromUtf8(error.what()));
+        m_host.ShowError(this, widget_message::SentenceOf(error));
     }
 }
 

@@ -1,5 +1,6 @@
 #include "viewer/uds_dialog.h"
 
+#include "tests/support/failing_flush.h"
 #include "tests/support/temp_folder.h"
 #include "tests/support/uds_bytes.h"
 #include "viewer/header_pages.h"
@@ -28,12 +29,12 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <filesystem>
 #include <functional>
 #include <limits>
 #include <memory>
 #include <optional>
 #include <string>
-
 namespace {
 
 QString Text(const std::string& utf8) {
@@ -494,6 +495,15 @@ private slots:
         Export("xyButton", QString("/dev/full"));
         QCOMPARE(m_host->errors, QStringList({"/dev/full could not be written completely. An existing file with this "
                                               "name is unchanged."}));
+    }
+
+    void ADamagedFileIsReported() {
+        const std::string old = m_folder.Write("damaged.txt", "old");
+        std::filesystem::create_hard_link(old, m_folder.Path("another name"));
+        const CFailingFlush failing(kUntilInPlace);
+        Export("xyButton", Text(old));
+        QCOMPARE(m_host->errors, QStringList({Text(old) + " could not be written completely, and the existing file "
+                                                          "with this name is damaged."}));
     }
 
     void AValueThatIsNotFiniteIsRefused() {

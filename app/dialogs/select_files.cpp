@@ -13,6 +13,7 @@
 #include "files/hit_list.h"
 #include "files/replacing_file.h"
 #include "signal/channel_class.h"
+#include "widgets/messages.h"
 #include "widgets/screen_room.h"
 #include "widgets/take_copy.h"
 
@@ -207,6 +208,9 @@ void CSelectFiles::SaveHitList() {
             break;
         case ks::CWriteResult::NotCompleted:
             m_messages.ShowError(this, app_message::kHitListNotCompleted);
+            break;
+        case ks::CWriteResult::Damaged:
+            m_messages.ShowError(this, widget_message::FileDamaged(path));
             break;
     }
 }

@@ -10,11 +10,13 @@
 #include "app/testing/widget_probe.h"
 #include "compare/document_host.h"
 #include "compare/setting_keys.h"
+#include "tests/support/failing_flush.h"
 
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QDir>
+#include <QFile>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMimeData>
@@ -27,10 +29,10 @@
 #include <QUrl>
 
 #include <cstddef>
+#include <filesystem>
 #include <memory>
 #include <utility>
 #include <vector>
-
 namespace {
 
 constexpr const char* kUnreadable = "error|Error|Unable to read Hit list file";
@@ -393,6 +395,22 @@ private slots:
         Button(kSaveHitListId).click();
         QCOMPARE(m_messages.said, QStringList({kUnreadable}));
         QCOMPARE(Files(), QString("first"));
+        QVERIFY(m_store->allKeys().isEmpty());
+    }
+
+    // The sentence was that of an old file that is unchanged.
+    void AHitListThatIsDamagedIsReported() {
+        Open(WithFiles({"first"}));
+        const QString path = m_folder->filePath("list.hit");
+        QFile list(path);
+        QVERIFY(list.open(QIODevice::WriteOnly));
+        std::filesystem::create_hard_link(path.toStdString(), m_folder->filePath("other").toStdString());
+        m_picker.answers = {CPickedFiles{{path}, 1}};
+        const CFailingFlush failing(kUntilInPlace);
+        Button(kSaveHitListId).click();
+        QCOMPARE(m_messages.said, QStringList({"error|Error|" + path +
+                                               " could not be written completely, and the "
+                                               "existing file with this name is damaged."}));
         QVERIFY(m_store->allKeys().isEmpty());
     }
 

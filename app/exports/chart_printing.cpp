@@ -6,6 +6,7 @@
 #include "app/window_services.h"
 #include "chart/chart_control.h"
 #include "files/replacing_file.h"
+#include "widgets/messages.h"
 #include "widgets/pdf_file.h"
 
 #include <QPainter>
@@ -33,7 +34,9 @@ QString PrintFault(CChartControl& chart, QPrinter& printer) {
     if (MakesPdfFile(printer)) {
         const QString path = printer.outputFileName();
         const CPdfForm form{printer.pageLayout(), printer.docName()};
-        if (WritePdfFile(path.toStdString(), form, paint) == ks::CWriteResult::Written) return {};
+        const ks::CWriteResult result = WritePdfFile(path.toStdString(), form, paint);
+        if (result == ks::CWriteResult::Written) return {};
+        if (result == ks::CWriteResult::Damaged) return widget_message::FileDamaged(path);
         return app_message::PlotNotPrintedTo(path);
     }
     if (paint(printer) && printer.printerState() != QPrinter::Error) return {};

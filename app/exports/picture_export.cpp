@@ -7,6 +7,7 @@
 #include "chart/chart_control.h"
 #include "files/file_request.h"
 #include "files/replacing_file.h"
+#include "widgets/messages.h"
 
 #include <optional>
 #include <string>
@@ -34,9 +35,16 @@ QString CPictureExport::Save(CChartControl& chart, CPictureKind kind, QWidget* p
     const std::optional<CPickedFiles> picked = m_services.picker.Pick(parent, PictureRequest(kind, m_folder));
     if (!picked) return {};
     const QString& path = picked->paths.front();
-    if (WritePicture(chart, kind, path.toStdString()) != ks::CWriteResult::Written) {
-        m_services.messages.ShowError(parent, app_message::PlotNotWritten(path));
-        return {};
+    switch (WritePicture(chart, kind, path.toStdString())) {
+        case ks::CWriteResult::Written:
+            break;
+        case ks::CWriteResult::Damaged:
+            m_services.messages.ShowError(parent, widget_message::FileDamaged(path));
+            return {};
+        case ks::CWriteResult::NotOpened:
+        case ks::CWriteResult::NotCompleted:
+            m_services.messages.ShowError(parent, app_message::PlotNotWritten(path));
+            return {};
     }
     m_folder = DriveAndFolder(path).toStdString();
     return app_message::PlotSaved(path);

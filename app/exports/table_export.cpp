@@ -11,6 +11,7 @@
 #include "compare/setting_keys.h"
 #include "files/file_request.h"
 #include "files/replacing_file.h"
+#include "widgets/messages.h"
 
 #include <QClipboard>
 #include <QCoreApplication>
@@ -46,6 +47,9 @@ QString SaveHtmlReport(const CSummaryList& list, const CWindowServices& services
             return {};
         case ks::CWriteResult::NotCompleted:
             services.messages.ShowError(parent, app_message::ReportNotWritten(path));
+            return {};
+        case ks::CWriteResult::Damaged:
+            services.messages.ShowError(parent, widget_message::FileDamaged(path));
             return {};
         case ks::CWriteResult::Written:
             break;

@@ -91,7 +91,8 @@ CExitStatus Status(const COutputs& outputs, bool hasInputFailed, bool isBadFound
 
 void WriteJson(const CCompareOptions& options, CJsonResults& json, COutputs& outputs) {
     if (options.json) {
-        outputs.Write(cli_message::kJsonResults, *options.json, [&] { return json.Finish(options.shouldWritePages); });
+        outputs.WritePieces(cli_message::kJsonResults, *options.json,
+                            [&] { return json.Finish(options.shouldWritePages); });
     }
 }
 
@@ -133,10 +134,14 @@ CExitStatus FinishCompleted(const CCompareOptions& options, const CResults& resu
     COutputs outputs(console);
     outputs.Protect(inputs);
     // Pages may cut the signals, so everything about the run itself is recorded before the first page.
-    const CSummaryTable table = MakeSummaryTable(document.ComputedSignals());
+    CSummaryTable table;
+    const bool hasTable =
+        outputs.Attempt(cli_message::kNoMemoryForTable, [&] { table = MakeSummaryTable(document.ComputedSignals()); });
     CJsonResults json(options, results, document.Reference(), document.ComputedSignals());
-    PrintReports(options, document, table, console);
-    WriteTables(options, table, outputs);
+    if (hasTable) {
+        outputs.Attempt(cli_message::kNoMemoryForTable, [&] { PrintReports(options, document, table, console); });
+        WriteTables(options, table, outputs);
+    }
     if (WantsPages(options)) {
         WritePages(options, document, host, json, outputs);
     }

@@ -1,6 +1,7 @@
 #include "cli/output/json_results.h"
 
 #include "cli/commands/compare_options.h"
+#include "cli/output/json_text.h"
 #include "cli/output/notes.h"
 #include "compare/comparison.h"
 #include "compare/critical_values.h"
@@ -13,9 +14,14 @@
 
 #include <nlohmann/json.hpp>
 
+#include <array>
+#include <concepts>
 #include <cstddef>
+#include <cstdint>
+#include <functional>
 #include <new>
 #include <span>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -23,198 +29,268 @@
 
 namespace {
 
-using Json = nlohmann::ordered_json;
+constexpr int kVersion = 1;
 
-std::string Dump(const Json& json) {
-    return json.dump(-1, ' ', false, Json::error_handler_t::replace);
+void AddMember(CJsonText& text, std::string_view name, std::string_view value) {
+    text.Key(name);
+    text.String(value);
 }
 
-Json SettingsJson(const CCompareOptions& options) {
-    Json settings;
-    settings["cfc"] = options.cfc ? Json(*options.cfc) : Json(nullptr);
-    settings["filterReference"] = options.FiltersReference();
-    settings["window"] = options.window ? Json::array({options.window->min, options.window->max}) : Json(nullptr);
-    settings["corridor"] = options.corridor;
-    Json critical;
-    for (const CCriterion& criterion : Criteria()) {
-        critical[std::string(criterion.name)] = options.critical.*criterion.limit;
+void AddMember(CJsonText& text, std::string_view name, double value) {
+    text.Key(name);
+    text.Real(value);
+}
+
+void AddMember(CJsonText& text, std::string_view name, std::integral auto value) {
+    text.Key(name);
+    text.Integer(value);
+}
+
+/// A member of the whole file, on a line of its own.
+void BeginLine(CJsonText& text, std::string_view name) {
+    text.NewLine();
+    text.Key(name);
+    text.Space(" ");
+}
+
+void AddCriticalValues(CJsonText& text, const CCriticalValues& values) {
+    text.Open('{');
+    for (const CCriterion& criterion : Criteria()) AddMember(text, criterion.name, values.*criterion.limit);
+    text.Close('}');
+}
+
+void AddSettings(CJsonText& text, const CCompareOptions& options) {
+    text.Open('{');
+    text.Key("cfc");
+    options.cfc ? text.Integer(*options.cfc) : text.Null();
+    text.Key("filterReference");
+    text.Bool(options.FiltersReference());
+    text.Key("window");
+    options.window ? text.Reals(std::array{options.window->min, options.window->max}) : text.Null();
+    AddMember(text, "corridor", options.corridor);
+    text.Key("critical");
+    AddCriticalValues(text, options.critical);
+    text.Close('}');
+}
+
+void AddNoteMembers(CJsonText& text, const CNote& note) {
+    AddMember(text, "kind", NameOf(note.kind));
+    AddMember(text, "text", note.sentence);
+}
+
+void AddNoteList(CJsonText& text, const std::vector<CNote>& notes) {
+    text.Open('[');
+    for (const CNote& note : notes) {
+        text.Open('{');
+        AddNoteMembers(text, note);
+        text.Close('}');
     }
-    settings["critical"] = std::move(critical);
-    return settings;
-}
-
-Json NoteJson(const CNote& note) {
-    Json json;
-    json["kind"] = NameOf(note.kind);
-    json["text"] = note.sentence;
-    return json;
+    text.Close(']');
 }
 
 // A run without notes has no such member, so programs written before there were notes read its results unchanged.
-void AddNotes(Json& json, const std::vector<CNote>& notes) {
-    for (const CNote& note : notes) json["notes"].push_back(NoteJson(note));
+void AddNotes(CJsonText& text, const std::vector<CNote>& notes) {
+    if (notes.empty()) return;
+    text.Key("notes");
+    AddNoteList(text, notes);
 }
 
-Json ReferenceJson(const CSignal& reference) {
+void AddNotes(CJsonText& text, const std::vector<CPageNote>& notes) {
+    if (notes.empty()) return;
+    text.Key("notes");
+    text.Open('[');
+    for (const CPageNote& note : notes) {
+        text.Open('{');
+        AddMember(text, "signal", note.signal);
+        AddNoteMembers(text, note.note);
+        text.Close('}');
+    }
+    text.Close(']');
+}
+
+void AddReference(CJsonText& text, const CSignal& reference) {
     const ks::CNSignal& record = reference.Record();
-    Json json;
-    json["path"] = reference.GetPath();
-    json["pointCount"] = record.GetPointCount();
-    json["timeStep"] = record.Getdelt();
-    json["xUnits"] = record.GetXUNITS();
-    json["yUnits"] = record.GetYUNITS();
-    json["warnings"] = record.GetWarnings();
-    AddNotes(json, reference.Notes());
-    return json;
+    text.Open('{');
+    AddMember(text, "path", reference.GetPath());
+    AddMember(text, "pointCount", record.GetPointCount());
+    AddMember(text, "timeStep", record.Getdelt());
+    AddMember(text, "xUnits", record.GetXUNITS());
+    AddMember(text, "yUnits", record.GetYUNITS());
+    text.Key("warnings");
+    text.Strings(record.GetWarnings());
+    AddNotes(text, reference.Notes());
+    text.Close('}');
 }
 
-Json MeasuresJson(const CComparison& measures) {
-    Json json;
-    json["meanSquareResidual"] = measures.GetMeanSquareResidual();
-    json["computedPeak"] = measures.GetComputedPeak();
-    json["referencePeak"] = measures.GetReferencePeak();
-    json["computedMaximum"] = measures.GetComputedMaximum();
-    json["referenceMaximum"] = measures.GetReferenceMaximum();
-    json["computedMinimum"] = measures.GetComputedMinimum();
-    json["referenceMinimum"] = measures.GetReferenceMinimum();
-    json["residualStandardDeviation"] = measures.GetResidualStandardDeviation();
-    json["residualSum"] = measures.GetResidualSum();
-    json["residualSumOfSquares"] = measures.GetResidualSumOfSquares();
-    json["percentOutsideCorridor"] = measures.GetPercentOutsideCorridor();
-    json["pointCount"] = measures.GetPointCount();
-    json["momentDifferences"] = measures.GetMomentDifferences();
-    json["correlationFactor"] = measures.GetCorrelationFactor();
-    json["magnitudeError"] = measures.GetMagnitudeError();
-    json["phaseError"] = measures.GetPhaseError();
-    json["comprehensiveError"] = measures.GetComprehensiveError();
-    json["tStatistic"] = measures.GetTStatistic();
-    json["minimumTime"] = measures.GetMinimumTime();
-    json["maximumTime"] = measures.GetMaximumTime();
-    json["corridorSize"] = measures.GetCorridorSize();
-    return json;
+void AddMeasures(CJsonText& text, const CComparison& measures) {
+    text.Open('{');
+    AddMember(text, "meanSquareResidual", measures.GetMeanSquareResidual());
+    AddMember(text, "computedPeak", measures.GetComputedPeak());
+    AddMember(text, "referencePeak", measures.GetReferencePeak());
+    AddMember(text, "computedMaximum", measures.GetComputedMaximum());
+    AddMember(text, "referenceMaximum", measures.GetReferenceMaximum());
+    AddMember(text, "computedMinimum", measures.GetComputedMinimum());
+    AddMember(text, "referenceMinimum", measures.GetReferenceMinimum());
+    AddMember(text, "residualStandardDeviation", measures.GetResidualStandardDeviation());
+    AddMember(text, "residualSum", measures.GetResidualSum());
+    AddMember(text, "residualSumOfSquares", measures.GetResidualSumOfSquares());
+    AddMember(text, "percentOutsideCorridor", measures.GetPercentOutsideCorridor());
+    AddMember(text, "pointCount", measures.GetPointCount());
+    text.Key("momentDifferences");
+    text.Reals(measures.GetMomentDifferences());
+    AddMember(text, "correlationFactor", measures.GetCorrelationFactor());
+    AddMember(text, "magnitudeError", measures.GetMagnitudeError());
+    AddMember(text, "phaseError", measures.GetPhaseError());
+    AddMember(text, "comprehensiveError", measures.GetComprehensiveError());
+    AddMember(text, "tStatistic", measures.GetTStatistic());
+    AddMember(text, "minimumTime", measures.GetMinimumTime());
+    AddMember(text, "maximumTime", measures.GetMaximumTime());
+    AddMember(text, "corridorSize", measures.GetCorridorSize());
+    text.Close('}');
 }
 
-Json SignalJson(const CSignal& signal, std::span<const CSummaryColumn> summaryColumns) {
-    Json json;
-    json["path"] = signal.GetPath();
-    json["referenceName"] = signal.GetReferenceName();
-    json["pointCount"] = signal.GetPointCount();
-    json["warnings"] = signal.Record().GetWarnings();
-    AddNotes(json, signal.Notes());
-    json["measures"] = MeasuresJson(signal.Comparison());
-    Json columns = Json::array();
-    Json verdicts = Json::array();
-    for (const CSummaryColumn& column : summaryColumns) {
-        if (!column.isFixed) continue;
-        columns.push_back(column.text(signal));
-        verdicts.push_back(VerdictName(Judge(column, signal)));
+void AddColumns(CJsonText& text, const CSignal& signal, std::span<const CSummaryColumn> columns) {
+    text.Key("columns");
+    text.Open('[');
+    for (const CSummaryColumn& column : columns) {
+        if (column.isFixed) text.String(column.text(signal));
     }
-    json["columns"] = std::move(columns);
-    json["verdicts"] = std::move(verdicts);
-    return json;
-}
-
-// A page's own members, without its series.
-Json PageJson(const CPageView& page, bool hasChart) {
-    Json json;
-    json["id"] = page.id;
-    json["name"] = PageName(page.id);
-    json["built"] = !page.error.has_value() && (!hasChart || !page.series.empty());
-    json["error"] = page.error ? Json(*page.error) : Json(nullptr);
-    json["xTitle"] = page.block.xTitle;
-    json["yTitle"] = page.block.yTitle;
-    json["pointCount"] = hasChart ? page.block.pointCount : 0;
-    json["seriesCount"] = hasChart ? page.block.seriesCount : 0;
-    for (const CPageNote& note : page.notes) {
-        Json item;
-        item["signal"] = note.signal;
-        item.update(NoteJson(note.note));
-        json["notes"].push_back(std::move(item));
+    text.Close(']');
+    text.Key("verdicts");
+    text.Open('[');
+    for (const CSummaryColumn& column : columns) {
+        if (column.isFixed) text.String(VerdictName(Judge(column, signal)));
     }
-    return json;
+    text.Close(']');
 }
 
-Json SeriesJson(const CPageView& page, std::size_t index) {
-    Json json;
-    json["name"] = index < page.names.size() ? page.names[index] : std::string();
-    json["x"] = page.series[index]->GetX();
-    json["y"] = page.series[index]->GetY();
-    return json;
+void AddSignal(CJsonText& text, const CSignal& signal, std::span<const CSummaryColumn> columns) {
+    text.Open('{');
+    AddMember(text, "path", signal.GetPath());
+    AddMember(text, "referenceName", signal.GetReferenceName());
+    AddMember(text, "pointCount", signal.GetPointCount());
+    text.Key("warnings");
+    text.Strings(signal.Record().GetWarnings());
+    AddNotes(text, signal.Notes());
+    text.Key("measures");
+    AddMeasures(text, signal.Comparison());
+    AddColumns(text, signal, columns);
+    text.Close('}');
 }
 
-void AppendMember(std::string& text, std::string_view name, std::string_view value) {
-    text += text.empty() ? "{\n\"" : ",\n\"";
-    text += name;
-    text += "\": ";
-    text += value;
+void AddSeries(CJsonText& text, const CPageView& page, std::size_t index) {
+    text.Open('{');
+    AddMember(text, "name", index < page.names.size() ? std::string_view(page.names[index]) : std::string_view());
+    text.Key("x");
+    text.Reals(page.series[index]->GetX());
+    text.Key("y");
+    text.Reals(page.series[index]->GetY());
+    text.Close('}');
 }
 
-void AppendItem(std::string& items, const std::string& item) {
-    items += items.empty() ? "\n  " : ",\n  ";
-    items += item;
+void AddPageMembers(CJsonText& text, const CPageView& page) {
+    // The summary page keeps the chart block of the page before it; it has no curves of its own.
+    const bool hasChart = HasChart(page.id);
+    AddMember(text, "id", page.id);
+    AddMember(text, "name", PageName(page.id));
+    text.Key("built");
+    text.Bool(!page.error.has_value() && (!hasChart || !page.series.empty()));
+    text.Key("error");
+    page.error ? text.String(*page.error) : text.Null();
+    AddMember(text, "xTitle", page.block.xTitle);
+    AddMember(text, "yTitle", page.block.yTitle);
+    AddMember(text, "pointCount", hasChart ? page.block.pointCount : 0);
+    AddMember(text, "seriesCount", hasChart ? page.block.seriesCount : 0);
+    AddNotes(text, page.notes);
+    text.Key("series");
+    text.Open('[');
+    for (std::size_t j = 0; hasChart && j < page.series.size(); ++j) AddSeries(text, page, j);
+    text.Close(']');
 }
 
 }  // namespace
 
 CJsonResults::CJsonResults(const CCompareOptions& options, const CResults& results, const CSignal& reference,
                            const std::vector<CSignal>& signalList, std::span<const CSummaryColumn> columns) {
-    AppendMember(m_text, "format", "\"quorvel-compare\"");
-    AppendMember(m_text, "version", "1");
-    AppendMember(m_text, "settings", Dump(SettingsJson(options)));
-    AppendMember(m_text, "errors", Dump(Json(results.errors)));
-    AppendMember(m_text, "referenceErrors", Dump(Json(results.referenceErrors)));
-    Json run;
-    AddNotes(run, results.notes);
-    if (!run.empty()) AppendMember(m_text, "notes", Dump(run["notes"]));
-    AppendMember(m_text, "reference", Dump(ReferenceJson(reference)));
-    AppendMember(m_text, "pageList", Dump(Json(results.pageList)));
-    std::string items;
-    for (const CSignal& signal : signalList) AppendItem(items, Dump(SignalJson(signal, columns)));
-    AppendMember(m_text, "signals", "[" + items + "]");
+    Attempt([&] { AddRun(options, results, reference, signalList, columns); });
+}
+
+void CJsonResults::AddRun(const CCompareOptions& options, const CResults& results, const CSignal& reference,
+                          const std::vector<CSignal>& signalList, std::span<const CSummaryColumn> columns) {
+    m_text.Open('{');
+    BeginLine(m_text, "format");
+    m_text.String("quorvel-compare");
+    BeginLine(m_text, "version");
+    m_text.Integer(kVersion);
+    BeginLine(m_text, "settings");
+    AddSettings(m_text, options);
+    BeginLine(m_text, "errors");
+    m_text.Strings(results.errors);
+    BeginLine(m_text, "referenceErrors");
+    m_text.Strings(results.referenceErrors);
+    if (!results.notes.empty()) {
+        BeginLine(m_text, "notes");
+        AddNoteList(m_text, results.notes);
+    }
+    BeginLine(m_text, "reference");
+    AddReference(m_text, reference);
+    BeginLine(m_text, "pageList");
+    m_text.Open('[');
+    for (const std::int32_t page : results.pageList) m_text.Integer(page);
+    m_text.Close(']');
+    BeginLine(m_text, "signals");
+    m_text.Open('[');
+    for (const CSignal& signal : signalList) {
+        m_text.NewLine("  ");
+        AddSignal(m_text, signal, columns);
+    }
+    m_text.Close(']');
 }
 
 void CJsonResults::BeginPages() {
-    if (!m_isInPages) {
-        AppendMember(m_text, "pages", "[");
-        m_isInPages = true;
-    }
+    if (m_isInPages) return;
+    BeginLine(m_text, "pages");
+    m_text.Open('[');
+    m_isInPages = true;
 }
 
 void CJsonResults::AddPage(const CPageView& page) {
-    if (m_isTooLong) return;
-    try {
-        AppendPage(page);
-    } catch (const std::bad_alloc&) {
-        // The other outputs are still to be made, and can use the memory.
-        m_isTooLong = true;
-        m_text = std::string();
-    }
+    Attempt([&] {
+        BeginPages();
+        m_text.NewLine("  ");
+        m_text.Open('{');
+        AddPageMembers(m_text, page);
+        m_text.Close('}');
+    });
 }
 
-void CJsonResults::AppendPage(const CPageView& page) {
-    BeginPages();
-    m_text += m_hasPage ? ",\n  " : "\n  ";
-    m_hasPage = true;
-    // The summary page keeps the chart block of the page before it; it has no curves of its own.
-    const bool hasChart = HasChart(page.id);
-    m_text += Dump(PageJson(page, hasChart));
-    m_text.back() = ',';  // in place of the closing brace
-    m_text += "\"series\":[";
-    for (std::size_t j = 0; hasChart && j < page.series.size(); ++j) {
-        m_text += j == 0 ? "" : ",";
-        m_text += Dump(SeriesJson(page, j));
-    }
-    m_text += "]}";
+void CJsonResults::GiveUp() noexcept {
+    m_isTooLong = true;
+    m_text = CJsonText();
 }
 
-std::string CJsonResults::Finish(bool shouldShowPages) {
+std::vector<std::string> CJsonResults::Finish(bool shouldShowPages) {
     if (m_isTooLong) throw std::bad_alloc();
     if (shouldShowPages) {
         BeginPages();
-        m_text += ']';
+        m_text.Close(']');
     }
-    m_text += "\n}\n";
-    return std::move(m_text);
+    m_text.Space("\n");
+    m_text.Close('}');
+    m_text.Space("\n");
+    return m_text.Take();
+}
+
+/// Too little memory ends the text, not the command: the other outputs are still to be made, and can use the memory.
+void CJsonResults::Attempt(const std::function<void()>& add) {
+    if (m_isTooLong) return;
+    try {
+        add();
+    } catch (const std::bad_alloc&) {
+        GiveUp();
+    } catch (const std::length_error&) {  // more than any memory holds
+        GiveUp();
+    }
 }
 
 std::string_view VerdictName(CVerdict verdict) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "cli/commands/compare_options.h"
+#include "cli/output/json_text.h"
 #include "cli/output/notes.h"
 #include "compare/chart_block.h"
 #include "compare/note.h"
@@ -10,6 +11,7 @@
 #include "compare/verdict.h"
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <span>
 #include <string>
@@ -38,25 +40,29 @@ struct CPageView {
 ///
 /// One line per member, signal and page, so that two files can be compared by eye. Numbers read back bit for bit,
 /// numbers that are not finite are null, and bytes that are not UTF-8 appear as U+FFFD. Members are added in the order
-/// of the functions below; series are added one at a time, so a long page list needs little memory apart from
-/// the text itself.
+/// of the functions below. A text that needs more memory than there is gets lost, and only that text: none of the
+/// functions but Finish throws then.
 class CJsonResults {
 public:
     CJsonResults(const CCompareOptions& options, const CResults& results, const CSignal& reference,
                  const std::vector<CSignal>& signalList, std::span<const CSummaryColumn> columns = SummaryColumns());
 
     void AddPage(const CPageView& page);
-    /// Ends the text. `shouldShowPages` adds the member "pages", empty when no page was added.
+    /// Drops the text: a page could not be made for lack of memory, and without it the text would mislead.
+    void GiveUp() noexcept;
+    /// Ends the text and returns its pieces, in order. `shouldShowPages` adds the member "pages", empty when no page
+    /// was added.
     /// @throws std::bad_alloc when there was not enough memory for the text, here or in an earlier call
-    std::string Finish(bool shouldShowPages);
+    std::vector<std::string> Finish(bool shouldShowPages);
 
 private:
+    void AddRun(const CCompareOptions& options, const CResults& results, const CSignal& reference,
+                const std::vector<CSignal>& signalList, std::span<const CSummaryColumn> columns);
     void BeginPages();
-    void AppendPage(const CPageView& page);
+    void Attempt(const std::function<void()>& add);
 
-    std::string m_text;
+    CJsonText m_text;
     bool m_isInPages = false;
-    bool m_hasPage = false;
     bool m_isTooLong = false;
 };
 

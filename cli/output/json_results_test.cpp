@@ -25,9 +25,16 @@ namespace {
 
 using nlohmann::json;
 
+/// The whole text; `results` is finished.
+std::string Text(CJsonResults results, bool shouldShowPages) {
+    std::string text;
+    for (const std::string& piece : results.Finish(shouldShowPages)) text += piece;
+    return text;
+}
+
 json Read(const CCompareOptions& options, const CResults& results, const CSignal& reference,
           const std::vector<CSignal>& signalList) {
-    return json::parse(CJsonResults(options, results, reference, signalList).Finish(false));
+    return json::parse(Text(CJsonResults(options, results, reference, signalList), false));
 }
 
 CSignal SignalOf(const std::string& path, std::vector<double> y) {
@@ -42,7 +49,7 @@ CSignal SignalOf(const std::string& path, std::vector<double> y) {
 
 TEST(JsonResults, AreInOrderOneMemberPerLine) {
     EXPECT_EQ(
-        CJsonResults({}, {{"e"}, {"r"}, {1, 7}}, CSignal("ref"), {}).Finish(false),
+        Text(CJsonResults({}, {{"e"}, {"r"}, {1, 7}}, CSignal("ref"), {}), false),
         "{\n"
         "\"format\": \"quorvel-compare\",\n"
         "\"version\": 1,\n"
@@ -78,7 +85,7 @@ TEST(JsonResults, KeepEveryBitOfANumberAndShowNullForNone) {
     const std::vector<std::string> names = {"name"};
     CJsonResults results({}, {}, {}, {});
     results.AddPage({7, std::nullopt, block, series, names});
-    const json one = json::parse(results.Finish(true)).at("pages").at(0).at("series").at(0);
+    const json one = json::parse(Text(results, true)).at("pages").at(0).at("series").at(0);
     EXPECT_EQ(one.at("name"), "name");
     for (std::size_t i = 0; i < 5; ++i) {
         const double read = one.at("y").at(i).get<double>();
@@ -121,8 +128,8 @@ TEST(JsonResults, ShowASignalWithTextsAndVerdicts) {
 TEST(JsonResults, LeaveOutColumnsThatAreNotFixed) {
     const std::vector<CSummaryColumn> columns = ColumnsWithExtra(), fixed = FixedColumns();
     const CSignal signal = SignalOf("path", {0.0, 2.0, 4.0, 2.0, 0.0});
-    const std::string text = CJsonResults({}, {}, signal, {signal}, columns).Finish(false);
-    EXPECT_EQ(text, CJsonResults({}, {}, signal, {signal}, fixed).Finish(false));
+    const std::string text = Text(CJsonResults({}, {}, signal, {signal}, columns), false);
+    EXPECT_EQ(text, Text(CJsonResults({}, {}, signal, {signal}, fixed), false));
     EXPECT_EQ(json::parse(text).at("signals").at(0).at("columns").size(), 16U);
     EXPECT_EQ(json::parse(text).at("signals").at(0).at("verdicts").size(), 16U);
 }
@@ -133,7 +140,7 @@ TEST(JsonResults, ShowTheSummaryPageWithoutCurvesWhateverTheChartBlockHolds) {
     block.seriesCount = 2;
     CJsonResults results({}, {}, {}, {});
     results.AddPage({1, std::nullopt, block, {boost::make_shared<ks::CNSignal>()}, {}});
-    const json page = json::parse(results.Finish(true)).at("pages").at(0);
+    const json page = json::parse(Text(results, true)).at("pages").at(0);
     EXPECT_EQ(page.at("name"), "Summary");
     EXPECT_EQ(page.at("pointCount"), 0);
     EXPECT_EQ(page.at("seriesCount"), 0);
@@ -145,7 +152,7 @@ TEST(JsonResults, ShowTheSummaryPageWithoutCurvesWhateverTheChartBlockHolds) {
 TEST(JsonResults, ShowAPageThatCouldNotBeBuilt) {
     CJsonResults results({}, {}, {}, {});
     results.AddPage({11, "Why", {}, {}, {}});
-    const json page = json::parse(results.Finish(true)).at("pages").at(0);
+    const json page = json::parse(Text(results, true)).at("pages").at(0);
     EXPECT_EQ(page.at("built"), false);
     EXPECT_EQ(page.at("error"), "Why");
 }
@@ -153,7 +160,7 @@ TEST(JsonResults, ShowAPageThatCouldNotBeBuilt) {
 TEST(JsonResults, ShowAChartPageWithoutSeriesAsNotBuilt) {
     CJsonResults results({}, {}, {}, {});
     results.AddPage({6, std::nullopt, {}, {}, {}});
-    const json page = json::parse(results.Finish(true)).at("pages").at(0);
+    const json page = json::parse(Text(results, true)).at("pages").at(0);
     EXPECT_EQ(page.at("built"), false);
     EXPECT_TRUE(page.at("error").is_null());
 }
@@ -171,7 +178,7 @@ TEST(JsonResults, ShowNotesNextToTheWarnings) {
     CPageView page{6, std::nullopt, block, series, names};
     page.notes.push_back({3, {CNoteKind::CutByPage, "V."}});
     results.AddPage(page);
-    const std::string text = results.Finish(true);
+    const std::string text = Text(results, true);
 
     EXPECT_THAT(text,
                 testing::HasSubstr("\"referenceErrors\": [],\n\"notes\": [{\"kind\":\"average-is-first\",\"text\":"
@@ -185,8 +192,8 @@ TEST(JsonResults, ShowNotesNextToTheWarnings) {
 }
 
 TEST(JsonResults, HavePagesOnlyWhenAsked) {
-    EXPECT_FALSE(json::parse(CJsonResults({}, {}, {}, {}).Finish(false)).contains("pages"));
-    EXPECT_EQ(json::parse(CJsonResults({}, {}, {}, {}).Finish(true)).at("pages"), json::array());
+    EXPECT_FALSE(json::parse(Text(CJsonResults({}, {}, {}, {}), false)).contains("pages"));
+    EXPECT_EQ(json::parse(Text(CJsonResults({}, {}, {}, {}), true)).at("pages"), json::array());
 }
 
 }  // namespace

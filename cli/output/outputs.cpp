@@ -13,6 +13,7 @@
 #include <string>
 #include <string_view>
 #include <system_error>
+#include <vector>
 
 void COutputs::Write(std::string_view what, const std::string& path, std::string_view text) {
     if (path == kStandardOutput) {
@@ -26,14 +27,35 @@ void COutputs::Write(std::string_view what, const std::string& path, const std::
     Attempt(what, path, [&] { Write(what, path, make()); });
 }
 
+void COutputs::WritePieces(std::string_view what, const std::string& path,
+                           const std::function<std::vector<std::string>()>& make) {
+    Attempt(what, path, [&] {
+        const std::vector<std::string> pieces = make();
+        if (path == kStandardOutput) {
+            for (const std::string& piece : pieces) m_console.Print(piece);
+            return;
+        }
+        const ks::FileMaker putAll = [&pieces](ks::CFileSink& sink) {
+            for (const std::string& piece : pieces) sink.Put(piece);
+        };
+        Note(what, path, ks::WriteFile(path, putAll));
+    });
+}
+
 void COutputs::Attempt(std::string_view what, const std::string& path, const std::function<void()>& work) {
+    Attempt(cli_message::NoMemoryToWrite(what, path), work);
+}
+
+bool COutputs::Attempt(std::string_view sentence, const std::function<void()>& work) {
     try {
         work();
+        return true;
     } catch (const std::bad_alloc&) {
-        Fail(cli_message::NoMemoryToWrite(what, path));
+        Fail(std::string(sentence));
     } catch (const std::length_error&) {  // more than any memory holds
-        Fail(cli_message::NoMemoryToWrite(what, path));
+        Fail(std::string(sentence));
     }
+    return false;
 }
 
 void COutputs::Note(std::string_view what, const std::string& path, ks::CWriteResult result) {
@@ -45,6 +67,9 @@ void COutputs::Note(std::string_view what, const std::string& path, ks::CWriteRe
             return;
         case ks::CWriteResult::NotCompleted:
             Fail(cli_message::NotCompleted(what, path));
+            return;
+        case ks::CWriteResult::Damaged:
+            Fail(cli_message::FileDamaged(what, path));
             return;
     }
 }

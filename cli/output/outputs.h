@@ -23,8 +23,13 @@ public:
     void Write(std::string_view what, const std::string& path, std::string_view text);
     /// The same for a text that is made here, within Attempt.
     void Write(std::string_view what, const std::string& path, const std::function<std::string()>& make);
+    /// The same for a text in pieces, which are never put together in memory.
+    void WritePieces(std::string_view what, const std::string& path,
+                     const std::function<std::vector<std::string>()>& make);
     /// Makes and writes an output; too little memory for it is a failure with its own sentence.
     void Attempt(std::string_view what, const std::string& path, const std::function<void()>& work);
+    /// Runs `work`; too little memory for it is a failure with this sentence, and the result is then false.
+    bool Attempt(std::string_view sentence, const std::function<void()>& work);
     /// Records how a file was written elsewhere.
     void Note(std::string_view what, const std::string& path, ks::CWriteResult result);
     /// Names the files that no output may replace: a measurement may exist only once.

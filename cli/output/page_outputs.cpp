@@ -97,6 +97,18 @@ void TellNotes(const CQuorvelDoc& document, const std::vector<CPageNote>& notes,
     }
 }
 
+/// Selects the page and returns what the results file shows of it.
+CPageView ShowPage(std::int32_t pageId, CQuorvelDoc& document, CCliHost& host) {
+    host.NameSource(cli_message::PageSource(pageId, PageName(pageId)));
+    const CPageNotes pageNotes(document);
+    document.SelectPage(pageId);
+    const std::vector<CPageNote> notes = pageNotes.Added();
+    TellNotes(document, notes, host);
+    const std::vector<std::string> shown = host.TakeShownMessages();
+    const auto error = shown.empty() ? std::nullopt : std::optional<std::string>(shown.front());
+    return {pageId, error, document.ChartBlock(), document.Series(), document.SeriesNames(), notes};
+}
+
 }  // namespace
 
 bool WantsPages(const CCompareOptions& options) {
@@ -115,22 +127,13 @@ void WritePages(const CCompareOptions& options, CQuorvelDoc& document, CCliHost&
     }
     host.TakeShownMessages();
     for (const std::int32_t pageId : document.PageList()) {
-        host.NameSource(cli_message::PageSource(pageId, PageName(pageId)));
-        const CPageNotes pageNotes(document);
-        document.SelectPage(pageId);
-        const std::vector<CPageNote> notes = pageNotes.Added();
-        TellNotes(document, notes, host);
-        const std::vector<std::string> shown = host.TakeShownMessages();
-        if (options.shouldWritePages) {
-            const auto error = shown.empty() ? std::nullopt : std::optional<std::string>(shown.front());
-            json.AddPage({pageId, error, document.ChartBlock(), document.Series(), document.SeriesNames(), notes});
-        }
-        if (hasAscii) {
-            WriteAsciiPage(*options.asciiFolder, document, pageId, outputs);
-        }
-        if (uds) {
-            uds->Write(document, pageId);
-        }
+        const bool isMade = outputs.Attempt(cli_message::NoMemoryForPage(pageId), [&] {
+            const CPageView page = ShowPage(pageId, document, host);
+            if (options.shouldWritePages) json.AddPage(page);
+            if (hasAscii) WriteAsciiPage(*options.asciiFolder, document, pageId, outputs);
+            if (uds) uds->Write(document, pageId);
+        });
+        if (!isMade) json.GiveUp();
     }
     if (uds) {
         uds->RemoveOlder();

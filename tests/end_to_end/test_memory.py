@@ -2,6 +2,7 @@
 
 import os
 import resource
+import shutil
 import unittest
 
 from support import CLI, EndToEndTest, uds
@@ -60,8 +61,7 @@ class Outputs(LimitedTest):
                     os.remove(self.folder / name)
             run = self.compare_within(megabytes, "--json", "out.json", "--pages", "--html", "out.html", "--csv",
                                       "out.csv", "--ascii", "ascii")
-            for word in (b"bad_alloc", b"std::", b"length_error", b"terminate"):
-                self.assertNotIn(word, run.err, megabytes)
+            self.assertOnlySentences(run, megabytes)
             self.assertIn(run.status, (0, 4), (megabytes, run.complaints))
             if run.status == 4:
                 failed += 1
@@ -72,6 +72,57 @@ class Outputs(LimitedTest):
             finished += run.status == 0 and run.err == b""
         self.assertGreater(failed, 1)
         self.assertGreater(finished, 1)
+
+    # The JSON's arrays asked for memory while they were destroyed, which ended the program.
+    def test_long_curves_leave_the_other_outputs(self):
+        for name, factor in (("r", 1), ("a", 2)):
+            self.write(name, b"".join(b"%.4f %d.25\n" % (i / 8192, factor * ((7 * i) % 11 - 5)) for i in range(60000)))
+        statuses = set()
+        run = self.compare_one
+        least = self.least(run)
+        for megabytes in range(least, least + 40, 4):
+            shutil.rmtree(self.folder / "out", ignore_errors=True)
+            os.mkdir(self.folder / "out")
+            outcome = run(megabytes, "--json", "out/json", "--pages", "--html", "out/html", "--csv", "out/csv",
+                          "--ascii", "out/ascii", "--uds", "out/uds")
+            self.assertOnlySentences(outcome, megabytes)
+            self.assertIn(outcome.status, (0, 4), (megabytes, outcome.complaints))
+            statuses.add(outcome.status)
+            self.assertEqual((self.folder / "out/json").exists(), "The JSON results" not in outcome.complaints)
+            for name in ("html", "csv", "ascii/page-2.txt", "ascii/page-11.txt"):
+                self.assertTrue((self.folder / "out" / name).exists(), (megabytes, name))
+        self.assertEqual(statuses, {0, 4})
+
+    # The message about too little memory needed memory, and the results were lost with it.
+    def test_many_signals_leave_the_results_of_a_stopped_run(self):
+        wave = uds([float((7 * i) % 11 - 5) for i in range(1500)], STEP)
+        os.mkdir(self.folder / "many")
+        names = [self.write(f"many/{i}", wave) for i in range(1000)]
+        self.write("list", "".join(f"{name}\r\n" for name in names).encode())
+        least = self.least(self.compare_one)
+        stopped = 0
+        for megabytes in range(least, least + 144, 24):
+            (self.folder / "out.json").unlink(missing_ok=True)
+            outcome = self.compare_one(megabytes, "--json", "out.json", "--hit-list", "list")
+            self.assertOnlySentences(outcome, megabytes)
+            self.assertIn(outcome.status, (0, 3, 4), (megabytes, outcome.complaints))
+            is_written = "out.json" in self.names()
+            self.assertTrue(is_written or outcome.complaints.endswith(JSON), outcome.complaints)
+            if not is_written:
+                continue
+            errors = self.parse(self.read("out.json"))["errors"]
+            self.assertEqual(errors != [], outcome.status == 3)
+            for error in errors:
+                self.assertIn("There is not enough memory", error)
+            stopped += outcome.status == 3
+        self.assertGreater(stopped, 1)
+
+    def compare_one(self, megabytes, *arguments):
+        return self.run_within(megabytes, "compare", "--quiet", "--reference", "r", *arguments, "a")
+
+    def assertOnlySentences(self, run, megabytes):
+        for word in (b"bad_alloc", b"std::", b"length_error", b"terminate"):
+            self.assertNotIn(word, run.err, megabytes)
 
 
 class SingleFiles(LimitedTest):
