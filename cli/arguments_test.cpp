@@ -24,7 +24,7 @@ constexpr std::array<COptionDeclaration, 5> kDeclarations = {{
 }};
 
 CArguments Parsed(const Texts& arguments) {
-    return CArguments(kDeclarations, arguments);
+    return {kDeclarations, arguments};
 }
 
 TEST(Arguments, TellsOptionsValuesAndFilesApart) {

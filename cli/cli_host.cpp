@@ -37,6 +37,7 @@ std::optional<CFileSelection> CCliHost::SelectFiles(const CFileSelection& offere
 // Without the paths: separate sentences after the run name the files that could not be read.
 void CCliHost::ShowErrorList(const std::vector<CRunMessage>& messages) {
     std::vector<std::string> sentences;
+    sentences.reserve(messages.size());
     for (const CRunMessage& message : messages) sentences.push_back(message.text);
     ShowSentences(sentences);
 }
@@ -87,7 +88,7 @@ void CCliHost::Progress(std::size_t done, std::size_t total, const std::string& 
 
 void CCliHost::TellMore(std::string_view text) {
     if (m_options.verbosity == CVerbosity::Verbose) {
-        m_console.Note(text);
+        m_console.PrintLine(text);
     }
 }
 

@@ -107,7 +107,7 @@ CExitStatus RunCommand(const CSubcommand& command, const std::vector<std::string
         return command.run(arguments, console);
     } catch (const CUsageError& error) {
         console.Complain(error.what());
-        console.Note(cli_message::TryHelp(command.name));
+        console.PrintLine(cli_message::TryHelp(command.name));
         return CExitStatus::Usage;
     }
 }
@@ -127,7 +127,7 @@ CExitStatus Dispatch(const std::vector<std::string>& arguments, CConsole& consol
         return PrintAndFinish(console, ManualPage());
     }
     console.Complain(arguments.empty() ? std::string(cli_message::kNoCommand) : cli_message::UnknownCommand(first));
-    console.Note(cli_message::TryHelp({}));
+    console.PrintLine(cli_message::TryHelp({}));
     return CExitStatus::Usage;
 }
 

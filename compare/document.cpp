@@ -182,6 +182,7 @@ void CQuorvelDoc::ReserveMatrices(std::int64_t cellCount) {
 
 std::vector<std::string> CQuorvelDoc::ErrorMessages() const {
     std::vector<std::string> sentences;
+    sentences.reserve(m_errors.size());
     for (const CRunMessage& message : m_errors) sentences.push_back(message.text);
     return sentences;
 }

@@ -22,9 +22,9 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
 
-constexpr double kOneTen = 0.0001;                                // the step of a reference that has none
-constexpr double kSmallestStep = 9.999999747378752e-05;           // 0.0001 in single precision
-constexpr double kClass60 = static_cast<double>(100.0000000002);  // 60 * 1.66666666667
+constexpr double kOneTen = 0.0001;                       // the step of a reference that has none
+constexpr double kSmallestStep = 9.999999747378752e-05;  // 0.0001 in single precision
+constexpr double kClass60 = 100.0000000002;              // 60 * 1.66666666667
 const std::vector<std::int32_t> kAccelerationPages{1, 7, 8, 9, 4, 3, 5, 6, 10, 11};
 const std::vector<std::int32_t> kOtherPages{1, 2, 4, 3, 5, 6, 10, 11};
 

@@ -5,11 +5,12 @@
 #include <cstdint>
 #include <cstdlib>
 #include <functional>
+#include <numbers>
 #include <string>
 
 namespace {
 
-constexpr double kPi = 3.14159265358979323846;
+constexpr double kPi = std::numbers::pi;
 
 double Pulse(int series, double x) {
     const double end = 0.09 + 0.004 * (series % 7);

@@ -222,7 +222,7 @@ private:
 
     [[nodiscard]] const Object& At(unsigned slot) const {
         Require(slot < m_objects.size() && m_objects[slot], "A slot without an object is used.");
-        return *m_objects[slot];
+        return m_objects[slot].value();
     }
 
     void Select(unsigned slot) { m_selected[At(slot).index()] = slot; }
@@ -277,7 +277,7 @@ private:
     }
 
     void ReadText(CCursor& record) {
-        const CFont& font = Selected<CFont>(2);
+        const auto& font = Selected<CFont>(2);
         CReadText text;
         text.baseline.y = record.I16();
         text.baseline.x = record.I16();

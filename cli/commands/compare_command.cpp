@@ -52,11 +52,8 @@ std::vector<std::string> AllInputs(const CCompareOptions& options, std::vector<s
 
 void RefuseOverwritingInputs(const CCompareOptions& options, const std::vector<std::string>& inputs) {
     for (const std::optional<std::string>& output : {options.html, options.json, options.csv}) {
-        for (const std::string& input : inputs) {
-            if (output) {
-                RefuseOverwriting(*output, input);
-            }
-        }
+        if (!output) continue;
+        for (const std::string& input : inputs) RefuseOverwriting(*output, input);
     }
 }
 
@@ -72,7 +69,7 @@ void WriteTables(const CCompareOptions& options, const CSummaryTable& table, COu
 void PrintReports(const CCompareOptions& options, const CQuorvelDoc& document, const CSummaryTable& table,
                   CConsole& console) {
     if (options.verbosity == CVerbosity::Verbose) {
-        console.Note(VerboseReport(document));
+        console.PrintLine(VerboseReport(document));
     }
     if (options.PrintsTable()) {
         console.Print(TableReport(options, document, table, {console.Width(), console.HasColor()}));
@@ -113,13 +110,13 @@ void NameUnreadFiles(const CQuorvelDoc& document, CConsole& console) {
 void PrintNotes(const CCompareOptions& options, const CQuorvelDoc& document, CConsole& console) {
     if (options.verbosity != CVerbosity::Verbose) return;
     const std::string notes = StoppedReport(document);
-    if (!notes.empty()) console.Note(notes);
+    if (!notes.empty()) console.PrintLine(notes);
 }
 
 CExitStatus FinishStopped(const CCompareOptions& options, const CResults& results, const CSignal& reference,
                           CConsole& console) {
     if (options.verbosity != CVerbosity::Quiet) {
-        console.Note(cli_message::kNothingCompared);
+        console.PrintLine(cli_message::kNothingCompared);
     }
     COutputs outputs(console);
     CJsonResults json(options, results, reference, {});

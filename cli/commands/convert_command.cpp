@@ -33,28 +33,28 @@ void TellOfUserReals(const ks::CUDSFile& file, CConsole& console) {
         const float old = file.Repairs().userReals[i];
         if (HaveSameBits(old, first)) continue;
         const std::string was = std::isnan(old) ? "not a number" : ks::ShortestSingleText(old);
-        console.Note(cli_message::UserRealChanged(kNames[i], was, ks::ShortestSingleText(first)));
+        console.PrintLine(cli_message::UserRealChanged(kNames[i], was, ks::ShortestSingleText(first)));
     }
 }
 
 void TellOfYear(const ks::CUDSFile& file, CConsole& console) {
     const std::int32_t year = file.Fields().GetYEAR1();
     if (file.Repairs().year == year) return;
-    console.Note(cli_message::YearChanged(file.Repairs().year, year));
+    console.PrintLine(cli_message::YearChanged(file.Repairs().year, year));
 }
 
 void TellOfCounts(const ks::CUDSRepairs& repairs, CConsole& console) {
     if (repairs.notNumbers > 0) {
-        console.Note(cli_message::NumbersCleared(repairs.notNumbers));
+        console.PrintLine(cli_message::NumbersCleared(repairs.notNumbers));
     }
     if (repairs.movedTexts > 0) {
-        console.Note(cli_message::TextsMoved(repairs.movedTexts));
+        console.PrintLine(cli_message::TextsMoved(repairs.movedTexts));
     }
     if (repairs.clearedRecords > 0) {
-        console.Note(cli_message::RecordsCleared(repairs.clearedRecords));
+        console.PrintLine(cli_message::RecordsCleared(repairs.clearedRecords));
     }
     if (repairs.unusedRecords > 0) {
-        console.Note(cli_message::RecordsDropped(repairs.unusedRecords));
+        console.PrintLine(cli_message::RecordsDropped(repairs.unusedRecords));
     }
 }
 
@@ -75,9 +75,7 @@ CExitStatus RunConvert(const std::vector<std::string>& arguments, CConsole& cons
     RefuseOverwriting(options.out, options.file);
     // The file object itself, not a record made from it, because it keeps every field and knows what reading repaired.
     ks::CUDS1992 file;
-    if (ComplaintOfReading(options.file, console, [&] { file.Read(options.file); })) {
-        return CExitStatus::Input;
-    }
+    if (!ReadOrComplain(options.file, console, [&] { file.Read(options.file); })) return CExitStatus::Input;
     file.SetSunOutput(options.to == CTargetFormat::Sun);
     COutputs outputs(console);
     constexpr std::string_view kWhat = cli_message::kUdsFile;

@@ -8,7 +8,7 @@
 #include "cli/output/outputs.h"
 #include "files/error.h"
 #include "signal/ascii_export.h"
-#include "signal/nsignal.h"
+#include "signal/signal_loader.h"
 
 #include <string>
 #include <vector>
@@ -16,13 +16,12 @@
 CExitStatus RunExport(const std::vector<std::string>& arguments, CConsole& console) {
     const CExportOptions options = ParseExportOptions(arguments);
     RefuseOverwriting(options.out, options.file);
-    ks::CNSignal record;
-    if (ComplaintOfReadingUds(options.file, console, record)) {
-        return CExitStatus::Input;
-    }
+    const ks::CLoadedSignal loaded = LoadUdsOrComplain(options.file, console);
+    if (!loaded.IsLoaded()) return CExitStatus::Input;
     COutputs outputs(console);
     try {
-        outputs.Write(cli_message::kAsciiFile, options.out, [&] { return ks::AsciiPoints(record, options.form); });
+        outputs.Write(cli_message::kAsciiFile, options.out,
+                      [&] { return ks::AsciiPoints(loaded.record, options.form); });
     } catch (const ks::CError& error) {
         console.Complain(error.what());
         console.Complain(cli_message::NotExported(options.file));

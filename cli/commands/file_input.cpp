@@ -8,14 +8,11 @@
 #include "files/messages.h"
 #include "files/same_file.h"
 #include "signal/formats/formats.h"
-#include "signal/nsignal.h"
 #include "signal/signal_loader.h"
 
 #include <functional>
 #include <new>
-#include <optional>
 #include <string>
-#include <utility>
 
 namespace {
 
@@ -26,29 +23,24 @@ void Complain(const std::string& path, const std::string& sentence, CConsole& co
 
 }  // namespace
 
-std::optional<std::string> ComplaintOfReadingUds(const std::string& path, CConsole& console, ks::CNSignal& record) {
+ks::CLoadedSignal LoadUdsOrComplain(const std::string& path, CConsole& console) {
     ks::CLoadedSignal loaded = ks::LoadSignalAs(ks::kUdsFormat, path);
-    if (!loaded.IsLoaded()) {
-        Complain(path, loaded.complaints.front(), console);
-        return loaded.complaints.front();
-    }
-    record = std::move(loaded.record);
-    return std::nullopt;
+    if (!loaded.IsLoaded()) Complain(path, loaded.complaints.front(), console);
+    return loaded;
 }
 
-std::optional<std::string> ComplaintOfReading(const std::string& path, CConsole& console,
-                                              const std::function<void()>& read) {
+bool ReadOrComplain(const std::string& path, CConsole& console, const std::function<void()>& read) {
     std::string sentence;
     try {
         read();
-        return std::nullopt;
+        return true;
     } catch (const std::bad_alloc&) {
         sentence = ks::read_message::NoMemoryToRead(path);
     } catch (const ks::CError& error) {
         sentence = error.what();
     }
     Complain(path, sentence, console);
-    return sentence;
+    return false;
 }
 
 void RefuseOverwriting(const std::string& output, const std::string& input) {

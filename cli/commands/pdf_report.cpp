@@ -1,39 +1,43 @@
 #include "cli/commands/pdf_report.h"
 
-#include "files/replacing_file.h"
-#include "signal/nsignal.h"
-#include "viewer/report_pdf.h"
+#include "cli/commands/pdf_exit_code.h"
+#include "cli/process.h"
 
-#include <QApplication>
-
-#include <array>
-#include <cstdio>
-#include <string>
+#include <new>
+#include <optional>
 
 namespace {
 
-// Qt's advice about the environment (a missing runtime folder, an unknown font alias) does not concern the user.
-void ShowOnlyFailures(QtMsgType type, const QMessageLogContext&, const QString& text) {
-    if (type != QtCriticalMsg && type != QtFatalMsg) return;
-    std::fprintf(stderr, "quorvel-cli: %s\n", text.toUtf8().constData());  // NOLINT(*-vararg)
+std::string Program() {
+    return SiblingProgram("quorvel-pdf-report");
+}
+
+ks::CWriteResult ResultOf(CPdfExitCode code) {
+    switch (code) {
+        case CPdfExitCode::Written:
+            return ks::CWriteResult::Written;
+        case CPdfExitCode::NotOpened:
+            return ks::CWriteResult::NotOpened;
+        case CPdfExitCode::Damaged:
+            return ks::CWriteResult::Damaged;
+        case CPdfExitCode::NoMemory:
+            throw std::bad_alloc();
+        case CPdfExitCode::NotCompleted:
+        case CPdfExitCode::NotRead:
+        case CPdfExitCode::Failed:
+        case CPdfExitCode::WrongUsage:
+            break;
+    }
+    return ks::CWriteResult::NotCompleted;  // also for a program that a signal ended: it replaces complete files only
 }
 
 }  // namespace
 
 bool CanWritePdfReport() {
-    return true;
+    return IsProgram(Program());
 }
 
-ks::CWriteResult WritePdfReport(const std::string& pdf, const ks::CNSignal& record, const std::string& file,
-                                bool isFull) {
-    qInstallMessageHandler(ShowOnlyFailures);
-    // Ignores what the user's desktop asks of Qt programs: without a screen, a theme plugin may end the program.
-    qunsetenv("QT_QPA_PLATFORMTHEME");
-    std::string name = "quorvel-cli";
-    std::string option = "-platform";
-    std::string platform = "offscreen";
-    std::array<char*, 4> arguments = {name.data(), option.data(), platform.data(), nullptr};
-    int count = 3;
-    const QApplication application(count, arguments.data());
-    return WriteReportPdf(pdf, record, file, isFull ? CReportMode::Full : CReportMode::Specification);
+ks::CWriteResult WritePdfReport(const std::string& pdf, const std::string& file, bool isFull) {
+    const std::optional<int> status = Execute({Program(), file, pdf, std::string(isFull ? kFullReport : kShortReport)});
+    return ResultOf(status ? static_cast<CPdfExitCode>(*status) : CPdfExitCode::Failed);
 }

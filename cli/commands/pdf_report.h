@@ -1,14 +1,14 @@
 #pragma once
 
 #include "files/replacing_file.h"
-#include "signal/nsignal.h"
 
 #include <string>
 
-/// Whether this build can write reports. Qt draws them, and a build without the desktop program has no Qt.
+/// Whether reports can be written: Qt draws them in a program of its own, quorvel-pdf-report, which is next to this one
+/// unless it was built without the desktop program.
 bool CanWritePdfReport();
 
-/// Writes the report of `record`, read from the file at `file`, as PDF to `pdf` (both UTF-8), without a screen;
-/// `isFull` requests the full report. Requires CanWritePdfReport().
-ks::CWriteResult WritePdfReport(const std::string& pdf, const ks::CNSignal& record, const std::string& file,
-                                bool isFull);
+/// Writes the report of the UDS-1992 file at `file` as PDF to `pdf` (both UTF-8), without a screen; `isFull` requests
+/// the full report. Requires CanWritePdfReport().
+/// @throws std::bad_alloc when there is too little memory
+ks::CWriteResult WritePdfReport(const std::string& pdf, const std::string& file, bool isFull);

@@ -8,7 +8,7 @@
 #include "cli/output/console.h"
 #include "cli/output/outputs.h"
 #include "cli/usage_error.h"
-#include "signal/nsignal.h"
+#include "signal/signal_loader.h"
 
 #include <string>
 #include <string_view>
@@ -20,14 +20,11 @@ CExitStatus RunReport(const std::vector<std::string>& arguments, CConsole& conso
         throw CUsageError(cli_message::kNoReports);
     }
     RefuseOverwriting(options.pdf, options.file);
-    ks::CNSignal record;
-    if (ComplaintOfReadingUds(options.file, console, record)) {
-        return CExitStatus::Input;
-    }
+    if (!LoadUdsOrComplain(options.file, console).IsLoaded()) return CExitStatus::Input;
     COutputs outputs(console);
     constexpr std::string_view kWhat = cli_message::kPdfReport;
     outputs.Attempt(kWhat, options.pdf, [&] {
-        outputs.Note(kWhat, options.pdf, WritePdfReport(options.pdf, record, options.file, options.isFull));
+        outputs.Record(kWhat, options.pdf, WritePdfReport(options.pdf, options.file, options.isFull));
     });
     return outputs.HasFailed() ? CExitStatus::Output : CExitStatus::Good;
 }

@@ -8,7 +8,7 @@
 #include "cli/output/header_json.h"
 #include "cli/output/header_text.h"
 #include "cli/output/outputs.h"
-#include "signal/nsignal.h"
+#include "signal/signal_loader.h"
 
 #include <string>
 #include <string_view>
@@ -22,16 +22,16 @@ bool ShowFiles(const CShowOptions& options, CConsole& console) {
     std::string_view gap;
     CHeaderJson json;
     for (const std::string& path : options.files) {
-        ks::CNSignal record;
-        if (const auto complaint = ComplaintOfReadingUds(path, console, record)) {
+        const ks::CLoadedSignal loaded = LoadUdsOrComplain(path, console);
+        if (!loaded.IsLoaded()) {
             isGood = false;
-            json.AddError(path, *complaint);
+            json.AddError(path, loaded.complaints.front());
             continue;
         }
         if (options.isJson) {
-            json.AddFile(path, record);
+            json.AddFile(path, loaded.record);
         } else {
-            console.Print(Join({gap, HeaderReport(path, record)}));
+            console.Print(Join({gap, HeaderReport(path, loaded.record)}));
             gap = "\n";
         }
     }

@@ -112,7 +112,7 @@ bool CConsole::FinishOutput(std::string& reason) {
 }
 
 void CConsole::Complain(std::string_view text) {
-    Note("quorvel-cli: " + std::string(text));
+    PrintLine("quorvel-cli: " + std::string(text));
 }
 
 void CConsole::ComplainAll(const std::vector<std::string>& texts) {
@@ -125,7 +125,7 @@ void CConsole::ComplainAll(const std::vector<std::string>& texts) {
     }
 }
 
-void CConsole::Note(std::string_view text) {
+void CConsole::PrintLine(std::string_view text) {
     EraseProgress();
     // A log or a pipe gets the unchanged bytes, so that a file name in a message stays correct.
     Put(m_err, m_isErrorTerminal ? DisplayText(text, true) : std::string(text));

@@ -28,7 +28,7 @@ public:
     /// readers of signal files say the same about a missing file.
     void ComplainAll(const std::vector<std::string>& texts);
     /// The same as Complain without the program's name in front, for what is not a complaint.
-    void Note(std::string_view text);
+    void PrintLine(std::string_view text);
 
     /// Shows `text` instead of the last progress line; does nothing unless standard error is a terminal.
     void ShowProgress(std::string_view text);

@@ -20,7 +20,7 @@ void COutputs::Write(std::string_view what, const std::string& path, std::string
         m_console.Print(text);
         return;
     }
-    Note(what, path, ks::WriteFile(path, text));
+    Record(what, path, ks::WriteFile(path, text));
 }
 
 void COutputs::Write(std::string_view what, const std::string& path, const std::function<std::string()>& make) {
@@ -38,7 +38,7 @@ void COutputs::WritePieces(std::string_view what, const std::string& path,
         const ks::FileMaker putAll = [&pieces](ks::CFileSink& sink) {
             for (const std::string& piece : pieces) sink.Put(piece);
         };
-        Note(what, path, ks::WriteFile(path, putAll));
+        Record(what, path, ks::WriteFile(path, putAll));
     });
 }
 
@@ -58,7 +58,7 @@ bool COutputs::Attempt(std::string_view sentence, const std::function<void()>& w
     return false;
 }
 
-void COutputs::Note(std::string_view what, const std::string& path, ks::CWriteResult result) {
+void COutputs::Record(std::string_view what, const std::string& path, ks::CWriteResult result) {
     switch (result) {
         case ks::CWriteResult::Written:
             return;

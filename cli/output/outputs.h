@@ -31,7 +31,7 @@ public:
     /// Runs `work`; too little memory for it is a failure with this sentence, and the result is then false.
     bool Attempt(std::string_view sentence, const std::function<void()>& work);
     /// Records how a file was written elsewhere.
-    void Note(std::string_view what, const std::string& path, ks::CWriteResult result);
+    void Record(std::string_view what, const std::string& path, ks::CWriteResult result);
     /// Names the files that no output may replace: a measurement may exist only once.
     void Protect(std::vector<std::string> inputs) { m_inputs = std::move(inputs); }
     /// Whether `path` leads to a protected file.

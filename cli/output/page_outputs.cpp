@@ -35,7 +35,7 @@ void WriteAsciiPage(const std::string& folder, const CQuorvelDoc& document, std:
         return;
     }
     // A page that could not be built gets an empty table, so that one from an earlier run does not pass for this run's.
-    outputs.Note(cli_message::kPageTable, path, WriteAsciiTable(path, document.ChartBlock(), pageId));
+    outputs.Record(cli_message::kPageTable, path, WriteAsciiTable(path, document.ChartBlock(), pageId));
 }
 
 /// The UDS files of a run.

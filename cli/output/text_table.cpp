@@ -183,6 +183,7 @@ std::string TextTable(const CSummaryTable& table, const CTextTableStyle& style) 
     }
     const CColumn number = NumberColumn(table.rows.size());
     std::vector<CColumn> columns;
+    columns.reserve(table.order.size() + 1);
     for (const int index : table.order) columns.push_back(MakeColumn(table, static_cast<std::size_t>(index)));
     columns.push_back(BalanceColumn(table));
     std::string text;

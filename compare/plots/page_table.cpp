@@ -102,6 +102,7 @@ std::unique_ptr<CPlot> MakePage(std::int32_t pageId) {
 
 std::vector<std::int32_t> PageIds() {
     std::vector<std::int32_t> ids;
+    ids.reserve(kPages.size());
     for (const CPage& row : kPages) ids.push_back(row.id);
     std::ranges::sort(ids);
     return ids;

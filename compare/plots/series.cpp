@@ -34,7 +34,7 @@ void AddComputed(CSeriesList& series, std::vector<std::string>& names, const std
 
 ks::CNSignal CopyWithoutArrays(const ks::CNSignal& record) {
     ks::CNSignal copy;
-    static_cast<ks::CDataFields&>(copy) = record;
+    static_cast<ks::CDataFields&>(copy) = record;  // NOLINT(*-slicing): the arrays are what is not wanted
     copy.SetDataStatus(record.GetDataStatus());
     copy.SetYQuantity(record.GetYQuantity());
     copy.SetCFCClass(record.GetCFCClass());
@@ -62,6 +62,7 @@ ks::CNSignal CopyWithY(const ks::CNSignal& record, std::vector<double> y) {
 
 const ks::CNSignal& InCommonRange(const ks::CNSignal& reference, ks::CNSignal& computed,
                                   std::optional<ks::CNSignal>& cut) {
+    // NOLINTNEXTLINE(*-return-const-ref-from-parameter): the run owns the reference, and pages are made within it
     if (!HaveDifferentRanges(reference, computed)) return reference;
     cut.emplace(reference);
     CommonRange(*cut, computed);

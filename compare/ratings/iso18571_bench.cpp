@@ -53,7 +53,7 @@ double PlainBandLoop(const CSamples& samples, std::size_t width) {
         row[first] = HUGE_VAL;
         for (std::size_t j = first; j < last; ++j) {
             const double error = samples.computed[i] - samples.reference[j];
-            row[j + 1] = std::min(std::min(above[j + 1], row[j]), above[j]) + error * error;
+            row[j + 1] = std::min({above[j + 1], row[j], above[j]}) + error * error;
         }
         if (last < count) row[last + 1] = HUGE_VAL;
         std::swap(above, row);

@@ -30,7 +30,7 @@ struct Case {
     std::int64_t lag;
 };
 
-double Zero(double) {
+double Zero(double /*i*/) {
     return 0.0;
 }
 

@@ -22,10 +22,10 @@ constexpr double kTieMargin = 1e-12;
 constexpr double kSumError = 5e-14;
 
 /// FFTW plans one at a time in a process.
-std::mutex g_planning;
+std::mutex planning;
 
 std::vector<double> CrossSums(std::span<const double> reference, std::span<const double> computed, std::size_t maxLag) {
-    const std::scoped_lock lock(g_planning);
+    const std::scoped_lock lock(planning);
     CCovariances covariances(static_cast<std::int32_t>(maxLag));
     covariances.SetFirst(computed);
     std::vector<double> sums = covariances.With(reference);

@@ -59,7 +59,7 @@ CValue Correlate(const CSamples& samples, CCentering centering, std::string_view
 }
 
 CValue Regression(const CSums& sums, double count, const CDivisor& constant) {
-    const CValue share = constant.Under(sums.errorSquares, sums.variation);
+    CValue share = constant.Under(sums.errorSquares, sums.variation);
     if (!share.IsNumber()) return share;
     const double square = 1.0 - (count - 1.0) / count * share.Number();
     if (std::abs(square) <= kRounding) return CValue::Of(0.0);

@@ -7,7 +7,7 @@ import subprocess
 import unittest
 
 from header_file import CURVE, FILE_FIELDS, SECOND_FIELDS, header_file, header_values
-from support import REFERENCE, SCALED, EndToEndTest, uds
+from support import CLI, REFERENCE, SCALED, EndToEndTest, uds
 from test_show import expected_groups
 
 HAS_REPORT = os.environ["QUORVEL_HAS_REPORT"] == "1"
@@ -51,6 +51,13 @@ class Report(EndToEndTest):
             self.assertIn(title, text)
             for label, value, unit in entries:
                 self.assertIn(words(f"{label} {value} {unit}"), text)
+
+    def test_no_other_command_loads_the_libraries_of_the_window(self):
+        if not shutil.which("readelf"):
+            self.skipTest("readelf is not installed")
+        needed = subprocess.run(["readelf", "--dynamic", CLI], check=True, capture_output=True).stdout.decode()
+        self.assertIn("NEEDED", needed)
+        self.assertNotIn("Qt", needed)
 
     def test_no_screen_is_needed(self):
         self.write("a.uds", SCALED)
