@@ -27,7 +27,7 @@ constexpr bool IsZeroExponent(std::byte exponent) {
 constexpr CFourBytes Same(CFourBytes b) {
     return b;
 }
-constexpr CFourBytes Zero(CFourBytes) {
+constexpr CFourBytes Zero(CFourBytes /*b*/) {
     return {};
 }
 constexpr CFourBytes Reverse(CFourBytes b) {

@@ -70,7 +70,7 @@ public:
         using type = typename classic::match_result<Scanner, classic::nil_t>::type;
     };
 
-    explicit CPointParser(CPointColumns& points) : m_points(&points) {}
+    explicit CPointParser(CPointColumns& points) : m_points(&points) {}  // NOLINT(bugprone-crtp-*): inherited
 
 protected:
     CPointColumns* m_points;

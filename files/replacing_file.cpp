@@ -31,10 +31,10 @@ namespace fs = std::filesystem;
 constexpr int kTemporaryNameTries = 100;
 constexpr std::size_t kBytesAtATime = 65536;
 
-struct CloseStream {
+struct CCloseStream {
     void operator()(std::FILE* stream) const { static_cast<void>(std::fclose(stream)); }
 };
-using Stream = std::unique_ptr<std::FILE, CloseStream>;
+using Stream = std::unique_ptr<std::FILE, CCloseStream>;
 
 bool IsLackOfRoom(int error) {
 #ifdef EDQUOT
@@ -225,7 +225,7 @@ CWriteResult CWriting::CopyIntoThePlace() {
 /// 0, or the reason for the failure.
 int CWriting::CopyInto(std::FILE* old) {
     std::array<char, kBytesAtATime> buffer{};
-    std::rewind(m_stream.get());
+    if (std::fseek(m_stream.get(), 0, SEEK_SET) != 0) return LastError();
     while (const std::size_t count = std::fread(buffer.data(), 1, buffer.size(), m_stream.get())) {
         if (std::fwrite(buffer.data(), 1, count, old) != count) return LastError();
     }

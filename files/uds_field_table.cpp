@@ -12,9 +12,11 @@
 namespace ks {
 namespace {
 
+// NOLINTBEGIN(bugprone-macro-parentheses): each is one term of a sum
 #define QUORVEL_COUNT_TEXT(record, NAME, width, fallback) +1
 #define QUORVEL_COUNT_INTEGER(record, NAME, fallback) +1
 #define QUORVEL_COUNT_REAL(record, NAME) +1
+// NOLINTEND(bugprone-macro-parentheses)
 constexpr std::size_t kFieldCount = 0 QUORVEL_UDS_FIELDS(QUORVEL_COUNT_TEXT, QUORVEL_COUNT_INTEGER, QUORVEL_COUNT_REAL);
 #undef QUORVEL_COUNT_TEXT
 #undef QUORVEL_COUNT_INTEGER

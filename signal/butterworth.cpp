@@ -8,6 +8,7 @@
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
+#include <numbers>
 #include <span>
 
 namespace ks {
@@ -65,7 +66,7 @@ CFilterSection ButterworthSection(double timeStepS, double frequencyHz) {
     const double wd = 6.2831853 * 1.2465 * frequencyHz;
     const double angle = wd * timeStepS / 2.0;
     const double wa = std::sin(angle) / std::cos(angle);
-    const double root2 = std::sqrt(2.0);
+    const double root2 = std::numbers::sqrt2;
     const double denominator = 1.0 + root2 * wa + wa * wa;
     CFilterSection section;
     section.a0 = wa * wa / denominator;

@@ -14,13 +14,9 @@
 namespace ks {
 namespace {
 
-using testing::DoubleNear;
 using testing::Each;
 using testing::ElementsAre;
-using testing::IsEmpty;
-using testing::Pointwise;
 using testing::SizeIs;
-using testing::ThrowsMessage;
 
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();

@@ -21,11 +21,9 @@
 namespace ks {
 namespace {
 
-using testing::DoubleNear;
 using testing::Each;
 using testing::ElementsAre;
 using testing::IsEmpty;
-using testing::Pointwise;
 using testing::SizeIs;
 using testing::ThrowsMessage;
 

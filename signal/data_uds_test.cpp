@@ -21,7 +21,6 @@ namespace ks {
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 using testing::SizeIs;
 using testing::ThrowsMessage;
 

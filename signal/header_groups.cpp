@@ -66,9 +66,9 @@ std::string PointCountText(const CData& record) {
     return std::to_string(record.GetPointCount());
 }
 
-template <double (CData::*kGet)() const>
+template <double (CData::*Get)() const>
 std::string ExtremumText(const CData& record) {
-    return RealText((record.*kGet)());
+    return RealText((record.*Get)());
 }
 
 // One entry per line.

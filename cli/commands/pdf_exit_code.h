@@ -7,12 +7,12 @@
 /// Exit status of quorvel-pdf-report. Above the shells' own and below their 126 and more.
 enum class CPdfExitCode : int {
     Written = 0,
-    NotOpened = 40,     ///< these three as ks::CWriteResult
+    NotOpened = 40,  ///< these three as ks::CWriteResult
     NotCompleted = 41,
     Damaged = 42,
-    NotRead = 43,       ///< the signal file changed or is gone since quorvel-cli read it
+    NotRead = 43,  ///< the signal file changed or is gone since quorvel-cli read it
     NoMemory = 44,
-    Failed = 45,        ///< anything else
+    Failed = 45,  ///< anything else
     WrongUsage = 46
 };
 
