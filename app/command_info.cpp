@@ -5,6 +5,7 @@
 #include "signal/channel_class.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdint>
 #include <span>
 #include <string>
@@ -20,7 +21,7 @@ public:
     void (*apply)(CInfo& info);
 };
 
-constexpr CWord kWords[] = {
+constexpr auto kWords = std::to_array<CWord>({
     {"CFC1K", [](CInfo& info) { info.channelClass = 1000; }},
     {"NOSAE", [](CInfo& info) { info.isSaeFilterOn = false; }},
     {"XYZ",
@@ -43,7 +44,7 @@ constexpr CWord kWords[] = {
     {"LEFTSIDE", [](CInfo& info) { info.isLeftSide = true; }},  // never reached: "L" is tested before the words
     {"RIGHTSIDE", [](CInfo& info) { info.isLeftSide = false; }},
     {"A_HIC", [](CInfo& info) { info.texts[4] = "HIC"; }},
-};
+});
 
 constexpr std::string_view kCriticalValue = "CRITICAL_VALUE";
 

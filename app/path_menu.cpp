@@ -9,8 +9,8 @@ constexpr int kMnemonicCount = 9;
 
 QString Shortened(const QString& path) {
     if (path.size() <= kLongestEntry) return path;
-    constexpr qsizetype half = kLongestEntry / 2;
-    return path.left(half) + QChar(0x2026) + path.right(half);
+    constexpr qsizetype kHalf = kLongestEntry / 2;
+    return path.left(kHalf) + QChar(0x2026) + path.right(kHalf);
 }
 
 QString EntryText(int number, const QString& path) {

@@ -120,7 +120,7 @@ private slots:
             if (call == "text 3005 = \"Displacement (mm)\"") call = "text 3005 = \"Velocity (kmph)\"";
         }
         const auto start = std::find_if(velocity.begin(), velocity.end(),
-                                        [](const std::string& call) { return call.rfind("create", 0) == 0; });
+                                        [](const std::string& call) { return call.starts_with("create"); });
         QCOMPARE(Text(displacement), Text(Calls(start, velocity.end())));
     }
 
@@ -325,7 +325,7 @@ private:
     /// How many calls begin so.
     int Count(const std::string& start) const {
         int count = 0;
-        for (const std::string& call : m_chart->calls) count += call.rfind(start, 0) == 0 ? 1 : 0;
+        for (const std::string& call : m_chart->calls) count += call.starts_with(start) ? 1 : 0;
         return count;
     }
     bool Has(const std::string& start) const { return Count(start) > 0; }
@@ -333,7 +333,7 @@ private:
     QString Call(const std::string& start) const {
         QString found;
         for (const std::string& call : m_chart->calls) {
-            if (call.rfind(start, 0) == 0) found = QString::fromStdString(call);
+            if (call.starts_with(start)) found = QString::fromStdString(call);
         }
         return found;
     }

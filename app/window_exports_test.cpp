@@ -46,9 +46,9 @@ private slots:
     void ADamagedFileIsReported_data() {
         QTest::addColumn<int>("id");
         QTest::addColumn<QString>("page");
-        QTest::newRow("bmp") << int{CommandNumber(CCommandId::SaveBmp)} << "Velocity";
-        QTest::newRow("wmf") << int{CommandNumber(CCommandId::SaveWmf)} << "Velocity";
-        QTest::newRow("html") << int{CommandNumber(CCommandId::SaveHtml)} << "Summary";
+        QTest::newRow("bmp") << CommandNumber(CCommandId::SaveBmp) << "Velocity";
+        QTest::newRow("wmf") << CommandNumber(CCommandId::SaveWmf) << "Velocity";
+        QTest::newRow("html") << CommandNumber(CCommandId::SaveHtml) << "Summary";
     }
     void ADamagedFileIsReported() {
         QFETCH(int, id);

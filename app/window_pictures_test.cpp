@@ -79,8 +79,8 @@ private slots:
 
     void APictureThatCannotBeWrittenIsReported_data() {
         QTest::addColumn<int>("id");
-        QTest::newRow("bmp") << int{CommandNumber(CCommandId::SaveBmp)};
-        QTest::newRow("wmf") << int{CommandNumber(CCommandId::SaveWmf)};
+        QTest::newRow("bmp") << CommandNumber(CCommandId::SaveBmp);
+        QTest::newRow("wmf") << CommandNumber(CCommandId::SaveWmf);
     }
     void APictureThatCannotBeWrittenIsReported() {
         QFETCH(int, id);

@@ -97,7 +97,7 @@ private:
                 const QRegularExpressionMatch match = cells.next();
                 const QModelIndex index = model.index(row, column);
                 QCOMPARE(match.captured(3), index.data().toString());
-                QCOMPARE(match.captured(2), colors.at(static_cast<CVerdict>(index.data(kVerdictRole).toInt())));
+                QCOMPARE(match.captured(2), colors.at(static_cast<CVerdict>(index.data(VerdictRole).toInt())));
                 seen.insert(match.captured(2));
             }
         }

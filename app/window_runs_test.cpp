@@ -314,7 +314,7 @@ private:
 
     QString Text(int row, int column) { return m_window->List()->model()->index(row, column).data().toString(); }
     CVerdict VerdictAt(int row, int column) {
-        return static_cast<CVerdict>(m_window->List()->model()->index(row, column).data(kVerdictRole).toInt());
+        return static_cast<CVerdict>(m_window->List()->model()->index(row, column).data(VerdictRole).toInt());
     }
 
     /// A file that is neither a signal nor a list of points.

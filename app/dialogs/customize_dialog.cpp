@@ -7,6 +7,7 @@
 #include <QPushButton>
 
 #include <memory>
+#include <utility>
 
 namespace {
 
@@ -24,8 +25,8 @@ QString PlainActionText(const QString& text) {
     return plain;
 }
 
-CCustomizeDialog::CCustomizeDialog(const QList<QAction*>& actions, const QStringList& hiddenIds, QWidget* parent)
-    : QDialog(parent), m_ui(std::make_unique<Ui::CCustomizeDialog>()), m_hiddenIds(hiddenIds) {
+CCustomizeDialog::CCustomizeDialog(const QList<QAction*>& actions, QStringList hiddenIds, QWidget* parent)
+    : QDialog(parent), m_ui(std::make_unique<Ui::CCustomizeDialog>()), m_hiddenIds(std::move(hiddenIds)) {
     m_ui->setupUi(this);
     for (const QAction* const action : actions) AddEntry(*action);
     m_ui->buttonList->setCurrentRow(0);

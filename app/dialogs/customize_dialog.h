@@ -24,7 +24,7 @@ class CCustomizeDialog : public QDialog {
 public:
     /// Offers `actions`, in order, except separators and actions without an id (objectName). Those whose ids are in
     /// `hiddenIds` are not checked.
-    CCustomizeDialog(const QList<QAction*>& actions, const QStringList& hiddenIds, QWidget* parent = nullptr);
+    CCustomizeDialog(const QList<QAction*>& actions, QStringList hiddenIds, QWidget* parent = nullptr);
     ~CCustomizeDialog() override;
 
     /// The ids given; after OK, those of the unchecked actions, in order.

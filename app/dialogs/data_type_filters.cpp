@@ -19,11 +19,11 @@ const ks::CFileFilter& CurrentDataType(const CSettings& settings) {
 }  // namespace
 
 const std::vector<ks::CFileFilter>& DataTypeFilters() {
-    static const std::vector<ks::CFileFilter> filters = {
+    static const std::vector<ks::CFileFilter> kFilters = {
         {"UDS Acceleration Data (*aa0.*)", "*aa0.*"}, {"UDS Displacement Data (*da0.*)", "*da0.*"},
         {"UDS Force Data (*fa0.*)", "*fa0.*"},        {"UDS Moment Data (*ta0.*)", "*ta0.*"},
         {"Processed UDS Data (*.uds)", "*.uds"},      AllFilesFilter()};
-    return filters;
+    return kFilters;
 }
 
 QString CurrentDataTypeWildcard(const CSettings& settings) {
@@ -39,6 +39,6 @@ ks::CFileFilter AllFilesFilter() {
 }
 
 const std::vector<ks::CFileFilter>& HitListFilters() {
-    static const std::vector<ks::CFileFilter> filters = {{"Hit list files (*.hit)", "*.hit"}};
-    return filters;
+    static const std::vector<ks::CFileFilter> kFilters = {{"Hit list files (*.hit)", "*.hit"}};
+    return kFilters;
 }

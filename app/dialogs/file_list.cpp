@@ -32,7 +32,7 @@ class CPathDelegate : public QStyledItemDelegate {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
 
-    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+    [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
         return {1, std::max(QStyledItemDelegate::sizeHint(option, index).height(), option.decorationSize.height() + 2)};
     }
 

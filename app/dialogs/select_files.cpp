@@ -23,6 +23,7 @@
 #include <QPushButton>
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -53,11 +54,11 @@ std::vector<std::string> Utf8Paths(const QStringList& paths) {
 
 }  // namespace
 
-CSelectFiles::CSelectFiles(const CFileSelection& offered, CSettings& settings, CFilePicker& picker, CMessages& messages,
+CSelectFiles::CSelectFiles(CFileSelection offered, CSettings& settings, CFilePicker& picker, CMessages& messages,
                            QWidget* parent)
     : QDialog(parent),
       m_ui(std::make_unique<Ui::CSelectFiles>()),
-      m_selection(offered),
+      m_selection(std::move(offered)),
       m_settings(settings),
       m_picker(picker),
       m_messages(messages) {
@@ -77,12 +78,19 @@ CSelectFiles::~CSelectFiles() = default;
 void CSelectFiles::SetShortcuts() {
     // Not in the form: a button loses its shortcut when it gets its text, which the form sets last. Not by "&" in the
     // texts, which are settled. Not O or C, which many desktops use for OK and Cancel.
-    const std::pair<QAbstractButton*, Qt::Key> shortcuts[] = {
-        {m_ui->addButton, Qt::Key_A},      {m_ui->removeButton, Qt::Key_R},      {m_ui->moveUpButton, Qt::Key_U},
-        {m_ui->moveDownButton, Qt::Key_D}, {m_ui->readHitListButton, Qt::Key_H}, {m_ui->saveHitListButton, Qt::Key_S},
-        {m_ui->signalRadio, Qt::Key_L},    {m_ui->browseButton, Qt::Key_B},      {m_ui->averageRadio, Qt::Key_V},
-        {m_ui->filterCheck, Qt::Key_F},    {m_ui->truncateCheck, Qt::Key_T},
-    };
+    const auto shortcuts = std::to_array<std::pair<QAbstractButton*, Qt::Key>>({
+        {m_ui->addButton, Qt::Key_A},
+        {m_ui->removeButton, Qt::Key_R},
+        {m_ui->moveUpButton, Qt::Key_U},
+        {m_ui->moveDownButton, Qt::Key_D},
+        {m_ui->readHitListButton, Qt::Key_H},
+        {m_ui->saveHitListButton, Qt::Key_S},
+        {m_ui->signalRadio, Qt::Key_L},
+        {m_ui->browseButton, Qt::Key_B},
+        {m_ui->averageRadio, Qt::Key_V},
+        {m_ui->filterCheck, Qt::Key_F},
+        {m_ui->truncateCheck, Qt::Key_T},
+    });
     for (const auto& [button, key] : shortcuts) button->setShortcut(QKeySequence(Qt::ALT | key));
 }
 

@@ -24,7 +24,7 @@ class CSelectFiles : public QDialog {
 public:
     /// Shows `offered`. With a channel class other than 60, 180, 600, or 1000 the drop-down has no selection.
     /// `settings`, `picker` and `messages` must outlive the dialog.
-    CSelectFiles(const CFileSelection& offered, CSettings& settings, CFilePicker& picker, CMessages& messages,
+    CSelectFiles(CFileSelection offered, CSettings& settings, CFilePicker& picker, CMessages& messages,
                  QWidget* parent = nullptr);
     ~CSelectFiles() override;
 

@@ -42,12 +42,12 @@ protected:
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
         QStyledItemDelegate::initStyleOption(option, index);
         if (IsJudged(index)) option->state.setFlag(QStyle::State_Selected, false);
-        if (index.data(kIsNameRole).toBool()) option->textElideMode = Qt::ElideMiddle;  // the file's name stays visible
+        if (index.data(IsNameRole).toBool()) option->textElideMode = Qt::ElideMiddle;  // the file's name stays visible
     }
 
 private:
     static bool IsJudged(const QModelIndex& index) {
-        return index.data(kVerdictRole).toInt() != static_cast<int>(CVerdict::None);
+        return index.data(VerdictRole).toInt() != static_cast<int>(CVerdict::None);
     }
 };
 

@@ -134,9 +134,9 @@ QVariant CSummaryModel::data(const QModelIndex& index, int role) const {
             return AccessibleText(index);
         case Qt::TextAlignmentRole:
             return QVariant::fromValue(ColumnAlignment(Column(index.column())));
-        case kIsNameRole:
+        case IsNameRole:
             return Column(index.column()).isName;
-        case kVerdictRole:
+        case VerdictRole:
             return static_cast<int>(Cell(index).verdict);
         default:
             return {};
@@ -198,9 +198,9 @@ QString CSummaryModel::AccessibleText(const QModelIndex& index) const {
     const QString verdict = VerdictWord(Cell(index).verdict);
     const QString limit = LimitText(Column(index.column()), m_snapshot.limits);
     //: %1 is a column's name, %2 a value
-    const QString text = verdict.isEmpty() ? tr("%1: %2").arg(name, Text(index))
-                                           //: %1 is a column's name, %2 a value, %3 good or bad, %4 the limit
-                                           : tr("%1: %2, %3, limit: %4").arg(name, Text(index), verdict, limit);
+    QString text = verdict.isEmpty() ? tr("%1: %2").arg(name, Text(index))
+                                     //: %1 is a column's name, %2 a value, %3 good or bad, %4 the limit
+                                     : tr("%1: %2, %3, limit: %4").arg(name, Text(index), verdict, limit);
     if (!m_snapshot.isPreviousRun) return text;
     //: %1 is a cell's text, %2 says that it is of the previous run
     return tr("%1. %2").arg(text, PreviousRunText());

@@ -30,8 +30,8 @@ QString PreviousRunText();
 
 /// What the summary's model offers in addition to the roles of Qt.
 enum CSummaryRole : int {
-    kVerdictRole = Qt::UserRole + 1,  ///< int of the cell's Verdict
-    kIsNameRole,                      ///< whether the cell's column holds paths
+    VerdictRole = Qt::UserRole + 1,  ///< int of the cell's Verdict
+    IsNameRole,                      ///< whether the cell's column holds paths
 };
 
 /// The summary table: a row per computed signal, and always all columns of the snapshot, initially SummaryColumns().

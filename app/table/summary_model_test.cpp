@@ -70,7 +70,7 @@ private slots:
             for (int column = 0; column < kColumnCount; ++column) {
                 const CSummaryCell& expected = table.rows[At(row)][At(column)];
                 QCOMPARE(Cell(row, column).toString(), QString::fromStdString(expected.text));
-                QCOMPARE(Cell(row, column, kVerdictRole).toInt(), static_cast<int>(expected.verdict));
+                QCOMPARE(Cell(row, column, VerdictRole).toInt(), static_cast<int>(expected.verdict));
             }
         }
         QCOMPARE(Cell(0, kFilenameColumn).toString(), QString("/a/close.uds"));
