@@ -45,6 +45,10 @@ std::string NumberNotRead(std::string_view option, std::string_view value) {
     return Join({"Option ", option, " takes finite decimal numbers, not: ", value});
 }
 
+std::string JobsNotKnown(unsigned most, std::string_view value) {
+    return Join({"Option --jobs takes a whole number from 1 to ", std::to_string(most), ", not: ", value});
+}
+
 std::string WindowNotAscending(std::string_view min, std::string_view max) {
     return Join({"Option --window takes MIN smaller than MAX, not: ", min, " ", max});
 }

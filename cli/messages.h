@@ -47,6 +47,8 @@ inline constexpr std::string_view kSeveralOnStandardOutput = "Only one output ca
 std::string ClassNotKnown(std::string_view classes, std::string_view value);
 /// The value of an option that takes numbers is not a number, or not a finite one.
 std::string NumberNotRead(std::string_view option, std::string_view value);
+/// The value of --jobs is not a whole number from 1 to `most`.
+std::string JobsNotKnown(unsigned most, std::string_view value);
 /// The bounds of --window are equal or in the wrong order.
 std::string WindowNotAscending(std::string_view min, std::string_view max);
 /// The value of --corridor is 0 or negative.

@@ -2,6 +2,7 @@
 include(CMakeFindDependencyMacro)
 find_dependency(Boost 1.74)
 find_dependency(FastFloat)
+find_dependency(Threads)
 
 # FFTW has no CMake package of its own on Debian; the module that finds it is installed next to this file.
 list(PREPEND CMAKE_MODULE_PATH ${CMAKE_CURRENT_LIST_DIR})

@@ -56,6 +56,10 @@ public:
     /// made from them.
     void CompareLoadedList(std::int32_t channelClass, double windowStart, double windowEnd);
 
+    /// Spreads each step of a run over up to that many threads. What a run gives, and in which order hosts and
+    /// observers are called, does not depend on it; they are called on the thread of the run alone. Default: 1.
+    void SetJobs(unsigned jobs) { m_jobs = jobs; }
+
     // Steps of a run. What the signal library throws becomes a message, the file's path before it.
 
     /// Replaces the computed signals with unread ones of these paths.
@@ -122,6 +126,12 @@ public:
 private:
     /// How a run ended.
     enum class CRunEnd { Completed, Stopped, ReferenceUnreadable };
+    /// How a step ended on one signal.
+    struct CStepEnd {
+        std::vector<CRunMessage> messages;       ///< why it failed; none when it is done
+        bool isMemoryShort = false;              ///< it failed for lack of memory
+        boost::shared_ptr<ks::CNSignal> copy{};  ///< of a record as read
+    };
     /// How making the reference ended. NotMade: unreadable, or nothing to make it from.
     enum class CReferenceEnd { Made, NotMade, SignalFailed };
 
@@ -129,7 +139,11 @@ private:
     CRunEnd RunSteps(const CFileSelection& selection, CRunEnd (CQuorvelDoc::*steps)(const CFileSelection&));
     CRunEnd TrySteps(const CFileSelection& selection, CRunEnd (CQuorvelDoc::*steps)(const CFileSelection&));
     void ReleaseRecords();
-    void NoteShortMemory(const std::string& path, const std::vector<std::string>& sentences);
+    static CStepEnd ReadComputed(CSignal& signal);
+    static CStepEnd Unread(const CSignal& signal);
+    /// Runs `work`; what it throws becomes a message.
+    static CStepEnd Attempt(CSignal& signal, const std::function<void(CSignal&)>& work);
+    bool TakeEnd(CStepEnd end);
     void EndRun(CRunEnd end);
     void SetRun(CRunState run);
 
@@ -142,16 +156,15 @@ private:
     CReferenceEnd MakeAverageReference();
     void PublishRun();
 
-    bool ReadComputed(CSignal& signal);
-
     // One step over all computed signals, or on the reference; false when any failed.
     bool CutComputedSignals(double start, double end);
     bool CutToCommonRange(double start, double end);
     bool ResampleComputedSignals(double timeStep);
     bool CompareComputedSignals();
     bool CutReference(double start, double end);
-    bool Attempt(CSignal& signal, const std::function<void(CSignal&)>& work);
+    bool AttemptAlone(CSignal& signal, const std::function<void(CSignal&)>& work);
     bool ForEachComputed(const std::function<void(CSignal&)>& work);
+    bool ForEachComputed(const std::function<CStepEnd(CSignal&)>& step);
 
     void ForgetMessages();
     void NoteNoCommonTime(const CSignal& reference);
@@ -187,6 +200,7 @@ private:
     double m_corridorSize = 4.0;
     std::int32_t m_pageId = 0;
     std::int32_t m_channelClass = 60;  ///< of the last run, offered again
+    unsigned m_jobs = 1;
     std::size_t m_stepsDone = 0;
     std::size_t m_stepsTotal = 0;  ///< 0 outside a run
     std::unique_ptr<CPlot> m_page;

@@ -2,6 +2,7 @@
 
 #include "compare/document.h"
 #include "compare/document_host.h"
+#include "compare/in_order.h"
 #include "compare/messages.h"
 #include "compare/note.h"
 #include "compare/plots/page_ids.h"
@@ -18,9 +19,11 @@
 #include <cstdint>
 #include <exception>
 #include <functional>
+#include <iterator>
 #include <new>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -226,28 +229,25 @@ void CQuorvelDoc::PublishRun() {
 }
 
 int CQuorvelDoc::ReadComputedSignals() {
-    int allRead = 1;
-    for (CSignal& signal : m_computed) {
-        AtWork(signal.GetPath());
-        signal.Notes().clear();
-        if (!ReadComputed(signal)) allRead = 0;
-    }
-    return allRead;
+    return ForEachComputed(std::function<CStepEnd(CSignal&)>(&CQuorvelDoc::ReadComputed)) ? 1 : 0;
 }
 
-bool CQuorvelDoc::ReadComputed(CSignal& signal) {
-    if (!signal.Read()) {
-        NoteShortMemory(signal.GetPath(), signal.GetMessages());
-        for (const std::string& sentence : signal.GetMessages()) m_errors.push_back({signal.GetPath(), sentence});
-        return false;
-    }
-    return Attempt(signal,
-                   [this](CSignal& read) { m_copies.push_back(boost::make_shared<ks::CNSignal>(read.Record())); });
+CQuorvelDoc::CStepEnd CQuorvelDoc::ReadComputed(CSignal& signal) {
+    signal.Notes().clear();
+    if (!signal.Read()) return Unread(signal);
+    boost::shared_ptr<ks::CNSignal> copy;
+    CStepEnd end = Attempt(signal, [&copy](CSignal& read) { copy = boost::make_shared<ks::CNSignal>(read.Record()); });
+    end.copy = std::move(copy);
+    return end;
 }
 
-/// `sentences` are what the loader said about the file.
-void CQuorvelDoc::NoteShortMemory(const std::string& path, const std::vector<std::string>& sentences) {
-    if (!sentences.empty() && sentences.back() == ks::read_message::NoMemoryToRead(path)) m_isMemoryShort = true;
+/// The end of reading a signal that could not be read, with what the loader said about the file.
+CQuorvelDoc::CStepEnd CQuorvelDoc::Unread(const CSignal& signal) {
+    CStepEnd end;
+    const std::vector<std::string>& sentences = signal.GetMessages();
+    for (const std::string& sentence : sentences) end.messages.push_back({signal.GetPath(), sentence});
+    end.isMemoryShort = !sentences.empty() && sentences.back() == ks::read_message::NoMemoryToRead(signal.GetPath());
+    return end;
 }
 
 bool CQuorvelDoc::FilterComputedSignals(std::int32_t channelClass) {
@@ -300,9 +300,9 @@ CQuorvelDoc::CReferenceEnd CQuorvelDoc::TakeReference() {
 
     AtWork(reading.GetPath());
     if (!reading.Read()) {
-        const std::vector<std::string>& sentences = reading.GetMessages();
-        NoteShortMemory(reading.GetPath(), sentences);
-        m_referenceErrors.insert(m_referenceErrors.end(), sentences.begin(), sentences.end());
+        const CStepEnd end = Unread(reading);
+        m_isMemoryShort |= end.isMemoryShort;
+        for (const CRunMessage& message : end.messages) m_referenceErrors.push_back(message.text);
         return CReferenceEnd::NotMade;
     }
 
@@ -311,7 +311,7 @@ CQuorvelDoc::CReferenceEnd CQuorvelDoc::TakeReference() {
     double timeStep = reading.Record().Getdelt();
     if (!(timeStep > 0.0)) {
         timeStep = kDefaultTimeStep;
-        isResampled = Attempt(
+        isResampled = AttemptAlone(
             reading, [timeStep](CSignal& signal) { Resample(signal, timeStep, CNoteKind::ReferenceResampled); });
     }
     if (!ResampleComputedSignals(timeStep) || !isResampled) return CReferenceEnd::SignalFailed;
@@ -329,11 +329,11 @@ CQuorvelDoc::CReferenceEnd CQuorvelDoc::PrepareReference(const CFileSelection& s
 }
 
 bool CQuorvelDoc::FilterReference(std::int32_t channelClass) {
-    return Attempt(m_reference, [channelClass](CSignal& signal) { signal.Record().FilterCFC(channelClass); });
+    return AttemptAlone(m_reference, [channelClass](CSignal& signal) { signal.Record().FilterCFC(channelClass); });
 }
 
 bool CQuorvelDoc::CutReference(double start, double end) {
-    return Attempt(m_reference, [start, end](CSignal& signal) { signal.Record().TruncateByTime(start, end); });
+    return AttemptAlone(m_reference, [start, end](CSignal& signal) { signal.Record().TruncateByTime(start, end); });
 }
 
 int CQuorvelDoc::BuildAverageReference() {
@@ -373,27 +373,46 @@ void CQuorvelDoc::NoteFailedAverage() {
                                                                     : compare_message::kOldReferenceNote)});
 }
 
-bool CQuorvelDoc::Attempt(CSignal& signal, const std::function<void(CSignal&)>& work) {
+CQuorvelDoc::CStepEnd CQuorvelDoc::Attempt(CSignal& signal, const std::function<void(CSignal&)>& work) {
+    const auto failure = [&signal](std::string_view reason) {
+        return std::vector<CRunMessage>{{{}, compare_message::SignalFailure(signal.GetPath(), reason)}};
+    };
     try {
         work(signal);
     } catch (const std::bad_alloc&) {
-        m_isMemoryShort = true;
-        m_errors.push_back({{}, compare_message::SignalFailure(signal.GetPath(), compare_message::kNoMemoryForStep)});
-        return false;
+        return {failure(compare_message::kNoMemoryForStep), true};
     } catch (const std::exception& error) {
-        m_errors.push_back({{}, compare_message::SignalFailure(signal.GetPath(), error.what())});
-        return false;
+        return {failure(error.what())};
     }
-    return true;
+    return {};
+}
+
+bool CQuorvelDoc::AttemptAlone(CSignal& signal, const std::function<void(CSignal&)>& work) {
+    return TakeEnd(Attempt(signal, work));
 }
 
 bool CQuorvelDoc::ForEachComputed(const std::function<void(CSignal&)>& work) {
+    return ForEachComputed(
+        std::function<CStepEnd(CSignal&)>([&work](CSignal& signal) { return Attempt(signal, work); }));
+}
+
+bool CQuorvelDoc::ForEachComputed(const std::function<CStepEnd(CSignal&)>& step) {
     bool areAllDone = true;
-    for (CSignal& signal : m_computed) {
-        AtWork(signal.GetPath());
-        if (!Attempt(signal, work)) areAllDone = false;
-    }
+    std::vector<CStepEnd> ends(m_computed.size());
+    ForEachInOrder(m_computed.size(), m_jobs,
+                   {.announce = [this](std::size_t i) { AtWork(m_computed[i].GetPath()); },
+                    .work = [&](std::size_t i) { ends[i] = step(m_computed[i]); },
+                    .finish = [&](std::size_t i) { areAllDone = TakeEnd(std::move(ends[i])) && areAllDone; }});
     return areAllDone;
+}
+
+/// Whether the step is done.
+bool CQuorvelDoc::TakeEnd(CStepEnd end) {
+    if (end.copy) m_copies.push_back(std::move(end.copy));
+    m_isMemoryShort |= end.isMemoryShort;
+    const bool isDone = end.messages.empty();
+    std::ranges::move(end.messages, std::back_inserter(m_errors));
+    return isDone;
 }
 
 void CQuorvelDoc::ForgetMessages() {

@@ -158,6 +158,7 @@ CExitStatus RunCompare(const std::vector<std::string>& arguments, CConsole& cons
 
     CCliHost host(options, input.files, console);
     CQuorvelDoc document(host);
+    document.SetJobs(options.jobs);
     // A list that cannot be read leaves the choice of signals open; comparing the rest would look like a full result.
     if (!input.errors.empty()) {
         host.ShowSentences(input.errors);

@@ -10,12 +10,13 @@ inline const std::string kClassNames = ks::ChannelClassList(", ", " or ");
 inline const std::string kClassArgument = "a channel class: " + kClassNames;
 
 /// The options of `quorvel-cli compare`.
-inline const std::array<COptionDeclaration, 16> kCompareOptions = {{
+inline const std::array<COptionDeclaration, 17> kCompareOptions = {{
     {"--hit-list", COptionKind::Repeatable, "the PATH of a hit list"},
     {"--reference", COptionKind::Single, "the PATH of a signal file"},
     {"--cfc", COptionKind::Single, kClassArgument},
     {"--no-filter-reference", COptionKind::Flag, ""},
     {"--window", COptionKind::Pair, "two numbers, MIN and MAX"},
+    {"--jobs", COptionKind::Single, "a number N"},
     {"--corridor", COptionKind::Single, "a SIZE greater than 0"},
     {"--critical", COptionKind::Repeatable, "NAME=VALUE, for example moment=0.3"},
     {"--html", COptionKind::Single, "a PATH to write to"},

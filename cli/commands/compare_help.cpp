@@ -54,7 +54,10 @@ CHelpSection Preparation() {
                     UnfilteredFiles(), " are never filtered. Without this option, nothing is filtered."})},
              {"--no-filter-reference", "Leave the reference file unfiltered."},
              {"--window MIN MAX",
-              "Cut every signal to this time window, in units of X. Without this option, there is no window."}}};
+              "Cut every signal to this time window, in units of X. Without this option, there is no window."},
+             {"--jobs N",
+              "Work on up to N signals at a time. The results do not depend on it. Default: as many as the machine has "
+              "processors."}}};
 }
 
 CHelpSection Judgment() {

@@ -11,10 +11,16 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <string_view>
+#include <system_error>
+#include <thread>
 #include <utility>
 
 namespace {
+
+/// More threads than any machine of today has processors.
+constexpr unsigned kMostJobs = 1024;
 
 std::optional<std::int32_t> ReadClass(const CArguments& arguments) {
     const std::optional<std::string> text = arguments.Value("--cfc");
@@ -99,6 +105,17 @@ std::vector<const CCriterion*> ReadFailOnBad(const CArguments& arguments) {
     return criteria;
 }
 
+unsigned ReadJobs(const CArguments& arguments) {
+    const std::optional<std::string> text = arguments.Value("--jobs");
+    if (!text) return std::max(std::thread::hardware_concurrency(), 1U);
+    unsigned jobs = 0;
+    const auto [end, error] = std::from_chars(text->data(), text->data() + text->size(), jobs);
+    if (error != std::errc() || end != text->data() + text->size() || jobs < 1 || jobs > kMostJobs) {
+        throw CUsageError(cli_message::JobsNotKnown(kMostJobs, *text));
+    }
+    return jobs;
+}
+
 CVerbosity ReadVerbosity(const CArguments& arguments) {
     const bool isQuiet = arguments.Has("--quiet");
     if (isQuiet && arguments.Has("--verbose")) {
@@ -157,6 +174,7 @@ CCompareOptions ParseCompareOptions(const std::vector<std::string>& arguments) {
     options.udsFolder = given.Value("--uds");
     options.failOnBad = ReadFailOnBad(given);
     options.verbosity = ReadVerbosity(given);
+    options.jobs = ReadJobs(given);
     if (options.files.empty() && options.hitLists.empty()) {
         throw CUsageError(cli_message::kNoFileToCompare);
     }

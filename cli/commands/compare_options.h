@@ -32,6 +32,7 @@ public:
     std::optional<std::string> asciiFolder, udsFolder;
     std::vector<const CCriterion*> failOnBad;  ///< criteria whose bad verdicts make the command fail
     CVerbosity verbosity = CVerbosity::Usual;
+    unsigned jobs = 1;  ///< signals to work on at a time
 
     /// Whether the reference file is to be filtered.
     [[nodiscard]] bool FiltersReference() const { return cfc.has_value() && shouldFilterReference; }
