@@ -4,8 +4,11 @@
 
 #include <gmock/gmock.h>
 
+#include <cstddef>
 #include <filesystem>
 #include <limits>
+#include <string>
+#include <vector>
 
 namespace {
 

@@ -1,5 +1,7 @@
 #include "app/messages.h"
 
+#include <cstddef>
+
 namespace app_message {
 
 QString RunCompleted(std::size_t signalCount) {

@@ -4,7 +4,6 @@
 #include "app/commands.h"
 #include "app/main_frame.h"
 #include "app/message_box.h"
-#include "app/messages.h"
 #include "app/resources.h"
 #include "app/settings.h"
 #include "widgets/messages.h"

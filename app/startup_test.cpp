@@ -2,7 +2,7 @@
 
 #include "app/commands.h"
 #include "app/dialogs/file_picker.h"
-#include "app/messages.h"
+#include "app/message_box.h"
 #include "app/quorvel_app.h"
 #include "app/settings.h"
 #include "app/testing/control_ids.h"

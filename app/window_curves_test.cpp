@@ -1,15 +1,21 @@
 // The curves of a page as signals and as a table.
 
+#include "app/commands.h"
+#include "app/dialogs/file_picker.h"
 #include "app/testing/exports_test.h"
+#include "app/testing/window_fixture.h"
 #include "compare/document.h"
 #include "compare/export.h"
+#include "files/replacing_file.h"
 #include "signal/nsignal.h"
 #include "tests/support/test_signals.h"
 
 #include <QList>
 
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <vector>
 

@@ -3,18 +3,10 @@
 #include "app/commands.h"
 #include "app/dialogs/file_picker.h"
 #include "app/settings.h"
-#include "app/table/summary_model.h"
 #include "app/testing/control_ids.h"
 #include "app/testing/exports_test.h"
 #include "app/testing/widget_probe.h"
-#include "app/testing/window_test.h"
-#include "chart/testing/wmf_reader.h"
-#include "compare/document.h"
-#include "compare/export.h"
 #include "compare/setting_keys.h"
-#include "compare/verdict.h"
-#include "files/replacing_file.h"
-#include "signal/nsignal.h"
 #include "tests/support/failing_flush.h"
 #include "tests/support/temp_folder.h"
 
@@ -26,12 +18,9 @@
 #include <QRegularExpression>
 #include <QSet>
 
-#include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <filesystem>
-#include <map>
-#include <optional>
 #include <string>
 #include <vector>
 

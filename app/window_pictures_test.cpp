@@ -1,5 +1,6 @@
 // The chart on the clipboard and as a picture.
 
+#include "app/commands.h"
 #include "app/testing/exports_test.h"
 #include "chart/testing/wmf_reader.h"
 

@@ -1,6 +1,8 @@
 // The table on the clipboard and as an HTML report.
 
+#include "app/commands.h"
 #include "app/table/summary_list.h"
+#include "app/table/summary_model.h"
 #include "app/testing/exports_test.h"
 #include "compare/export.h"
 #include "compare/verdict.h"

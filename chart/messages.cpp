@@ -1,5 +1,7 @@
 #include "chart/messages.h"
 
+#include <cstddef>
+
 namespace chart_message {
 
 QString Description(const QString& yTitle, const QString& xTitle, const QStringList& curveNames) {

@@ -1,7 +1,11 @@
 #include "cli/messages.h"
 
 #include "cli/join.h"
-#include "files/number_text.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
 
 namespace cli_message {
 

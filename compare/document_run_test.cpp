@@ -1,5 +1,4 @@
 #include "compare/document_host.h"
-#include "compare/plots/plot.h"
 #include "compare/run_state.h"
 #include "tests/support/allocation_count.h"
 #include "tests/support/document_fixture.h"

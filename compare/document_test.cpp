@@ -2,15 +2,18 @@
 
 #include "compare/chart_block.h"
 #include "compare/critical_values.h"
+#include "compare/document_host.h"
 #include "compare/plots/page_ids.h"
 #include "compare/plots/page_table.h"
 #include "files/error.h"
 #include "files/uds_file.h"
+#include "signal/nsignal.h"
 #include "tests/support/document_fixture.h"
 #include "tests/support/failing_flush.h"
 #include "tests/support/memory_limit.h"
 #include "tests/support/recording_host.h"
 #include "tests/support/temp_folder.h"
+#include "tests/support/test_signals.h"
 
 #include <gmock/gmock.h>
 

@@ -11,8 +11,8 @@
 
 namespace {
 
-using testing::ElementsAre;
 using testing::Each;
+using testing::ElementsAre;
 
 class AnyNumberOfJobs : public testing::TestWithParam<unsigned> {};
 
@@ -35,9 +35,9 @@ TEST_P(AnyNumberOfJobs, AnnouncesAndFinishesOneItemAfterTheOtherHere) {
 TEST_P(AnyNumberOfJobs, FinishesAnItemOnlyAfterItsWork) {
     std::vector<std::atomic<int>> worked(200);
     int finished = 0;
-    ForEachInOrder(200, GetParam(),
-                   {[](std::size_t) {}, [&](std::size_t i) { worked[i] = 1; },
-                    [&](std::size_t i) { finished += worked[i]; }});
+    ForEachInOrder(
+        200, GetParam(),
+        {[](std::size_t) {}, [&](std::size_t i) { worked[i] = 1; }, [&](std::size_t i) { finished += worked[i]; }});
     EXPECT_EQ(finished, 200);
 }
 

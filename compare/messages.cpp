@@ -3,6 +3,7 @@
 #include "compare/sampling.h"
 #include "files/number_text.h"
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 

@@ -1,5 +1,12 @@
 #include "files/messages.h"
 
+#include "files/replacing_file.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
 namespace ks {
 
 std::string read_message::NotOpenedForReading(const std::string& path) {

@@ -113,7 +113,7 @@ public:
 
     CWriteResult Replace();
     CWriteResult WriteDirectly();
-    const CWriteTrouble& Trouble() const { return m_trouble; }
+    [[nodiscard]] const CWriteTrouble& Trouble() const { return m_trouble; }
 
 private:
     bool CreateNextToTarget();

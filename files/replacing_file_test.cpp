@@ -13,7 +13,6 @@
 #include <string>
 #include <sys/resource.h>
 #include <sys/stat.h>
-#include <system_error>
 #include <unistd.h>
 
 namespace ks {

@@ -1,6 +1,5 @@
 #include "files/uds_file.h"
 
-#include "files/byte_source.h"
 #include "files/error.h"
 #include "files/input_file.h"
 #include "files/messages.h"

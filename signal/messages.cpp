@@ -1,6 +1,7 @@
 #include "signal/messages.h"
 
 #include "files/number_text.h"
+#include "signal/saved_axis.h"
 
 #include <boost/lexical_cast.hpp>
 

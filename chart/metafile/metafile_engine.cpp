@@ -108,7 +108,7 @@ void CMetafileEngine::drawPolygon(const QPointF* points, int pointCount, Polygon
     Stroke(outline);
 }
 
-void CMetafileEngine::drawPixmap(const QRectF&, const QPixmap&, const QRectF&) {}
+void CMetafileEngine::drawPixmap(const QRectF& /*target*/, const QPixmap& /*pixmap*/, const QRectF& /*source*/) {}
 
 void CMetafileEngine::drawTextItem(const QPointF& baseline, const QTextItem& item) {
     const QPen& pen = m_pen;

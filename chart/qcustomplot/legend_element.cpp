@@ -102,7 +102,7 @@ int CLegendElement::HiddenEntries() const {
 }
 
 std::size_t CLegendElement::Index(int place) const {
-    return static_cast<std::size_t>(m_first + place);
+    return static_cast<std::size_t>(m_first) + static_cast<std::size_t>(place);
 }
 
 double CLegendElement::SampleWidth() const {

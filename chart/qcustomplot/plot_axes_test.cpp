@@ -1,4 +1,3 @@
-#include "chart/qcustomplot/plot_axes.h"
 
 #include "chart/testing/chart_files.h"
 #include "chart/testing/chart_window.h"

@@ -5,7 +5,9 @@
 #include "cli/commands/file_input.h"
 #include "cli/commands/output_conflicts.h"
 #include "cli/criteria.h"
+#include "cli/exit_status.h"
 #include "cli/messages.h"
+#include "cli/output/console.h"
 #include "cli/output/csv_table.h"
 #include "cli/output/json_results.h"
 #include "cli/output/notes.h"
@@ -15,7 +17,14 @@
 #include "cli/usage_error.h"
 #include "compare/document.h"
 #include "compare/export.h"
+#include "compare/run_state.h"
+#include "compare/signal.h"
+#include "compare/summary_table.h"
 #include "files/hit_list.h"
+
+#include <optional>
+#include <string>
+#include <vector>
 
 namespace {
 

@@ -6,16 +6,21 @@
 #include "cli/messages.h"
 #include "cli/output/outputs.h"
 #include "cli/usage_error.h"
+#include "compare/critical_values.h"
 #include "files/number_text.h"
 #include "signal/channel_class.h"
 
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
 #include <string_view>
 #include <system_error>
 #include <thread>
-#include <utility>
+#include <vector>
 
 namespace {
 

@@ -3,7 +3,6 @@
 #include "cli/commands/file_input.h"
 #include "cli/commands/file_options.h"
 #include "cli/exit_status.h"
-#include "cli/join.h"
 #include "cli/messages.h"
 #include "cli/output/console.h"
 #include "cli/output/outputs.h"

@@ -2,7 +2,6 @@
 
 #include "cli/arguments.h"
 #include "cli/commands/file_declarations.h"
-#include "cli/join.h"
 #include "cli/messages.h"
 #include "cli/output/outputs.h"
 #include "cli/usage_error.h"

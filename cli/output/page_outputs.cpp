@@ -2,7 +2,6 @@
 
 #include "cli/cli_host.h"
 #include "cli/commands/compare_options.h"
-#include "cli/join.h"
 #include "cli/messages.h"
 #include "cli/output/json_results.h"
 #include "cli/output/notes.h"
@@ -12,7 +11,6 @@
 #include "compare/export.h"
 #include "compare/plots/page_table.h"
 #include "files/native_path.h"
-#include "files/number_text.h"
 #include "signal/messages.h"
 #include "signal/nsignal.h"
 #include "signal/saved_axis.h"

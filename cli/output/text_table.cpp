@@ -38,7 +38,7 @@ struct CColumn {
     std::size_t valueWidth = 0;
     std::size_t wordWidth = 0;  // with the blank in front; 0 in a column without verdicts
 
-    std::size_t Width() const { return valueWidth + wordWidth; }
+    [[nodiscard]] std::size_t Width() const { return valueWidth + wordWidth; }
 };
 
 std::string_view VerdictWord(CVerdict verdict) {

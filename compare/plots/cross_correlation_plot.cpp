@@ -2,7 +2,6 @@
 
 #include "compare/plots/covariance.h"
 #include "compare/plots/messages.h"
-#include "compare/plots/page_ids.h"
 #include "compare/plots/plot.h"
 #include "compare/plots/series.h"
 #include "compare/signal.h"

@@ -1,7 +1,6 @@
 #include "compare/plots/cumulative_density_plot.h"
 
 #include "compare/plots/cumulative_density.h"
-#include "compare/plots/page_ids.h"
 #include "compare/plots/plot.h"
 #include "compare/plots/series.h"
 #include "compare/signal.h"

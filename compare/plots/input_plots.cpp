@@ -1,6 +1,5 @@
 #include "compare/plots/input_plots.h"
 
-#include "compare/plots/page_ids.h"
 #include "compare/plots/plot.h"
 #include "compare/plots/series.h"
 #include "compare/signal.h"

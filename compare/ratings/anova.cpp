@@ -2,9 +2,13 @@
 
 #include "compare/ratings/magnitude_phase.h"
 #include "compare/ratings/messages.h"
+#include "compare/ratings/samples.h"
+#include "compare/ratings/value.h"
 
 #include <array>
 #include <cmath>
+#include <cstddef>
+#include <span>
 #include <string_view>
 #include <vector>
 

@@ -12,7 +12,6 @@
 #include <cstddef>
 #include <optional>
 #include <span>
-#include <string>
 
 namespace ratings {
 namespace {

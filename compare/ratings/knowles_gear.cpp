@@ -10,7 +10,6 @@
 #include <cstddef>
 #include <optional>
 #include <span>
-#include <string>
 
 namespace ratings {
 namespace {

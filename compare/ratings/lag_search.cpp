@@ -81,14 +81,18 @@ public:
         m_trailing = FlatRun(reversed, centering);
     }
 
-    std::size_t Count() const { return m_sums.size() - 1; }
-    double Offset() const { return m_offset; }  ///< what the prefix sums lack of the values
-    double Sum(std::size_t first, std::size_t count) const { return m_sums[first + count] - m_sums[first]; }
-    double Squares(std::size_t first, std::size_t count) const { return m_squares[first + count] - m_squares[first]; }
-    double AllSquares() const { return m_squares.back(); }
+    [[nodiscard]] std::size_t Count() const { return m_sums.size() - 1; }
+    [[nodiscard]] double Offset() const { return m_offset; }  ///< what the prefix sums lack of the values
+    [[nodiscard]] double Sum(std::size_t first, std::size_t count) const {
+        return m_sums[first + count] - m_sums[first];
+    }
+    [[nodiscard]] double Squares(std::size_t first, std::size_t count) const {
+        return m_squares[first + count] - m_squares[first];
+    }
+    [[nodiscard]] double AllSquares() const { return m_squares.back(); }
 
     /// Parts lie at the start or at the end.
-    bool IsFlat(std::size_t first, std::size_t count) const {
+    [[nodiscard]] bool IsFlat(std::size_t first, std::size_t count) const {
         return first == 0 ? m_leading >= count : m_trailing >= count;
     }
 
@@ -117,9 +121,9 @@ public:
     CLagBounds(const CSamples& samples, std::size_t maxLag, CCentering centering)
         : CLagBounds(samples, Scale(samples.reference).values, Scale(samples.computed).values, maxLag, centering) {}
 
-    bool IsFlat(std::int64_t lag) const { return IsReferenceFlat(lag) || IsComputedFlat(lag); }
+    [[nodiscard]] bool IsFlat(std::int64_t lag) const { return IsReferenceFlat(lag) || IsComputedFlat(lag); }
 
-    CBounds At(std::int64_t lag) const {
+    [[nodiscard]] CBounds At(std::int64_t lag) const {
         const std::size_t count = Count(lag);
         const std::size_t x = ReferenceFirst(lag), y = ComputedFirst(lag);
         if (IsFlat(lag)) {
@@ -155,11 +159,17 @@ private:
 
     static std::size_t ReferenceFirst(std::int64_t lag) { return lag < 0 ? static_cast<std::size_t>(-lag) : 0; }
     static std::size_t ComputedFirst(std::int64_t lag) { return lag < 0 ? 0 : static_cast<std::size_t>(lag); }
-    std::size_t Count(std::int64_t lag) const { return m_reference.Count() - ReferenceFirst(lag) - ComputedFirst(lag); }
-    bool IsReferenceFlat(std::int64_t lag) const { return m_reference.IsFlat(ReferenceFirst(lag), Count(lag)); }
-    bool IsComputedFlat(std::int64_t lag) const { return m_computed.IsFlat(ComputedFirst(lag), Count(lag)); }
+    [[nodiscard]] std::size_t Count(std::int64_t lag) const {
+        return m_reference.Count() - ReferenceFirst(lag) - ComputedFirst(lag);
+    }
+    [[nodiscard]] bool IsReferenceFlat(std::int64_t lag) const {
+        return m_reference.IsFlat(ReferenceFirst(lag), Count(lag));
+    }
+    [[nodiscard]] bool IsComputedFlat(std::int64_t lag) const {
+        return m_computed.IsFlat(ComputedFirst(lag), Count(lag));
+    }
 
-    CBounds Bounds(std::int64_t lag, double xy, double xx, double yy) const {
+    [[nodiscard]] CBounds Bounds(std::int64_t lag, double xy, double xx, double yy) const {
         const double allXx = m_reference.AllSquares(), allYy = m_computed.AllSquares();
         const double errorXx = kSumError * allXx, errorYy = kSumError * allYy;
         if (!(xx > 4.0 * errorXx) || !(yy > 4.0 * errorYy)) return {lag, -1.0, 1.0};
@@ -193,7 +203,7 @@ public:
         m_highest = std::max(m_highest, bounds.high);
     }
 
-    std::span<const std::int64_t> Lags() const { return m_lags; }
+    [[nodiscard]] std::span<const std::int64_t> Lags() const { return m_lags; }
 
 private:
     std::vector<std::int64_t> m_lags;

@@ -16,7 +16,6 @@
 #include <cstddef>
 #include <limits>
 #include <span>
-#include <string>
 #include <vector>
 
 namespace ratings {

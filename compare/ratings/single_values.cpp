@@ -46,7 +46,7 @@ struct CDivisor {
     bool isZero;
     std::string_view reason;
 
-    CValue Under(double dividend, double divisor) const {
+    [[nodiscard]] CValue Under(double dividend, double divisor) const {
         return isZero ? CValue::Unavailable(reason) : CValue::Of(dividend / divisor);
     }
 };
