@@ -15,6 +15,7 @@
 
 #include <initializer_list>
 #include <memory>
+#include <utility>
 
 namespace ksres {
 namespace {
@@ -165,8 +166,8 @@ void CViewPrintPreview::GoBy(int pages) {
 
 // The page of the sheet.
 
-CPrintPreviewer::CPrintPreviewer(const PaintReport& paint, QWidget* parent)
-    : QWidget(parent), m_paint(paint), m_view(MakeChild<CViewPrintPreview>(this)) {
+CPrintPreviewer::CPrintPreviewer(PaintReport paint, QWidget* parent)
+    : QWidget(parent), m_paint(std::move(paint)), m_view(MakeChild<CViewPrintPreview>(this)) {
     MakeChild<QVBoxLayout>(this)->addWidget(m_view);
 }
 

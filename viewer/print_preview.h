@@ -67,7 +67,7 @@ class CPrintPreviewer : public QWidget {
     Q_OBJECT
 
 public:
-    explicit CPrintPreviewer(const PaintReport& paint, QWidget* parent = nullptr);
+    explicit CPrintPreviewer(PaintReport paint, QWidget* parent = nullptr);
     ~CPrintPreviewer() override;
 
     /// The report or its settings have changed.

@@ -17,10 +17,10 @@ double HeadHeight() {
 
 }  // namespace
 
-CPrintRegion::CPrintRegion(const QString& title, CPrintTable table) : m_title(title), m_table(std::move(table)) {}
+CPrintRegion::CPrintRegion(QString title, CPrintTable table) : m_title(std::move(title)), m_table(std::move(table)) {}
 
-CPrintRegion::CPrintRegion(const QString& title, CPage::Picture picture, double height)
-    : m_title(title), m_picture(std::move(picture)), m_pictureHeight(height) {}
+CPrintRegion::CPrintRegion(QString title, CPage::Picture picture, double height)
+    : m_title(std::move(title)), m_picture(std::move(picture)), m_pictureHeight(height) {}
 
 double CPrintRegion::Height(double width) const {
     return HeadHeight() + (m_table ? m_table->Height(width) : m_pictureHeight);

@@ -11,9 +11,9 @@
 /// A group on a page: its title above a thin line, then a table or a picture.
 class CPrintRegion {
 public:
-    CPrintRegion(const QString& title, CPrintTable table);
+    CPrintRegion(QString title, CPrintTable table);
     /// @param height  of the picture, inches
-    CPrintRegion(const QString& title, CPage::Picture picture, double height);
+    CPrintRegion(QString title, CPage::Picture picture, double height);
 
     /// Height at this width, inches.
     [[nodiscard]] double Height(double width) const;

@@ -8,6 +8,7 @@
 #include <QPageSize>
 
 #include <string>
+#include <utility>
 
 class QPagedPaintDevice;
 class QPrinter;
@@ -28,7 +29,7 @@ enum class CPrintResult {
 class CPrinter {
 public:
     /// The subject's record must outlive the printer.
-    explicit CPrinter(const CReportSubject& subject) : m_subject(subject) {}
+    explicit CPrinter(CReportSubject subject) : m_subject(std::move(subject)) {}
 
     /// How many pages the report has on this paper.
     [[nodiscard]] int PageCount(const QPageLayout& layout) const;

@@ -49,9 +49,11 @@ QList<CExpectedGroup> Groups(const QWidget& page) {
         CExpectedGroup group{box->title(), {}};
         const auto edits = box->findChildren<CValueEdit*>();
         const auto labels = box->findChildren<QLabel*>();
-        for (CValueEdit* const edit : edits)
-            for (const QLabel* const label : labels)
+        for (CValueEdit* const edit : edits) {
+            for (const QLabel* const label : labels) {
                 if (label->buddy() == edit) group.lines.append(label->text() + ' ' + edit->text());
+            }
+        }
         groups.append(group);
     }
     return groups;

@@ -74,7 +74,7 @@ void CQCustomPlotChart::ClearArray(CChartProperty property) {
     m_model->ClearArray(property);
 }
 
-void CQCustomPlotChart::Draw(std::int32_t, std::int32_t) {
+void CQCustomPlotChart::Draw(std::int32_t /*first*/, std::int32_t /*second*/) {
     if (Exists()) Plot().replot();
 }
 
