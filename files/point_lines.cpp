@@ -33,22 +33,25 @@ public:
         ++m_at;
         return true;
     }
+    bool TakeBlank() { return Take(' ') || Take('\t'); }
     bool TakeSeparator() {
-        if (Take(',')) {
-            Take(' ');
-            return true;
-        }
-        return Take('\t') || Take(' ');
+        const bool hasBlank = TakeBlank();
+        if (!Take(',')) return hasBlank;
+        TakeBlank();
+        return true;
     }
     bool TakeLineEnd() {
-        Take('\r');
-        return Take('\n');
+        if (Take('\n')) return true;
+        if (!Take('\r') || m_at == m_end) return false;  // a line feed may follow
+        Take('\n');
+        return true;
     }
-    /// Numbers with a plus are left to the grammar; and so is what fast_float knows and the grammar does not.
+    /// fast_float also knows "nan" and "inf", which are no numbers here, and does not know a leading plus.
     bool TakeNumber(double& value) {
-        const char* const digits = m_at != m_end && *m_at == '-' ? m_at + 1 : m_at;
+        const char* digits = m_at;
+        if (digits != m_end && (*digits == '-' || *digits == '+')) ++digits;
         if (digits == m_end || (!IsDigit(*digits) && *digits != '.')) return false;
-        const auto result = fast_float::from_chars(m_at, m_end, value);
+        const auto result = fast_float::from_chars(*m_at == '+' ? digits : m_at, m_end, value);
         m_at = result.ptr;
         return result.ec != std::errc::invalid_argument;
     }

@@ -7,8 +7,8 @@
 
 namespace ks {
 
-/// Takes ordinary lines, quickly, from the start of a text: at most one blank, `numbers` numbers, between two of them a
-/// blank, a tab, a comma or a comma and a blank, then a line feed, before which a carriage return may be. The grammar
+/// Takes ordinary lines, quickly, from the start of a text: at most one blank; `numbers` numbers, between two of them a
+/// blank or a tab, or a comma with at most one of these on either side; and a line end. The grammar
 /// (files/point_grammar.h) takes such a line to the same point, whatever follows; it decides about all other lines.
 ///
 /// Stops at the first line that is not ordinary, does not end in the text, or begins at or beyond `certain`.

@@ -43,11 +43,11 @@ TEST(OrdinaryLines, OfOneNumber) {
 }
 
 TEST(OrdinaryLines, OfTwoNumbers) {
-    const std::string text = "0.1 2\n0.2\t-3\r\n0.3,4\n 0.4, -.5\n5.,6E-1\n";
+    const std::string text = "0.1 2\n0.2\t-3\r\n0.3,4\n 0.4, -.5\n5.,6E-1\r+6\t,\t+.7\n7 , 8\n";
     const CTaken taken = Take(text, 2);
     EXPECT_EQ(taken.length, text.size());
-    EXPECT_THAT(taken.points.x, ElementsAre(0.1, 0.2, 0.3, 0.4, 5.0));
-    EXPECT_THAT(taken.points.y, ElementsAre(2.0, -3.0, 4.0, -0.5, 0.6));
+    EXPECT_THAT(taken.points.x, ElementsAre(0.1, 0.2, 0.3, 0.4, 5.0, 6.0, 7.0));
+    EXPECT_THAT(taken.points.y, ElementsAre(2.0, -3.0, 4.0, -0.5, 0.6, 0.7, 8.0));
     EXPECT_THAT(taken.points.z, IsEmpty());
 }
 
@@ -69,10 +69,10 @@ TEST(OrdinaryLines, NotThereLeaveThePointsAsTheyAre) {
 
 TEST(OrdinaryLines, EndBeforeEveryOther) {
     for (const char* const other :
-         {"",        "3",      "3 4",    "3 4\r",   "3 4\r5 6\n", "3\n4\n",   "3 4 5\n", "3  4\n",
-          "3\t 4\n", "3,,4\n", "3 ,4\n", "  3 4\n", "\t3 4\n",    "\n3 4\n",  "3-4\n",   "+3 4\n",
-          "3 +4\n",  "3 4 \n", "3 4,\n", "3 inf\n", "3 -nan\n",   "-inf 4\n", "3 -\n",   "3 .\n",
-          "3 1e\n",  "x\n",    "3;4\n",  "3\v4\n",  "3 4\f\n"}) {
+         {"",        "3",      "3 4",     "3 4\r",   "3\n4\n",   "3\r4\r",   "3 4 5\n",  "3  4\n",
+          "3\t 4\n", "3,,4\n", "3,  4\n", "3  ,4\n", "  3 4\n",  "\t3 4\n",  "\n3 4\n",  "\r3 4\n",
+          "3-4\n",   "3 4 \n", "3 4,\n",  "3 inf\n", "3 -nan\n", "-inf 4\n", "+inf 4\n", "3 -\n",
+          "3 .\n",   "3 +.\n", "3 +-4\n", "3 1e\n",  "x\n",      "3;4\n",    "3\v4\n",   "3 4\f\n"}) {
         const std::string first = "1 2\n";
         const CTaken taken = Take(first + other, 2);
         EXPECT_EQ(taken.length, first.size()) << testing::PrintToString(other);
@@ -112,7 +112,7 @@ public:
         for (unsigned line = 1 + Below(80); line > 0; --line) {
             if (numbers < 3 && Below(60) == 0) ++numbers;
             for (unsigned i = 0; i < numbers; ++i) text += (i > 0 ? Separator() : Lead()) + Number();
-            text += Below(3) > 0 ? "\n" : "\r\n";
+            text += One({"\n", "\n", "\r\n", "\r"});
             if (Below(50) == 0) text += Oddity();
         }
         return text;
@@ -124,8 +124,8 @@ private:
     unsigned Below(unsigned end) { return static_cast<unsigned>(m_random() % end); }
     std::string One(const Texts& texts) { return texts[Below(static_cast<unsigned>(texts.size()))]; }
     std::string Lead() { return Below(10) > 0 ? "" : " "; }
-    std::string Separator() { return One({" ", "\t", ",", ", "}); }
-    std::string Number() { return One({"", "-"}) + std::to_string(Below(100)) + One({"", ".", ".5", ".25e-3"}); }
+    std::string Separator() { return One({" ", "\t", ",", ", ", " ,\t"}); }
+    std::string Number() { return One({"", "-", "+"}) + std::to_string(Below(100)) + One({"", ".", ".5", ".25e-3"}); }
     std::string Oddity() {
         return One({"+", "1", "1 2", "\n", "\r", "\t", "  ", ",", "\v", "1\r2\r", "-", "1 2 3 4\n", "e", "x", ".\n"});
     }

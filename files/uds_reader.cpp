@@ -51,8 +51,11 @@ bool BeginsWithBlanks(std::span<const std::byte> text) {
     return text.front() == std::byte{' '} && !Trimmed(text).empty();
 }
 
+/// Without an early end, so that the compiler can look at many bytes at a time.
 bool IsEmpty(std::span<const std::byte> bytes) {
-    return std::ranges::all_of(bytes, [](std::byte byte) { return byte == std::byte{0}; });
+    std::byte any{0};
+    for (const std::byte byte : bytes) any |= byte;
+    return any == std::byte{0};
 }
 
 CFourBytes FourBytes(std::span<const std::byte> bytes) {
