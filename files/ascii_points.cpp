@@ -3,7 +3,6 @@
 #include "files/byte_source.h"
 #include "files/error.h"
 #include "files/input_file.h"
-#include "files/large_pages.h"
 #include "files/messages.h"
 #include "files/point_grammar.h"
 #include "files/points.h"
@@ -39,8 +38,8 @@ std::size_t KeptOfPair(char first, char second) {
 
 void Reserve(CPointColumns& columns, std::uint64_t count) {
     const auto room = static_cast<std::size_t>(std::min<std::uint64_t>(count, kLargestReserve));
-    ReserveInLargePages(columns.x, room);
-    ReserveInLargePages(columns.y, room);
+    columns.x.reserve(room);
+    columns.y.reserve(room);
 }
 
 void FillZ(CPointColumns& columns) {

@@ -1,6 +1,5 @@
 #include "files/point_lines.h"
 
-#include "files/large_pages.h"
 #include "files/points.h"
 
 #include <fast_float/fast_float.h>
@@ -79,7 +78,6 @@ struct CLinePoints {
 };
 
 void AppendColumn(std::vector<double>& column, const std::array<double, kLinesAtATime>& values, std::size_t count) {
-    if (column.capacity() - column.size() < count) ReserveInLargePages(column, 2 * column.size() + count);
     column.insert(column.end(), values.begin(), values.begin() + static_cast<std::ptrdiff_t>(count));
 }
 

@@ -2,7 +2,6 @@
 
 #include "files/byte_source.h"
 #include "files/error.h"
-#include "files/large_pages.h"
 #include "files/messages.h"
 #include "files/number_format.h"
 #include "files/points.h"
@@ -298,7 +297,7 @@ void CReading::AppendValues(std::span<const std::byte> values, std::vector<doubl
 void CReading::MakeRoom(std::vector<double>& list, std::size_t more) const {
     if (list.capacity() - list.size() >= more) return;
     const std::uint64_t likely = std::max(kFirstReserve, kGrowth * list.size());
-    ReserveInLargePages(list, static_cast<std::size_t>(std::min(Count(), likely)));
+    list.reserve(static_cast<std::size_t>(std::min(Count(), likely)));
 }
 
 void CReading::ReadPairs() {
