@@ -14,6 +14,7 @@
 #include <filesystem>
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace ks {
 namespace {
@@ -106,6 +107,22 @@ TEST(DamagedFile, OfGigabytesTakesNoGigabytes) {
     ResetLargestAllocation();
     EXPECT_EQ(ErrorOf([&] { file.Read(path); }), "Unknown Data Block");
     EXPECT_LE(LargestAllocation(), std::size_t{8} << 20U);
+}
+
+TEST(DamagedFile, TakesMemoryByTheValuesThatItHas) {
+    const CTempFolder folder;
+    CUDSRecipe recipe;
+    recipe.fileForm = "Y";
+    recipe.lastPoint = 300000000;
+    CUDSBytes bytes = UdsHeaders(recipe);
+    const std::vector<double> values(125, 1.0);
+    for (int i = 0; i < 8400; ++i) bytes.AddBlock("Y DATA", values);  // a little more than 2^20 values
+    const std::string path = folder.Write("sparse.uds", bytes.Text());
+    std::filesystem::resize_file(path, std::uint64_t{4} << 30U);
+    CUDS1992 file;
+    ResetLargestAllocation();
+    EXPECT_EQ(ErrorOf([&] { file.Read(path); }), "Unknown Data Block");
+    EXPECT_LE(LargestAllocation(), std::size_t{65} << 20U);
 }
 
 }  // namespace

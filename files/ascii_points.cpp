@@ -8,6 +8,7 @@
 #include "files/points.h"
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -35,24 +36,29 @@ std::size_t KeptOfPair(char first, char second) {
     return first == ' ' && second == ' ' ? 0 : kNowhere;
 }
 
-/// Room for the points of a text of `size` bytes, a line each, that begins with `text`.
-void MakeRoom(CPointColumns& columns, std::string_view text, std::uint64_t size) {
-    if (text.empty()) return;
-    const auto lines = static_cast<std::uint64_t>(std::ranges::count(text, '\n')) + 1;
-    const std::uint64_t parts = (size + text.size() - 1) / text.size();
-    const std::uint64_t count = std::min<std::uint64_t>(lines * parts, kLargestReserve);
-    columns.x.reserve(static_cast<std::size_t>(count));
-    columns.y.reserve(static_cast<std::size_t>(count));
+void Reserve(CPointColumns& columns, std::uint64_t count) {
+    const auto room = static_cast<std::size_t>(std::min<std::uint64_t>(count, kLargestReserve));
+    columns.x.reserve(room);
+    columns.y.reserve(room);
 }
 
 void FillZ(CPointColumns& columns) {
     if (!columns.z.empty()) columns.z.resize(columns.Count(), 0.0);
 }
 
-/// Whether any text that parses can hold the character.
-bool MayBeInData(char c) {
-    return syntax::IsOfNumber(c) || syntax::IsWhite(c) || c == ',';
-}
+/// What a character is to the search for the data's end.
+enum class CRole : unsigned char { Hopeless, White, Other };
+
+/// By character; no text that parses can hold a hopeless one.
+constexpr std::array<CRole, 256> kRoles = [] {
+    std::array<CRole, 256> roles{};
+    for (std::size_t i = 0; i < roles.size(); ++i) {
+        const auto c = static_cast<char>(i);
+        if (syntax::IsOfNumber(c) || c == ',') roles[i] = CRole::Other;
+        if (syntax::IsWhite(c)) roles[i] = CRole::White;
+    }
+    return roles;
+}();
 
 /// Where a text's data end, and whether something that can never parse comes before that.
 struct CDataEnd {
@@ -65,10 +71,10 @@ struct CDataEnd {
 /// share a character both cuts keep the same.
 CDataEnd FindDataEnd(std::string_view text, std::size_t start) {
     for (std::size_t i = start; i < text.size(); ++i) {
-        const char c = text[i];
-        if (!MayBeInData(c)) return {i + 1, true};
-        if (i == 0 || !syntax::IsWhite(c)) continue;
-        const std::size_t kept = KeptOfPair(text[i - 1], c);
+        const CRole role = kRoles[static_cast<unsigned char>(text[i])];
+        if (role == CRole::Hopeless) return {i + 1, true};
+        if (i == 0 || role != CRole::White) continue;
+        const std::size_t kept = KeptOfPair(text[i - 1], text[i]);
         if (kept != kNowhere) return {i - 1 + kept, false};
     }
     return {};
@@ -87,7 +93,10 @@ public:
 
 private:
     void ReadPiece(const std::string& path);
+    bool AppendPiece();
+    std::size_t TakeOrdinary();
     bool Parse();
+    void MakeRoom();
 
     CByteSource& m_source;
     std::size_t m_bytesAtATime;
@@ -96,33 +105,56 @@ private:
     std::string m_text;        ///< what is not parsed yet
     std::size_t m_enough = 0;  ///< length of `m_text` at which parsing again is worth its time
     std::uint64_t m_bytesRead = 0;
-    bool m_isLast = false;  ///< the data end with `m_text`
+    bool m_hasRoom = false;  ///< memory for all points is reserved
+    bool m_isLast = false;   ///< the data end with `m_text`
 };
 
 bool CReading::ReadAll(const std::string& path) {
     while (!m_isLast) {
         ReadPiece(path);
-        if (m_points.y.capacity() == 0) MakeRoom(m_points, m_text, m_isLast ? m_text.size() : m_source.Size());
         if (!Parse()) return false;
+        MakeRoom();
     }
     return true;
 }
 
+/// Reads a piece and looks for the end of the data. Ordinary lines are taken before that: they hold nothing that ends
+/// data, except that the last one's line end may be the first character of a pair, which leaves the line as it is.
+/// The character after that line end is still in the text, so the pair is found.
 void CReading::ReadPiece(const std::string& path) {
+    const std::size_t start = m_text.size();
+    const bool isWhole = AppendPiece();
+    if (m_bytesRead > kLargestText) throw CError(ascii_message::TooLarge(path));
+
+    const bool isCutShort = !isWhole && m_bytesRead < m_source.Size();
+    const std::size_t taken = isCutShort ? 0 : TakeOrdinary();
+    const CDataEnd end = FindDataEnd(m_text, std::max(start, taken));
+    m_isLast = end.length != kNowhere || !isWhole;
+    if (end.length != kNowhere) {
+        m_text.resize(end.length);
+    } else if (isCutShort) {
+        throw CError(read_message::ReadFailed(path));  // part of a signal must not pass for all of it
+    }
+    m_text.erase(0, taken);
+}
+
+/// @return whether there were as many bytes as asked for
+bool CReading::AppendPiece() {
     const std::size_t start = m_text.size();
     m_text.resize(start + m_bytesAtATime);
     const std::size_t count = m_source.Read(std::as_writable_bytes(std::span(m_text).subspan(start)));
     m_text.resize(start + count);
     m_bytesRead += count;
-    if (m_bytesRead > kLargestText) throw CError(ascii_message::TooLarge(path));
+    return count == m_bytesAtATime;
+}
 
-    const CDataEnd end = FindDataEnd(m_text, start);
-    m_isLast = end.length != kNowhere || count < m_bytesAtATime;
-    if (end.length != kNowhere) {
-        m_text.resize(end.length);
-    } else if (m_isLast && m_bytesRead < m_source.Size()) {
-        throw CError(read_message::ReadFailed(path));  // part of a signal must not pass for all of it
-    }
+/// @return how many characters at the start of the text the lines take; they are still there
+std::size_t CReading::TakeOrdinary() {
+    if (m_text.size() < m_enough || m_text.empty()) return 0;
+    const auto complete = std::string_view(m_text).substr(0, m_text.size() - 1);
+    const std::size_t taken = m_document.TakeOrdinary(complete, complete.size());
+    if (taken > 0) m_enough = 0;
+    return taken;
 }
 
 /// Parses what is certain, or all that is left. A point of many pieces is tried again each time the text has doubled,
@@ -136,6 +168,14 @@ bool CReading::Parse() {
     m_text.erase(0, *taken);
     m_enough = 2 * m_text.size();
     return true;
+}
+
+/// Once, by the first points: room for those of the whole text and some more, since later lines may be shorter.
+void CReading::MakeRoom() {
+    if (m_hasRoom || m_isLast || m_points.Count() == 0) return;
+    m_hasRoom = true;
+    const std::uint64_t count = m_points.Count() * m_source.Size() / (m_bytesRead - m_text.size());
+    Reserve(m_points, count + count / 16);
 }
 
 }  // namespace
@@ -159,7 +199,7 @@ void CPoints::ReadFrom(CByteSource& source, const std::string& path, std::size_t
 
 void CPoints::ParseData(std::string_view text) {
     m_columns = {};
-    MakeRoom(m_columns, text, text.size());
+    Reserve(m_columns, static_cast<std::uint64_t>(std::ranges::count(text, '\n')) + 1);
     if (!syntax::ParsePoints(text, m_columns)) throw CError(ascii_message::kParseData);
     FillZ(m_columns);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "files/number_text.h"
+#include "files/point_lines.h"
 #include "files/points.h"
 
 // Under sanitizers g++ 12 takes the character that a failed match does not have for one that is used.
@@ -136,31 +137,44 @@ public:
     /// @return how many characters they took; no value when no document begins so
     std::optional<std::size_t> Take(std::string_view text, std::size_t certain) {
         const char* at = text.data();
-        while (static_cast<std::size_t>(at - text.data()) < certain) {
-            TakeRun(at, text, certain);
-            if (static_cast<std::size_t>(at - text.data()) >= certain) break;
+        const char* const end = text.data() + text.size();
+        const char* const stop = text.data() + certain;
+        while (true) {
+            if (at < stop) at += TakeOrdinary({at, end}, static_cast<std::size_t>(stop - at));
+            if (at >= stop) return static_cast<std::size_t>(at - text.data());
+            if (TakePoint(at, end)) continue;
             if (m_numbers == 3) return std::nullopt;
             ++m_numbers;
         }
-        return static_cast<std::size_t>(at - text.data());
+    }
+
+    /// Takes only the ordinary lines (files/point_lines.h) at the start of `text`, which continues where the previous
+    /// call ended, as far as they begin in its first `certain` characters. They are not ordinary lines of fewer
+    /// numbers, nor any other points of fewer numbers: so a run before theirs has ended.
+    /// @return how many characters they took
+    std::size_t TakeOrdinary(std::string_view text, std::size_t certain) {
+        std::size_t taken = 0;
+        for (int numbers = m_numbers; numbers <= 3 && taken < certain; ++numbers) {
+            const std::size_t more = TakeOrdinaryLines(text.substr(taken), certain - taken, numbers, *m_points);
+            if (more > 0) m_numbers = numbers;
+            taken += more;
+        }
+        return taken;
     }
 
 private:
-    /// The points of the current run.
-    void TakeRun(const char*& at, std::string_view text, std::size_t certain) {
-        if (m_numbers == 1) return TakeAll(point_one_parser(*m_points), at, text, certain);
-        if (m_numbers == 2) return TakeAll(point_two_parser(*m_points), at, text, certain);
-        TakeAll(point_three_parser(*m_points), at, text, certain);
+    /// One point of the current run.
+    bool TakePoint(const char*& at, const char* end) {
+        if (m_numbers == 1) return Take(point_one_parser(*m_points), at, end);
+        if (m_numbers == 2) return Take(point_two_parser(*m_points), at, end);
+        return Take(point_three_parser(*m_points), at, end);
     }
 
     template <class Point>
-    static void TakeAll(const Point& point, const char*& at, std::string_view text, std::size_t certain) {
-        const char* const end = text.data() + text.size();
-        while (static_cast<std::size_t>(at - text.data()) < certain) {
-            const auto parsed = classic::parse(at, end, point);
-            if (!parsed.hit) return;
-            at = parsed.stop;
-        }
+    static bool Take(const Point& point, const char*& at, const char* end) {
+        const auto parsed = classic::parse(at, end, point);
+        if (parsed.hit) at = parsed.stop;
+        return parsed.hit;
     }
 
     CPointColumns* m_points;
@@ -168,12 +182,12 @@ private:
 };
 
 /// Whether the character can be part of a number, even if this is not a place where a number allows it.
-inline bool IsOfNumber(char c) {
+constexpr bool IsOfNumber(char c) {
     return (c >= '0' && c <= '9') || c == '.' || c == '+' || c == '-' || c == 'e' || c == 'E';
 }
 
 /// What the C locale classifies as space.
-inline bool IsWhite(char c) {
+constexpr bool IsWhite(char c) {
     return c == ' ' || (c >= '\t' && c <= '\r');
 }
 

@@ -258,7 +258,7 @@ TEST(UdsReader, TakesNoValuesBeyondTheLastPoint) {
 }
 
 TEST(UdsReader, ReadsFilesOfManyRecords) {
-    for (const std::int32_t count : {2, 124, 125, 126, 250, 251, 31999, 32000, 32001, 100000}) {
+    for (const std::int32_t count : {2, 124, 125, 126, 250, 251, 31999, 32000, 32001, 100000, 1100000}) {
         CUDSRecipe recipe = RecipeOf(count);
         for (const char* const form : {"X-Y", "Y"}) {
             recipe.fileForm = form;
