@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-std::optional<CFileSelection> CRecordingHost::SelectFiles(const CFileSelection& offered) {
+std::optional<CFileSelection> CRecordingHost::SelectFiles(const CFileSelection& choice) {
     calls.emplace_back("select");
     offered = choice;
     return selection;
