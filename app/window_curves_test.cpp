@@ -10,6 +10,7 @@
 
 #include <cmath>
 #include <cstddef>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -20,7 +21,7 @@ bool AreClose(double actual, double expected) {
 }
 
 /// Number of points in which two columns differ; -1 for columns of different lengths.
-int Differences(const std::vector<double>& actual, const std::vector<double>& expected) {
+int Differences(std::span<const double> actual, std::span<const double> expected) {
     if (actual.size() != expected.size()) return -1;
     int count = 0;
     for (std::size_t i = 0; i < actual.size(); ++i) count += AreClose(actual[i], expected[i]) ? 0 : 1;
