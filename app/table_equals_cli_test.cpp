@@ -11,6 +11,7 @@
 #include <QProcess>
 
 #include <cstddef>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -189,7 +190,7 @@ private:
         return color == QColor(255, 0, 0) ? QString("bad") : color.name();
     }
 
-    static void CompareColumn(const std::vector<double>& values, const QJsonArray& expected) {
+    static void CompareColumn(std::span<const double> values, const QJsonArray& expected) {
         QCOMPARE(values.size(), static_cast<std::size_t>(expected.size()));
         for (std::size_t i = 0; i < values.size(); ++i) {
             const double number = expected[static_cast<qsizetype>(i)].toDouble();

@@ -12,10 +12,10 @@
 
 #include <QList>
 
-#include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -26,7 +26,7 @@ bool AreClose(double actual, double expected) {
 }
 
 /// Number of points in which two columns differ; -1 for columns of different lengths.
-int Differences(const std::vector<double>& actual, const std::vector<double>& expected) {
+int Differences(std::span<const double> actual, std::span<const double> expected) {
     if (actual.size() != expected.size()) return -1;
     int count = 0;
     for (std::size_t i = 0; i < actual.size(); ++i) count += AreClose(actual[i], expected[i]) ? 0 : 1;

@@ -40,14 +40,14 @@ CTerms TermsAt(double time, double computed, double reference) {
     return terms;
 }
 
-void Add(CTerms& sums, const CTerms& terms, double weight) {
+void AddOnce(CTerms& sums, const CTerms& terms) {
     for (std::size_t order = 0; order < sums.computedMoments.size(); ++order) {
-        sums.computedMoments[order] += weight * terms.computedMoments[order];
-        sums.referenceMoments[order] += weight * terms.referenceMoments[order];
+        sums.computedMoments[order] += terms.computedMoments[order];
+        sums.referenceMoments[order] += terms.referenceMoments[order];
     }
-    sums.cross += weight * terms.cross;
-    sums.computedSquare += weight * terms.computedSquare;
-    sums.referenceSquare += weight * terms.referenceSquare;
+    sums.cross += terms.cross;
+    sums.computedSquare += terms.computedSquare;
+    sums.referenceSquare += terms.referenceSquare;
 }
 
 /// Everything that one pass over the points gathers.
@@ -59,6 +59,78 @@ struct CGathered {
     std::int64_t outsideCount;
 };
 
+/// A number of the computed signal and the same of the reference, or two sums, in one register.
+using CPair = double __attribute__((vector_size(16)));
+
+CPair Larger(CPair a, CPair b) {
+    return b > a ? b : a;
+}
+
+/// The sums while the inner points are added, each in its own order: only sums that do not depend on each other are
+/// formed together.
+class CRunningSums {
+public:
+    explicit CRunningSums(const CGathered& sums)
+        : m_weightedSquares{sums.weighted.computedSquare, sums.weighted.referenceSquare},
+          m_squares{sums.computedSquares, sums.referenceSquares},
+          m_crosses{sums.weighted.cross, sums.cross},
+          m_residuals{sums.residualSum, sums.residualSumOfSquares},
+          m_peaks{sums.computedPeak, sums.referencePeak},
+          m_outsideCount(sums.outsideCount) {
+        for (std::size_t order = 0; order < m_moments.size(); ++order) {
+            m_moments[order] = CPair{sums.weighted.computedMoments[order], sums.weighted.referenceMoments[order]};
+        }
+    }
+
+    /// An inner point. The trapezoid weight 2 is the term added to itself.
+    void Add(double time, double computed, double reference, double corridorSize) {
+        const CPair point{computed, reference};
+        const CPair times{time, time};
+        m_moments[0] += point + point;
+        CPair power = times;
+        for (std::size_t order = 1; order < m_moments.size(); ++order) {
+            const CPair term = power * point;
+            m_moments[order] += term + term;
+            power *= times;
+        }
+        const CPair squares = point * point;
+        m_weightedSquares += squares + squares;
+        m_squares += squares;
+        const double cross = computed * reference;
+        m_crosses += CPair{cross + cross, cross};
+
+        const double residual = computed - reference;
+        m_residuals += CPair{residual, residual * residual};
+        m_peaks = Larger(m_peaks, CPair{std::abs(computed), std::abs(reference)});
+        m_outsideCount += std::abs(residual) > corridorSize ? 1 : 0;
+    }
+
+    [[nodiscard]] CGathered Sums() const {
+        CGathered sums{};
+        for (std::size_t order = 0; order < m_moments.size(); ++order) {
+            sums.weighted.computedMoments[order] = m_moments[order][0];
+            sums.weighted.referenceMoments[order] = m_moments[order][1];
+        }
+        sums.weighted.computedSquare = m_weightedSquares[0];
+        sums.weighted.referenceSquare = m_weightedSquares[1];
+        sums.weighted.cross = m_crosses[0];
+        sums.cross = m_crosses[1];
+        sums.computedSquares = m_squares[0];
+        sums.referenceSquares = m_squares[1];
+        sums.residualSum = m_residuals[0];
+        sums.residualSumOfSquares = m_residuals[1];
+        sums.computedPeak = m_peaks[0];
+        sums.referencePeak = m_peaks[1];
+        sums.outsideCount = m_outsideCount;
+        return sums;
+    }
+
+private:
+    std::array<CPair, 6> m_moments;
+    CPair m_weightedSquares, m_squares, m_crosses, m_residuals, m_peaks;
+    std::int64_t m_outsideCount;
+};
+
 /// `computed` and `reference` hold the same number of values, at least one.
 CGathered Gather(std::span<const double> computed, std::span<const double> reference, double timeStep,
                  double corridorSize) {
@@ -67,7 +139,7 @@ CGathered Gather(std::span<const double> computed, std::span<const double> refer
     const CTerms last = TermsAt(timeStep * static_cast<double>(count), computed.back(), reference.back());
     const double firstResidual = computed.front() - reference.front();
 
-    CGathered sums{first,
+    CGathered ends{first,
                    first.cross,
                    first.computedSquare,
                    first.referenceSquare,
@@ -76,23 +148,15 @@ CGathered Gather(std::span<const double> computed, std::span<const double> refer
                    computed.front(),
                    reference.front(),
                    std::abs(firstResidual) > kFirstPointCorridor ? 1 : 0};
-    Add(sums.weighted, last, 1.0);
+    AddOnce(ends.weighted, last);
 
+    CRunningSums running(ends);
     for (std::size_t i = 1; i + 1 < count; ++i) {
-        const CTerms terms = TermsAt(timeStep * static_cast<double>(i + 1), computed[i], reference[i]);
-        Add(sums.weighted, terms, 2.0);
-        sums.cross += terms.cross;
-        sums.computedSquares += terms.computedSquare;
-        sums.referenceSquares += terms.referenceSquare;
-
-        const double residual = computed[i] - reference[i];
-        sums.residualSum += residual;
-        sums.residualSumOfSquares += residual * residual;
-        if (std::abs(computed[i]) > sums.computedPeak) sums.computedPeak = std::abs(computed[i]);
-        if (std::abs(reference[i]) > sums.referencePeak) sums.referencePeak = std::abs(reference[i]);
-        if (std::abs(residual) > corridorSize) ++sums.outsideCount;
+        const auto number = static_cast<double>(static_cast<std::int64_t>(i) + 1);
+        running.Add(timeStep * number, computed[i], reference[i], corridorSize);
     }
 
+    CGathered sums = running.Sums();
     if (count > 1) {
         sums.cross += last.cross;
         sums.computedSquares += last.computedSquare;
@@ -118,7 +182,7 @@ CSampling CComparison::Compute(ks::CNSignal& computed, const ks::CNSignal& refer
 
     double start = reference.GetXMin();
     double stop = reference.GetXMax();
-    std::optional<ks::CNSignal> cut;  // the reference is copied only where it must be cut
+    std::optional<ks::CNSignal> cut;  // its arrays are parts of the reference's, so this copies no values
     if (computed.GetXMin() != start || computed.GetXMax() != stop) {
         if (computed.GetXMin() > start) start = computed.GetXMin();
         if (computed.GetXMax() < stop) stop = computed.GetXMax();
@@ -143,8 +207,8 @@ void CComparison::Clear() {
 
 void CComparison::Measure(const ks::CNSignal& computed, const ks::CNSignal& reference, double timeStep) {
     const std::size_t count = CommonPointCount(computed, reference);
-    const CGathered sums = Gather(std::span(computed.GetY()).first(count), std::span(reference.GetY()).first(count),
-                                  timeStep, m_corridorSize);
+    const CGathered sums =
+        Gather(computed.GetY().Values().first(count), reference.GetY().Values().first(count), timeStep, m_corridorSize);
     const double n = static_cast<double>(count);
 
     m_computedMaximum = computed.GetYMax();

@@ -64,8 +64,8 @@ void BM_AsciiTable(benchmark::State& state) {
     CChartBlock block;
     block.pointCount = static_cast<std::int32_t>(state.range(0));
     block.seriesCount = 1;
-    block.x = record.GetX();
-    block.y = record.GetY();
+    block.x = record.GetX().ToVector();
+    block.y = record.GetY().ToVector();
     std::FILE* const stream = std::tmpfile();
     ks::CFileSink sink(stream);
     for (auto _ : state) {

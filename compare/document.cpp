@@ -12,6 +12,7 @@
 #include "files/file_request.h"
 #include "files/path_text.h"
 #include "files/replacing_file.h"
+#include "signal/column.h"
 #include "signal/messages.h"
 #include "signal/saved_axis.h"
 
@@ -24,6 +25,7 @@
 #include <memory>
 #include <new>
 #include <optional>
+#include <span>
 #include <stdexcept>
 #include <string>
 #include <utility>
@@ -38,12 +40,12 @@ std::int32_t LongestPointCount(const CSeriesList& seriesList) {
 }
 
 /// Lays one column of a series out from `begin` on and fills the rest of its `rows` with `padding`.
-void FillColumn(const std::vector<double>& values, std::vector<double>& matrix, std::size_t begin, std::size_t rows,
+void FillColumn(const ks::CColumn& values, std::vector<double>& matrix, std::size_t begin, std::size_t rows,
                 double padding) {
     const std::size_t count = std::min(values.size(), rows);
-    const auto target = matrix.begin() + static_cast<std::ptrdiff_t>(begin);
-    const auto rest = std::copy_n(values.begin(), count, target);
-    std::fill_n(rest, rows - count, padding);
+    const std::span<double> target = std::span(matrix).subspan(begin, rows);
+    values.CopyTo(target.first(count));
+    std::ranges::fill(target.subspan(count), padding);
 }
 
 }  // namespace

@@ -54,18 +54,6 @@ double EarliestEnd(const std::vector<CSignal>& signalList) {
     return end;
 }
 
-/// Point by point the mean of all signals, in which the first one counts twice.
-std::vector<double> MeanOf(const CSignal& reference, const std::vector<CSignal>& signalList) {
-    std::vector<double> mean = reference.Record().GetY();
-    for (const CSignal& signal : signalList) {
-        const std::vector<double>& values = signal.Record().GetY();
-        const std::size_t count = std::min(mean.size(), values.size());
-        for (std::size_t i = 0; i < count; ++i) mean[i] += values[i];
-    }
-    for (double& value : mean) value /= static_cast<double>(signalList.size());
-    return mean;
-}
-
 void Resample(CSignal& signal, double timeStep, CNoteKind kind) {
     const CSampling before = SamplingOf(signal.Record());
     signal.Record().Resample(timeStep);
@@ -357,8 +345,8 @@ CQuorvelDoc::CReferenceEnd CQuorvelDoc::MakeAverageReference() {
     m_notes.push_back({CNoteKind::AverageIsFirst, compare_message::AverageIsFirstNote(m_computed.front().GetPath())});
     m_reference = m_computed.front();
     m_block.pointCount = static_cast<std::int32_t>(m_reference.GetPointCount());
-    // The mean is formed and dropped: the reference keeps the first signal's values. Kept, older results depend on it.
-    [[maybe_unused]] const std::vector<double> mean = MeanOf(m_reference, m_computed);
+    // The values stay those of the first signal. Kept, older results depend on it; the mean of all signals has never
+    // been seen by anyone, so it is not formed.
     m_reference.Record().SetDataStatus("Computed");
     // The comparisons that follow in a run replace this name by the reference's path.
     const std::string name = compare_message::AverageName(m_computed.size());

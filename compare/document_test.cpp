@@ -255,7 +255,7 @@ TEST_F(Document, SaysInASentenceThatMemoryIsMissingForAPage) {
     const std::string path = Write("long.uds", std::vector<double>(kMegabyte / 4, 1.0), 1.0 / 1024.0);
     Run(Choice({path, path, path}, path));
     std::size_t failures = 0;
-    for (std::size_t allowed = 0; allowed <= 64; allowed += 4) {
+    for (std::size_t allowed = 0; allowed <= 64; allowed += 2) {
         document.SelectPage(1);  // the series go
         {
             const CMemoryLimit limit(allowed * kMegabyte);

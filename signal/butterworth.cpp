@@ -14,6 +14,14 @@
 namespace ks {
 namespace {
 
+/// Fewer samples leave no room for a tail.
+constexpr std::size_t kFewestSamples = 3;
+
+/// Above 77.5 % of half the sampling rate.
+bool IsTooHigh(double timeStepS, double frequencyHz) {
+    return frequencyHz > 0.775 * (0.5 / timeStepS);
+}
+
 /// The running section. The order of the five terms is settled: results agree to the last digit only in this one.
 class CSectionState {
 public:
@@ -41,12 +49,13 @@ double FarHalfMean(std::size_t tail, At at) {
     return sum / static_cast<double>(count);
 }
 
-void RunForwards(const CFilterSection& section, std::span<double> data, std::size_t tail) {
-    const double twiceEnd = 2.0 * data[0];
-    const double settled = twiceEnd - FarHalfMean(tail, [&](std::size_t k) { return data[k]; });
-    CSectionState state{section, twiceEnd - data[tail - 1], twiceEnd - data[tail], settled, settled};
-    for (std::size_t k = tail; k > 2; --k) state.Next(twiceEnd - data[k - 2]);
-    for (double& value : data) value = state.Next(value);
+void RunForwards(const CFilterSection& section, std::span<const double> input, std::span<double> output,
+                 std::size_t tail) {
+    const double twiceEnd = 2.0 * input[0];
+    const double settled = twiceEnd - FarHalfMean(tail, [&](std::size_t k) { return input[k]; });
+    CSectionState state{section, twiceEnd - input[tail - 1], twiceEnd - input[tail], settled, settled};
+    for (std::size_t k = tail; k > 2; --k) state.Next(twiceEnd - input[k - 2]);
+    for (std::size_t i = 0; i < input.size(); ++i) output[i] = state.Next(input[i]);
 }
 
 void RunBackwards(const CFilterSection& section, std::span<double> data, std::size_t tail) {
@@ -83,22 +92,35 @@ std::int32_t FilterTailLength(double timeStepS, double frequencyHz) {
     return std::max({SaturatedWholeNumber(longer), SaturatedWholeNumber(tenMilliseconds), 1});
 }
 
-void CheckFilterInput(std::span<const double> data, double timeStepS, double frequencyHz) {
-    if (data.empty()) throw CError(signal_message::kNoDataToFilter);
+void CheckFilterInput(std::size_t count, double timeStepS, double frequencyHz) {
+    if (count == 0) throw CError(signal_message::kNoDataToFilter);
     if (timeStepS <= 0.0) throw CError(signal_message::kFilterTimeStepNotPositive);
     if (frequencyHz <= 0.0) throw CError(signal_message::kCutoffNotPositive);
 }
 
-CFilterTail FilterInPlace(std::span<double> data, double timeStepS, double frequencyHz) {
-    CheckFilterInput(data, timeStepS, frequencyHz);
-    if (frequencyHz > 0.775 * (0.5 / timeStepS)) return CFilterTail::Full;
-    if (data.size() < 3) return CFilterTail::Short;
+bool ChangesData(std::size_t count, double timeStepS, double frequencyHz) {
+    return !IsTooHigh(timeStepS, frequencyHz) && count >= kFewestSamples;
+}
 
+CFilterTail TailOfUnchanged(double timeStepS, double frequencyHz) {
+    return IsTooHigh(timeStepS, frequencyHz) ? CFilterTail::Full : CFilterTail::Short;
+}
+
+CFilterTail FilterInPlace(std::span<double> data, double timeStepS, double frequencyHz) {
+    return FilterInto(data, data, timeStepS, frequencyHz);
+}
+
+CFilterTail FilterInto(std::span<const double> input, std::span<double> output, double timeStepS, double frequencyHz) {
+    CheckFilterInput(input.size(), timeStepS, frequencyHz);
+    if (!ChangesData(input.size(), timeStepS, frequencyHz)) {
+        if (input.data() != output.data()) std::ranges::copy(input, output.begin());
+        return TailOfUnchanged(timeStepS, frequencyHz);
+    }
     const auto wanted = static_cast<std::size_t>(FilterTailLength(timeStepS, frequencyHz));
-    const std::size_t tail = std::min(wanted, data.size() - 2);
+    const std::size_t tail = std::min(wanted, input.size() - 2);
     const CFilterSection section = ButterworthSection(timeStepS, frequencyHz);
-    RunForwards(section, data, tail);
-    RunBackwards(section, data, tail);
+    RunForwards(section, input, output, tail);
+    RunBackwards(section, output, tail);
     return tail < wanted ? CFilterTail::Short : CFilterTail::Full;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <span>
 
@@ -41,7 +42,17 @@ enum class CFilterTail {
 ///         order, before the data change
 CFilterTail FilterInPlace(std::span<double> data, double timeStepS, double frequencyHz);
 
-/// The checks of FilterInPlace alone.
-void CheckFilterInput(std::span<const double> data, double timeStepS, double frequencyHz);
+/// The same from `input` to `output`, which are equally long and may be the same memory. Where the data stay as they
+/// are, they are copied.
+CFilterTail FilterInto(std::span<const double> input, std::span<double> output, double timeStepS, double frequencyHz);
+
+/// The checks of FilterInPlace alone, for `count` samples.
+void CheckFilterInput(std::size_t count, double timeStepS, double frequencyHz);
+
+/// Whether FilterInPlace would change `count` samples: not one or two, and not at too high a frequency.
+bool ChangesData(std::size_t count, double timeStepS, double frequencyHz);
+
+/// What FilterInPlace returns for samples that it does not change.
+CFilterTail TailOfUnchanged(double timeStepS, double frequencyHz);
 
 }  // namespace ks

@@ -2,12 +2,14 @@
 
 #include "files/error.h"
 #include "files/points.h"
+#include "signal/column.h"
 #include "signal/data_status.h"
 #include "signal/limits.h"
 #include "signal/messages.h"
 
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -15,32 +17,28 @@
 #include <vector>
 
 namespace ks {
-namespace {
-
-/// The extrema of `values`; `before` when there are no values.
-CExtrema ExtremaOr(const CExtrema& before, const std::vector<double>& values) {
-    return values.empty() ? before : ExtremaOf(values);
-}
-
-}  // namespace
-
-void CData::SetData(std::vector<double> x, std::vector<double> y, std::vector<double> z) {
+void CData::SetColumns(CColumn x, CColumn y, CColumn z) {
     if (x.empty()) {
         KeepOrBuildX(y, z);
     } else {
-        m_x = std::move(x);
+        m_x.Replace(std::move(x));
     }
-    if (y.empty() && m_y.empty()) throw CError(signal_message::kNoYData);
-    m_y = std::move(y);
+    if (y.empty() && GetY().empty()) throw CError(signal_message::kNoYData);
+    m_y.Replace(std::move(y));
 
-    const bool keepsZ = z.empty() && !m_z.empty() && m_z.size() == m_y.size();
+    const std::size_t count = GetY().size();
+    const bool keepsZ = z.empty() && !GetZ().empty() && GetZ().size() == count;
     if (z.empty() && !keepsZ) {
-        m_z.assign(m_y.size(), 0.0);
-        if (m_x.size() != m_y.size()) throw CError(signal_message::kXAndYDiffer);
+        m_z.Replace(CColumn::Zeros(count));
+        if (GetX().size() != count) throw CError(signal_message::kXAndYDiffer);
     }
-    if (!z.empty()) m_z = std::move(z);
-    if (m_x.size() != m_y.size() || m_y.size() != m_z.size()) throw CError(signal_message::kXYAndZDiffer);
+    if (!z.empty()) m_z.Replace(std::move(z));
+    if (GetX().size() != count || GetZ().size() != count) throw CError(signal_message::kXYAndZDiffer);
     UpdateLimits();
+}
+
+void CData::SetData(std::vector<double> x, std::vector<double> y, std::vector<double> z) {
+    SetColumns(CColumn(std::move(x)), CColumn(std::move(y)), CColumn(std::move(z)));
 }
 
 void CData::SetData(std::vector<double> x, std::vector<double> y) {
@@ -60,22 +58,24 @@ void CData::SetPoints(const CPointList& points) {
 
 void CData::SetPoints(CPointColumns columns) {
     if (columns.Count() == 0) throw CError(signal_message::kNoPoints);
-    if (columns.z.empty()) columns.z.assign(columns.Count(), 0.0);
-    if (columns.x.size() != columns.Count() || columns.z.size() != columns.Count()) {
+    const std::size_t count = columns.Count();
+    if (columns.x.size() != count || (!columns.z.empty() && columns.z.size() != count)) {
         throw CError(signal_message::kXYAndZDiffer);
     }
-    m_x = std::move(columns.x);
-    m_y = std::move(columns.y);
-    m_z = std::move(columns.z);
+    m_x.Replace(CColumn(std::move(columns.x)));
+    m_y.Replace(CColumn(std::move(columns.y)));
+    m_z.Replace(columns.z.empty() ? CColumn::Zeros(count) : CColumn(std::move(columns.z)));
     UpdateLimits();
 }
 
 void CData::SetPoint(std::size_t i, double x, double y) {
-    if (i >= m_x.size() || i >= m_y.size()) throw std::runtime_error(std::string(signal_message::kIndexOutOfBounds));
-    m_x[i] = x;
-    m_y[i] = y;
-    m_areLimitsStale = true;  // overwriting a whole curve point by point must not scan it as often as it has points
-    UpdateTimes();
+    if (i >= GetX().size() || i >= GetY().size())
+        throw std::runtime_error(std::string(signal_message::kIndexOutOfBounds));
+    const std::span<double> xValues = m_x.Change().Mutable();  // both before either changes: memory may be short
+    const std::span<double> yValues = m_y.Change().Mutable();
+    xValues[i] = x;
+    yValues[i] = y;
+    UpdateLimits();
 }
 
 std::int32_t CData::GetCount() const {
@@ -83,22 +83,14 @@ std::int32_t CData::GetCount() const {
 }
 
 void CData::GenerateTime() {
-    m_x = RegularAxis(GetNFP(), GetCount(), Getdelt());
+    m_x.Replace(CColumn::Regular({Getdelt(), GetNFP()}, static_cast<std::size_t>(GetCount())));
 }
 
 void CData::UpdateLimits() {
-    m_limits = ScannedLimits();
-    m_areLimitsStale = false;
+    m_x.Update();
+    m_y.Update();
+    m_z.Update();
     UpdateTimes();
-}
-
-/// Never stores what it scans: several threads may ask one record at the same time.
-CLimits CData::Limits() const {
-    return m_areLimitsStale ? ScannedLimits() : m_limits;
-}
-
-CLimits CData::ScannedLimits() const {
-    return {ExtremaOr(m_limits.x, m_x), ExtremaOr(m_limits.y, m_y), ExtremaOr(m_limits.z, m_z)};
 }
 
 void CData::SetDataStatus(std::string_view text) {
@@ -106,13 +98,13 @@ void CData::SetDataStatus(std::string_view text) {
 }
 
 /// SetData without an x: the stored X stays, or is built where there is none.
-void CData::KeepOrBuildX(const std::vector<double>& y, const std::vector<double>& z) {
+void CData::KeepOrBuildX(const CColumn& y, const CColumn& z) {
     if (y.empty() && z.empty()) throw CError(signal_message::kNoXYOrZData);
-    if (!m_x.empty()) return;
+    if (!GetX().empty()) return;
     if (Getdelt() == 0.0) throw CError(signal_message::kNoXAndNoTimeStep);
     if (GetNFP() == 0 && GetNLP() == 0) throw CError(signal_message::kNoXAndNoPointNumbers);
     GenerateTime();
-    if (!y.empty() && y.size() != m_x.size()) throw CError(signal_message::kXAndYCountsDiffer);
+    if (!y.empty() && y.size() != GetX().size()) throw CError(signal_message::kXAndYCountsDiffer);
 }
 
 void CData::UpdateTimes() {

@@ -2,13 +2,13 @@
 
 #include "files/points.h"
 #include "signal/channel_class.h"
+#include "signal/column.h"
 #include "signal/data_fields.h"
-#include "signal/limits.h"
+#include "signal/record_array.h"
 
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -23,14 +23,17 @@ class CUDSFile;
 ///
 /// After every successful setter of the arrays and after every operation the arrays are equally long. Failures are
 /// thrown as CError with the sentence that the user reads; checks run before any array changes, except where a
-/// failure inside SetData leaves the record partly changed. A copy shares nothing with its original.
+/// failure inside SetData leaves the record partly changed. A copy does not change when its original does, but shares
+/// its arrays as long as both have the same values (see CColumn): copying and cutting a record costs nothing however
+/// long it is.
 ///
 /// "Point count" is the number of Y values; `Count` is what NFP and NLP say. They may differ.
 ///
 /// What is current when:
 /// - `Count` and the point count: always.
-/// - The extrema: after every successful setter of the arrays (SetData, SetPoints, SetPoint, loading) and after every
-///   operation. Not after GenerateTime, MutableY or a failed SetData: UpdateLimits must follow.
+/// - The extrema: after every successful setter of the arrays (SetData, SetColumns, SetPoints, SetPoint, loading) and
+///   after every operation. Not after GenerateTime or a failed SetData: UpdateLimits must follow. They are found when
+///   asked for, once for all records that share an array.
 /// - StartTime and EndTime: after the same, and after UpdateLimits; setting a header field (NFP, NLP, delt) does not
 ///   change them.
 ///
@@ -49,6 +52,8 @@ public:
     void SetData(std::vector<double> x, std::vector<double> y);
     /// @throws CError "No Y Signal Data" when y is empty, else as the full form with empty x and z
     void SetData(std::vector<double> y);
+    /// The full form of SetData for values that may be shared with other records.
+    void SetColumns(CColumn x, CColumn y, CColumn z);
 
     /// Replaces the arrays by the points' coordinates; kept for programs that link the library.
     /// @throws CError "No Information." for an empty list
@@ -57,16 +62,15 @@ public:
     /// @throws CError also "x != y != z signal data"; nothing has changed then
     void SetPoints(CPointColumns columns);
 
-    /// Overwrites sample i of X and Y; the extrema follow. Each call for an extremum then scans the arrays until
-    /// UpdateLimits, a setter of the arrays or an operation stores the extrema again: after overwriting many samples,
-    /// call UpdateLimits. Kept for programs that link the library.
+    /// Overwrites sample i of X and Y; the extrema follow. The next call for an extremum looks at all values again.
+    /// Kept for programs that link the library.
     /// @throws std::runtime_error " Index Out of Bounds..." when i is not below both lengths
     void SetPoint(std::size_t i, double x, double y);
 
-    [[nodiscard]] const std::vector<double>& GetX() const { return m_x; }
-    [[nodiscard]] const std::vector<double>& GetY() const { return m_y; }
-    [[nodiscard]] const std::vector<double>& GetZ() const { return m_z; }
-    [[nodiscard]] std::size_t GetPointCount() const { return m_y.size(); }
+    [[nodiscard]] const CColumn& GetX() const { return m_x.Values(); }
+    [[nodiscard]] const CColumn& GetY() const { return m_y.Values(); }
+    [[nodiscard]] const CColumn& GetZ() const { return m_z.Values(); }
+    [[nodiscard]] std::size_t GetPointCount() const { return m_y.Values().size(); }
 
     // Derived values.
 
@@ -77,16 +81,16 @@ public:
     /// Rebuilds X as delt * (NFP + i) for i = 0 ... Count - 1; its length may then differ from that of Y.
     void GenerateTime();
 
-    /// Computes and stores extrema, StartTime and EndTime. The extrema of an empty array do not change.
+    /// Makes extrema, StartTime and EndTime current. The extrema of an empty array do not change.
     void UpdateLimits();
 
-    [[nodiscard]] double GetXMax() const { return Limits().x.maximum; }
-    [[nodiscard]] double GetXMin() const { return Limits().x.minimum; }
-    [[nodiscard]] double GetYMax() const { return Limits().y.maximum; }
-    [[nodiscard]] double GetYMin() const { return Limits().y.minimum; }
+    [[nodiscard]] double GetXMax() const { return m_x.Extrema().maximum; }
+    [[nodiscard]] double GetXMin() const { return m_x.Extrema().minimum; }
+    [[nodiscard]] double GetYMax() const { return m_y.Extrema().maximum; }
+    [[nodiscard]] double GetYMin() const { return m_y.Extrema().minimum; }
     // The extrema of Z are kept for programs that link the library.
-    [[nodiscard]] double GetZMax() const { return Limits().z.maximum; }
-    [[nodiscard]] double GetZMin() const { return Limits().z.minimum; }
+    [[nodiscard]] double GetZMax() const { return m_z.Extrema().maximum; }
+    [[nodiscard]] double GetZMin() const { return m_z.Extrema().minimum; }
     [[nodiscard]] double GetStartTime() const { return m_startTime; }  ///< NFP * delt
     [[nodiscard]] double GetEndTime() const { return m_endTime; }      ///< NLP * delt
 
@@ -166,25 +170,22 @@ public:
     bool TruncateByIndex(std::int32_t start, std::int32_t stop);
 
 protected:
-    /// For operations in place; UpdateLimits must follow.
-    std::span<double> MutableY() { return m_y; }
+    /// For operations that write every value of Y; UpdateLimits must follow.
+    CColumnRewrite RewriteY() { return m_y.Change().Rewrite(); }
 
 private:
-    void KeepOrBuildX(const std::vector<double>& y, const std::vector<double>& z);
-    [[nodiscard]] CLimits Limits() const;
-    [[nodiscard]] CLimits ScannedLimits() const;
+    void KeepOrBuildX(const CColumn& y, const CColumn& z);
     void UpdateTimes();
     void TakeDescriptors(const CUDSFile& file);
-    void FinishOperation(std::vector<double> x, std::vector<double> y);
+    void RecognizeAxis();
+    void FinishOperation(CColumn x, CColumn y);
     void KeepSamples(std::size_t begin, std::size_t end);
 
-    std::vector<double> m_x, m_y, m_z;
+    CRecordArray m_x, m_y, m_z;
     std::string m_sourcePath, m_sourceFormat, m_fileType;
     std::array<double, 4> m_furtherReals{};
     std::string m_dataStatus;
     std::string m_yQuantity;
-    CLimits m_limits;
-    bool m_areLimitsStale = false;  ///< a sample was overwritten since `m_limits` was computed
     double m_startTime = 0.0, m_endTime = 0.0;
     std::int32_t m_cfcClass = kUnknownChannelClass;
     bool m_isModified = false;

@@ -322,6 +322,19 @@ TEST(TruncateByTime, KeepsFromStartUpToButNotStop) {
     EXPECT_EQ(data.GetXMax(), 0.001 * 49);
 }
 
+TEST(TruncateByTime, CopiesNoValues) {
+    CData data;
+    data.SetNLP(4);
+    data.SetData({0.0, 1.0, 2.0, 3.0, 4.0}, {5.0, 6.0, 7.0, 8.0, 9.0});
+    const double* const x = data.GetX().data();
+    const double* const y = data.GetY().data();
+    data.TruncateByTime(1.0, 3.0);
+    EXPECT_EQ(data.GetX().data(), x + 1);
+    EXPECT_EQ(data.GetY().data(), y + 1);
+    EXPECT_THAT(data.GetY(), ElementsAre(6.0, 7.0));
+    EXPECT_EQ(data.GetYMax(), 7.0);
+}
+
 TEST(TruncateByTime, NeverKeepsTheLastSample) {
     CData data = Ramp(0.001, 0, 100);
     data.TruncateByTime(-1.0, 1.0);

@@ -107,6 +107,17 @@ TEST(Data, ACopySharesNothingWithItsOriginal) {
     EXPECT_EQ(copy.GetFurtherReal(3), 12.0);
 }
 
+TEST(Data, ACopyHasTheSameArraysUntilOneChanges) {
+    CData original = Filled();
+    CData copy = original;
+    EXPECT_EQ(copy.GetY().data(), original.GetY().data());
+    copy.SetPoint(0, 10.0, 20.0);
+    EXPECT_NE(copy.GetY().data(), original.GetY().data());
+    EXPECT_THAT(original.GetY(), ElementsAre(4.0, 6.0, 5.0));
+    EXPECT_EQ(original.GetYMax(), 6.0);
+    EXPECT_EQ(copy.GetYMax(), 20.0);
+}
+
 TEST(Data, SelfAssignmentChangesNothing) {
     CNSignal signal;
     signal.SetData({1.0, 2.0}, {3.0, 4.0});
@@ -400,6 +411,36 @@ TEST(UpdateLimits, KeepsTheExtremaOfAnArrayThatBecameEmpty) {
 
     EXPECT_EQ(data.GetYMin(), 4.0);
     EXPECT_EQ(data.GetYMax(), 6.0);
+}
+
+TEST(UpdateLimits, MakesTheExtremaFollowAnXThatWasGenerated) {
+    CData data = Filled();
+    data.Setdelt(0.25);
+    data.SetNLP(2);
+    data.GenerateTime();
+    EXPECT_EQ(data.GetXMin(), 1.0);
+    EXPECT_EQ(data.GetXMax(), 3.0);
+    data.UpdateLimits();
+    EXPECT_EQ(data.GetXMin(), 0.0);
+    EXPECT_EQ(data.GetXMax(), 0.5);
+}
+
+TEST(UpdateLimits, MakesTheExtremaFollowAfterAFailure) {
+    CData data = Filled();
+    EXPECT_THROW(data.SetData({10.0, 20.0}, {30.0, 40.0, 50.0}), CError);
+    EXPECT_EQ(data.GetXMax(), 3.0);
+    EXPECT_EQ(data.GetYMax(), 6.0);
+    data.UpdateLimits();
+    EXPECT_EQ(data.GetXMax(), 20.0);
+    EXPECT_EQ(data.GetYMax(), 50.0);
+}
+
+TEST(UpdateLimits, FindsTheExtremaAgainWhenAnEmptyArrayIsFilled) {
+    CData data = Filled();
+    EXPECT_THROW(data.SetData({1.0, 2.0, 3.0}, {}), CError);
+    data.UpdateLimits();
+    data.SetData({1.0, 2.0, 3.0}, {7.0, 8.0, 9.0});
+    EXPECT_EQ(data.GetYMin(), 7.0);
 }
 
 TEST(GenerateTime, ReplacesXByTheMultiplesOfTheTimeStep) {

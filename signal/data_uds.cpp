@@ -1,16 +1,40 @@
 #include "files/error.h"
 #include "files/uds_fields.h"
 #include "files/uds_file.h"
+#include "files/uds_layout.h"
 #include "signal/channel_class.h"
+#include "signal/column.h"
 #include "signal/data.h"
 #include "signal/messages.h"
 
+#include <algorithm>
+#include <bit>
+#include <cstddef>
+#include <cstdint>
 #include <exception>
 #include <new>
+#include <span>
 #include <string>
 #include <utility>
 
 namespace ks {
+namespace {
+
+template <class Axis>
+bool HasSameBits(std::span<const double> values, const Axis& axis) {
+    constexpr std::size_t kAtATime = 512;  // without a branch for every value
+    for (std::size_t begin = 0; begin < values.size(); begin += kAtATime) {
+        const std::size_t end = std::min(values.size(), begin + kAtATime);
+        std::uint64_t differences = 0;
+        for (std::size_t i = begin; i < end; ++i) {
+            differences |= std::bit_cast<std::uint64_t>(values[i]) ^ std::bit_cast<std::uint64_t>(axis[i]);
+        }
+        if (differences != 0) return false;
+    }
+    return true;
+}
+
+}  // namespace
 
 void CData::LoadUDS(const std::string& path) {
     CUDS1992 file;
@@ -47,7 +71,7 @@ void CData::ToUDSFields(CUDSFile& file) const {
     fields.SetFILEID("UDS-1992");
     fields.SetSTATUS(m_dataStatus);
     if (Getdelt() == 0.0) fields.SetFILEFORM("X-Y");
-    file.SetColumns({m_x, m_y, {}});
+    file.SetColumns({GetX().ToVector(), GetY().ToVector(), {}});
     file.SetSecondComponent(m_hasSecondComponent);
 }
 
@@ -62,6 +86,19 @@ void CData::TakeDescriptors(const CUDSFile& file) {
     SetDataStatus(GetSTATUS());
     SetCFCClass(ClassifyRecordedFrequencies(GetFCUT(), GetPREFIL()));
     UpdateTimes();
+    RecognizeAxis();
+}
+
+/// A reader makes the abscissas of a file without any from the first point number and the time step. They are the same
+/// as three numbers.
+void CData::RecognizeAxis() {
+    if (GetFILEFORM() != kOrdinatesForm || GetX().Rule() != nullptr) return;
+    CColumn axis = CColumn::Regular({Getdelt(), GetNFP(), CRulePrecision::Single}, GetX().size());
+    const bool isSame =
+        VisitAxis(axis, [read = GetX().Values()](const auto& multiples) { return HasSameBits(read, multiples); });
+    if (!isSame) return;
+    m_x.Replace(std::move(axis));
+    m_x.Update();
 }
 
 }  // namespace ks

@@ -10,6 +10,7 @@
 #include <gmock/gmock.h>
 
 #include <bit>
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -379,6 +380,29 @@ TEST_F(UdsRecord, LoadsAMillionSamplesWithFewAllocations) {
     EXPECT_THAT(data.GetY(), SizeIs(kSamples));
     EXPECT_GT(allocations, 0U) << "the counter counts";
     EXPECT_LT(allocations, 100U);
+}
+
+TEST(FromUDSFields, KeepsTheAbscissasThatAReaderMadeAsARule) {
+    CUDS1992 file;
+    file.Fields().SetFILEFORM("Y");
+    file.Fields().SetNFP(-20);
+    file.Fields().SetNLP(979);
+    file.Fields().Setdelt(0.001F);
+    std::vector<double> x;
+    for (int i = -20; i <= 979; ++i) x.push_back(static_cast<double>(static_cast<float>(i) * 0.001F));
+    file.SetColumns({x, std::vector<double>(1000, 1.0), {}});
+    CData data;
+    data.FromUDSFields(file);
+    ASSERT_NE(data.GetX().Rule(), nullptr);
+    EXPECT_EQ(data.GetX(), x);
+    EXPECT_EQ(data.GetXMin(), x.front());
+    EXPECT_EQ(data.GetXMax(), x.back());
+
+    x[777] = std::nextafter(x[777], 0.0);
+    file.SetColumns({x, std::vector<double>(1000, 1.0), {}});
+    data.FromUDSFields(file);
+    EXPECT_EQ(data.GetX().Rule(), nullptr);
+    EXPECT_EQ(data.GetX(), x);
 }
 
 }  // namespace

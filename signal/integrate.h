@@ -1,9 +1,10 @@
 #pragma once
 
+#include "signal/column.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <span>
-#include <vector>
 
 namespace ks {
 
@@ -17,7 +18,7 @@ std::size_t TimeZeroIndex(std::int32_t firstPoint, std::size_t length);
 /// @param x, y    equally long, not empty
 /// @param factor  every trapezoid is multiplied by it
 /// @return        one value per sample, exact for piecewise linear y up to rounding
-std::vector<double> CumulativeIntegral(std::span<const double> x, std::span<const double> y, std::size_t anchor,
-                                       double factor, double initialValue);
+CColumn CumulativeIntegral(const CColumn& x, std::span<const double> y, std::size_t anchor, double factor,
+                           double initialValue);
 
 }  // namespace ks

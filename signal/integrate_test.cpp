@@ -1,5 +1,6 @@
 #include "signal/integrate.h"
 
+#include "signal/column.h"
 #include "signal/limits.h"
 
 #include <gmock/gmock.h>
@@ -44,7 +45,7 @@ TEST(CumulativeIntegral, OfAConstantIsALine) {
     const std::vector<double> y(x.size(), 3.0);
     const std::vector<double> expected = Sampled(x, [](double t) { return 7.0 + 2.0 * 3.0 * t; });
 
-    EXPECT_THAT(CumulativeIntegral(x, y, 0, 2.0, 7.0), Pointwise(DoubleNear(1e-12), expected));
+    EXPECT_THAT(CumulativeIntegral(CColumn(x), y, 0, 2.0, 7.0), Pointwise(DoubleNear(1e-12), expected));
 }
 
 TEST(CumulativeIntegral, OfARampIsAParabolaAndRunsBothWays) {
@@ -53,7 +54,7 @@ TEST(CumulativeIntegral, OfARampIsAParabolaAndRunsBothWays) {
     const std::vector<double> y = Sampled(x, [](double t) { return 4.0 * t + 1.0; });
     const std::vector<double> expected = Sampled(x, [](double t) { return 5.0 + 2.0 * t * t + t; });
 
-    EXPECT_THAT(CumulativeIntegral(x, y, 200, 1.0, 5.0), Pointwise(DoubleNear(1e-12), expected));
+    EXPECT_THAT(CumulativeIntegral(CColumn(x), y, 200, 1.0, 5.0), Pointwise(DoubleNear(1e-12), expected));
 }
 
 TEST(CumulativeIntegral, OfASineIsTheTrapezoidSumInClosedForm) {
@@ -65,21 +66,27 @@ TEST(CumulativeIntegral, OfASineIsTheTrapezoidSumInClosedForm) {
     const std::vector<double> expected =
         Sampled(x, [&](double t) { return h / 2.0 / std::tan(w * h / 2.0) * (1.0 - std::cos(w * t)); });
 
-    EXPECT_THAT(CumulativeIntegral(x, y, 100, 1.0, 0.0), Pointwise(DoubleNear(1e-14), expected));
+    EXPECT_THAT(CumulativeIntegral(CColumn(x), y, 100, 1.0, 0.0), Pointwise(DoubleNear(1e-14), expected));
 }
 
 TEST(CumulativeIntegral, WeighsUnequalSteps) {
-    EXPECT_THAT(CumulativeIntegral(std::vector{0.0, 1.0, 3.0, 3.0}, std::vector{0.0, 2.0, 4.0, 9.0}, 1, 1.0, 10.0),
+    EXPECT_THAT(CumulativeIntegral(CColumn({0.0, 1.0, 3.0, 3.0}), std::vector{0.0, 2.0, 4.0, 9.0}, 1, 1.0, 10.0),
                 ElementsAre(9.0, 10.0, 16.0, 16.0));
 }
 
 TEST(CumulativeIntegral, FallsBackwardsFromTheAnchorForAPositiveSignal) {
-    EXPECT_THAT(CumulativeIntegral(std::vector{0.0, 1.0, 2.0}, std::vector{2.0, 2.0, 2.0}, 2, 1.0, 0.0),
+    EXPECT_THAT(CumulativeIntegral(CColumn({0.0, 1.0, 2.0}), std::vector{2.0, 2.0, 2.0}, 2, 1.0, 0.0),
                 ElementsAre(-4.0, -2.0, 0.0));
 }
 
+TEST(CumulativeIntegral, OverARegularAxisIsTheOneOverItsValues) {
+    const CColumn x = CColumn::Regular({0.001, -50}, 200);
+    const std::vector<double> y = Sampled(x.ToVector(), [](double t) { return std::exp(3.0 * t); });
+    EXPECT_EQ(CumulativeIntegral(x, y, 50, 1.5, 7.0), CumulativeIntegral(CColumn(x.ToVector()), y, 50, 1.5, 7.0));
+}
+
 TEST(CumulativeIntegral, OfOneSampleIsTheInitialValue) {
-    EXPECT_THAT(CumulativeIntegral(std::vector{3.0}, std::vector{9.0}, 0, 1.0, 0.5), ElementsAre(0.5));
+    EXPECT_THAT(CumulativeIntegral(CColumn(std::vector{3.0}), std::vector{9.0}, 0, 1.0, 0.5), ElementsAre(0.5));
 }
 
 }  // namespace

@@ -16,11 +16,6 @@ struct CExtrema {
 /// passed over, except in first place: then both extrema are not a number.
 CExtrema ExtremaOf(std::span<const double> values);
 
-/// The extrema of a record's three arrays.
-struct CLimits {
-    CExtrema x, y, z;
-};
-
 /// Number of samples by the point numbers of the first and the last point: 0 when both are 0 or `first` > `last`,
 /// else last - first + 1, saturated to 32 bits.
 std::int32_t CountOf(std::int32_t first, std::int32_t last);

@@ -3,6 +3,7 @@
 #include "files/error.h"
 #include "signal/butterworth.h"
 #include "signal/channel_class.h"
+#include "signal/column.h"
 #include "signal/messages.h"
 
 #include <cstdint>
@@ -17,13 +18,18 @@ bool CNSignal::FilterCFC(std::int32_t cfc) {
 }
 
 bool CNSignal::Filter(double frequencyHz) {
-    CheckFilterInput(GetY(), Getdelt(), frequencyHz);  // first, so that a refused record gains no warning
+    CheckFilterInput(GetPointCount(), Getdelt(), frequencyHz);  // first, so that a refused record gains no warning
 
     if (GetXTYPE() != "TIME") AddWarning(signal_message::kXTypeNotTime);
     // Narrower than IsTimeUnit, kept: "SECOND" has always been warned about here.
     if (GetXUNITS() != "SECONDS" && GetXUNITS() != "SEC") AddWarning(signal_message::kTimeNotInSeconds);
 
-    BWFILT(MutableY(), Getdelt(), frequencyHz);
+    if (ChangesData(GetPointCount(), Getdelt(), frequencyHz)) {
+        const CColumnRewrite y = RewriteY();
+        NoteTail(FilterInto(y.input, y.output, Getdelt(), frequencyHz));
+    } else {
+        NoteTail(TailOfUnchanged(Getdelt(), frequencyHz));
+    }
     ForgetInjuryValues();
     SetFCUT(frequencyHz);
     SetFSTP(2.5 * frequencyHz);
@@ -36,8 +42,12 @@ bool CNSignal::Filter(double frequencyHz) {
 }
 
 bool CNSignal::BWFILT(std::span<double> data, double timeStepS, double frequencyHz) {
-    if (FilterInPlace(data, timeStepS, frequencyHz) == CFilterTail::Short) AddWarning(signal_message::kShortTail);
+    NoteTail(FilterInPlace(data, timeStepS, frequencyHz));
     return true;
+}
+
+void CNSignal::NoteTail(CFilterTail tail) {
+    if (tail == CFilterTail::Short) AddWarning(signal_message::kShortTail);
 }
 
 /// Filtering makes the injury values stale. Value 5 and its copy in the fourth further real stay; kept on purpose.

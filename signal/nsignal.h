@@ -1,5 +1,6 @@
 #pragma once
 
+#include "signal/butterworth.h"
 #include "signal/data.h"
 
 #include <cstdint>
@@ -35,6 +36,7 @@ public:
     bool BWFILT(std::span<double> data, double timeStepS, double frequencyHz);
 
 private:
+    void NoteTail(CFilterTail tail);
     void ForgetInjuryValues();
     void WarnOfOverlap();
 

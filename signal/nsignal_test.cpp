@@ -2,6 +2,7 @@
 
 #include "files/error.h"
 #include "signal/butterworth.h"
+#include "signal/column.h"
 
 #include <gmock/gmock.h>
 
@@ -42,9 +43,9 @@ TEST(Warnings, AreKeptInOrder) {
 
 TEST(FilterCFC, FiltersAtTheClassFrequency) {
     CNSignal signal = Wave(1e-4, 2000);
-    std::vector<double> expected = signal.GetY();
+    std::vector<double> expected = signal.GetY().ToVector();
     FilterInPlace(expected, 1e-4, 60.0 * 1.66666666667);
-    const std::vector<double> x = signal.GetX();
+    const CColumn x = signal.GetX();
     EXPECT_TRUE(signal.FilterCFC(60));
 
     EXPECT_EQ(signal.GetY(), expected);
@@ -57,9 +58,35 @@ TEST(FilterCFC, FiltersAtTheClassFrequency) {
     EXPECT_THAT(signal.GetWarnings(), IsEmpty());
 }
 
+TEST(FilterCFC, WorksInPlaceWhereNoOtherRecordHasTheValues) {
+    CNSignal signal = Wave(1e-4, 2000);
+    const double* const block = signal.GetY().data();
+    signal.FilterCFC(60);
+    EXPECT_EQ(signal.GetY().data(), block);
+}
+
+TEST(FilterCFC, LeavesTheValuesOfACopy) {
+    CNSignal signal = Wave(1e-4, 2000);
+    const CNSignal copy = signal;
+    const std::vector<double> before = copy.GetY().ToVector();
+    CNSignal alone = Wave(1e-4, 2000);
+    signal.FilterCFC(60);
+    alone.FilterCFC(60);
+    EXPECT_EQ(copy.GetY(), before);
+    EXPECT_EQ(signal.GetY(), alone.GetY());
+    EXPECT_EQ(signal.GetYMax(), alone.GetYMax());
+}
+
+TEST(FilterCFC, KeepsSharingTheValuesAboveItsHighestFrequency) {
+    CNSignal signal = Wave(0.0005, 2000);
+    const CNSignal copy = signal;
+    signal.FilterCFC(1000);
+    EXPECT_EQ(signal.GetY().data(), copy.GetY().data());
+}
+
 TEST(FilterCFC, RefusesAnUnknownClassAndKeepsTheRecord) {
     CNSignal signal = Wave(1e-4, 200);
-    const std::vector<double> y = signal.GetY();
+    const CColumn y = signal.GetY();
     const auto message = ThrowsMessage<CError>("BWfilt: Frequency Channel Class is not specified in SAE J211");
     for (const std::int32_t cfc : {100, 0, -60, 1001}) EXPECT_THAT([&] { signal.FilterCFC(cfc); }, message) << cfc;
     EXPECT_EQ(signal.GetY(), y);
@@ -69,7 +96,7 @@ TEST(FilterCFC, RefusesAnUnknownClassAndKeepsTheRecord) {
 TEST(FilterCFC, DoesNothingAtTheClassOfTheDataOrAbove) {
     CNSignal signal = Wave(1e-4, 200);
     signal.SetCFCClass(180);
-    const std::vector<double> y = signal.GetY();
+    const CColumn y = signal.GetY();
     EXPECT_TRUE(signal.FilterCFC(600));
     EXPECT_TRUE(signal.FilterCFC(180));
 
@@ -82,7 +109,7 @@ TEST(FilterCFC, DoesNothingAtTheClassOfTheDataOrAbove) {
 TEST(FilterCFC, FiltersAgainAtALowerClass) {
     CNSignal signal = Wave(1e-4, 2000);
     signal.FilterCFC(180);
-    const std::vector<double> y = signal.GetY();
+    const CColumn y = signal.GetY();
     signal.FilterCFC(60);
 
     EXPECT_NE(signal.GetY(), y);
@@ -92,7 +119,7 @@ TEST(FilterCFC, FiltersAgainAtALowerClass) {
 TEST(FilterCFC, LabelsTheRecordAlsoWhereTheFrequencyIsTooHigh) {
     CNSignal signal = Wave(0.0005, 200);
     signal.SetINJ1(900.0);
-    const std::vector<double> y = signal.GetY();
+    const CColumn y = signal.GetY();
     EXPECT_TRUE(signal.FilterCFC(1000));
 
     EXPECT_EQ(signal.GetY(), y);
@@ -147,7 +174,7 @@ TEST(Filter, KeepsTheClassForAFrequencyOfNone) {
 
 TEST(Filter, LeavesZ) {
     CNSignal signal = Wave(1e-4, 200);
-    signal.SetData({}, signal.GetY(), std::vector<double>(200, 4.0));
+    signal.SetColumns({}, signal.GetY(), CColumn(std::vector<double>(200, 4.0)));
     signal.Filter(100.0);
     EXPECT_THAT(signal.GetZ(), testing::Each(4.0));
 }
@@ -157,7 +184,7 @@ TEST(Filter, LeavesZ) {
 TEST(Filter, WarnsOfAnXThatIsNoTime) {
     CNSignal signal = Wave(1e-4, 2000);
     signal.SetXTYPE("DISPLACEMENT");
-    const std::vector<double> y = signal.GetY();
+    const CColumn y = signal.GetY();
     signal.Filter(100.0);
 
     EXPECT_THAT(signal.GetWarnings(), ElementsAre("Data must have X Type TIME"));
@@ -168,7 +195,7 @@ TEST(Filter, WarnsOfATimeNotInSeconds) {
     for (const char* units : {"SECOND", "MSEC", ""}) {
         CNSignal signal = Wave(1e-4, 2000);
         signal.SetXUNITS(units);
-        const std::vector<double> y = signal.GetY();
+        const CColumn y = signal.GetY();
         signal.Filter(100.0);
         EXPECT_THAT(signal.GetWarnings(), ElementsAre("Time must be in seconds")) << units;
         EXPECT_NE(signal.GetY(), y);
@@ -185,7 +212,7 @@ TEST(Filter, WarnsOfAShortTail) {
     EXPECT_THAT(enough.GetWarnings(), IsEmpty());
 
     CNSignal few = Wave(0.001, 10);
-    const std::vector<double> y = few.GetY();
+    const CColumn y = few.GetY();
     few.FilterCFC(180);
     EXPECT_THAT(few.GetWarnings(), ElementsAre(kShortTail));
     EXPECT_NE(few.GetY(), y);

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "signal/column.h"
+
 #include <cstdint>
 #include <optional>
-#include <span>
-#include <vector>
 
 namespace ks {
 
@@ -13,8 +13,8 @@ inline constexpr std::int64_t kMostResampledPoints = 100'000'000;
 /// A sampled curve and its point numbers. `x` ascends, equal neighbors are allowed. `count` is what the point numbers
 /// say; if it differs from the lengths, only the samples that both include are used.
 struct CNumberedCurve {
-    std::span<const double> x;
-    std::span<const double> y;
+    CColumn x;
+    CColumn y;
     std::int32_t firstPoint = 0;
     std::int32_t lastPoint = 0;
     std::int32_t count = 0;
@@ -27,7 +27,7 @@ struct CPointRange {
 };
 
 /// Whether no value is followed by a smaller one. Not-a-number never counts as smaller.
-bool IsAscending(std::span<const double> x);
+bool IsAscending(const CColumn& x);
 
 /// The multiples of `timeStep` (> 0, in units of X) that a resampling of `curve` covers.
 /// @return no value when `count` is 0, when either array has fewer than two values, when the step is more than 100
@@ -40,6 +40,6 @@ std::optional<CPointRange> ResampledRange(const CNumberedCurve& curve, double ti
 /// by zero: the result is what IEEE arithmetic makes of it. Takes time linear in samples plus points.
 /// @param curve  at least two samples
 /// @return       one value for each point number of `range`; none when both ends are 0 or they are crossed
-std::vector<double> Interpolate(const CNumberedCurve& curve, const CPointRange& range, double timeStep);
+CColumn Interpolate(const CNumberedCurve& curve, const CPointRange& range, double timeStep);
 
 }  // namespace ks

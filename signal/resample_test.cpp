@@ -1,13 +1,19 @@
 #include "signal/resample.h"
 
+#include "signal/column.h"
 #include "signal/limits.h"
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
+#include <bit>
 #include <cmath>
+#include <cstddef>
 #include <cstdint>
 #include <limits>
 #include <optional>
+#include <random>
+#include <span>
 #include <utility>
 #include <vector>
 
@@ -28,7 +34,7 @@ struct Samples {
     std::vector<double> x, y;
     std::int32_t first = 0, last = 0;
 
-    CNumberedCurve Curve() const { return {x, y, first, last, CountOf(first, last)}; }
+    CNumberedCurve Curve() const { return {CColumn(x), CColumn(y), first, last, CountOf(first, last)}; }
 };
 
 /// Count = number of samples, Y = 1 + 2 X.
@@ -39,10 +45,10 @@ Samples Line(std::vector<double> x, std::int32_t first) {
     return samples;
 }
 
-std::vector<double> Resampled(const Samples& samples, double timeStep) {
+CColumn Resampled(const Samples& samples, double timeStep) {
     const std::optional<CPointRange> range = ResampledRange(samples.Curve(), timeStep);
     EXPECT_TRUE(range.has_value());
-    return range ? Interpolate(samples.Curve(), *range, timeStep) : std::vector<double>{};
+    return range ? Interpolate(samples.Curve(), *range, timeStep) : CColumn();
 }
 
 void ExpectRange(const Samples& samples, double timeStep, std::int32_t first, std::int32_t last) {
@@ -53,10 +59,10 @@ void ExpectRange(const Samples& samples, double timeStep, std::int32_t first, st
 }
 
 TEST(IsAscending, AllowsEqualNeighbors) {
-    EXPECT_TRUE(IsAscending(std::vector{0.0, 0.001, 0.001, 0.002}));
-    EXPECT_FALSE(IsAscending(std::vector{0.0, 0.002, 0.001}));
-    EXPECT_TRUE(IsAscending(std::vector{1.0}));
-    EXPECT_TRUE(IsAscending({}));
+    EXPECT_TRUE(IsAscending(CColumn({0.0, 0.001, 0.001, 0.002})));
+    EXPECT_FALSE(IsAscending(CColumn({0.0, 0.002, 0.001})));
+    EXPECT_TRUE(IsAscending(CColumn(std::vector{1.0})));
+    EXPECT_TRUE(IsAscending(CColumn()));
 }
 
 TEST(ResampledRange, CoversTheMultiplesInsideTheSamples) {
@@ -189,6 +195,132 @@ TEST(Interpolate, GivesNothingForBothEndsZeroOrCrossedEnds) {
     const Samples samples = Line({0.0, 1.0, 2.0}, 0);
     EXPECT_THAT(Interpolate(samples.Curve(), {0, 0}, 1.0), testing::IsEmpty());
     EXPECT_THAT(Interpolate(samples.Curve(), {2, 1}, 1.0), testing::IsEmpty());
+}
+
+// The ways that avoid the search, against the search written down once more.
+
+/// The search of Interpolate, sample by sample, over abscissas as an array.
+std::vector<double> Searched(const CNumberedCurve& curve, const CPointRange& range, double timeStep) {
+    const std::vector<double> x = curve.x.ToVector();
+    const std::vector<double> y = curve.y.ToVector();
+    const std::size_t last = std::min({x.size(), y.size(), static_cast<std::size_t>(curve.count)}) - 1;
+    std::vector<double> values(static_cast<std::size_t>(CountOf(range.first, range.last)));
+    for (std::size_t j = 0, high = 1; j < values.size(); ++j) {
+        const double t = static_cast<double>(range.first + static_cast<std::int64_t>(j)) * timeStep;
+        while (high < last && t > x[high]) ++high;
+        std::size_t low = high - 1;
+        while (low > 0 && x[low] > t) --low;
+        values[j] = y[low] + (t - x[low]) / (x[high] - x[low]) * (y[high] - y[low]);
+    }
+    return values;
+}
+
+/// The bits, except that all that is not a number is alike.
+std::vector<std::uint64_t> Bits(std::span<const double> values) {
+    std::vector<std::uint64_t> bits;
+    for (const double value : values) bits.push_back(std::bit_cast<std::uint64_t>(std::isnan(value) ? kNaN : value));
+    return bits;
+}
+
+/// Values of every magnitude, among them denormal ones, zeros of both signs, infinities, and not-a-number.
+std::vector<double> AnyValues(std::size_t count, std::mt19937_64& random) {
+    std::vector<double> values(count);
+    for (double& value : values) {
+        const std::uint64_t kind = random() % 16;
+        value = std::bit_cast<double>(random());  // any exponent is as likely as another
+        if (kind < 8) value = std::ldexp(static_cast<double>(random() % 2001) - 1000.0, -3);
+        if (kind == 8) value = std::bit_cast<double>(random() % 1000);
+        if (kind == 9) value = random() % 2 == 0 ? 0.0 : -0.0;
+        if (kind == 10) value = random() % 2 == 0 ? kInfinity : -kInfinity;
+    }
+    return values;
+}
+
+void ExpectAsSearched(const CNumberedCurve& curve, const CPointRange& range, double timeStep) {
+    const CColumn values = Interpolate(curve, range, timeStep);
+    ASSERT_EQ(Bits(values), Bits(Searched(curve, range, timeStep)))
+        << "step " << timeStep << ", points " << range.first << " to " << range.last;
+}
+
+/// The range that a resampling covers, and ranges that begin before the samples or end after them.
+void ExpectAsSearchedInManyRanges(const CNumberedCurve& curve, double timeStep) {
+    const std::optional<CPointRange> range = ResampledRange(curve, timeStep);
+    ASSERT_TRUE(range.has_value());
+    ExpectAsSearched(curve, *range, timeStep);
+    ExpectAsSearched(curve, {range->first - 3, range->last + 5}, timeStep);
+    ExpectAsSearched(curve, {range->first + 2, range->last - 2}, timeStep);
+    ExpectAsSearched(curve, {range->first - 9, range->first - 2}, timeStep);
+    ExpectAsSearched(curve, {range->last + 2, range->last + 9}, timeStep);
+}
+
+CNumberedCurve CurveOver(CColumn x, std::vector<double> y, std::int32_t first) {
+    const auto count = static_cast<std::int32_t>(y.size());
+    return {std::move(x), CColumn(std::move(y)), first, first + count - 1, count};
+}
+
+TEST(Interpolate, AtTheStepOfARegularAxisGivesTheBitsOfTheSearch) {
+    std::mt19937_64 random(1);
+    for (const double step : {1e-4, 0.1, 1.0, 1e300, 4.9e-324, 1e-310, 3.7e-5}) {
+        for (const std::int32_t first : {0, 1, -1, -700, 1'000'000}) {
+            for (const std::size_t count : {2U, 3U, 5U, 1500U}) {
+                if (!std::isfinite(step * (first + static_cast<double>(count)))) continue;
+                const CColumn x = CColumn::Regular({step, first}, count);
+                ExpectAsSearchedInManyRanges(CurveOver(x, AnyValues(count, random), first), step);
+            }
+        }
+    }
+}
+
+TEST(Interpolate, AtTheStepWithFewerKnownThanStoredSamplesGivesTheBitsOfTheSearch) {
+    std::mt19937_64 random(2);
+    for (const std::int32_t count : {1, 2, 3, 10}) {
+        CNumberedCurve curve = CurveOver(CColumn::Regular({0.5, 0}, 20), AnyValues(20, random), 0);
+        curve.count = count;
+        for (const std::int32_t first : {-2, 0, 1, 5}) ExpectAsSearched(curve, {first, 15}, 0.5);
+    }
+}
+
+TEST(Interpolate, AtAnotherStepOfARegularAxisGivesTheBitsOfTheSearch) {
+    std::mt19937_64 random(3);
+    for (const CRulePrecision precision : {CRulePrecision::Double, CRulePrecision::Single}) {
+        for (const double factor : {0.3, 0.7, 0.999, 0.99999, 1.00001, 1.001, 1.3, 17.0}) {
+            const double step = static_cast<double>(1e-4F);
+            for (const std::int32_t first : {0, -700, 1'000'000}) {
+                const CColumn x = CColumn::Regular({step, first, precision}, 3000);
+                ExpectAsSearchedInManyRanges(CurveOver(x, AnyValues(3000, random), first), factor * step);
+            }
+        }
+    }
+}
+
+TEST(Interpolate, AtTheStepOfSinglePrecisionAbscissasGivesTheBitsOfTheSearch) {
+    std::mt19937_64 random(4);
+    for (const float step : {1e-4F, 1e-5F, 0.3F}) {
+        // From 16 777 216 on, neighbors in single precision are equal.
+        for (const std::int32_t first : {0, -1500, 900'000, 16'776'000, 40'000'000}) {
+            const CColumn x = CColumn::Regular({static_cast<double>(step), first, CRulePrecision::Single}, 3000);
+            const CNumberedCurve curve = CurveOver(x, AnyValues(3000, random), first);
+            ExpectAsSearchedInManyRanges(curve, static_cast<double>(step));
+            ExpectAsSearchedInManyRanges({CColumn(x.ToVector()), curve.y, first, first + 2999, 3000},
+                                         static_cast<double>(step));
+        }
+    }
+}
+
+TEST(Interpolate, OverRaggedAbscissasGivesTheBitsOfTheSearch) {
+    std::mt19937_64 random(5);
+    for (const std::uint64_t spread : {1U, 40U, 400U, 1200U}) {
+        std::vector<double> x(3000);
+        for (std::size_t i = 0; i < x.size(); ++i) {
+            x[i] = static_cast<double>(i) + static_cast<double>(random() % spread) / 400.0;
+        }
+        std::ranges::sort(x);
+        x[1000] = x[1001] = x[1002];
+        x[2000] = kNaN;  // compares as neither smaller nor larger
+        for (const double step : {0.9, 1.0, 1.1}) {
+            ExpectAsSearched(CurveOver(CColumn(x), AnyValues(x.size(), random), 0), {-3, 3400}, step);
+        }
+    }
 }
 
 }  // namespace

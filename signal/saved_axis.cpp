@@ -1,20 +1,20 @@
 #include "signal/saved_axis.h"
 
 #include "files/uds_layout.h"
+#include "signal/column.h"
 #include "signal/data.h"
 
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
-#include <vector>
 
 namespace ks {
 
 std::optional<CLostAbscissa> FirstLostAbscissa(const CData& record) {
     // Without a time step a record is saved as pairs.
     if (record.GetFILEFORM() != kOrdinatesForm || record.Getdelt() == 0.0) return std::nullopt;
-    const std::vector<double>& x = record.GetX();
+    const CColumn& x = record.GetX();
     const double tolerance = 0.5 * std::abs(record.Getdelt());
     const auto step = static_cast<float>(record.Getdelt());
     for (std::size_t i = 0; i < x.size(); ++i) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "signal/column.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -19,6 +21,8 @@ public:
 /// window; kept, since results of many years were cut that way. A `count` beyond the array is taken as its length.
 /// @param x  the samples are those from the first x >= start up to, but without, the next x that is not below stop
 CIndexRange SamplesInWindow(std::span<const double> x, double start, double stop, std::int32_t count);
+/// The same, with a binary search where the values ascend by a rule.
+CIndexRange SamplesInWindow(const CColumn& x, double start, double stop, std::int32_t count);
 
 /// Point number of the first sample after a cut at `start`: start / timeStep cut toward zero and saturated; 0
 /// unless the time step is > 0. It follows the requested time, not the time of the first kept sample.

@@ -1,12 +1,14 @@
 #include "signal/truncate.h"
 
 #include "files/error.h"
+#include "signal/column.h"
 
 #include <gmock/gmock.h>
 
 #include <cstddef>
 #include <cstdint>
 #include <limits>
+#include <span>
 #include <vector>
 
 namespace ks {
@@ -43,7 +45,7 @@ TEST(SamplesInWindow, IsEmptyWhereNoSampleFallsInto) {
     EXPECT_EQ(SamplesInWindow(kAxis, -3.0, -1.0, 5).Count(), 0U);
     EXPECT_EQ(SamplesInWindow(kAxis, kNaN, 3.0, 5).Count(), 0U);
     EXPECT_EQ(SamplesInWindow(kAxis, 1.0, kNaN, 5).Count(), 0U);
-    EXPECT_EQ(SamplesInWindow({}, 1.0, 3.0, 5).Count(), 0U);
+    EXPECT_EQ(SamplesInWindow(std::span<const double>(), 1.0, 3.0, 5).Count(), 0U);
 }
 
 TEST(SamplesInWindow, IsBoundByTheCount) {
@@ -55,6 +57,23 @@ TEST(SamplesInWindow, IsBoundByTheCount) {
 TEST(SamplesInWindow, TakesACountBeyondTheArrayAsItsLength) {
     ExpectRange(SamplesInWindow(kAxis, 0.0, 100.0, 6), 0, 4);
     ExpectRange(SamplesInWindow(kAxis, 0.0, 100.0, kMost), 0, 4);
+}
+
+TEST(SamplesInWindow, OfARegularAxisIsTheOneOfItsValues) {
+    for (const CRulePrecision precision : {CRulePrecision::Double, CRulePrecision::Single}) {
+        for (const double step : {0.1, 0.0, -0.1, 1e300, kInfinity}) {
+            const CColumn x = CColumn::Regular({step, -10, precision}, 40);
+            const std::vector<double> values = x.ToVector();
+            for (const double start : {-kInfinity, -1.0, -0.35, 0.0, 0.3, 2.9, 3.0, kInfinity, kNaN}) {
+                for (const double stop : {-2.0, 0.0, 0.3, 0.30000000000000004, 2.85, 9.0, kInfinity, kNaN}) {
+                    for (const std::int32_t count : {-1, 0, 1, 20, 40, kMost}) {
+                        const CIndexRange expected = SamplesInWindow(std::span(values), start, stop, count);
+                        ExpectRange(SamplesInWindow(x, start, stop, count), expected.begin, expected.end);
+                    }
+                }
+            }
+        }
+    }
 }
 
 TEST(FirstPointAt, CutsTheQuotientTowardZero) {

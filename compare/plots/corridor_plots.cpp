@@ -7,13 +7,14 @@
 #include "signal/nsignal.h"
 
 #include <cstddef>
+#include <span>
 #include <string>
 #include <utility>
 #include <vector>
 
 namespace {
 
-std::vector<double> Raised(const std::vector<double>& values, double by) {
+std::vector<double> Raised(std::span<const double> values, double by) {
     std::vector<double> raised(values.size());
     for (std::size_t i = 0; i < values.size(); ++i) raised[i] = values[i] + by;
     return raised;

@@ -134,7 +134,7 @@ TEST(PlotCrossCorrelation, ADelayedSignalPeaksAtMinusItsDelay) {
     }
     std::vector<CSignal> computed{ComputedSignal("late", TimeSignal(0.0005, late))};
     const CShownPage shown = Show(page::kCrossCorrelation, computed, TimeSignal(0.0005, wave));
-    const std::vector<double>& values = shown.series[1]->GetY();
+    const ks::CColumn& values = shown.series[1]->GetY();
     const auto peak = std::max_element(values.begin(), values.end()) - values.begin();
     EXPECT_EQ(peak - 20, -7);
 }

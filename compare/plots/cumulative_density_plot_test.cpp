@@ -19,7 +19,7 @@ using testing::ElementsAre;
 
 /// Residuals 1.5, -1.5, 0.5, -0.5 and, not seen by the statistics, 0 against `reference`: sigma is 1.
 CSignal ComparedSignal(std::string path, const CSignal& reference) {
-    std::vector<double> y = reference.Record().GetY();
+    std::vector<double> y = reference.Record().GetY().ToVector();
     const std::vector<double> residuals{1.5, -1.5, 0.5, -0.5, 0.0};
     for (std::size_t i = 0; i < y.size(); ++i) y[i] += residuals[i];
     ks::CNSignal record = TimeSignal(0.5, y);

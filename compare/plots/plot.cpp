@@ -2,6 +2,7 @@
 
 #include "compare/signal.h"
 #include "files/path_text.h"
+#include "signal/column.h"
 #include "signal/nsignal.h"
 
 #include <algorithm>
@@ -21,8 +22,8 @@ void CPlot::GetAxisTitles(std::string& xTitle, std::string& yTitle) const {
 }
 
 bool HaveDifferentRanges(const ks::CNSignal& a, const ks::CNSignal& b) {
-    const std::vector<double>& ax = a.GetX();
-    const std::vector<double>& bx = b.GetX();
+    const ks::CColumn& ax = a.GetX();
+    const ks::CColumn& bx = b.GetX();
     if (ax.empty() || bx.empty()) return false;
     return !(ax.front() == bx.front() && ax.back() == bx.back());
 }

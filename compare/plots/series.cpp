@@ -2,6 +2,7 @@
 
 #include "compare/plots/plot.h"
 #include "compare/signal.h"
+#include "signal/column.h"
 #include "signal/nsignal.h"
 
 #include <boost/make_shared.hpp>
@@ -9,16 +10,14 @@
 #include <algorithm>
 #include <cstddef>
 #include <optional>
-#include <span>
 #include <string>
 #include <utility>
 #include <vector>
 
 namespace {
 
-std::vector<double> FirstOf(const std::vector<double>& values, std::size_t count) {
-    const std::span<const double> first = std::span(values).first(std::min(count, values.size()));
-    return {first.begin(), first.end()};
+ks::CColumn FirstOf(const ks::CColumn& values, std::size_t count) {
+    return values.Part(0, std::min(count, values.size()));
 }
 
 }  // namespace
@@ -51,7 +50,7 @@ ks::CNSignal CopyWithoutArrays(const ks::CNSignal& record) {
 void SetSamples(ks::CNSignal& record, const ks::CNSignal& source, std::vector<double> y) {
     if (y.empty()) return;
     const std::size_t count = y.size();
-    record.SetData(FirstOf(source.GetX(), count), std::move(y), FirstOf(source.GetZ(), count));
+    record.SetColumns(FirstOf(source.GetX(), count), ks::CColumn(std::move(y)), FirstOf(source.GetZ(), count));
 }
 
 ks::CNSignal CopyWithY(const ks::CNSignal& record, std::vector<double> y) {

@@ -7,6 +7,7 @@
 #include "compare/ratings/messages.h"
 #include "compare/ratings/samples.h"
 #include "files/error.h"
+#include "signal/column.h"
 #include "signal/nsignal.h"
 #include "signal/truncate.h"
 #include "signal/units.h"
@@ -27,12 +28,12 @@ constexpr double kPositionRounding = 1e-9;
 
 /// The values of one record that are paired.
 struct CPart {
-    std::span<const double> x;
+    ks::CColumn x;
     std::span<const double> y;
 };
 
 CPart Part(const ks::CNSignal& record, std::size_t first, std::size_t end) {
-    return {std::span(record.GetX()).subspan(first, end - first), std::span(record.GetY()).subspan(first, end - first)};
+    return {record.GetX().Part(first, end - first), record.GetY().Values().subspan(first, end - first)};
 }
 
 CPart Whole(const ks::CNSignal& record) {
@@ -51,13 +52,15 @@ CPart ComparedPart(const ks::CNSignal& computed, const ks::CNSignal& reference, 
 }
 
 /// Two neighbors in single precision may each be half a unit of their last place off.
-bool IsEven(std::span<const double> x, double step) {
+bool IsEven(const ks::CColumn& values, std::size_t count, double step) {
     constexpr auto kSinglePlace = static_cast<double>(std::numeric_limits<float>::epsilon());
-    for (std::size_t i = 1; i < x.size(); ++i) {
-        const double rounding = kSinglePlace * std::max(std::abs(x[i - 1]), std::abs(x[i]));
-        if (!(std::abs((x[i] - x[i - 1]) - step) <= kLargestDeparture * step + rounding)) return false;
-    }
-    return true;
+    return ks::VisitAxis(values, [&](const auto& x) {
+        for (std::size_t i = 1; i < count; ++i) {
+            const double rounding = kSinglePlace * std::max(std::abs(x[i - 1]), std::abs(x[i]));
+            if (!(std::abs((x[i] - x[i - 1]) - step) <= kLargestDeparture * step + rounding)) return false;
+        }
+        return true;
+    });
 }
 
 CRatedPair Join(const ks::CNSignal& computed, const ks::CNSignal& reference, const CPart& referencePart) {
@@ -72,8 +75,7 @@ CRatedPair Join(const ks::CNSignal& computed, const ks::CNSignal& reference, con
         pair.timeReason = rating_message::kNotInSeconds;
     } else if (!(pair.time.stepS > 0.0) || !std::isfinite(pair.time.stepS)) {
         pair.timeReason = rating_message::kNoTimeStep;
-    } else if (!IsEven(referencePart.x.first(count), pair.time.stepS) ||
-               !IsEven(computedPart.x.first(count), pair.time.stepS)) {
+    } else if (!IsEven(referencePart.x, count, pair.time.stepS) || !IsEven(computedPart.x, count, pair.time.stepS)) {
         pair.timeReason = rating_message::kUnevenSteps;
     }
     return pair;

@@ -55,7 +55,7 @@ class Outputs(LimitedTest):
     def test_whatever_the_limit_only_sentences_are_printed(self):
         failed = finished = 0
         least = self.least(self.compare_within)
-        for megabytes in range(least, least + 64, 6):
+        for megabytes in range(least, least + 64, 3):
             for name in ("out.html", "out.csv", "ascii/page-11.txt", "out.json"):
                 if (self.folder / name).exists():
                     os.remove(self.folder / name)
