@@ -12,6 +12,7 @@
 
 #include <QList>
 
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <optional>
