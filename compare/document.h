@@ -4,6 +4,7 @@
 #include "compare/document_host.h"
 #include "compare/note.h"
 #include "compare/plots/plot.h"
+#include "compare/ratings/choice.h"
 #include "compare/run_state.h"
 #include "compare/sampling.h"
 #include "compare/signal.h"
@@ -59,6 +60,11 @@ public:
     /// Spreads each step of a run over up to that many threads. What a run gives, and in which order hosts and
     /// observers are called, does not depend on it; they are called on the thread of the run alone. Default: 1.
     void SetJobs(unsigned jobs) { m_jobs = jobs; }
+
+    /// Runs from now on rate every signal that they compare with these families; CSignal::Ratings() holds the result.
+    /// FaultOf() of its parameters must give nothing. Default: none.
+    void SetRatings(const ratings::CRatingChoice& choice) { m_ratings = choice; }
+    [[nodiscard]] const ratings::CRatingChoice& Ratings() const { return m_ratings; }
 
     // Steps of a run. What the signal library throws becomes a message, the file's path before it.
 
@@ -160,7 +166,7 @@ private:
     bool CutComputedSignals(double start, double end);
     bool CutToCommonRange(double start, double end);
     bool ResampleComputedSignals(double timeStep);
-    bool CompareComputedSignals();
+    bool CompareComputedSignals(std::int32_t channelClass);
     bool CutReference(double start, double end);
     bool AttemptAlone(CSignal& signal, const std::function<void(CSignal&)>& work);
     bool ForEachComputed(const std::function<void(CSignal&)>& work);
@@ -196,6 +202,7 @@ private:
     std::vector<CRunMessage> m_errors;
     std::vector<std::string> m_referenceErrors;
     std::vector<CNote> m_notes;
+    ratings::CRatingChoice m_ratings;
     CSignal m_reference;
     double m_corridorSize = 4.0;
     std::int32_t m_pageId = 0;

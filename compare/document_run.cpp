@@ -196,7 +196,7 @@ CQuorvelDoc::CRunEnd CQuorvelDoc::PrepareAndCompare(const CFileSelection& select
 
     m_reference.Comparison().SetCorridor(m_corridorSize);
     for (CSignal& signal : m_computed) signal.Comparison().SetCorridor(m_corridorSize);
-    return CompareComputedSignals() ? CRunEnd::Completed : CRunEnd::Stopped;
+    return CompareComputedSignals(selection.channelClass) ? CRunEnd::Completed : CRunEnd::Stopped;
 }
 
 CQuorvelDoc::CRunEnd CQuorvelDoc::PrepareAndCompareLoaded(const CFileSelection& selection) {
@@ -206,7 +206,7 @@ CQuorvelDoc::CRunEnd CQuorvelDoc::PrepareAndCompareLoaded(const CFileSelection& 
     m_shouldTruncate = selection.shouldTruncate;
     if (m_shouldTruncate && !CutComputedSignals(selection.windowStart, selection.windowEnd)) return CRunEnd::Stopped;
     if (MakeAverageReference() == CReferenceEnd::SignalFailed) return CRunEnd::Stopped;
-    return CompareComputedSignals() ? CRunEnd::Completed : CRunEnd::Stopped;
+    return CompareComputedSignals(selection.channelClass) ? CRunEnd::Completed : CRunEnd::Stopped;
 }
 
 void CQuorvelDoc::PublishRun() {
@@ -272,8 +272,13 @@ void CQuorvelDoc::NoteNoCommonTime(const CSignal& reference) {
     }
 }
 
-bool CQuorvelDoc::CompareComputedSignals() {
-    return ForEachComputed([this](CSignal& signal) { signal.Compare(m_reference); });
+/// `channelClass` counts only in a run that filters.
+bool CQuorvelDoc::CompareComputedSignals(std::int32_t channelClass) {
+    return ForEachComputed([this, channelClass](CSignal& signal) {
+        signal.Compare(m_reference);
+        const bool isFiltered = m_shouldFilter && signal.ShouldFilter();
+        signal.Rate(m_reference, m_ratings, isFiltered ? std::optional(channelClass) : std::nullopt);
+    });
 }
 
 int CQuorvelDoc::ReadReference() {

@@ -80,6 +80,11 @@ std::string CutByPageNote(std::string_view pageName, const CSampling& before, co
     return "Cut by the page " + std::string(pageName) + ": " + CutText(before, after);
 }
 
+std::string UnitsDifferNote(std::string_view units, std::string_view path, std::string_view referenceUnits) {
+    return "Rated as numbers: Y is in " + std::string(units) + ", but in " + std::string(referenceUnits) + " in " +
+           std::string(path) + ". Ratings of different quantities mean nothing.";
+}
+
 std::string NoCommonTimeNote(const CSampling& signal, std::string_view path, const CSampling& reference) {
     return "No time in common with " + std::string(path) + ", which runs " + RangeText(reference) +
            "; this signal runs " + RangeText(signal) + ". A comparison of the two means nothing.";

@@ -59,6 +59,8 @@ std::string CutToCommonRangeNote(const CSampling& before, const CSampling& after
 std::string CutByPageNote(std::string_view pageName, const CSampling& before, const CSampling& after);
 /// A signal shares no time with `reference`, the signal to compare with, which is at `path`.
 std::string NoCommonTimeNote(const CSampling& signal, std::string_view path, const CSampling& reference);
+/// A signal was rated against the one at `path`, whose Y is in other units.
+std::string UnitsDifferNote(std::string_view units, std::string_view path, std::string_view referenceUnits);
 /// The reference was made from the computed signals, the first of which is at `path`.
 std::string AverageIsFirstNote(std::string_view path);
 

@@ -29,6 +29,8 @@ std::string_view NameOf(CNoteKind kind) {
             return "cut-by-page";
         case CNoteKind::NoCommonTime:
             return "no-common-time";
+        case CNoteKind::UnitsDiffer:
+            return "units-differ";
         case CNoteKind::AverageIsFirst:
             break;
     }
@@ -57,4 +59,10 @@ void AppendNoCommonTime(std::vector<CNote>& notes, const CSampling& signal, std:
                         const CSampling& reference) {
     if (!HaveNoCommonTime(signal, reference)) return;
     notes.push_back({CNoteKind::NoCommonTime, compare_message::NoCommonTimeNote(signal, path, reference)});
+}
+
+void AppendUnitsDiffer(std::vector<CNote>& notes, std::string_view units, std::string_view path,
+                       std::string_view referenceUnits) {
+    if (units.empty() || referenceUnits.empty() || units == referenceUnits) return;
+    notes.push_back({CNoteKind::UnitsDiffer, compare_message::UnitsDifferNote(units, path, referenceUnits)});
 }

@@ -14,6 +14,7 @@ enum class CNoteKind {
     CutToCommonRange,    ///< "cut-to-common-range": a computed signal was cut to the time in common
     CutByPage,           ///< "cut-by-page": a chart page cut a computed signal permanently
     NoCommonTime,        ///< "no-common-time": a signal and the reference, or all signals, share no time
+    UnitsDiffer,         ///< "units-differ": a signal was rated against a reference whose Y has other units
     AverageIsFirst,      ///< "average-is-first": the first signal serves as the reference made from all
 };
 
@@ -37,6 +38,10 @@ void AppendCutToCommonRange(std::vector<CNote>& notes, const CSampling& before, 
 /// The same by the chart page of this name.
 void AppendCutByPage(std::vector<CNote>& notes, std::string_view pageName, const CSampling& before,
                      const CSampling& after);
+/// A signal to be rated against the one at `path`, with the units of Y of both; none where they are equal or where one
+/// of them is not known.
+void AppendUnitsDiffer(std::vector<CNote>& notes, std::string_view units, std::string_view path,
+                       std::string_view referenceUnits);
 /// A signal without any time in common with the one at `path`, which it is to be compared with. To be asked before
 /// either is resampled: that may carry a curve far beyond its own samples.
 void AppendNoCommonTime(std::vector<CNote>& notes, const CSampling& signal, std::string_view path,

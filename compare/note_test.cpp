@@ -28,6 +28,7 @@ TEST(NameOf, GivesTheFrozenNames) {
     EXPECT_EQ(NameOf(CNoteKind::CutToCommonRange), "cut-to-common-range");
     EXPECT_EQ(NameOf(CNoteKind::CutByPage), "cut-by-page");
     EXPECT_EQ(NameOf(CNoteKind::NoCommonTime), "no-common-time");
+    EXPECT_EQ(NameOf(CNoteKind::UnitsDiffer), "units-differ");
     EXPECT_EQ(NameOf(CNoteKind::AverageIsFirst), "average-is-first");
 }
 

@@ -1,13 +1,20 @@
 #include "compare/signal.h"
 
 #include "compare/note.h"
+#include "compare/ratings/choice.h"
+#include "compare/ratings/pair.h"
+#include "compare/ratings/signal_ratings.h"
 #include "compare/sampling.h"
 #include "compare/summary_columns.h"
 #include "compare/verdict.h"
 #include "signal/formats/formats.h"
 #include "signal/signal_loader.h"
 
+#include <algorithm>
 #include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <utility>
@@ -53,6 +60,20 @@ void CSignal::Compare(const CSignal& reference) {
     AppendResampling(m_notes, CNoteKind::Resampled, before, resampled);
     AppendCutToCommonRange(m_notes, resampled, SamplingOf(m_record));
     m_referenceName = reference.m_path;
+    m_ratings.reset();
+}
+
+void CSignal::Rate(const CSignal& reference, const ratings::CRatingChoice& choice,
+                   std::optional<std::int32_t> filterClass) {
+    m_ratings.reset();
+    if (choice.IsEmpty()) return;
+    const bool isApart =
+        std::ranges::any_of(m_notes, [](const CNote& note) { return note.kind == CNoteKind::NoCommonTime; });
+    ratings::CRatedPair pair;
+    if (!isApart) pair = ratings::MakeRatedPair(m_record, reference.m_record, m_comparison);
+    if (isApart) pair.time.stepS = reference.m_record.Getdelt();
+    AppendUnitsDiffer(m_notes, m_record.GetYUNITS(), reference.m_path, reference.m_record.GetYUNITS());
+    m_ratings = std::make_shared<const ratings::CSignalRatings>(ratings::RatePair(pair, choice, filterClass));
 }
 
 std::string CSignal::GetColumnText(int column) const {

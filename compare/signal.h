@@ -7,10 +7,18 @@
 #include "signal/signal_loader.h"
 
 #include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
+
+namespace ratings {
+struct CRatingChoice;
+struct CSignalRatings;
+}  // namespace ratings
 
 /// One computed file, or the reference: its record, its path, the reference that it was compared with, the measures,
 /// and notes on its preparation.
@@ -44,6 +52,15 @@ public:
     /// what that does to the record becomes notes.
     void Compare(const CSignal& reference);
 
+    /// Rates what Compare compared with `reference`, which must be as it was then; an empty choice leaves no ratings. A
+    /// signal that was read without any time in common with the reference is rated as one without samples: what the
+    /// comparison extends it to is not measured.
+    /// @param filterClass  channel class that the record was filtered at in this run
+    /// @throws ks::CError for parameters of the choice that are refused; std::bad_alloc
+    void Rate(const CSignal& reference, const ratings::CRatingChoice& choice, std::optional<std::int32_t> filterClass);
+    /// The ratings of the last comparison, or null when it was not rated. They stay when the record is changed later.
+    [[nodiscard]] const ratings::CSignalRatings* Ratings() const { return m_ratings.get(); }
+
     /// The record's warnings; after a failed reading, the readers' sentences.
     [[nodiscard]] const std::vector<std::string>& GetMessages() const { return m_record.GetWarnings(); }
     [[nodiscard]] std::size_t GetPointCount() const { return m_record.GetPointCount(); }
@@ -74,5 +91,6 @@ private:
     std::string m_referenceName;
     CComparison m_comparison;
     std::vector<CNote> m_notes;
-    const ks::CSignalFormat* m_format = nullptr;  ///< of the table of formats, which outlives every signal
+    std::shared_ptr<const ratings::CSignalRatings> m_ratings;  ///< never changed, so copies share it
+    const ks::CSignalFormat* m_format = nullptr;               ///< of the table of formats, which outlives every signal
 };

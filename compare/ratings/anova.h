@@ -5,6 +5,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace ratings {
 
@@ -30,6 +31,12 @@ struct CRoadsideLimits {
 };
 
 enum class CRoadsideVerdict { Pass, Fail };
+
+inline constexpr std::string_view kPassWord = "pass";
+/// kPassWord or "fail".
+constexpr std::string_view NameOf(CRoadsideVerdict verdict) {
+    return verdict == CRoadsideVerdict::Pass ? kPassWord : "fail";
+}
 
 /// The verdict, or why there is none.
 struct CRoadside {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+#include <string>
 #include <string_view>
 
 /// The sentences of the ratings, as the user reads them: why a value is not available, and which parameters are
@@ -18,6 +20,9 @@ inline constexpr std::string_view kLengthsDiffer = "The signals have different n
 inline constexpr std::string_view kReferenceNotFinite = "The reference has a value that is not a finite number.";
 /// The same of the computed signal.
 inline constexpr std::string_view kComputedNotFinite = "The computed signal has a value that is not a finite number.";
+/// Memory ran out while a family was rated.
+inline constexpr std::string_view kNoMemoryForRating =
+    "There is not enough memory for this rating. Fewer or shorter signals would need less.";
 /// The arithmetic gave infinity or not-a-number.
 inline constexpr std::string_view kBeyondNumbers = "The result is beyond the range of numbers.";
 
@@ -52,8 +57,17 @@ inline constexpr std::string_view kUnevenSteps = "The time steps differ from the
 
 /// The signals are shorter than the running mean of the slope score.
 inline constexpr std::string_view kTooFewForIso = "ISO/TS 18571 needs at least 9 samples.";
+
 /// The signals, or what they become at the standard's time step, are too long for its warping.
 inline constexpr std::string_view kTooManyForIso = "ISO/TS 18571 is rated for at most 200 000 samples.";
+/// A remark: the signals' step is not the standard's; they were interpolated, to that many points.
+std::string ResampledForIso(std::size_t pointCount);
+/// A remark: the magnitude score has no divisor.
+inline constexpr std::string_view kMagnitudeByRule =
+    "The reference is zero where the signals overlap, so EM is 1 for equal signals, else 0.";
+/// A remark: the slope score has no divisor.
+inline constexpr std::string_view kSlopeByRule =
+    "The reference has no slope where the signals overlap, so ES is 1 if the computed signal has none either, else 0.";
 
 // Knowles-Gear.
 
@@ -72,6 +86,9 @@ inline constexpr std::string_view kConstantResidual = "The residual is constant.
 
 // CORA-like.
 
+/// A remark: the interval that the scores belong to, from the first time to the last.
+std::string EvaluationInterval(std::string_view interval);
+
 /// The thresholds or the fixed times leave no interval to rate.
 inline constexpr std::string_view kShortInterval = "The interval of evaluation has fewer than 2 samples.";
 /// The corridors and the cross correlation have no divisor.
@@ -79,6 +96,11 @@ inline constexpr std::string_view kReferenceZeroInInterval =
     "The reference is zero throughout the interval of evaluation.";
 /// The cross correlation has no divisor at any lag; the corridors are still rated.
 inline constexpr std::string_view kNoCrossCorrelation = "At every lag one of the signals is zero where both overlap.";
+
+// Parameters.
+
+/// A remark: the parameters that a score belongs to, each with its value.
+std::string ParametersUsed(std::string_view parameters);
 
 // Parameters that are refused. Each sentence says what is accepted.
 
