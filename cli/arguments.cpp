@@ -2,6 +2,7 @@
 
 #include "cli/messages.h"
 #include "cli/usage_error.h"
+#include "files/number_text.h"
 
 #include <CLI/CLI.hpp>
 
@@ -117,6 +118,14 @@ std::vector<std::string> FilesAmong(const std::vector<std::string>& rest) {
 }
 
 }  // namespace
+
+double ReadNumber(std::string_view option, const std::string& text) {
+    const std::optional<double> value = ks::ReadWholeNumber(text);
+    if (!value) {
+        throw CUsageError(cli_message::NumberNotRead(option, text));
+    }
+    return *value;
+}
 
 CArguments::CArguments(std::span<const COptionDeclaration> declarations, const std::vector<std::string>& arguments) {
     RefuseEmptyValues(declarations, arguments);

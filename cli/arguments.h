@@ -21,6 +21,10 @@ struct COptionDeclaration {
     std::string_view argument;  ///< what the value is called in sentences, for example "PATH"
 };
 
+/// The number that `text`, a value of `option`, is.
+/// @throws CUsageError when it is not a finite decimal number
+double ReadNumber(std::string_view option, const std::string& text);
+
 /// The arguments of a command, sorted into options and files.
 class CArguments {
 public:

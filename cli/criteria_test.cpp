@@ -1,16 +1,22 @@
 #include "cli/criteria.h"
 
 #include "compare/critical_values.h"
+#include "compare/ratings/choice.h"
+#include "compare/ratings/criteria.h"
+#include "compare/ratings/families.h"
 #include "compare/signal.h"
 #include "compare/summary_columns.h"
 #include "compare/summary_table.h"
 #include "compare/verdict.h"
 #include "tests/support/summary_samples.h"
+#include "tests/support/test_signals.h"
 
 #include <gmock/gmock.h>
 
 #include <cstddef>
+#include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -46,12 +52,61 @@ INSTANTIATE_TEST_SUITE_P(Names, Criterion,
                          [](const auto& row) { return row.param.name; });
 
 TEST(Criteria, AreNamedInSentences) {
-    EXPECT_EQ(CriterionNames(), "residual, stddev, corridor, correlation, t and moment");
+    EXPECT_EQ(CriterionNames(),
+              "residual, stddev, corridor, correlation, t, moment, iso, roadside, sprague-geers, anova-mean and "
+              "anova-deviation");
+    EXPECT_EQ(CriticalValueNames(),
+              "residual, stddev, corridor, correlation, t, moment, iso, sprague-geers, anova-mean and anova-deviation");
 }
 
 TEST(Criteria, FindNothingBadWithoutCriteriaOrSignals) {
     EXPECT_FALSE(HasBad(TableWithBadColumn(2), {}));
     EXPECT_FALSE(HasBad(CSummaryTable(), {FindCriterion("residual")}));
+}
+
+// Ratings.
+
+/// Twice the reference: M of Sprague-Geers is 1, P is 0.
+CSignal RatedSignal(std::vector<double> computed) {
+    CSignal reference("r"), signal("s");
+    reference.Record() = MakeTimeSignal({0.0, 1.0, 4.0, 1.0, 0.0}, 0.5);
+    signal.Record() = MakeTimeSignal(std::move(computed), 0.5);
+    signal.Compare(reference);
+    ratings::CRatingChoice choice;
+    AddFamilies(choice, "sprague-geers");
+    AddFamilies(choice, "anova");
+    signal.Rate(reference, choice, std::nullopt);
+    return signal;
+}
+
+TEST(RatingCriteria, FindWhatIsBad) {
+    const std::vector<CSignal> twice{RatedSignal({0.0, 2.0, 8.0, 2.0, 0.0})};
+    const auto hasBad = [&twice](const char* name, const ratings::CRatingLimits& limits) {
+        return HasBadRating(twice, {ratings::FindRatingCriterion(name)}, limits);
+    };
+    ratings::CRatingLimits limits;
+    EXPECT_TRUE(hasBad("sprague-geers", limits));
+    EXPECT_TRUE(hasBad("roadside", limits));
+    EXPECT_TRUE(hasBad("anova-mean", limits));  // (1 + 4 + 1) / 4 / 5 = 0.3
+    limits.spragueGeers = 1.01;
+    limits.anovaMean = 0.31;
+    EXPECT_FALSE(hasBad("sprague-geers", limits));
+    EXPECT_FALSE(hasBad("anova-mean", limits));
+    EXPECT_FALSE(hasBad("iso", limits)) << "not rated";
+    EXPECT_FALSE(HasBadRating(twice, {}, {}));
+    EXPECT_FALSE(HasBadRating({CSignal("plain")}, {ratings::FindRatingCriterion("iso")}, {}));
+}
+
+TEST(RatingCriteria, TellWhatIsNotAvailableOncePerSignalAndReason) {
+    const std::vector<CSignal> signalList{RatedSignal({0.0, 2.0, 8.0, 2.0, 0.0}),
+                                          RatedSignal({0.0, 0.0, 0.0, 0.0, 0.0})};
+    const auto* const spragueGeers = ratings::FindRatingCriterion("sprague-geers");
+    const auto* const roadside = ratings::FindRatingCriterion("roadside");
+    const std::string reason = ": The computed signal is zero throughout.";
+    EXPECT_THAT(RatingsNotJudged(signalList, {spragueGeers, roadside}),
+                testing::ElementsAre("s: not judged by sprague-geers" + reason, "s: not judged by roadside" + reason));
+    EXPECT_TRUE(HasBadRating(signalList, {spragueGeers}, {}));
+    EXPECT_THAT(RatingsNotJudged({CSignal("plain")}, {roadside}), testing::IsEmpty());
 }
 
 TEST(Criteria, CoverColumnsThatAreNotFixed) {

@@ -14,33 +14,6 @@ namespace {
 constexpr std::size_t kTermIndent = 2;
 constexpr std::size_t kTextIndent = 6;
 
-std::vector<std::string_view> Words(std::string_view text) {
-    std::vector<std::string_view> words;
-    while (!text.empty()) {
-        const std::size_t end = std::min(text.find(' '), text.size());
-        if (end > 0) {
-            words.push_back(text.substr(0, end));
-        }
-        text.remove_prefix(std::min(end + 1, text.size()));
-    }
-    return words;
-}
-
-void AppendWrapped(std::string& help, std::string_view text, std::size_t indent, std::size_t width) {
-    std::size_t column = 0;
-    for (const std::string_view word : Words(text)) {
-        const std::size_t length = DisplayWidth(word);
-        if (column != 0 && column + 1 + length > width) {
-            help += '\n';
-            column = 0;
-        }
-        help += column == 0 ? std::string(indent, ' ') : " ";
-        help += word;
-        column += (column == 0 ? indent : 1) + length;
-    }
-    help += '\n';
-}
-
 // Text of a manual page: no character acts as a command, and options keep their hyphens when copied.
 std::string Roff(std::string_view text) {
     std::string roff;

@@ -61,12 +61,20 @@ std::string CorridorNotPositive(std::string_view value) {
     return Join({"Option --corridor takes a size greater than 0, not: ", value});
 }
 
-std::string CriticalWithoutName(std::string_view value) {
-    return Join({"Option --critical takes NAME=VALUE, for example moment=0.3, not: ", value});
+std::string NameNotKnown(std::string_view option, std::string_view names, std::string_view name) {
+    return Join({"Option ", option, " knows the names ", names, ", not: ", name});
 }
 
-std::string CriterionNotKnown(std::string_view option, std::string_view names, std::string_view name) {
-    return Join({"Option ", option, " knows the names ", names, ", not: ", name});
+std::string ValueWithoutName(std::string_view option, std::string_view example, std::string_view value) {
+    return Join({"Option ", option, " takes NAME=VALUE, for example ", example, ", not: ", value});
+}
+
+std::string ParametersRefused(std::string_view option, std::string_view reason) {
+    return Join({"Option ", option, ": ", reason});
+}
+
+std::string RatingsNeeded(std::string_view option, std::string_view name) {
+    return Join({"Option ", option, " needs --ratings with ", name, "."});
 }
 
 std::string OutputsShareFile(std::string_view a, std::string_view b) {
@@ -103,6 +111,10 @@ std::string HitListNotRead(std::string_view path) {
 
 std::string NotExported(std::string_view path) {
     return Join({"Could not be exported: ", path});
+}
+
+std::string NotJudged(std::string_view path, std::string_view criterion, std::string_view reason) {
+    return Join({path, ": not judged by ", criterion, ": ", reason});
 }
 
 std::string NoMemoryToWrite(std::string_view what, std::string_view path) {

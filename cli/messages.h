@@ -53,10 +53,14 @@ std::string JobsNotKnown(unsigned most, std::string_view value);
 std::string WindowNotAscending(std::string_view min, std::string_view max);
 /// The value of --corridor is 0 or negative.
 std::string CorridorNotPositive(std::string_view value);
-/// The value of --critical has no "=".
-std::string CriticalWithoutName(std::string_view value);
-/// An option for criteria names one that does not exist; `names` are those that do.
-std::string CriterionNotKnown(std::string_view option, std::string_view names, std::string_view name);
+/// An option for criteria, ratings or parameters names one that does not exist; `names` are those that do.
+std::string NameNotKnown(std::string_view option, std::string_view names, std::string_view name);
+/// The value of an option for criteria or parameters has no "="; `example` is a value that would do.
+std::string ValueWithoutName(std::string_view option, std::string_view example, std::string_view value);
+/// The parameters of an option are refused, for this reason.
+std::string ParametersRefused(std::string_view option, std::string_view reason);
+/// An option, as given, is about ratings that are not computed; `name` is what --ratings would have to name.
+std::string RatingsNeeded(std::string_view option, std::string_view name);
 /// Two outputs lead to one file.
 std::string OutputsShareFile(std::string_view a, std::string_view b);
 
@@ -98,6 +102,11 @@ std::string ReferenceNotRead(std::string_view path);
 std::string HitListNotRead(std::string_view path);
 /// The points of a file cannot be exported; follows the sentence that tells why.
 std::string NotExported(std::string_view path);
+
+// Judging.
+
+/// --fail-on-bad names a criterion of ratings, and the ratings of a signal are not available for this reason.
+std::string NotJudged(std::string_view path, std::string_view criterion, std::string_view reason);
 
 // Outputs, as the sentences below name them.
 

@@ -13,7 +13,10 @@
 #include "cli/output/notes.h"
 #include "cli/output/outputs.h"
 #include "cli/output/page_outputs.h"
+#include "cli/output/rating_csv.h"
+#include "cli/output/rating_report.h"
 #include "cli/output/table_report.h"
+#include "cli/output/text_table.h"
 #include "cli/usage_error.h"
 #include "compare/document.h"
 #include "compare/export.h"
@@ -66,12 +69,14 @@ void RefuseOverwritingInputs(const CCompareOptions& options, const std::vector<s
     }
 }
 
-void WriteTables(const CCompareOptions& options, const CSummaryTable& table, COutputs& outputs) {
+void WriteTables(const CCompareOptions& options, const CQuorvelDoc& document, const CSummaryTable& table,
+                 COutputs& outputs) {
     if (options.html) {
         outputs.Write(cli_message::kHtmlReport, *options.html, [&table] { return HtmlReport(table); });
     }
     if (options.csv) {
-        outputs.Write(cli_message::kCsvTable, *options.csv, [&table] { return CsvTable(table); });
+        outputs.Write(cli_message::kCsvTable, *options.csv,
+                      [&] { return CsvTable(table, RatingColumns(document.ComputedSignals(), options.ratings)); });
     }
 }
 
@@ -81,7 +86,9 @@ void PrintReports(const CCompareOptions& options, const CQuorvelDoc& document, c
         console.PrintLine(VerboseReport(document));
     }
     if (options.PrintsTable()) {
-        console.Print(TableReport(options, document, table, {console.Width(), console.HasColor()}));
+        const CTextTableStyle style{console.Width(), console.HasColor()};
+        console.Print(TableReport(options, document, table, style));
+        console.Print(RatingReport(document, options.ratingLimits, style));
     }
 }
 
@@ -146,14 +153,16 @@ CExitStatus FinishCompleted(const CCompareOptions& options, const CResults& resu
     CJsonResults json(options, results, document.Reference(), document.ComputedSignals());
     if (hasTable) {
         outputs.Attempt(cli_message::kNoMemoryForTable, [&] { PrintReports(options, document, table, console); });
-        WriteTables(options, table, outputs);
+        WriteTables(options, document, table, outputs);
     }
     if (WantsPages(options)) {
         WritePages(options, document, host, json, outputs);
     }
     WriteJson(options, json, outputs);
     outputs.Finish();
-    return Status(outputs, !results.errors.empty(), HasBad(table, options.failOnBad));
+    const bool isBadFound = HasBad(table, options.failOnBad) ||
+                            HasBadRating(document.ComputedSignals(), options.failOnBadRating, options.ratingLimits);
+    return Status(outputs, !results.errors.empty(), isBadFound);
 }
 
 }  // namespace
@@ -168,6 +177,7 @@ CExitStatus RunCompare(const std::vector<std::string>& arguments, CConsole& cons
     CCliHost host(options, input.files, console);
     CQuorvelDoc document(host);
     document.SetJobs(options.jobs);
+    document.SetRatings(options.ratings);
     // A list that cannot be read leaves the choice of signals open; comparing the rest would look like a full result.
     if (!input.errors.empty()) {
         host.ShowSentences(input.errors);
@@ -180,13 +190,14 @@ CExitStatus RunCompare(const std::vector<std::string>& arguments, CConsole& cons
 
     // The document collects these but does not show them.
     console.ComplainAll(document.ReferenceMessages());
-    ComplainOfNoCommonTime(document, console);
+    ComplainOfIncomparable(document, console);
     const CResults results{document.ErrorMessages(), document.ReferenceMessages(), {}, document.Notes()};
     if (document.Run() != CRunState::Completed) {
         NameUnreadFiles(document, console);
         PrintNotes(options, document, console);
         return FinishStopped(options, results, document.Reference(), console);
     }
+    console.ComplainAll(RatingsNotJudged(document.ComputedSignals(), options.failOnBadRating));
     return FinishCompleted(options, {results.errors, results.referenceErrors, document.PageList(), results.notes},
                            inputs, document, host, console);
 }

@@ -1,5 +1,6 @@
 #include "cli/commands/compare_help.h"
 
+#include "cli/commands/rating_help.h"
 #include "cli/help_text.h"
 #include "cli/join.h"
 #include "compare/critical_values.h"
@@ -9,6 +10,8 @@
 #include "signal/formats/signal_format.h"
 
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -64,12 +67,14 @@ CHelpSection Judgment() {
     return {"Judgment",
             {{"--corridor SIZE", "Corridor size in units of Y, greater than 0. Default: 4.0."},
              {"--critical NAME=VALUE",
-              "Set a critical value; a result below it is good. May be repeated. The NAMEs are listed under \"Critical "
-              "values\"."},
+              "Set a critical value; a result below it is good, a rating as its entry says. May be repeated. The NAMEs "
+              "are listed under \"Critical values\"."},
              {"--fail-on-bad[=NAME,...]",
               "End with status 1 if any verdict is bad; with NAMEs, only if a verdict of one of them is bad. In a run "
               "without --reference the first file is compared with itself, so its T statistic is not a number and "
-              "counts as bad: name the other criteria, or give a reference."}}};
+              "counts as bad: name the other criteria, or give a reference. The "
+              "NAMEs are those of the critical values and, with --ratings, also those of its ratings and roadside, the "
+              "roadside verdict. A rating that is not available is not bad; standard error names it."}}};
 }
 
 CHelpSection CriticalValueNames() {
@@ -79,6 +84,7 @@ CHelpSection CriticalValueNames() {
         const std::string value = ks::ShortestText(defaults.*criterion.limit);
         section.entries.push_back({std::string(criterion.name), Join({criterion.meaning, ". Default: ", value, "."})});
     }
+    for (const CHelpEntry& entry : RatingCriteriaHelp()) section.entries.push_back(entry);
     return section;
 }
 
@@ -121,6 +127,8 @@ CHelpSection Examples() {
               "Compare two simulations with a test."},
              {"quorvel-cli compare --reference test.uds --window 0 0.15 --hit-list runs.hit",
               "Compare the first 150 ms of the signals in a hit list."},
+             {"quorvel-cli compare --reference test.uds --cfc 180 --ratings standard run1.uds",
+              "Rate a simulation with ISO/TS 18571, Sprague-Geers and ANOVA."},
              {"quorvel-cli compare --reference test.uds --html report.html run1.uds",
               "Show the table and write the report."},
              {"quorvel-cli compare --reference test.uds --json - --pages run1.uds",
@@ -132,8 +140,11 @@ CHelpSection Examples() {
 }  // namespace
 
 CHelpPage CompareHelp() {
+    std::vector<CHelpSection> sections{Signals(), Preparation(), Judgment(), CriticalValueNames()};
+    for (const CHelpSection& section : RatingHelp()) sections.push_back(section);
+    for (const CHelpSection& section : {Outputs(), Stopping(), Examples()}) sections.push_back(section);
     return {"quorvel-cli compare",
             "Compare signals with a reference",
             {"quorvel-cli compare [OPTION]... FILE..."},
-            {Signals(), Preparation(), Judgment(), CriticalValueNames(), Outputs(), Stopping(), Examples()}};
+            std::move(sections)};
 }

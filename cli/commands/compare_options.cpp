@@ -2,12 +2,10 @@
 
 #include "cli/arguments.h"
 #include "cli/commands/compare_declarations.h"
-#include "cli/criteria.h"
+#include "cli/commands/rating_options.h"
 #include "cli/messages.h"
 #include "cli/output/outputs.h"
 #include "cli/usage_error.h"
-#include "compare/critical_values.h"
-#include "files/number_text.h"
 #include "signal/channel_class.h"
 
 #include <algorithm>
@@ -20,6 +18,7 @@
 #include <string_view>
 #include <system_error>
 #include <thread>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -38,14 +37,6 @@ std::optional<std::int32_t> ReadClass(const CArguments& arguments) {
         }
     }
     throw CUsageError(cli_message::ClassNotKnown(kClassNames, *text));
-}
-
-double ReadNumber(std::string_view option, const std::string& text) {
-    const std::optional<double> value = ks::ReadWholeNumber(text);
-    if (!value) {
-        throw CUsageError(cli_message::NumberNotRead(option, text));
-    }
-    return *value;
 }
 
 std::optional<CWindow> ReadWindow(const CArguments& arguments) {
@@ -70,44 +61,6 @@ double ReadCorridor(const CArguments& arguments, double fallback) {
         throw CUsageError(cli_message::CorridorNotPositive(*text));
     }
     return size;
-}
-
-const CCriterion& ReadCriterion(std::string_view option, std::string_view name) {
-    const CCriterion* const criterion = FindCriterion(name);
-    if (criterion == nullptr) {
-        throw CUsageError(cli_message::CriterionNotKnown(option, CriterionNames(), name));
-    }
-    return *criterion;
-}
-
-CCriticalValues ReadCriticalValues(const CArguments& arguments) {
-    CCriticalValues values;
-    for (const std::string& text : arguments.Values("--critical")) {
-        const std::size_t equals = text.find('=');
-        if (equals == std::string::npos) {
-            throw CUsageError(cli_message::CriticalWithoutName(text));
-        }
-        const CCriterion& criterion = ReadCriterion("--critical", std::string_view(text).substr(0, equals));
-        values.*criterion.limit = ReadNumber("--critical", text.substr(equals + 1));
-    }
-    return values;
-}
-
-std::vector<const CCriterion*> ReadFailOnBad(const CArguments& arguments) {
-    std::vector<const CCriterion*> criteria;
-    for (std::string_view names : arguments.Values("--fail-on-bad")) {
-        if (names.empty()) {
-            for (const CCriterion& criterion : Criteria()) criteria.push_back(&criterion);
-            continue;
-        }
-        while (true) {
-            const std::size_t comma = std::min(names.find(','), names.size());
-            criteria.push_back(&ReadCriterion("--fail-on-bad", names.substr(0, comma)));
-            if (comma == names.size()) break;
-            names.remove_prefix(comma + 1);
-        }
-    }
-    return criteria;
 }
 
 unsigned ReadJobs(const CArguments& arguments) {
@@ -170,14 +123,18 @@ CCompareOptions ParseCompareOptions(const std::vector<std::string>& arguments) {
     options.shouldFilterReference = !given.Has("--no-filter-reference");
     options.window = ReadWindow(given);
     options.corridor = ReadCorridor(given, options.corridor);
-    options.critical = ReadCriticalValues(given);
+    options.ratings = ReadRatings(given);
+    CJudging judging = ReadJudging(given, options.ratings);
+    options.critical = judging.critical;
+    options.ratingLimits = judging.ratingLimits;
+    options.failOnBad = std::move(judging.failOnBad);
+    options.failOnBadRating = std::move(judging.failOnBadRating);
     options.html = given.Value("--html");
     options.json = given.Value("--json");
     options.csv = given.Value("--csv");
     options.shouldWritePages = given.Has("--pages");
     options.asciiFolder = given.Value("--ascii");
     options.udsFolder = given.Value("--uds");
-    options.failOnBad = ReadFailOnBad(given);
     options.verbosity = ReadVerbosity(given);
     options.jobs = ReadJobs(given);
     if (options.files.empty() && options.hitLists.empty()) {

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "compare/critical_values.h"
+#include "compare/ratings/choice.h"
+#include "compare/ratings/criteria.h"
 
 #include <cstdint>
 #include <optional>
@@ -27,10 +29,13 @@ public:
     std::optional<CWindow> window;
     double corridor = 4.0;  ///< > 0
     CCriticalValues critical;
+    ratings::CRatingChoice ratings;
+    ratings::CRatingLimits ratingLimits;
     std::optional<std::string> html, json, csv;  ///< output paths
     bool shouldWritePages = false;               ///< the pages' series go into the JSON
     std::optional<std::string> asciiFolder, udsFolder;
     std::vector<const CCriterion*> failOnBad;  ///< criteria whose bad verdicts make the command fail
+    std::vector<const ratings::CRatingCriterion*> failOnBadRating;  ///< the same of ratings
     CVerbosity verbosity = CVerbosity::Usual;
     unsigned jobs = 1;  ///< signals to work on at a time
 

@@ -113,7 +113,12 @@ TEST_P(RefusedOptions, GetTheirSentence) {
     }
 }
 
-constexpr const char* kNames = "knows the names residual, stddev, corridor, correlation, t and moment, not: ";
+constexpr const char* kCriticalNames =
+    "knows the names residual, stddev, corridor, correlation, t, moment, iso, sprague-geers, anova-mean and "
+    "anova-deviation, not: ";
+constexpr const char* kNames =
+    "knows the names residual, stddev, corridor, correlation, t, moment, iso, roadside, sprague-geers, anova-mean and "
+    "anova-deviation, not: ";
 
 const Row kRows[] = {
     {"NoFile", {}, "At least one FILE to compare is needed."},
@@ -133,7 +138,9 @@ const Row kRows[] = {
     {"ZeroCorridor", {"--corridor", "0", "a"}, "Option --corridor takes a size greater than 0, not: 0"},
     {"NegativeCorridor", {"--corridor", "-1", "a"}, "Option --corridor takes a size greater than 0, not: -1"},
     {"CorridorNotANumber", {"--corridor", "nan", "a"}, "Option --corridor takes finite decimal numbers, not: nan"},
-    {"UnknownCriticalValue", {"--critical", "peak=1", "a"}, std::string("Option --critical ") + kNames + "peak"},
+    {"UnknownCriticalValue",
+     {"--critical", "peak=1", "a"},
+     std::string("Option --critical ") + kCriticalNames + "peak"},
     {"CriticalWithoutValue",
      {"--critical", "t", "a"},
      "Option --critical takes NAME=VALUE, for example moment=0.3, not: t"},

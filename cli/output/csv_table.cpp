@@ -24,28 +24,41 @@ std::string CsvField(std::string_view text) {
 
 namespace {
 
-// `textOf` returns the text of a column.
+void AppendField(std::string& csv, std::string_view text, bool isFirst) {
+    if (!isFirst) {
+        csv += ',';
+    }
+    csv += CsvField(text);
+}
+
+// `textOf` returns the text of a column; the texts of `more` follow.
 template <class TextOf>
-void AppendLine(std::string& csv, const std::vector<int>& order, TextOf textOf) {
+void AppendLine(std::string& csv, const std::vector<int>& order, TextOf textOf, const std::vector<std::string>& more) {
     bool isFirst = true;
     for (const int column : order) {
-        if (!isFirst) {
-            csv += ',';
-        }
+        AppendField(csv, textOf(static_cast<std::size_t>(column)), isFirst);
         isFirst = false;
-        csv += CsvField(textOf(static_cast<std::size_t>(column)));
+    }
+    for (const std::string& text : more) {
+        AppendField(csv, text, isFirst);
+        isFirst = false;
     }
     csv += "\r\n";
 }
 
 }  // namespace
 
-std::string CsvTable(const CSummaryTable& table) {
+std::string CsvTable(const CSummaryTable& table, const CCsvColumns& more) {
     const std::vector<int> order = FixedOrder(table.columns, table.order);
+    const std::vector<std::string> none;
     std::string csv;
-    AppendLine(csv, order, [&table](std::size_t column) { return table.columns[column].header; });
-    for (const CSummaryRow& row : table.rows) {
-        AppendLine(csv, order, [&row](std::size_t column) { return std::string_view(row[column].text); });
+    AppendLine(
+        csv, order, [&table](std::size_t column) { return table.columns[column].header; }, more.headers);
+    for (std::size_t i = 0; i < table.rows.size(); ++i) {
+        const CSummaryRow& row = table.rows[i];
+        AppendLine(
+            csv, order, [&row](std::size_t column) { return std::string_view(row[column].text); },
+            i < more.rows.size() ? more.rows[i] : none);
     }
     return csv;
 }

@@ -54,6 +54,13 @@ TEST(CsvTable, FollowsTheDisplayedOrder) {
     EXPECT_EQ(CsvTable(table), "Max Time,Filename\r\nx.15,x.0\r\n");
 }
 
+TEST(CsvTable, EndsWithTheColumnsThatAreAdded) {
+    CSummaryTable table = TableOf({PlainRow("x"), PlainRow("y")});
+    table.order = {0};
+    EXPECT_EQ(CsvTable(table, {{"One", "Two"}, {{"1", "a,b"}, {"2", ""}}}),
+              "Filename,One,Two\r\nx.0,1,\"a,b\"\r\ny.0,2,\r\n");
+}
+
 TEST(CsvTable, LeavesOutColumnsThatAreNotFixed) {
     const std::vector<CSummaryColumn> columns = ColumnsWithExtra(), fixed = FixedColumns();
     const CSignal signal("a.uds");

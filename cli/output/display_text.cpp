@@ -8,6 +8,7 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 namespace {
 
@@ -49,6 +50,18 @@ std::size_t CharacterWidth(const ks::CUtf8Character& character) {
 
 bool IsControl(char32_t c) {
     return c < 0x20 || (c >= 0x7F && c <= 0x9F);
+}
+
+std::vector<std::string_view> Words(std::string_view text) {
+    std::vector<std::string_view> words;
+    while (!text.empty()) {
+        const std::size_t end = std::min(text.find(' '), text.size());
+        if (end > 0) {
+            words.push_back(text.substr(0, end));
+        }
+        text.remove_prefix(std::min(end + 1, text.size()));
+    }
+    return words;
 }
 
 }  // namespace
@@ -95,4 +108,19 @@ std::string ElideFront(std::string_view text, std::size_t width) {
         cut += character.byteCount;
     }
     return std::string(dots) + std::string(text.substr(cut));
+}
+
+void AppendWrapped(std::string& target, std::string_view text, std::size_t indent, std::size_t width) {
+    std::size_t column = 0;
+    for (const std::string_view word : Words(text)) {
+        const std::size_t length = DisplayWidth(word);
+        if (column != 0 && column + 1 + length > width) {
+            target += '\n';
+            column = 0;
+        }
+        target += column == 0 ? std::string(indent, ' ') : " ";
+        target += word;
+        column += (column == 0 ? indent : 1) + length;
+    }
+    target += '\n';
 }

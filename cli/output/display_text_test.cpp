@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include <string>
+
 namespace {
 
 TEST(DisplayText, KeepsPlainAndAccentedText) {
@@ -27,6 +29,12 @@ TEST(DisplayText, ShowsEachByteThatIsNotUtf8AsTheReplacementCharacter) {
     EXPECT_EQ(DisplayText("\xC0\xAF"), "\xEF\xBF\xBD\xEF\xBF\xBD") << "longer than needed";
     EXPECT_EQ(DisplayText("\xED\xA0\x80"), "\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD") << "half of a pair";
     EXPECT_EQ(DisplayText("\xF4\x90\x80\x80").size(), 12U) << "beyond the last character";
+}
+
+TEST(WrappedText, IsIndentedAndKeepsToTheWidth) {
+    std::string text = "before\n";
+    AppendWrapped(text, "one two  three incomprehensible four", 2, 9);
+    EXPECT_EQ(text, "before\n  one two\n  three\n  incomprehensible\n  four\n");
 }
 
 TEST(DisplayWidth, CountsColumns) {

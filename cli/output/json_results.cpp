@@ -3,6 +3,7 @@
 #include "cli/commands/compare_options.h"
 #include "cli/output/json_text.h"
 #include "cli/output/notes.h"
+#include "cli/output/rating_json.h"
 #include "compare/comparison.h"
 #include "compare/critical_values.h"
 #include "compare/note.h"
@@ -174,6 +175,7 @@ void AddSignal(CJsonText& text, const CSignal& signal, std::span<const CSummaryC
     text.Key("measures");
     AddMeasures(text, signal.Comparison());
     AddColumns(text, signal, columns);
+    AddRatings(text, signal);
     text.Close('}');
 }
 

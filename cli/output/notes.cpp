@@ -14,9 +14,13 @@
 
 namespace {
 
-void AddNoCommonTime(std::vector<std::string>& complaints, const std::vector<CNote>& notes, std::string_view path) {
+bool IsComplaint(CNoteKind kind) {
+    return kind == CNoteKind::NoCommonTime || kind == CNoteKind::UnitsDiffer;
+}
+
+void AddComplaints(std::vector<std::string>& complaints, const std::vector<CNote>& notes, std::string_view path) {
     for (const CNote& note : notes) {
-        if (note.kind != CNoteKind::NoCommonTime) {
+        if (!IsComplaint(note.kind)) {
             continue;
         }
         complaints.push_back(path.empty() ? note.sentence : cli_message::About(path, note.sentence));
@@ -25,11 +29,11 @@ void AddNoCommonTime(std::vector<std::string>& complaints, const std::vector<CNo
 
 }  // namespace
 
-void ComplainOfNoCommonTime(const CQuorvelDoc& document, CConsole& console) {
+void ComplainOfIncomparable(const CQuorvelDoc& document, CConsole& console) {
     std::vector<std::string> complaints;
-    AddNoCommonTime(complaints, document.Notes(), {});
+    AddComplaints(complaints, document.Notes(), {});
     for (const CSignal& signal : document.ComputedSignals()) {
-        AddNoCommonTime(complaints, signal.Notes(), signal.GetPath());
+        AddComplaints(complaints, signal.Notes(), signal.GetPath());
     }
     console.ComplainAll(complaints);
 }
@@ -37,7 +41,7 @@ void ComplainOfNoCommonTime(const CQuorvelDoc& document, CConsole& console) {
 std::string NoteLines(const std::vector<CNote>& notes, std::string_view indent) {
     std::string lines;
     for (const CNote& note : notes) {
-        if (note.kind != CNoteKind::NoCommonTime) {
+        if (!IsComplaint(note.kind)) {
             lines += Join({indent, "note: ", note.sentence, "\n"});
         }
     }

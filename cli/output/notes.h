@@ -9,11 +9,12 @@
 #include <string_view>
 #include <vector>
 
-/// Complains about every signal that has no time in common with its reference, and about signals with no time in common
-/// with each other, because such a run looks like a result. Other notes are printed on request only.
-void ComplainOfNoCommonTime(const CQuorvelDoc& document, CConsole& console);
+/// Complains about every signal that has no time in common with its reference, about signals with no time in common
+/// with each other, and about signals rated against a reference in other units, because such a run looks like a result.
+/// Other notes are printed on request only.
+void ComplainOfIncomparable(const CQuorvelDoc& document, CConsole& console);
 
-/// One line per note, each indented by `indent`, without those that ComplainOfNoCommonTime prints.
+/// One line per note, each indented by `indent`, without those that ComplainOfIncomparable prints.
 std::string NoteLines(const std::vector<CNote>& notes, std::string_view indent);
 
 /// A note that a chart page left on a signal.

@@ -10,6 +10,7 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -24,17 +25,8 @@ constexpr std::string_view kGreen = "\x1b[32m";
 constexpr std::string_view kRed = "\x1b[1;31m";
 constexpr std::string_view kPlain = "\x1b[0m";
 
-struct CCell {
-    std::string value;
-    CVerdict verdict = CVerdict::None;
-    std::string_view word;  // the verdict after the value
-};
-
 // One column of the table, ready to print.
-struct CColumn {
-    std::string header;
-    std::vector<CCell> cells;
-    bool isLeftAligned = false;
+struct CColumn : CTextColumn {
     std::size_t valueWidth = 0;
     std::size_t wordWidth = 0;  // with the blank in front; 0 in a column without verdicts
 
@@ -53,56 +45,63 @@ std::string_view VerdictWord(CVerdict verdict) {
     return kBad;
 }
 
-void Measure(CColumn& column) {
-    for (const CCell& cell : column.cells) {
+// The verdict after the value.
+std::string_view WordOf(const CTextCell& cell) {
+    return cell.hasWord ? VerdictWord(cell.verdict) : std::string_view();
+}
+
+CColumn Measured(CTextColumn source) {
+    CColumn column{std::move(source)};
+    for (const CTextCell& cell : column.cells) {
         column.valueWidth = std::max(column.valueWidth, DisplayWidth(cell.value));
         // "good" and "BAD" line up across the whole table, whichever of them a column has.
-        column.wordWidth = std::max(column.wordWidth, cell.word.empty() ? 0 : 1 + kGood.size());
+        column.wordWidth = std::max(column.wordWidth, WordOf(cell).empty() ? 0 : 1 + kGood.size());
     }
-    const std::size_t headerWidth = DisplayWidth(column.header);
+    const std::size_t headerWidth = std::max(DisplayWidth(column.header), DisplayWidth(column.note));
     if (headerWidth > column.Width()) {
         column.valueWidth = headerWidth - column.wordWidth;
     }
+    return column;
 }
 
-CColumn MakeColumn(const CSummaryTable& table, std::size_t index) {
+CTextColumn MakeColumn(const CSummaryTable& table, std::size_t index) {
     const CSummaryColumn& source = table.columns[index];
-    CColumn column;
+    CTextColumn column;
     column.header = source.header;
     column.isLeftAligned = source.isName;
     for (const CSummaryRow& row : table.rows) {
         const CSummaryCell& cell = row[index];
         const std::string shown = DisplayText(cell.text);
-        column.cells.push_back(
-            {source.isName ? ElideFront(shown, kMostNameWidth) : shown, cell.verdict, VerdictWord(cell.verdict)});
+        column.cells.push_back({source.isName ? ElideFront(shown, kMostNameWidth) : shown, cell.verdict});
     }
-    Measure(column);
     return column;
 }
 
-CColumn NumberColumn(std::size_t count) {
-    CColumn column;
-    for (std::size_t i = 1; i <= count; ++i)
-        column.cells.push_back({Join({"(", std::to_string(i), ")"}), CVerdict::None, {}});
-    Measure(column);
+CTextColumn NumberColumn(std::size_t count) {
+    CTextColumn column;
+    for (std::size_t i = 1; i <= count; ++i) column.cells.push_back({Join({"(", std::to_string(i), ")"})});
     return column;
 }
 
-CColumn BalanceColumn(const CSummaryTable& table) {
-    CColumn column;
+CTextColumn BalanceColumn(const std::vector<std::vector<CVerdict>>& rows) {
+    CTextColumn column;
     column.header = "Bad verdicts";
-    for (const CSummaryRow& row : table.rows) {
-        const auto count = [&row](CVerdict verdict) {
-            return std::count_if(row.begin(), row.end(),
-                                 [verdict](const CSummaryCell& cell) { return cell.verdict == verdict; });
-        };
-        const auto bad = count(CVerdict::Bad);
-        const auto judged = bad + count(CVerdict::Good);
+    for (const std::vector<CVerdict>& row : rows) {
+        const auto bad = std::ranges::count(row, CVerdict::Bad);
+        const auto judged = bad + std::ranges::count(row, CVerdict::Good);
         const CVerdict verdict = bad > 0 ? CVerdict::Bad : CVerdict::Good;
-        column.cells.push_back({Join({std::to_string(bad), " of ", std::to_string(judged)}), verdict, {}});
+        column.cells.push_back({Join({std::to_string(bad), " of ", std::to_string(judged)}), verdict, false});
     }
-    Measure(column);
     return column;
+}
+
+std::vector<std::vector<CVerdict>> VerdictsOf(const CSummaryTable& table) {
+    std::vector<std::vector<CVerdict>> rows;
+    for (const CSummaryRow& row : table.rows) {
+        rows.emplace_back();
+        for (const CSummaryCell& cell : row) rows.back().push_back(cell.verdict);
+    }
+    return rows;
 }
 
 std::string Blanks(std::size_t count) {
@@ -114,10 +113,11 @@ std::string Painted(std::string_view text, std::string_view paint, bool hasColor
 }
 
 // Fills the column's width, so that the next column lines up.
-std::string CellText(const CColumn& column, const CCell& cell, bool hasColor) {
+std::string CellText(const CColumn& column, const CTextCell& cell, bool hasColor) {
+    const std::string_view word = WordOf(cell);
     const std::string pad = Blanks(column.valueWidth - DisplayWidth(cell.value));
-    const std::string rest = Blanks(column.wordWidth - (cell.word.empty() ? 0 : 1 + cell.word.size()));
-    std::string shown = cell.word.empty() ? cell.value : Join({cell.value, " ", cell.word});
+    const std::string rest = Blanks(column.wordWidth - (word.empty() ? 0 : 1 + word.size()));
+    std::string shown = word.empty() ? cell.value : Join({cell.value, " ", word});
     if (cell.verdict != CVerdict::None) {
         shown = Painted(shown, cell.verdict == CVerdict::Good ? kGreen : kRed, hasColor);
     }
@@ -128,6 +128,12 @@ std::string HeaderText(const CColumn& column, bool hasColor) {
     const std::string pad = Blanks(column.Width() - DisplayWidth(column.header));
     const std::string header = column.header.empty() ? "" : Painted(column.header, kBold, hasColor);
     return column.isLeftAligned ? Join({header, pad}) : Join({pad, header});
+}
+
+// Below the header.
+std::string NoteText(const CColumn& column) {
+    const std::string pad = Blanks(column.Width() - DisplayWidth(column.note));
+    return column.isLeftAligned ? Join({column.note, pad}) : Join({pad, column.note});
 }
 
 void AppendLine(std::string& text, std::string line) {
@@ -165,6 +171,9 @@ std::string Line(const CBand& band, TextOf textOf) {
 
 void AppendBand(std::string& text, const CBand& band, bool hasColor) {
     AppendLine(text, Line(band, [hasColor](const CColumn& column) { return HeaderText(column, hasColor); }));
+    if (std::ranges::any_of(band, [](const CColumn* column) { return !column->note.empty(); })) {
+        AppendLine(text, Line(band, NoteText));
+    }
     AppendLine(text, Line(band, [](const CColumn& column) {
                    return std::string(column.Width(), column.header.empty() ? ' ' : '-');
                }));
@@ -177,19 +186,35 @@ void AppendBand(std::string& text, const CBand& band, bool hasColor) {
 
 }  // namespace
 
-std::string TextTable(const CSummaryTable& table, const CTextTableStyle& style) {
-    if (table.rows.empty()) {
+std::string TextTable(std::vector<CTextColumn> columns, const CTextTableStyle& style) {
+    if (columns.empty() || columns.front().cells.empty()) {
         return {};
     }
-    const CColumn number = NumberColumn(table.rows.size());
-    std::vector<CColumn> columns;
-    columns.reserve(table.order.size() + 1);
-    for (const int index : table.order) columns.push_back(MakeColumn(table, static_cast<std::size_t>(index)));
-    columns.push_back(BalanceColumn(table));
+    const CColumn number = Measured(NumberColumn(columns.front().cells.size()));
+    std::vector<CColumn> measured;
+    measured.reserve(columns.size());
+    for (CTextColumn& column : columns) measured.push_back(Measured(std::move(column)));
     std::string text;
-    for (const CBand& band : Bands(number, columns, style.width)) {
+    for (const CBand& band : Bands(number, measured, style.width)) {
         text += text.empty() ? "" : "\n";
         AppendBand(text, band, style.hasColor);
     }
     return text;
+}
+
+CTextColumn BalanceOf(const std::vector<CTextColumn>& columns) {
+    std::vector<std::vector<CVerdict>> rows(columns.empty() ? 0 : columns.front().cells.size());
+    for (const CTextColumn& column : columns) {
+        for (std::size_t row = 0; row < rows.size(); ++row) rows[row].push_back(column.cells[row].verdict);
+    }
+    return BalanceColumn(rows);
+}
+
+std::string TextTable(const CSummaryTable& table, const CTextTableStyle& style) {
+    std::vector<CTextColumn> columns;
+    columns.reserve(table.order.size() + 1);
+    for (const int index : table.order) columns.push_back(MakeColumn(table, static_cast<std::size_t>(index)));
+    // Of every column, whether it is shown or not.
+    columns.push_back(BalanceColumn(VerdictsOf(table)));
+    return TextTable(std::move(columns), style);
 }

@@ -90,6 +90,24 @@ TEST(TextTable, ShowsColumnsThatAreNotFixedToo) {
               "(1)  0 points BAD     0.0000        1 of 3\n");
 }
 
+TEST(TextTable, ShowsNotesBelowTheHeaders) {
+    const CTextColumn score{"Score", "1 is best", {{"0.5", CVerdict::Good}, {"n/a"}}};
+    const CTextColumn word{"Word", "", {{"pass", CVerdict::Good, false}, {"fail", CVerdict::Bad, false}}};
+    EXPECT_EQ(TextTable({score, word}, {80, false}),
+              "         Score  Word\n"
+              "     1 is best\n"
+              "     ---------  ----\n"
+              "(1)   0.5 good  pass\n"
+              "(2)   n/a       fail\n");
+    EXPECT_EQ(BalanceOf({score, word}).cells[0].value, "0 of 2");
+    EXPECT_EQ(BalanceOf({score, word}).cells[1].value, "1 of 1");
+}
+
+TEST(TextTable, ColorsVerdictsWithoutAWord) {
+    const CTextColumn word{"Word", "", {{"fail", CVerdict::Bad, false}}};
+    EXPECT_THAT(TextTable({word}, {80, true}), HasSubstr("\x1b[1;31mfail\x1b[0m\n"));
+}
+
 TEST(TextTable, KeepsToTheWidth) {
     const CSummaryTable table = TableOf({RowOf(std::string(200, 'p'), "123456.789012 (12.34 %)", CVerdict::Bad)});
     for (const std::size_t width : {60U, 80U, 120U, 200U}) {

@@ -45,9 +45,10 @@ class WrongUsage(ScaledTest):
                                text, "scaled.uds")
 
     def test_unknown_criteria_are_refused(self):
-        names = "knows the names residual, stddev, corridor, correlation, t and moment, not: peak"
-        self.assertRefused(f"Option --critical {names}", "--critical", "peak=1", "scaled.uds")
-        self.assertRefused(f"Option --fail-on-bad {names}", "--fail-on-bad=t,peak", "scaled.uds")
+        names = "knows the names residual, stddev, corridor, correlation, t, moment, iso, "
+        others = "sprague-geers, anova-mean and anova-deviation, not: peak"
+        self.assertRefused(f"Option --critical {names}{others}", "--critical", "peak=1", "scaled.uds")
+        self.assertRefused(f"Option --fail-on-bad {names}roadside, {others}", "--fail-on-bad=t,peak", "scaled.uds")
 
     def test_two_outputs_on_standard_output_are_refused(self):
         self.assertRefused("Only one output can go to standard output (-).", "--json", "-", "--csv", "-", "scaled.uds")
