@@ -191,24 +191,15 @@ std::vector<CTextColumn> MakeColumns(const CQuorvelDoc& document, const CRatingL
 
 // Limits.
 
-std::string Demand(const CRatingCriterion& criterion, const CRatingLimits& limits) {
-    constexpr std::string_view kPlace = "%1";
-    const std::string_view demand = criterion.demand;
-    const std::size_t place = demand.find(kPlace);
-    if (criterion.limit == nullptr || place == std::string_view::npos) return std::string(demand);
-    return Join(
-        {demand.substr(0, place), ks::GeneralText(limits.*criterion.limit), demand.substr(place + kPlace.size())});
-}
-
 std::vector<std::string> DemandLines(const CRatingChoice& choice, const CRatingLimits& limits) {
     std::vector<std::string> lines;
     for (const CRatingCriterion& criterion : ratings::RatingCriteria()) {
         if (!IsJudged(choice, criterion)) continue;
         const bool isChanged =
             criterion.limit != nullptr && limits.*criterion.limit != CRatingLimits{}.*criterion.limit;
+        const std::string demand = DemandOf(criterion, limits, choice);
         // A limit of the user's own has no other source.
-        lines.push_back(isChanged ? Join({Demand(criterion, limits), ", as requested"})
-                                  : Join({Demand(criterion, limits), " (", criterion.source, ")"}));
+        lines.push_back(isChanged ? Join({demand, ", as requested"}) : Join({demand, " (", criterion.source, ")"}));
     }
     return lines;
 }

@@ -145,6 +145,22 @@ std::string HeaderOf(const CRatingFamily& family, const CRatedMember& member, co
     return Joined(Joined(family.header, WordIfModified(family, choice)), member.header);
 }
 
+std::string DemandOf(const CRatingCriterion& criterion, const CRatingLimits& limits, const CRatingChoice& choice) {
+    constexpr std::string_view kPlace = "%1";
+    std::string demand(criterion.demand);
+    const std::size_t place = demand.find(kPlace);
+    if (criterion.limit != nullptr && place != std::string::npos) {
+        demand.replace(place, kPlace.size(), ks::GeneralText(limits.*criterion.limit));
+    }
+    for (const CRatingFamily& family : RatingFamilies()) {
+        const bool isRenamed = HasMemberOf(family, criterion) && demand.starts_with(family.header);
+        if (isRenamed) {
+            demand.replace(0, family.header.size(), Joined(family.header, WordIfModified(family, choice)));
+        }
+    }
+    return demand;
+}
+
 std::string_view DirectionText(CPerfect perfect) {
     switch (perfect) {
         case CPerfect::None:

@@ -98,6 +98,8 @@ std::string_view OptionOf(const CRatingCriterion& criterion);
 std::string NameOf(const CRatingFamily& family, const CRatingChoice& choice);
 /// "ISO R"
 std::string HeaderOf(const CRatingFamily& family, const CRatedMember& member, const CRatingChoice& choice);
+/// What the criterion demands, with its limit: "ISO R above 0.58".
+std::string DemandOf(const CRatingCriterion& criterion, const CRatingLimits& limits, const CRatingChoice& choice);
 /// "1 is best", "0 is best", or empty.
 std::string_view DirectionText(CPerfect perfect);
 

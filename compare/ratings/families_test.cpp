@@ -141,6 +141,17 @@ TEST(RatingNames, CallAFamilyWithChangedParametersModified) {
     EXPECT_EQ(HeaderOf(cora, Member("cora", "total"), choice), "CORA-like modified total");
 }
 
+TEST(RatingNames, AreThoseOfTheDemands) {
+    CRatingChoice choice = Choice("all");
+    CRatingLimits limits;
+    EXPECT_EQ(DemandOf(*FindRatingCriterion("iso"), limits, choice), "ISO R above 0.58");
+    limits.iso = 0.8;
+    choice.iso18571.slopeExponent = 2;
+    EXPECT_EQ(DemandOf(*FindRatingCriterion("iso"), limits, choice), "ISO modified R above 0.8");
+    EXPECT_EQ(DemandOf(*FindRatingCriterion("anova-mean"), limits, choice), "ANOVA |mean| up to 0.05");
+    EXPECT_EQ(DemandOf(*FindRatingCriterion("roadside"), limits, choice), FindRatingCriterion("roadside")->demand);
+}
+
 TEST(RatingNames, SayWhatIsBest) {
     EXPECT_EQ(DirectionText(Member("iso18571", "r").perfect), "1 is best");
     EXPECT_EQ(DirectionText(Member("spragueGeers", "c").perfect), "0 is best");
