@@ -5,6 +5,7 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <array>
 #include <bit>
 #include <cmath>
 #include <cstddef>
@@ -122,6 +123,39 @@ TEST_P(EitherMethod, LagMinusTwoPairsFromTheThirdValueOfTheSecondOnAndDividesByT
     EXPECT_NEAR(At(values, -2), (-2.0 * -1 + -1 * -1 + 0 * 1) / 3, 1e-15);
 }
 
+// The rounding of each step decides the last digits of every value of the page.
+TEST(CenteredView, FormsItsValuesStepByStep) {
+    for (const double mean : {0.0, 3.0e7}) {
+        const std::vector<double> values = Noise(10007, 31, mean);
+        const CCenteredView view(values);
+        const CCentered centered = Center(values);
+        const double scale = std::ldexp(1.0, -view.Exponent());
+        // Of the values times the scale, by the page's order of summation: eight lanes, blocks of 1024.
+        const auto sum = [&values](auto term) {
+            double total = 0.0;
+            std::size_t i = 0;
+            while (i + 8 <= values.size()) {
+                std::array<double, 8> lanes{};
+                const std::size_t end = std::min(i + 1024, values.size() / 8 * 8);
+                for (; i < end; ++i) lanes[i % 8] += term(i);
+                total +=
+                    ((lanes[0] + lanes[1]) + (lanes[2] + lanes[3])) + ((lanes[4] + lanes[5]) + (lanes[6] + lanes[7]));
+            }
+            for (; i < values.size(); ++i) total += term(i);
+            return total;
+        };
+        const double meanOfScaled = sum([&](std::size_t i) { return values[i] * scale; }) / 10007.0;
+        const double missed = sum([&](std::size_t i) { return values[i] * scale - meanOfScaled; }) / 10007.0;
+        for (std::size_t i = 0; i < values.size(); ++i) {
+            double expected = values[i] * scale;
+            expected -= meanOfScaled;
+            expected -= missed;
+            ASSERT_TRUE(HaveSameBits(view[i], expected)) << i;
+            ASSERT_TRUE(HaveSameBits(centered.values[i], expected)) << i;
+        }
+    }
+}
+
 TEST_P(EitherMethod, ShiftedImpulsesFollowTheirClosedForm) {
     constexpr long kCount = 64, kFirstAt = 20, kSecondAt = 13;
     const std::vector<double> values = Values(GetParam(), Impulse(kCount, kFirstAt), Impulse(kCount, kSecondAt), 63);
@@ -224,8 +258,9 @@ TEST_P(EitherMethod, PairedWithItselfMirrorsToTheLastBit) {
 }
 
 TEST_P(EitherMethod, LagZeroWithItselfIsThePopulationVariance) {
+    const std::vector<double> a{2, 4, 4, 4, 5, 5, 7, 9};
     CCovariances covariances(3, GetParam());
-    covariances.SetFirst(std::vector<double>{2, 4, 4, 4, 5, 5, 7, 9});
+    covariances.SetFirst(a);
     EXPECT_NEAR(At(covariances.WithItself(), 0), 4.0, 1e-14);
 }
 
