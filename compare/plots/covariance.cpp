@@ -15,6 +15,11 @@
 
 namespace {
 
+/// Numbers of values in a section, per lag of the largest reach and at least: large enough to lose little at their
+/// ends, small enough for the processor's caches.
+constexpr std::size_t kSectionsReach = 8;
+constexpr std::size_t kSmallestSection = 32768;
+
 /// Sum of term(0) ... term(count - 1) over eight lanes and blocks of them: it keeps the processor's vector units busy
 /// and its rounding error far below that of one running sum. A sum that became not-a-number stays so and ends it.
 template <class Term>
@@ -69,6 +74,18 @@ void Load(CRealTransform& transform, const CCenteredView& values) {
     const std::span<double> samples = transform.Samples();
     for (std::size_t i = 0; i < values.size(); ++i) samples[i] = values[i];
     std::ranges::fill(samples.subspan(values.size()), 0.0);
+    transform.Forward();
+}
+
+/// The same for `values` from number `begin` on, as many as fit; those that do not exist are zeros.
+void LoadPart(CRealTransform& transform, const CCenteredView& values, std::int64_t begin, std::size_t count) {
+    const std::span<double> samples = transform.Samples();
+    const auto before = static_cast<std::size_t>(std::max<std::int64_t>(-begin, 0));
+    const auto first = static_cast<std::size_t>(std::max<std::int64_t>(begin, 0));
+    const std::size_t end = before + std::min(count - before, values.size() - first);
+    std::ranges::fill(samples.first(before), 0.0);
+    for (std::size_t i = before; i < end; ++i) samples[i] = values[first + (i - before)];
+    std::ranges::fill(samples.subspan(end), 0.0);
     transform.Forward();
 }
 
@@ -189,7 +206,54 @@ void CCovariances::SumPlainly(const CCenteredView& b, std::span<double> sums) {
     SumShifts(m_firstValues, m_secondValues, false, 0, sums);
 }
 
+bool CCovariances::ShouldUseSections() const {
+    // Fewer values fit into the processor's caches, or nearly so, and need a transform less.
+    constexpr std::size_t kManyValues = std::size_t{1} << 19U;
+    if (m_method != CCovarianceMethod::Automatic) return m_method == CCovarianceMethod::Sections;
+    return Count() > kManyValues && Count() / kSectionsReach > Reach();
+}
+
+void CCovariances::PrepareSections() {
+    // Of a section, twice the reach is lost to its neighbors.
+    const std::size_t least = m_method == CCovarianceMethod::Automatic ? kSmallestSection : 0;
+    const std::size_t size = CRealTransform::FastSize(std::max(least, kSectionsReach * Reach()));
+    if (!m_sectionTransform || m_sectionTransform->Size() != size) {
+        m_sectionTransform = std::make_unique<CRealTransform>(size);
+    }
+    m_products.assign(m_sectionTransform->Spectrum().size(), 0.0);
+}
+
+/// A part of the first sequence meets, at some lag, the same part of the second one and `reach` values to either side.
+void CCovariances::SumBySections(const CCenteredView& b, std::span<double> sums) {
+    PrepareSections();
+    const std::size_t reach = Reach();
+    const std::size_t step = m_sectionTransform->Size() - 2 * reach;
+    const std::span<std::complex<double>> spectrum = m_sectionTransform->Spectrum();
+    for (std::size_t begin = 0; begin < Count(); begin += step) {
+        const auto from = static_cast<std::int64_t>(begin);
+        LoadPart(*m_sectionTransform, m_first, from, step);
+        m_partSpectrum.assign(spectrum.begin(), spectrum.end());
+        LoadPart(*m_sectionTransform, b, from - static_cast<std::int64_t>(reach), m_sectionTransform->Size());
+        for (std::size_t i = 0; i < spectrum.size(); ++i) {
+            m_products[i] += ConjugateProduct(spectrum[i], m_partSpectrum[i]);
+        }
+    }
+    std::ranges::copy(m_products, spectrum.begin());
+    m_sectionTransform->Backward();
+
+    // Sample k is the sum at which the second sequence is k - reach values further on than the first.
+    const std::span<const double> samples = m_sectionTransform->Samples();
+    const double size = static_cast<double>(samples.size());
+    const std::size_t last = static_cast<std::size_t>(m_maxLag) + reach;
+    for (std::size_t k = 0; k <= 2 * reach; ++k) sums[last - k] = samples[k] / size;
+    SumSmallOverlaps(b, sums);
+}
+
 void CCovariances::SumByTransform(const CCenteredView& b, std::span<double> sums) {
+    if (ShouldUseSections()) {
+        SumBySections(b, sums);
+        return;
+    }
     PrepareTransform();
     if (&b != &m_first) Load(*m_transform, b);
     const std::span<std::complex<double>> product = m_transform->Spectrum();

@@ -29,7 +29,7 @@
 std::vector<double> Covariances(std::span<const double> a, std::span<const double> b, std::int32_t maxLag);
 
 /// How the sums of all lags are made.
-enum class CCovarianceMethod { Automatic, PlainSums, Transform };
+enum class CCovarianceMethod { Automatic, PlainSums, Transform, Sections };
 
 /// Values less their mean, scaled by a power of two so that no product of two of them leaves the range of a double.
 /// Each is formed when it is read, so a long sequence is never copied; the source must outlive the object.
@@ -87,6 +87,9 @@ private:
     std::vector<double> Values(const CCenteredView& b);
     void SumPlainly(const CCenteredView& b, std::span<double> sums);
     void SumByTransform(const CCenteredView& b, std::span<double> sums);
+    [[nodiscard]] bool ShouldUseSections() const;
+    void PrepareSections();
+    void SumBySections(const CCenteredView& b, std::span<double> sums);
     void SumSmallOverlaps(const CCenteredView& b, std::span<double> sums) const;
     template <class First, class Second>
     void SumShifts(const First& a, const Second& b, bool isSame, std::size_t firstShift, std::span<double> sums) const;
@@ -97,5 +100,7 @@ private:
     // Memory that serves pair after pair.
     std::vector<double> m_firstValues, m_secondValues;
     std::vector<std::complex<double>> m_firstSpectrum;  ///< of m_first at the transform's size; empty until needed
+    std::unique_ptr<CRealTransform> m_sectionTransform;
+    std::vector<std::complex<double>> m_partSpectrum, m_products;
     std::unique_ptr<CRealTransform> m_transform;
 };

@@ -1,5 +1,6 @@
 #include "compare/plots/covariance.h"
 
+#include "tests/support/allocation_count.h"
 #include "tests/support/page_samples.h"
 
 #include <gmock/gmock.h>
@@ -107,8 +108,10 @@ std::vector<long> LagsToCheck(long maxLag) {
 class EitherMethod : public testing::TestWithParam<CCovarianceMethod> {};
 
 INSTANTIATE_TEST_SUITE_P(Covariance, EitherMethod,
-                         testing::Values(CCovarianceMethod::PlainSums, CCovarianceMethod::Transform),
+                         testing::Values(CCovarianceMethod::PlainSums, CCovarianceMethod::Transform,
+                                         CCovarianceMethod::Sections),
                          [](const auto& row) {
+                             if (row.param == CCovarianceMethod::Sections) return "Sections";
                              return row.param == CCovarianceMethod::PlainSums ? "PlainSums" : "Transform";
                          });
 
@@ -315,6 +318,44 @@ TEST_P(EitherMethod, OneObjectServesManyPairsOfDifferentLength) {
     ExpectWithinTheStatedError(covariances.With(b), muchShorter, b, LagsToCheck(900));
     covariances.SetFirst(a);
     ExpectWithinTheStatedError(covariances.With(b), a, b, LagsToCheck(900));
+}
+
+TEST(Covariance, SectionsMeetWithoutAGap) {
+    // Sections of 64 to 3264 values, of which twice the lags are lost; lengths just below, at and above their
+    // multiples.
+    for (const std::int32_t maxLag : {0, 1, 7, 8, 100, 400}) {
+        for (const std::size_t count : {47U, 48U, 49U, 63U, 64U, 65U, 1000U, 5000U, 7201U}) {
+            const std::vector<double> a = Noise(count, 26, 2.0), b = Noise(count, 27, -3.0);
+            const std::int32_t lags = std::min(maxLag, static_cast<std::int32_t>(count) - 1);
+            ExpectWithinTheStatedError(Values(CCovarianceMethod::Sections, a, b, lags), a, b, LagsToCheck(lags));
+        }
+    }
+}
+
+TEST(Covariance, AVeryLongSignalKeepsTheStatedErrorAndNeedsNoMemoryOfItsLength) {
+    constexpr std::size_t kCount = 600000;
+    const std::vector<double> a = Noise(kCount, 28, 10.0), b = Noise(kCount, 29, -10.0);
+    ResetLargestAllocation();
+    CCovariances covariances(1000);
+    covariances.SetFirst(a);
+    const std::vector<double> itself = covariances.WithItself(), both = covariances.With(b);
+    EXPECT_LT(LargestAllocation(), kCount * sizeof(double) / 4);
+    ExpectWithinTheStatedError(itself, a, a, {-1000, -1, 0, 999});
+    ExpectWithinTheStatedError(both, a, b, {-1000, -999, -500, -1, 0, 1, 500, 999, 1000});
+}
+
+TEST(Covariance, OneObjectServesVeryLongAndShortPairs) {
+    const std::vector<double> a = Noise(550000, 30), b = Noise(550000, 31);
+    const std::span<const double> shortA = std::span(a).first(20000), shortB = std::span(b).first(20000);
+    CCovariances covariances(300);
+    covariances.SetFirst(shortA);
+    const std::vector<double> expected = covariances.With(shortB);
+    covariances.SetFirst(a);
+    const std::vector<double> expectedLong = covariances.With(b);
+    covariances.SetFirst(shortA);
+    EXPECT_EQ(covariances.With(shortB), expected);
+    covariances.SetFirst(a);
+    EXPECT_EQ(covariances.With(b), expectedLong);
 }
 
 TEST(Covariance, TheShorterSequenceSaysHowManyValuesCountInBothMeansAndSums) {
