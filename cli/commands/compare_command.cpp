@@ -13,6 +13,7 @@
 #include "cli/output/notes.h"
 #include "cli/output/outputs.h"
 #include "cli/output/page_outputs.h"
+#include "cli/output/streamed_output.h"
 #include "cli/output/table_report.h"
 #include "cli/usage_error.h"
 #include "compare/document.h"
@@ -24,6 +25,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace {
@@ -95,11 +97,9 @@ CExitStatus Status(const COutputs& outputs, bool hasInputFailed, bool isBadFound
     return isBadFound ? CExitStatus::BadVerdict : CExitStatus::Good;
 }
 
-void WriteJson(const CCompareOptions& options, CJsonResults& json, COutputs& outputs) {
-    if (options.json) {
-        outputs.WritePieces(cli_message::kJsonResults, *options.json,
-                            [&] { return json.Finish(options.shouldWritePages); });
-    }
+void WriteJson(const CCompareOptions& options, CJsonResults& json, CStreamedOutput& file, COutputs& outputs) {
+    outputs.Attempt(cli_message::kJsonResults, *options.json,
+                    [&] { file.Finish(json.Finish(options.shouldWritePages)); });
 }
 
 // Some of the readers' sentences name no file, and a run may have many.
@@ -128,8 +128,11 @@ CExitStatus FinishStopped(const CCompareOptions& options, const CResults& result
         console.PrintLine(cli_message::kNothingCompared);
     }
     COutputs outputs(console);
-    CJsonResults json(options, results, reference, {});
-    WriteJson(options, json, outputs);
+    if (options.json) {
+        CJsonResults json(options, results, reference, {});
+        CStreamedOutput file(outputs, cli_message::kJsonResults, *options.json);
+        WriteJson(options, json, file, outputs);
+    }
     outputs.Finish();
     return Status(outputs, true, false);
 }
@@ -143,15 +146,20 @@ CExitStatus FinishCompleted(const CCompareOptions& options, const CResults& resu
     CSummaryTable table;
     const bool hasTable =
         outputs.Attempt(cli_message::kNoMemoryForTable, [&] { table = MakeSummaryTable(document.ComputedSignals()); });
-    CJsonResults json(options, results, document.Reference(), document.ComputedSignals());
+    CStreamedOutput file(outputs, cli_message::kJsonResults, options.json.value_or(""));
+    std::optional<CJsonResults> json;
+    if (options.json) {
+        json.emplace(options, results, document.Reference(), document.ComputedSignals());
+        json->StreamPagesTo([&file](std::string_view text) { file.Put(text); });
+    }
     if (hasTable) {
         outputs.Attempt(cli_message::kNoMemoryForTable, [&] { PrintReports(options, document, table, console); });
         WriteTables(options, table, outputs);
     }
     if (WantsPages(options)) {
-        WritePages(options, document, host, json, outputs);
+        WritePages(options, document, host, json ? &*json : nullptr, outputs);
     }
-    WriteJson(options, json, outputs);
+    if (json) WriteJson(options, *json, file, outputs);
     outputs.Finish();
     return Status(outputs, !results.errors.empty(), HasBad(table, options.failOnBad));
 }
@@ -168,6 +176,7 @@ CExitStatus RunCompare(const std::vector<std::string>& arguments, CConsole& cons
     CCliHost host(options, input.files, console);
     CQuorvelDoc document(host);
     document.SetJobs(options.jobs);
+    document.SetKeepsCopies(false);
     // A list that cannot be read leaves the choice of signals open; comparing the rest would look like a full result.
     if (!input.errors.empty()) {
         host.ShowSentences(input.errors);
