@@ -63,6 +63,17 @@ void AppendUsage(std::string& man, const CHelpPage& page) {
 
 }  // namespace
 
+std::string PlainSection(const CHelpSection& section, std::size_t width) {
+    std::string text = "\n" + section.title + ":\n";
+    for (const CHelpEntry& entry : section.entries) {
+        if (!entry.term.empty()) {
+            text += std::string(kTermIndent, ' ') + entry.term + "\n";
+        }
+        AppendWrapped(text, entry.text, entry.term.empty() ? kTermIndent : kTextIndent, width);
+    }
+    return text;
+}
+
 std::string PlainHelp(const CHelpPage& page, std::size_t width) {
     std::string help;
     AppendWrapped(help, page.summary + ".", 0, width);
@@ -70,15 +81,7 @@ std::string PlainHelp(const CHelpPage& page, std::size_t width) {
     for (const std::string& usage : page.usage) {
         AppendWrapped(help, usage, kTermIndent, width);
     }
-    for (const CHelpSection& section : page.sections) {
-        help += "\n" + section.title + ":\n";
-        for (const CHelpEntry& entry : section.entries) {
-            if (!entry.term.empty()) {
-                help += std::string(kTermIndent, ' ') + entry.term + "\n";
-            }
-            AppendWrapped(help, entry.text, entry.term.empty() ? kTermIndent : kTextIndent, width);
-        }
-    }
+    for (const CHelpSection& section : page.sections) help += PlainSection(section, width);
     return help;
 }
 

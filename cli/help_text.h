@@ -24,6 +24,9 @@ struct CHelpPage {
     std::vector<CHelpSection> sections;
 };
 
+/// An empty line, the title and the entries as plain text of at most `width` columns.
+std::string PlainSection(const CHelpSection& section, std::size_t width = 80);
+
 /// The page as plain text of at most `width` columns, for `--help`.
 std::string PlainHelp(const CHelpPage& page, std::size_t width = 80);
 

@@ -97,6 +97,10 @@ std::string TargetNotKnown(std::string_view value) {
     return Join({"Option --to takes the number format ieee or sun, not: ", value});
 }
 
+std::string NoFileToVerify(std::string_view file) {
+    return Join({"verify takes no FILE, only options, not: ", file});
+}
+
 std::string NotRead(std::string_view path) {
     return Join({"Could not be read: ", path});
 }

@@ -86,6 +86,11 @@ std::string OptionMissing(std::string_view option, std::string_view argument);
 /// The value of --to is not a number format.
 std::string TargetNotKnown(std::string_view value);
 
+// Wrong usage of verify.
+
+/// verify has a file; its signals are given by formulas, and the files of --annex by their folder.
+std::string NoFileToVerify(std::string_view file);
+
 // Reading.
 
 /// Memory ran out where no other sentence says for what.

@@ -7,6 +7,8 @@
 #include "cli/commands/file_help.h"
 #include "cli/commands/report_command.h"
 #include "cli/commands/show_command.h"
+#include "cli/commands/verify_command.h"
+#include "cli/commands/verify_help.h"
 #include "cli/exit_status.h"
 #include "cli/help_text.h"
 #include "cli/join.h"
@@ -25,12 +27,13 @@
 
 namespace {
 
-const std::array<CSubcommand, 5> kCommands = {{
+const std::array<CSubcommand, 6> kCommands = {{
     {"compare", CompareHelp, RunCompare},
     {"show", ShowHelp, RunShow},
     {"export", ExportHelp, RunExport},
     {"convert", ConvertHelp, RunConvert},
     {"report", ReportHelp, RunReport},
+    {"verify", VerifyHelp, RunVerify},
 }};
 
 constexpr const char* kVersion = QUORVEL_VERSION;
@@ -55,9 +58,9 @@ CHelpSection ExitStatusHelp() {
               "An output could not be written. The others were. Existing files stay unchanged, unless the message "
               "says that one is damaged."},
              {"3",
-              "A signal, a hit list or the reference could not be read, a point could not be exported, or the run "
-              "collected an error message. All messages go to standard error."},
-             {"1", "--fail-on-bad found a bad verdict."},
+              "A signal, a hit list, the reference or a file of --annex could not be read, a point could not be "
+              "exported, or the run collected an error message. All messages go to standard error."},
+             {"1", "--fail-on-bad found a bad verdict, or a check of verify failed."},
              {"0", "Everything requested was done."}}};
 }
 

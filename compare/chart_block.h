@@ -18,5 +18,5 @@ struct CChartBlock {
     double paddingValue = kNoDataValue;
     std::string titleOne, titleTwo;  ///< two further titles, which nothing fills
     std::string xTitle, yTitle;
-    std::vector<double> x, y;
+    std::vector<double> x, y;  ///< empty when nobody needs them; see CQuorvelDoc::SetNeedsMatrices
 };

@@ -160,26 +160,38 @@ bool CQuorvelDoc::BuildSeriesMatrices() {
     if (m_series.empty()) return false;
 
     const std::int32_t pointCount = LongestPointCount(m_series);
-    const std::size_t rows = static_cast<std::size_t>(pointCount);
-    ReserveMatrices(static_cast<std::int64_t>(rows * m_series.size()));
-    for (std::size_t j = 0; j < m_series.size(); ++j) {
-        FillColumn(m_series[j]->GetX(), m_block.x, j * rows, rows, m_block.paddingValue);
-        FillColumn(m_series[j]->GetY(), m_block.y, j * rows, rows, m_block.paddingValue);
-    }
+    if (m_needsMatrices) FillMatrices(static_cast<std::size_t>(pointCount));
     m_block.pointCount = pointCount;
     m_block.seriesCount = static_cast<std::int32_t>(m_series.size());
     return true;
 }
 
+void CQuorvelDoc::SetNeedsMatrices(bool needsMatrices) {
+    m_needsMatrices = needsMatrices;
+    if (!needsMatrices) FreeMatrices();
+}
+
+void CQuorvelDoc::FillMatrices(std::size_t rows) {
+    ReserveMatrices(static_cast<std::int64_t>(rows * m_series.size()));
+    for (std::size_t j = 0; j < m_series.size(); ++j) {
+        FillColumn(m_series[j]->GetX(), m_block.x, j * rows, rows, m_block.paddingValue);
+        FillColumn(m_series[j]->GetY(), m_block.y, j * rows, rows, m_block.paddingValue);
+    }
+}
+
 void CQuorvelDoc::ReserveMatrices(std::int64_t cellCount) {
     if (cellCount <= m_block.capacity) return;
     // Free the old matrices first, so that old and new are never in memory together.
-    m_block.capacity = 0;
-    m_block.x = {};
-    m_block.y = {};
+    FreeMatrices();
     m_block.x.resize(static_cast<std::size_t>(cellCount));
     m_block.y.resize(static_cast<std::size_t>(cellCount));
     m_block.capacity = cellCount;
+}
+
+void CQuorvelDoc::FreeMatrices() {
+    m_block.capacity = 0;
+    m_block.x = {};
+    m_block.y = {};
 }
 
 std::vector<std::string> CQuorvelDoc::ErrorMessages() const {

@@ -66,12 +66,16 @@ public:
     void SetRatings(const ratings::CRatingChoice& choice) { m_ratings = choice; }
     [[nodiscard]] const ratings::CRatingChoice& Ratings() const { return m_ratings; }
 
+    /// Whether runs keep a copy of each record as read. Without it, a step changes a record in place instead of making
+    /// new arrays. Default: true.
+    void SetKeepsCopies(bool keepsCopies) { m_keepsCopies = keepsCopies; }
+
     // Steps of a run. What the signal library throws becomes a message, the file's path before it.
 
     /// Replaces the computed signals with unread ones of these paths.
     void SetComputedFiles(const std::vector<std::string>& files);
 
-    /// Reads every computed file and keeps a copy of each record as read: 1 when all were read, else 0.
+    /// Reads every computed file and, if wanted, keeps a copy of each record as read: 1 when all were read, else 0.
     int ReadComputedSignals();
     /// Reads the reference from its path and resamples the computed signals to its time step: 1 when it was read and
     /// set. 0 does not change the reference; the sentences of an unreadable file join the reference messages.
@@ -87,6 +91,9 @@ public:
 
     // Pages.
 
+    /// Whether the pages selected from now on fill the matrices of the chart block; if not, the matrices are empty. A
+    /// program that reads the series alone saves their memory and time. Default: true.
+    void SetNeedsMatrices(bool needsMatrices);
     /// Builds the page's series, chart block and titles and tells the observers with hint 2. False, with the page id
     /// unchanged, when no page has that id. A cut of a signal becomes a note of it. What a page throws becomes the only
     /// error message, is shown, and leaves the page without series.
@@ -114,7 +121,8 @@ public:
     /// Whether a run is in progress, and how the last one ended.
     [[nodiscard]] CRunState Run() const { return m_run; }
     [[nodiscard]] const std::vector<CSignal>& ComputedSignals() const { return m_computed; }
-    /// Each record as it was read, before any step of a run; kept for programs that link the library.
+    /// Each record as it was read, before any step of a run, unless no copies are kept; for programs that link the
+    /// library.
     [[nodiscard]] const std::vector<boost::shared_ptr<ks::CNSignal>>& SignalCopies() const { return m_copies; }
     [[nodiscard]] const CSignal& Reference() const { return m_reference; }
     [[nodiscard]] const std::vector<std::int32_t>& PageList() const { return m_pageList; }
@@ -145,7 +153,7 @@ private:
     CRunEnd RunSteps(const CFileSelection& selection, CRunEnd (CQuorvelDoc::*steps)(const CFileSelection&));
     CRunEnd TrySteps(const CFileSelection& selection, CRunEnd (CQuorvelDoc::*steps)(const CFileSelection&));
     void ReleaseRecords();
-    static CStepEnd ReadComputed(CSignal& signal);
+    CStepEnd ReadComputed(CSignal& signal) const;
     static CStepEnd Unread(const CSignal& signal);
     /// Runs `work`; what it throws becomes a message.
     static CStepEnd Attempt(CSignal& signal, const std::function<void(CSignal&)>& work);
@@ -187,7 +195,9 @@ private:
     /// Asks for a file per series and writes it; adds to `warnings`.
     void SaveSeries(std::vector<CRunMessage>& warnings);
     void ShowWarnings(std::vector<CRunMessage> warnings);
+    void FillMatrices(std::size_t rows);
     void ReserveMatrices(std::int64_t cellCount);
+    void FreeMatrices();
     void Notify(int hint);
     void TellObservers(const std::function<void(CDocumentObserver&)>& tell);
 
@@ -213,6 +223,8 @@ private:
     std::unique_ptr<CPlot> m_page;
     CRunState m_run = CRunState::None;
     bool m_isMemoryShort = false;  ///< whether a step of the last run lacked memory
+    bool m_keepsCopies = true;
+    bool m_needsMatrices = true;
     bool m_isReferenceAverage = false;
     bool m_shouldFilter = true;
     bool m_shouldTruncate = false;

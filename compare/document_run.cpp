@@ -217,12 +217,14 @@ void CQuorvelDoc::PublishRun() {
 }
 
 int CQuorvelDoc::ReadComputedSignals() {
-    return ForEachComputed(std::function<CStepEnd(CSignal&)>(&CQuorvelDoc::ReadComputed)) ? 1 : 0;
+    const std::function<CStepEnd(CSignal&)> read = [this](CSignal& signal) { return ReadComputed(signal); };
+    return ForEachComputed(read) ? 1 : 0;
 }
 
-CQuorvelDoc::CStepEnd CQuorvelDoc::ReadComputed(CSignal& signal) {
+CQuorvelDoc::CStepEnd CQuorvelDoc::ReadComputed(CSignal& signal) const {
     signal.Notes().clear();
     if (!signal.Read()) return Unread(signal);
+    if (!m_keepsCopies) return {};
     boost::shared_ptr<ks::CNSignal> copy;
     CStepEnd end = Attempt(signal, [&copy](CSignal& read) { copy = boost::make_shared<ks::CNSignal>(read.Record()); });
     end.copy = std::move(copy);

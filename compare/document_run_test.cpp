@@ -222,6 +222,15 @@ TEST_F(Runs, KeepACopyOfEverySignalAsItWasRead) {
     EXPECT_THAT(document.SignalCopies()[1]->GetY(), ElementsAre(5.0, 6.0));
 }
 
+TEST_F(Runs, KeepNoCopiesWhenNobodyReadsThem) {
+    document.SetKeepsCopies(false);
+    CFileSelection choice = Choice({Write("a.uds", {0.0, 1.0, 2.0, 3.0, 4.0}, 0.25), Write("b.uds", {5.0, 6.0})},
+                                   Write("ref.uds", {0.0, 2.0, 4.0}));
+    choice.shouldFilter = true;
+    Run(choice);
+    EXPECT_THAT(document.SignalCopies(), IsEmpty());
+}
+
 TEST_F(Runs, ReplaceTheSignalsOfAnEarlierRun) {
     const std::string a = Write("a.uds", {1.0, 2.0, 3.0}), b = Write("b.uds", {1.0, 2.0, 3.0});
     Run(Choice({a, a}, a));

@@ -187,6 +187,24 @@ TEST_F(Document, NeverShrinksTheMatrices) {
     EXPECT_EQ(block.y[5], 10.0);
 }
 
+TEST_F(Document, FillsTheMatricesOnlyIfTheyAreNeeded) {
+    RunWith({10.0, 11.0, 12.0, 13.0, 14.0});
+    document.SelectPage(4);
+    document.SetNeedsMatrices(false);
+    document.SelectPage(2);
+    const CChartBlock& block = document.ChartBlock();
+    EXPECT_EQ(block.seriesCount, 2);
+    EXPECT_EQ(block.pointCount, 5);
+    EXPECT_EQ(block.capacity, 0);
+    EXPECT_THAT(block.x, IsEmpty());
+    EXPECT_THAT(block.y, IsEmpty());
+    EXPECT_EQ(block.xTitle, "Time (seconds)");
+
+    document.SetNeedsMatrices(true);
+    document.SelectPage(2);
+    EXPECT_THAT(block.y, ElementsAre(0.0, 1.0, 2.0, 3.0, 4.0, 10.0, 11.0, 12.0, 13.0, 14.0));
+}
+
 TEST_F(Document, KeepsTheBlockOnTheSummaryPage) {
     RunWith({10.0, 11.0, 12.0, 13.0, 14.0});
     document.SelectPage(2);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <atomic>
 #include <condition_variable>
+#include <cstddef>
 #include <exception>
 #include <mutex>
 #include <system_error>
@@ -37,10 +38,7 @@ public:
     bool Start(unsigned jobs) {
         const auto threads = std::min<std::size_t>(jobs, m_ends.size());
         m_threads.reserve(threads);
-        try {
-            while (m_threads.size() < threads) m_threads.emplace_back([this] { WorkOnMany(); });
-        } catch (const std::system_error&) {  // no more threads to be had; those that run do the work
-        }
+        while (m_threads.size() < threads && AddThread()) continue;
         return !m_threads.empty();
     }
 
@@ -53,6 +51,16 @@ public:
     }
 
 private:
+    /// False when there are no more threads to be had; those that run do the work.
+    bool AddThread() {
+        try {
+            m_threads.emplace_back([this] { WorkOnMany(); });
+        } catch (const std::system_error&) {
+            return false;
+        }
+        return true;
+    }
+
     struct CEnd {
         bool hasEnded = false;
         std::exception_ptr failure;

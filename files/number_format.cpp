@@ -65,10 +65,10 @@ constexpr CFourBytes VaxToSun(CFourBytes b) {
     return {Plus(b[1], -1), b[0], b[3], b[2]};
 }
 
-template <CFourBytes (*Convert)(CFourBytes)>
+template <CFourBytes (*convert)(CFourBytes)>
 void ConvertBlock(std::span<std::byte> block) {
     for (std::size_t i = 0; i + 4 <= block.size(); i += 4) {
-        const CFourBytes value = Convert({block[i], block[i + 1], block[i + 2], block[i + 3]});
+        const CFourBytes value = convert({block[i], block[i + 1], block[i + 2], block[i + 3]});
         for (std::size_t j = 0; j < 4; ++j) block[i + j] = value[j];
     }
 }
@@ -79,8 +79,8 @@ public:
     void (*block)(std::span<std::byte>);
 };
 
-template <CFourBytes (*Convert)(CFourBytes)>
-constexpr CConversion kConversion{Convert, ConvertBlock<Convert>};
+template <CFourBytes (*convert)(CFourBytes)>
+constexpr CConversion kConversion{convert, ConvertBlock<convert>};
 
 /// Rows: from IEEE, SUN, VAX; columns: to IEEE, SUN, VAX. In the order of the format codes.
 constexpr std::array<std::array<CConversion, 3>, 3> kConversions{{

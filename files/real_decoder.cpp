@@ -31,13 +31,13 @@ std::uint32_t BitsFromVax(std::uint32_t bits) {
 
 /// Without branches, so that the compiler can use vector instructions. The number of values in one call fits into 32
 /// bits with ease: a wider count would cost more instructions than the conversion.
-template <std::uint32_t (*BitsFrom)(std::uint32_t)>
+template <std::uint32_t (*bitsFrom)(std::uint32_t)>
 std::uint64_t Decode(const std::byte* block, double* values, std::size_t count) {
     std::uint32_t notNumbers = 0;
     for (std::size_t i = 0; i < count; ++i) {
         std::uint32_t bits = 0;
         std::memcpy(&bits, block + 4 * i, sizeof(bits));
-        bits = BitsFrom(bits);
+        bits = bitsFrom(bits);
         const bool isNumber = static_cast<std::int32_t>(bits & 0x7FFFFFFFU) <= 0x7F800000;
         notNumbers += isNumber ? 0U : 1U;
         values[i] = static_cast<double>(std::bit_cast<float>(isNumber ? bits : 0U));

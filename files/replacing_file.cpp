@@ -15,6 +15,7 @@
 #include <string>
 #include <string_view>
 #include <system_error>
+#include <utility>
 
 #ifdef _WIN32
 #include <io.h>
@@ -98,73 +99,110 @@ int ReserveRoom(std::FILE* stream, std::uint64_t size) {
 }
 #endif
 
+bool IsFile(const CWriteTarget& target) {
+    return target.IsNew() || target.IsRegular();
+}
+
+}  // namespace
+
 /// One write from beginning to end.
-class CWriting {
+class CReplacingFile::CWriting {
 public:
-    CWriting(const CWriteTarget& target, const FileMaker& make) : m_target(target), m_make(make) {}
+    explicit CWriting(const std::string& path) : m_givenPath(path), m_target(CWriteTarget::Find(path)) { Open(); }
     CWriting(const CWriting&) = delete;
     CWriting& operator=(const CWriting&) = delete;
-    ~CWriting() {
-        m_stream.reset();
-        if (m_path.empty()) return;
-        std::error_code ignored;
-        fs::remove(m_path, ignored);
-    }
+    ~CWriting() { Discard(); }
 
-    CWriteResult Replace();
-    CWriteResult WriteDirectly();
+    [[nodiscard]] bool IsOpen() const { return m_isOpen; }
+    CFileSink& Sink() { return m_sink; }
+    void Put(std::string_view text);
+    CWriteResult Finish();
+    /// Closes and removes what is left of the temporary file.
+    void Discard();
     [[nodiscard]] const CWriteTrouble& Trouble() const { return m_trouble; }
 
 private:
+    void Open();
     bool CreateNextToTarget();
     bool CreateElsewhere();
-    int Fill();
+    CWriteResult FinishDirectly();
+    int Complete();
+    bool FindAgain();
     int TakeThePlace();
     CWriteResult CopyIntoThePlace();
     int CopyInto(std::FILE* old);
     CWriteResult NotCompleted(int error);
 
-    const CWriteTarget& m_target;
-    const FileMaker& m_make;
+    const std::string m_givenPath;
+    std::optional<CWriteTarget> m_target;
     CWriteTrouble m_trouble;
     fs::path m_path;  ///< of the temporary file; empty for one that has no name
-    Stream m_stream;  ///< the temporary file
-    std::uint64_t m_size = 0;
+    Stream m_stream;  ///< the temporary file, or a device
+    CFileSink m_sink{nullptr};
+    bool m_isOpen = false;
 };
 
-CWriteResult CWriting::NotCompleted(int error) {
+CWriteResult CReplacingFile::CWriting::NotCompleted(int error) {
     m_trouble.isDeviceFull = IsLackOfRoom(error);
     return CWriteResult::NotCompleted;
 }
 
-CWriteResult CWriting::Replace() {
-    const bool isMade = CreateNextToTarget() || (!m_target.IsNew() && CreateElsewhere());
-    if (!isMade) return CWriteResult::NotOpened;
-    if (const int error = Fill(); error != 0) return NotCompleted(error);
-    const bool needsCopy = m_path.empty() || m_target.HasSeveralNames();
+void CReplacingFile::CWriting::Open() {
+    if (!m_target.has_value() || !m_target->CanBeWritten()) return;
+    if (!IsFile(*m_target)) {
+        m_stream = OpenOld(m_target->Path());
+    } else if (!CreateNextToTarget() && !m_target->IsNew()) {
+        CreateElsewhere();
+    }
+    m_isOpen = m_stream != nullptr;
+    m_sink = CFileSink(m_stream.get());
+}
+
+void CReplacingFile::CWriting::Put(std::string_view text) {
+    if (!m_isOpen) return;
+    m_sink.Put(text);
+    if (m_sink.HasFailed()) Discard();
+}
+
+void CReplacingFile::CWriting::Discard() {
+    m_stream.reset();
+    if (m_path.empty()) return;
+    std::error_code ignored;
+    fs::remove(m_path, ignored);
+    m_path.clear();
+}
+
+CWriteResult CReplacingFile::CWriting::Finish() {
+    if (!m_isOpen) return CWriteResult::NotOpened;
+    if (m_sink.HasFailed()) return NotCompleted(m_sink.Error());
+    if (!IsFile(*m_target)) return FinishDirectly();
+    if (const int error = Complete(); error != 0) return NotCompleted(error);
+    if (!FindAgain()) return CWriteResult::NotOpened;
+    const bool needsCopy = m_path.empty() || m_target->HasSeveralNames();
     const int refusal = needsCopy ? 0 : TakeThePlace();
     if (!needsCopy && refusal == 0) return CWriteResult::Written;
-    return m_target.IsNew() ? NotCompleted(refusal) : CopyIntoThePlace();
+    return m_target->IsNew() ? NotCompleted(refusal) : CopyIntoThePlace();
 }
 
-CWriteResult CWriting::WriteDirectly() {
-    Stream stream = OpenOld(m_target.Path());
-    if (stream == nullptr) return CWriteResult::NotOpened;
-    CFileSink sink(stream.get());
-    m_make(sink);
-    const int closing = std::fclose(stream.release()) == 0 ? 0 : LastError();
-    const int error = sink.HasFailed() ? sink.Error() : closing;
-    return error == 0 ? CWriteResult::Written : NotCompleted(error);
+CWriteResult CReplacingFile::CWriting::FinishDirectly() {
+    return std::fclose(m_stream.release()) == 0 ? CWriteResult::Written : NotCompleted(LastError());
 }
 
-bool CWriting::CreateNextToTarget() {
+/// The target may have changed while the bytes were made.
+bool CReplacingFile::CWriting::FindAgain() {
+    m_target = CWriteTarget::Find(m_givenPath);
+    return m_target.has_value() && m_target->CanBeWritten() && IsFile(*m_target) &&
+           !(m_path.empty() && m_target->IsNew());
+}
+
+bool CReplacingFile::CWriting::CreateNextToTarget() {
     std::random_device random;
     for (int i = 0; i < kTemporaryNameTries; ++i) {
         // A short name of its own: the target's may already be as long as the system allows.
-        const fs::path path = m_target.Folder() / (".quorvel-" + std::to_string(random()) + ".tmp");
+        fs::path path = m_target->Folder() / (".quorvel-" + std::to_string(random()) + ".tmp");
         m_stream = CreateNew(path);
         if (m_stream != nullptr) {
-            m_path = path;
+            m_path = std::move(path);
             return true;
         }
         std::error_code error;
@@ -174,45 +212,41 @@ bool CWriting::CreateNextToTarget() {
 }
 
 /// A file without a name, which ends with its stream.
-bool CWriting::CreateElsewhere() {
+bool CReplacingFile::CWriting::CreateElsewhere() {
     m_stream.reset(std::tmpfile());
     return m_stream != nullptr;
 }
 
 /// 0, or the reason for the failure.
-int CWriting::Fill() {
-    CFileSink sink(m_stream.get());
-    m_make(sink);
-    m_size = sink.Size();
-    if (sink.HasFailed()) return sink.Error();
+int CReplacingFile::CWriting::Complete() {
     return std::fflush(m_stream.get()) == 0 && FlushToDisk(m_stream.get()) ? 0 : LastError();
 }
 
 /// Puts the temporary file in the place of the target: 0, or the reason why that failed.
-int CWriting::TakeThePlace() {
+int CReplacingFile::CWriting::TakeThePlace() {
     std::error_code error;
-    if (!m_target.IsNew()) fs::permissions(m_path, m_target.Permissions(), error);
+    if (!m_target->IsNew()) fs::permissions(m_path, m_target->Permissions(), error);
     if (error) return error.value();
 #ifdef _WIN32
     m_stream.reset();  // an open file keeps its name there
 #endif
-    fs::rename(m_path, m_target.Path(), error);
+    fs::rename(m_path, m_target->Path(), error);
     if (!error) m_path.clear();
     return error.value();
 }
 
-CWriteResult CWriting::CopyIntoThePlace() {
+CWriteResult CReplacingFile::CWriting::CopyIntoThePlace() {
 #ifdef _WIN32
     if (m_stream == nullptr) m_stream.reset(_wfopen(m_path.c_str(), L"rb"));
     if (m_stream == nullptr) return NotCompleted(LastError());
 #endif
     std::error_code error;
-    const std::uintmax_t oldSize = fs::file_size(m_target.Path(), error);
-    const Stream old = OpenOld(m_target.Path());
+    const std::uintmax_t oldSize = fs::file_size(m_target->Path(), error);
+    const Stream old = OpenOld(m_target->Path());
     if (error || old == nullptr) return CWriteResult::NotOpened;
 
     // Before the first old byte is overwritten: there must be space for all of the new ones.
-    if (const int refusal = ReserveRoom(old.get(), m_size); refusal != 0) {
+    if (const int refusal = ReserveRoom(old.get(), m_sink.Size()); refusal != 0) {
         SetSize(old.get(), oldSize);
         return NotCompleted(refusal);
     }
@@ -223,18 +257,16 @@ CWriteResult CWriting::CopyIntoThePlace() {
 }
 
 /// 0, or the reason for the failure.
-int CWriting::CopyInto(std::FILE* old) {
+int CReplacingFile::CWriting::CopyInto(std::FILE* old) {
     std::array<char, kBytesAtATime> buffer{};
     if (std::fseek(m_stream.get(), 0, SEEK_SET) != 0) return LastError();
     while (const std::size_t count = std::fread(buffer.data(), 1, buffer.size(), m_stream.get())) {
         if (std::fwrite(buffer.data(), 1, count, old) != count) return LastError();
     }
     const bool isDone =
-        std::ferror(m_stream.get()) == 0 && std::fflush(old) == 0 && SetSize(old, m_size) && FlushToDisk(old);
+        std::ferror(m_stream.get()) == 0 && std::fflush(old) == 0 && SetSize(old, m_sink.Size()) && FlushToDisk(old);
     return isDone ? 0 : LastError();
 }
-
-}  // namespace
 
 void CFileSink::Put(std::string_view text) {
     if (HasFailed()) return;
@@ -247,14 +279,34 @@ bool CanWrite(const std::string& path) {
     return target.has_value() && target->CanBeWritten();
 }
 
-CWriteResult WriteFile(const std::string& path, const FileMaker& make, CWriteTrouble* trouble) {
-    const std::optional<CWriteTarget> target = CWriteTarget::Find(path);
-    if (!target.has_value() || !target->CanBeWritten()) return CWriteResult::NotOpened;
-    CWriting writing(*target, make);
-    const bool isFile = target->IsNew() || target->IsRegular();
-    const CWriteResult result = isFile ? writing.Replace() : writing.WriteDirectly();
-    if (trouble != nullptr) *trouble = writing.Trouble();
+CReplacingFile::CReplacingFile(const std::string& path) : m_writing(std::make_unique<CWriting>(path)) {}
+
+CReplacingFile::~CReplacingFile() = default;
+
+bool CReplacingFile::IsOpen() const {
+    return m_writing->IsOpen();
+}
+
+void CReplacingFile::Put(std::string_view text) {
+    m_writing->Put(text);
+}
+
+CFileSink& CReplacingFile::Sink() {
+    return m_writing->Sink();
+}
+
+CWriteResult CReplacingFile::Finish(CWriteTrouble* trouble) {
+    const CWriteResult result = m_writing->Finish();
+    m_writing->Discard();
+    if (trouble != nullptr) *trouble = m_writing->Trouble();
     return result;
+}
+
+CWriteResult WriteFile(const std::string& path, const FileMaker& make, CWriteTrouble* trouble) {
+    CReplacingFile file(path);
+    if (!file.IsOpen()) return CWriteResult::NotOpened;
+    make(file.Sink());
+    return file.Finish(trouble);
 }
 
 CWriteResult WriteFile(const std::string& path, std::string_view text, CWriteTrouble* trouble) {

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <cstdio>
 #include <functional>
+#include <memory>
 #include <span>
 #include <string>
 #include <string_view>
@@ -65,5 +66,28 @@ using FileMaker = std::function<void(CFileSink& sink)>;
 /// The same for bytes that need not be in memory together. Exceptions from `make` pass through; the old file is then
 /// kept.
 [[nodiscard]] CWriteResult WriteFile(const std::string& path, const FileMaker& make, CWriteTrouble* trouble = nullptr);
+
+/// A file that is written while its bytes are still being made. They go where those of WriteFile go: an old file is
+/// touched by Finish only, and without Finish nothing remains. May throw std::bad_alloc.
+class CReplacingFile {
+public:
+    /// Begins to write the file at `path` (UTF-8). Where that is impossible, the bytes are dropped, and Finish says so.
+    explicit CReplacingFile(const std::string& path);
+    CReplacingFile(const CReplacingFile&) = delete;
+    CReplacingFile& operator=(const CReplacingFile&) = delete;
+    ~CReplacingFile();
+
+    [[nodiscard]] bool IsOpen() const;
+    /// Appends `text`. After a failure, what was written so far is removed at once, so that other files find room.
+    void Put(std::string_view text);
+    /// The same for a maker of bytes, while the file is open.
+    [[nodiscard]] CFileSink& Sink();
+    /// Puts the complete file in its place; once.
+    [[nodiscard]] CWriteResult Finish(CWriteTrouble* trouble = nullptr);
+
+private:
+    class CWriting;
+    std::unique_ptr<CWriting> m_writing;
+};
 
 }  // namespace ks

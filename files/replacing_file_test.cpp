@@ -345,6 +345,91 @@ TEST(WriteFile, TellsTheMakerThatTheRestIsLost) {
     EXPECT_EQ(folder.Listing(), "");
 }
 
+// While the bytes are being made.
+
+TEST(ReplacingFile, IsShownWhenItIsFinished) {
+    const CTempFolder folder;
+    const std::string path = folder.Write("old", "old");
+    fs::permissions(path, fs::perms(0600));
+    CReplacingFile file(path);
+    EXPECT_TRUE(file.IsOpen());
+    file.Put("ne");
+    file.Put("w");
+    EXPECT_EQ(ReadAll(path), "old");
+
+    EXPECT_EQ(file.Finish(), CWriteResult::Written);
+
+    EXPECT_EQ(ReadAll(path), "new");
+    EXPECT_EQ(fs::status(path).permissions(), fs::perms(0600));
+    EXPECT_EQ(folder.Listing(), "old\n");
+}
+
+TEST(ReplacingFile, LeavesNothingWithoutItsEnd) {
+    const CTempFolder folder;
+    const std::string path = folder.Write("old", "old");
+    for (const char* const name : {"old", "new"}) {
+        CReplacingFile file(folder.Path(name));
+        file.Put("text");
+    }
+    EXPECT_EQ(ReadAll(path), "old");
+    EXPECT_EQ(folder.Listing(), "old\n");
+}
+
+TEST(ReplacingFile, ThatCannotBeOpenedTakesNothing) {
+    const CTempFolder folder;
+    CReplacingFile file(folder.Path("missing/file"));
+    EXPECT_FALSE(file.IsOpen());
+    file.Put("text");
+    EXPECT_EQ(file.Finish(), CWriteResult::NotOpened);
+    EXPECT_EQ(folder.Listing(), "");
+}
+
+// Other files of the command may need the room.
+TEST(ReplacingFile, GivesItsRoomBackAsSoonAsItFails) {
+    const CTempFolder folder;
+    CReplacingFile file(folder.Path("new"));
+    {
+        const CFileSizeLimit fullDisk(1000);
+        file.Put(std::string(100000, 'x'));
+    }
+    EXPECT_EQ(folder.Listing(), "");
+    file.Put("more");
+    EXPECT_EQ(file.Finish(), CWriteResult::NotCompleted);
+    EXPECT_EQ(folder.Listing(), "");
+}
+
+TEST(ReplacingFile, TakesThePlaceOfWhatIsThereInTheEnd) {
+    const CTempFolder folder;
+    CReplacingFile file(folder.Path("a"));
+    file.Put("new");
+    fs::permissions(folder.Write("a", "made meanwhile"), fs::perms(0640));
+    fs::create_hard_link(folder.Path("a"), folder.Path("b"));
+    EXPECT_EQ(file.Finish(), CWriteResult::Written);
+    EXPECT_EQ(fs::status(folder.Path("a")).permissions(), fs::perms(0640));
+    EXPECT_EQ(ReadAll(folder.Path("b")), "new");
+    EXPECT_EQ(folder.Listing(), "a\nb\n");
+}
+
+TEST(ReplacingFile, DoesNotTakeThePlaceOfAFolder) {
+    const CTempFolder folder;
+    CReplacingFile file(folder.Path("a"));
+    file.Put("new");
+    fs::create_directory(folder.Path("a"));
+    EXPECT_EQ(file.Finish(), CWriteResult::NotOpened);
+    EXPECT_TRUE(fs::is_directory(folder.Path("a")));
+}
+
+TEST(ReplacingFile, WritesIntoADeviceDirectly) {
+    if (!fs::is_character_file("/dev/full")) GTEST_SKIP() << "no /dev/full here";
+    CReplacingFile file("/dev/full");
+    file.Put("text");
+    EXPECT_EQ(file.Finish(), CWriteResult::NotCompleted);
+    CReplacingFile null("/dev/null");
+    null.Put("text");
+    EXPECT_EQ(null.Finish(), CWriteResult::Written);
+    EXPECT_TRUE(fs::is_character_file("/dev/null"));
+}
+
 // What is reported.
 
 TEST(WriteTrouble, IsAFullDeviceOnlyWhereThereIsNoRoom) {

@@ -120,7 +120,7 @@ public:
           m_content(content),
           m_machine(ProbeMachineFormats()),
           m_left(source.Size()),
-          m_memory(std::make_unique_for_overwrite<std::byte[]>(BufferSize(source, geometry))) {}
+          m_memory(std::make_unique_for_overwrite<CBytes>(BufferSize(source, geometry))) {}
 
     void ReadFileHeader();
     void ReadSecondComponent();
@@ -147,14 +147,16 @@ private:
     void ReadOrdinates();
     void GenerateAbscissas();
 
+    using CBytes = std::byte[];  // NOLINT(*-c-arrays): bytes that are not set before they are read
+
     CByteSource& m_source;
     const CUDSGeometry& m_geometry;
     CUDSContent& m_content;
     CNumberFormats m_machine;
-    std::uint64_t m_left;                   ///< bytes of the source not yet read
-    std::unique_ptr<std::byte[]> m_memory;  ///< for the largest number of records read at once
-    std::span<std::byte> m_buffer;          ///< the record or records last read
-    std::vector<double> m_decoded;          ///< the values of the data record last read
+    std::uint64_t m_left;              ///< bytes of the source not yet read
+    std::unique_ptr<CBytes> m_memory;  ///< for the largest number of records read at once
+    std::span<std::byte> m_buffer;     ///< the record or records last read
+    std::vector<double> m_decoded;     ///< the values of the data record last read
 };
 
 void CReading::FillBuffer(std::size_t size) {

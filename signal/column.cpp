@@ -26,13 +26,15 @@ class CBuffer : public boost::intrusive_ref_counter<CBuffer> {
 public:
     explicit CBuffer(std::vector<double> values) : m_given(std::move(values)), m_values(m_given) {}
     explicit CBuffer(std::size_t count)
-        : m_own(std::make_unique_for_overwrite<double[]>(count)), m_values(m_own.get(), count) {}
+        : m_own(std::make_unique_for_overwrite<CValues>(count)), m_values(m_own.get(), count) {}
 
     [[nodiscard]] std::span<double> Values() const { return m_values; }
 
 private:
     std::vector<double> m_given;
-    std::unique_ptr<double[]> m_own;  // a vector would set every value before it is written
+    using CValues = double[];  // NOLINT(*-c-arrays): a vector would set every value before it is written
+
+    std::unique_ptr<CValues> m_own;
     std::span<double> m_values;
 };
 

@@ -251,9 +251,10 @@ TEST(Column, IsReadableFromSeveralThreads) {
     std::atomic<int> wrong = 0;
     InThreads([&] {
         for (std::size_t i = 0; i < 50; ++i) {
-            const CColumn part = stored.Part(i / 2, kCount - 100);
-            const CColumn regularPart = regular.Part(i / 2, kCount - 100);
-            const bool isRight = part.Extrema().minimum == static_cast<double>(i / 2) &&
+            const std::size_t begin = i / 2;
+            const CColumn part = stored.Part(begin, kCount - 100);
+            const CColumn regularPart = regular.Part(begin, kCount - 100);
+            const bool isRight = part.Extrema().minimum == static_cast<double>(begin) &&
                                  regularPart.Values()[3] == part[3] && stored.Extrema().maximum == kCount - 1.0 &&
                                  regular.Values()[kCount - 1] == kCount - 1.0 &&
                                  falling.Extrema().minimum == 1.0 - kCount;

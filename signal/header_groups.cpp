@@ -66,9 +66,9 @@ std::string PointCountText(const CData& record) {
     return std::to_string(record.GetPointCount());
 }
 
-template <double (CData::*Get)() const>
+template <double (CData::*get)() const>
 std::string ExtremumText(const CData& record) {
-    return RealText((record.*Get)());
+    return RealText((record.*get)());
 }
 
 // One entry per line.

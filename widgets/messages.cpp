@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 
+#include <exception>
 #include <new>
 #include <stdexcept>
 

@@ -70,17 +70,17 @@ bool CMetafileEngine::end() {
 
 void CMetafileEngine::updateState(const QPaintEngineState& now) {
     const DirtyFlags changed = now.state();
-    if (changed & DirtyTransform) m_transform = now.transform();
-    if (changed & DirtyPen) m_pen = now.pen();
-    if (changed & DirtyBrush) m_brush = now.brush();
+    if (changed.testFlag(DirtyTransform)) m_transform = now.transform();
+    if (changed.testFlag(DirtyPen)) m_pen = now.pen();
+    if (changed.testFlag(DirtyBrush)) m_brush = now.brush();
     UpdateClip(now);
 }
 
 void CMetafileEngine::UpdateClip(const QPaintEngineState& now) {
     const DirtyFlags changed = now.state();
-    if (changed & DirtyClipRegion) Narrow(now.clipRegion().boundingRect(), now.clipOperation());
-    if (changed & DirtyClipPath) Narrow(now.clipPath().boundingRect(), now.clipOperation());
-    if ((changed & DirtyClipEnabled) && !now.isClipEnabled()) m_clip = m_picture;
+    if (changed.testFlag(DirtyClipRegion)) Narrow(now.clipRegion().boundingRect(), now.clipOperation());
+    if (changed.testFlag(DirtyClipPath)) Narrow(now.clipPath().boundingRect(), now.clipOperation());
+    if (changed.testFlag(DirtyClipEnabled) && !now.isClipEnabled()) m_clip = m_picture;
 }
 
 void CMetafileEngine::Narrow(const QRectF& box, Qt::ClipOperation operation) {

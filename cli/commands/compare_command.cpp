@@ -15,6 +15,7 @@
 #include "cli/output/page_outputs.h"
 #include "cli/output/rating_csv.h"
 #include "cli/output/rating_report.h"
+#include "cli/output/streamed_output.h"
 #include "cli/output/table_report.h"
 #include "cli/output/text_table.h"
 #include "cli/usage_error.h"
@@ -27,6 +28,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace {
@@ -102,11 +104,9 @@ CExitStatus Status(const COutputs& outputs, bool hasInputFailed, bool isBadFound
     return isBadFound ? CExitStatus::BadVerdict : CExitStatus::Good;
 }
 
-void WriteJson(const CCompareOptions& options, CJsonResults& json, COutputs& outputs) {
-    if (options.json) {
-        outputs.WritePieces(cli_message::kJsonResults, *options.json,
-                            [&] { return json.Finish(options.shouldWritePages); });
-    }
+void WriteJson(const CCompareOptions& options, CJsonResults& json, CStreamedOutput& file, COutputs& outputs) {
+    outputs.Attempt(cli_message::kJsonResults, *options.json,
+                    [&] { file.Finish(json.Finish(options.shouldWritePages)); });
 }
 
 // Some of the readers' sentences name no file, and a run may have many.
@@ -135,8 +135,11 @@ CExitStatus FinishStopped(const CCompareOptions& options, const CResults& result
         console.PrintLine(cli_message::kNothingCompared);
     }
     COutputs outputs(console);
-    CJsonResults json(options, results, reference, {});
-    WriteJson(options, json, outputs);
+    if (options.json) {
+        CJsonResults json(options, results, reference, {});
+        CStreamedOutput file(outputs, cli_message::kJsonResults, *options.json);
+        WriteJson(options, json, file, outputs);
+    }
     outputs.Finish();
     return Status(outputs, true, false);
 }
@@ -150,15 +153,20 @@ CExitStatus FinishCompleted(const CCompareOptions& options, const CResults& resu
     CSummaryTable table;
     const bool hasTable =
         outputs.Attempt(cli_message::kNoMemoryForTable, [&] { table = MakeSummaryTable(document.ComputedSignals()); });
-    CJsonResults json(options, results, document.Reference(), document.ComputedSignals());
+    CStreamedOutput file(outputs, cli_message::kJsonResults, options.json.value_or(""));
+    std::optional<CJsonResults> json;
+    if (options.json) {
+        json.emplace(options, results, document.Reference(), document.ComputedSignals());
+        json->StreamPagesTo([&file](std::string_view text) { file.Put(text); });
+    }
     if (hasTable) {
         outputs.Attempt(cli_message::kNoMemoryForTable, [&] { PrintReports(options, document, table, console); });
         WriteTables(options, document, table, outputs);
     }
     if (WantsPages(options)) {
-        WritePages(options, document, host, json, outputs);
+        WritePages(options, document, host, json ? &*json : nullptr, outputs);
     }
-    WriteJson(options, json, outputs);
+    if (json) WriteJson(options, *json, file, outputs);
     outputs.Finish();
     const bool isBadFound = HasBad(table, options.failOnBad) ||
                             HasBadRating(document.ComputedSignals(), options.failOnBadRating, options.ratingLimits);
@@ -178,6 +186,7 @@ CExitStatus RunCompare(const std::vector<std::string>& arguments, CConsole& cons
     CQuorvelDoc document(host);
     document.SetJobs(options.jobs);
     document.SetRatings(options.ratings);
+    document.SetKeepsCopies(false);
     // A list that cannot be read leaves the choice of signals open; comparing the rest would look like a full result.
     if (!input.errors.empty()) {
         host.ShowSentences(input.errors);

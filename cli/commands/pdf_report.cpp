@@ -2,9 +2,11 @@
 
 #include "cli/commands/pdf_exit_code.h"
 #include "cli/process.h"
+#include "files/replacing_file.h"
 
 #include <new>
 #include <optional>
+#include <string>
 
 namespace {
 

@@ -21,8 +21,8 @@ ks::CUtf8Character CharacterAt(std::string_view text, std::size_t position) {
 
 using CRange = std::pair<char32_t, char32_t>;
 
-template <std::size_t Size>
-bool IsInRanges(const std::array<CRange, Size>& ranges, char32_t c) {
+template <std::size_t size>
+bool IsInRanges(const std::array<CRange, size>& ranges, char32_t c) {
     return std::any_of(ranges.begin(), ranges.end(),
                        [c](const CRange& range) { return range.first <= c && c <= range.second; });
 }

@@ -4,6 +4,7 @@
 #include "cli/output/json_text.h"
 #include "cli/output/notes.h"
 #include "cli/output/rating_json.h"
+#include "cli/output/spool.h"
 #include "compare/comparison.h"
 #include "compare/critical_values.h"
 #include "compare/note.h"
@@ -25,6 +26,7 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -183,9 +185,9 @@ void AddSeries(CJsonText& text, const CPageView& page, std::size_t index) {
     text.Open('{');
     AddMember(text, "name", index < page.names.size() ? std::string_view(page.names[index]) : std::string_view());
     text.Key("x");
-    text.Reals(page.series[index]->GetX());
+    text.Column(page.series[index]->GetX());
     text.Key("y");
-    text.Reals(page.series[index]->GetY());
+    text.Column(page.series[index]->GetY());
     text.Close('}');
 }
 
@@ -248,8 +250,13 @@ void CJsonResults::AddRun(const CCompareOptions& options, const CResults& result
     m_text.Close(']');
 }
 
+void CJsonResults::StreamPagesTo(TextSink sink) {
+    m_pageSink = std::move(sink);
+}
+
 void CJsonResults::BeginPages() {
     if (m_isInPages) return;
+    if (m_pageSink) m_text.PassTo(m_pageSink);
     BeginLine(m_text, "pages");
     m_text.Open('[');
     m_isInPages = true;

@@ -3,6 +3,7 @@
 #include "cli/commands/compare_options.h"
 #include "cli/output/json_text.h"
 #include "cli/output/notes.h"
+#include "cli/output/spool.h"
 #include "compare/chart_block.h"
 #include "compare/note.h"
 #include "compare/plots/plot.h"
@@ -40,18 +41,22 @@ struct CPageView {
 ///
 /// One line per member, signal and page, so that two files can be compared by eye. Numbers read back bit for bit,
 /// numbers that are not finite are null, and bytes that are not UTF-8 appear as U+FFFD. Members are added in the order
-/// of the functions below. A text that needs more memory than there is gets lost, and only that text: none of the
+/// of the functions below. Everything before the pages is held in memory; the pages, which may be long, can go to a
+/// sink as they are made. A text that needs more memory than there is gets lost, and only that text: none of the
 /// functions but Finish throws then.
 class CJsonResults {
 public:
     CJsonResults(const CCompareOptions& options, const CResults& results, const CSignal& reference,
                  const std::vector<CSignal>& signalList, std::span<const CSummaryColumn> columns = SummaryColumns());
 
+    /// From the first page on, hands the text to `sink` in pieces of limited size, beginning with what comes before the
+    /// pages. Without it, everything is held until Finish.
+    void StreamPagesTo(TextSink sink);
     void AddPage(const CPageView& page);
     /// Drops the text: a page could not be made for lack of memory, and without it the text would mislead.
     void GiveUp() noexcept;
-    /// Ends the text and returns its pieces, in order. `shouldShowPages` adds the member "pages", empty when no page
-    /// was added.
+    /// Ends the text and returns those of its pieces that no sink got, in order. `shouldShowPages` adds the member
+    /// "pages", empty when no page was added.
     /// @throws std::bad_alloc when there was not enough memory for the text, here or in an earlier call
     std::vector<std::string> Finish(bool shouldShowPages);
 
@@ -62,6 +67,7 @@ private:
     void Attempt(const std::function<void()>& add);
 
     CJsonText m_text;
+    TextSink m_pageSink;
     bool m_isInPages = false;
     bool m_isTooLong = false;
 };

@@ -13,11 +13,14 @@
 #include <nlohmann/json.hpp>
 
 #include <cmath>
+#include <cstddef>
 #include <cstdint>
 #include <cstring>
 #include <limits>
+#include <new>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -189,6 +192,44 @@ TEST(JsonResults, ShowNotesNextToTheWarnings) {
                                          "{\"kind\":\"resampled\",\"text\":\"T.\"}],\"measures\""));
     EXPECT_THAT(text, testing::HasSubstr("\"seriesCount\":0,\"notes\":[{\"signal\":3,\"kind\":\"cut-by-page\",\"text\":"
                                          "\"V.\"}],\"series\":[]"));
+}
+
+/// A page with one curve of that many points.
+void AddLongPage(CJsonResults& results, std::size_t count) {
+    const CChartBlock block;
+    const CSeriesList series = {
+        boost::make_shared<ks::CNSignal>(SignalOf("s", std::vector<double>(count, 0.5)).Record())};
+    const std::vector<std::string> names = {"name"};
+    results.AddPage({7, std::nullopt, block, series, names});
+}
+
+TEST(JsonResults, StreamTheirPagesWithTheSameBytes) {
+    CJsonResults held({}, {{"e"}, {}, {}}, {}, {}), streamed({}, {{"e"}, {}, {}}, {}, {});
+    std::string text;
+    streamed.StreamPagesTo([&text](std::string_view piece) { text += piece; });
+    EXPECT_EQ(text, "");
+    std::size_t before = 0;
+    for (int page = 0; page < 3; ++page) {
+        AddLongPage(held, 50000);
+        AddLongPage(streamed, 50000);
+        EXPECT_GT(text.size(), before + 400000) << "the page is gone from memory";
+        before = text.size();
+    }
+    for (const std::string& piece : streamed.Finish(true)) text += piece;
+    EXPECT_TRUE(text == Text(std::move(held), true));
+}
+
+TEST(JsonResults, AreLostWhenTheirSinkLacksMemory) {
+    CJsonResults results({}, {}, {}, {});
+    int pieces = 0;
+    results.StreamPagesTo([&pieces](std::string_view) {
+        ++pieces;
+        throw std::bad_alloc();
+    });
+    AddLongPage(results, 50000);
+    AddLongPage(results, 50000);
+    EXPECT_EQ(pieces, 1);
+    EXPECT_THROW(results.Finish(true), std::bad_alloc);
 }
 
 TEST(JsonResults, HavePagesOnlyWhenAsked) {

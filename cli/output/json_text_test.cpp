@@ -1,5 +1,7 @@
 #include "cli/output/json_text.h"
 
+#include "signal/column.h"
+
 #include <gmock/gmock.h>
 #include <nlohmann/json.hpp>
 
@@ -9,6 +11,7 @@
 #include <limits>
 #include <random>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace {
@@ -94,6 +97,51 @@ TEST(JsonText, ComesInPiecesOfLimitedSize) {
     EXPECT_EQ(size, 4 * kCount + 1);  // "1.5", a comma or the bracket, and the bracket at the start
     EXPECT_GT(pieces.size(), 4U);
     EXPECT_THAT(text.Take(), testing::IsEmpty());
+}
+
+TEST(JsonText, PassesItsPiecesOn) {
+    const std::vector<double> values(100000, 1.5);
+    CJsonText held, passed;
+    held.Reals(values);
+    held.Reals(values);
+    passed.Reals(values);
+    std::string text;
+    std::size_t count = 0;
+    passed.PassTo([&](std::string_view piece) {
+        text += piece;
+        ++count;
+    });
+    EXPECT_GT(count, 4U) << "what was held before";
+    passed.Reals(values);
+    EXPECT_GT(count, 9U);
+    const std::vector<std::string> rest = passed.Take();
+    ASSERT_EQ(rest.size(), 1U);
+    EXPECT_LE(rest.front().capacity(), 65536U);
+    EXPECT_TRUE(text + rest.front() == All(held));
+}
+
+TEST(JsonText, PassesATextLongerThanAPieceOn) {
+    CJsonText text;
+    std::string passed;
+    text.PassTo([&passed](std::string_view piece) { passed += piece; });
+    text.String("a");
+    text.String(std::string(200000, 'x'));
+    text.String("b");
+    EXPECT_TRUE(passed + All(text) == "\"a\",\"" + std::string(200000, 'x') + "\",\"b\"");
+}
+
+TEST(JsonText, ShowsAColumnByItsRuleAsItsValues) {
+    for (const ks::CRulePrecision precision : {ks::CRulePrecision::Double, ks::CRulePrecision::Single}) {
+        const ks::CColumn column = ks::CColumn::Regular({0.0001, -3, precision}, 1000);
+        CJsonText values, byRule;
+        values.Reals(column.ToVector());
+        byRule.Column(column);
+        EXPECT_EQ(All(byRule), All(values));
+    }
+    CJsonText text;
+    text.Column({});
+    text.Column(ks::CColumn({1.0, std::numeric_limits<double>::infinity()}));
+    EXPECT_EQ(All(text), "[],[1.0,null]");
 }
 
 }  // namespace

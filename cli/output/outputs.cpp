@@ -1,6 +1,7 @@
 #include "cli/output/outputs.h"
 
 #include "cli/messages.h"
+#include "cli/output/spool.h"
 #include "files/native_path.h"
 #include "files/replacing_file.h"
 #include "files/same_file.h"
@@ -9,6 +10,7 @@
 #include <filesystem>
 #include <functional>
 #include <new>
+#include <span>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -27,19 +29,22 @@ void COutputs::Write(std::string_view what, const std::string& path, const std::
     Attempt(what, path, [&] { Write(what, path, make()); });
 }
 
-void COutputs::WritePieces(std::string_view what, const std::string& path,
-                           const std::function<std::vector<std::string>()>& make) {
-    Attempt(what, path, [&] {
-        const std::vector<std::string> pieces = make();
-        if (path == kStandardOutput) {
-            for (const std::string& piece : pieces) m_console.Print(piece);
-            return;
-        }
-        const ks::FileMaker putAll = [&pieces](ks::CFileSink& sink) {
-            for (const std::string& piece : pieces) sink.Put(piece);
-        };
-        Record(what, path, ks::WriteFile(path, putAll));
+void COutputs::WritePieces(std::string_view what, const std::string& path, std::span<const std::string> pieces) {
+    WritePieces(what, path, [pieces](const TextSink& put) {
+        for (const std::string& piece : pieces) put(piece);
     });
+}
+
+void COutputs::WritePieces(std::string_view what, const std::string& path,
+                           const std::function<void(const TextSink&)>& make) {
+    if (path == kStandardOutput) {
+        make([this](std::string_view text) { m_console.Print(text); });
+        return;
+    }
+    const ks::FileMaker putAll = [&make](ks::CFileSink& sink) {
+        make([&sink](std::string_view text) { sink.Put(text); });
+    };
+    Record(what, path, ks::WriteFile(path, putAll));
 }
 
 void COutputs::Attempt(std::string_view what, const std::string& path, const std::function<void()>& work) {

@@ -1,9 +1,11 @@
 #pragma once
 
 #include "cli/output/console.h"
+#include "cli/output/spool.h"
 #include "files/replacing_file.h"
 
 #include <functional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -24,8 +26,9 @@ public:
     /// The same for a text that is made here, within Attempt.
     void Write(std::string_view what, const std::string& path, const std::function<std::string()>& make);
     /// The same for a text in pieces, which are never put together in memory.
-    void WritePieces(std::string_view what, const std::string& path,
-                     const std::function<std::vector<std::string>()>& make);
+    void WritePieces(std::string_view what, const std::string& path, std::span<const std::string> pieces);
+    /// The same for pieces that `make` puts into the sink that it is given, once.
+    void WritePieces(std::string_view what, const std::string& path, const std::function<void(const TextSink&)>& make);
     /// Makes and writes an output; too little memory for it is a failure with its own sentence.
     void Attempt(std::string_view what, const std::string& path, const std::function<void()>& work);
     /// Runs `work`; too little memory for it is a failure with this sentence, and the result is then false.

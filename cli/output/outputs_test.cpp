@@ -1,6 +1,7 @@
 #include "cli/output/outputs.h"
 
 #include "cli/output/console.h"
+#include "cli/output/spool.h"
 #include "tests/support/failing_flush.h"
 #include "tests/support/temp_folder.h"
 
@@ -36,18 +37,22 @@ protected:
 };
 
 TEST_F(Outputs, PutPiecesTogether) {
-    const auto make = [] { return std::vector<std::string>{"one ", "two"}; };
-    outputs.WritePieces("The text", folder.Path("a"), make);
-    outputs.WritePieces("The text", "-", make);
+    const std::vector<std::string> pieces{"one ", "two"};
+    outputs.WritePieces("The text", folder.Path("a"), pieces);
+    outputs.WritePieces("The text", "-", pieces);
+    outputs.WritePieces("The text", folder.Path("b"), [&](const TextSink& put) {
+        for (const std::string& piece : pieces) put(piece);
+    });
     outputs.Finish();
     EXPECT_EQ(ReadAll(folder.Path("a")), "one two");
+    EXPECT_EQ(ReadAll(folder.Path("b")), "one two");
     EXPECT_EQ(TextOf(out.get()), "one two");
     EXPECT_FALSE(outputs.HasFailed());
 }
 
 TEST_F(Outputs, SayThatThereIsNotEnoughMemory) {
     const std::string old = folder.Write("old", "old");
-    outputs.WritePieces("The text", old, []() -> std::vector<std::string> { throw std::bad_alloc(); });
+    outputs.Write("The text", old, []() -> std::string { throw std::bad_alloc(); });
     EXPECT_EQ(TextOf(err.get()),
               "quorvel-cli: The text could not be written; there is not enough memory: " + old + "\n");
     EXPECT_TRUE(outputs.HasFailed());

@@ -113,7 +113,7 @@ bool WantsPages(const CCompareOptions& options) {
     return options.shouldWritePages || options.asciiFolder.has_value() || options.udsFolder.has_value();
 }
 
-void WritePages(const CCompareOptions& options, CQuorvelDoc& document, CCliHost& host, CJsonResults& json,
+void WritePages(const CCompareOptions& options, CQuorvelDoc& document, CCliHost& host, CJsonResults* json,
                 COutputs& outputs) {
     const bool hasAscii = options.asciiFolder && outputs.MakeFolder(*options.asciiFolder);
     std::optional<CUdsPages> uds;
@@ -124,14 +124,15 @@ void WritePages(const CCompareOptions& options, CQuorvelDoc& document, CCliHost&
         return;
     }
     host.TakeShownMessages();
+    document.SetNeedsMatrices(hasAscii);
     for (const std::int32_t pageId : document.PageList()) {
         const bool isMade = outputs.Attempt(cli_message::NoMemoryForPage(pageId), [&] {
             const CPageView page = ShowPage(pageId, document, host);
-            if (options.shouldWritePages) json.AddPage(page);
+            if (json != nullptr && options.shouldWritePages) json->AddPage(page);
             if (hasAscii) WriteAsciiPage(*options.asciiFolder, document, pageId, outputs);
             if (uds) uds->Write(document, pageId);
         });
-        if (!isMade) json.GiveUp();
+        if (!isMade && json != nullptr) json->GiveUp();
     }
     if (uds) {
         uds->RemoveOlder();

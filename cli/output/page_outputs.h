@@ -10,7 +10,7 @@
 bool WantsPages(const CCompareOptions& options);
 
 /// Selects every page of the document's page list once, in order, and writes what the options request: into `json` for
-/// --pages, and the files of --ascii and --uds. What a page shows depends on the pages before it, because some cut
-/// the signals permanently.
-void WritePages(const CCompareOptions& options, CQuorvelDoc& document, CCliHost& host, CJsonResults& json,
+/// --pages unless it is null, and the files of --ascii and --uds. What a page shows depends on the pages before it,
+/// because some cut the signals permanently.
+void WritePages(const CCompareOptions& options, CQuorvelDoc& document, CCliHost& host, CJsonResults* json,
                 COutputs& outputs);

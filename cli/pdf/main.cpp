@@ -3,7 +3,6 @@
 // rest, see cli/commands/pdf_exit_code.h.
 
 #include "cli/commands/pdf_exit_code.h"
-#include "files/replacing_file.h"
 #include "signal/formats/formats.h"
 #include "signal/signal_loader.h"
 #include "viewer/report_pdf.h"

@@ -15,6 +15,11 @@
 
 namespace {
 
+/// Numbers of values in a section, per lag of the largest reach and at least: large enough to lose little at their
+/// ends, small enough for the processor's caches.
+constexpr std::size_t kSectionsReach = 8;
+constexpr std::size_t kSmallestSection = 32768;
+
 /// Sum of term(0) ... term(count - 1) over eight lanes and blocks of them: it keeps the processor's vector units busy
 /// and its rounding error far below that of one running sum. A sum that became not-a-number stays so and ends it.
 template <class Term>
@@ -43,13 +48,13 @@ double Sum(std::span<const double> values) {
 }
 
 /// Sum over j of a[j] * b[j - lag] where both exist; a and b are equally long.
-double ProductSum(std::span<const double> a, std::span<const double> b, std::int64_t lag) {
+template <class First, class Second>
+double ProductSum(const First& a, const Second& b, std::int64_t lag) {
     const std::size_t shift = static_cast<std::size_t>(std::abs(lag));
     if (shift >= a.size()) return 0.0;
-    const std::size_t overlap = a.size() - shift;
-    const std::span<const double> left = lag < 0 ? a.first(overlap) : a.last(overlap);
-    const std::span<const double> right = lag < 0 ? b.last(overlap) : b.first(overlap);
-    return BlockSum(overlap, [left, right](std::size_t i) { return left[i] * right[i]; });
+    const std::size_t left = lag < 0 ? 0 : shift;
+    const std::size_t right = lag < 0 ? shift : 0;
+    return BlockSum(a.size() - shift, [&, left, right](std::size_t i) { return a[left + i] * b[right + i]; });
 }
 
 /// Largest magnitude; infinite or not-a-number values count as larger than every other.
@@ -60,41 +65,56 @@ double LargestMagnitude(std::span<const double> values) {
     return std::bit_cast<double>(largest);
 }
 
-CCentered CenterNonFinite(std::span<const double> values) {
-    CCentered centered{{values.begin(), values.end()}, 0, false};
-    const double mean = Sum(values) / static_cast<double>(values.size());
-    for (double& value : centered.values) value -= mean;
-    return centered;
-}
-
 /// a * conjugate of b, written out: the library's operator also repairs infinities, which costs most of the time.
 std::complex<double> ConjugateProduct(const std::complex<double>& a, const std::complex<double>& b) {
     return {a.real() * b.real() + a.imag() * b.imag(), a.imag() * b.real() - a.real() * b.imag()};
 }
 
-void Load(CRealTransform& transform, std::span<const double> values) {
+void Load(CRealTransform& transform, const CCenteredView& values) {
     const std::span<double> samples = transform.Samples();
-    const auto padding = std::ranges::copy(values, samples.begin()).out;
-    std::fill(padding, samples.end(), 0.0);
+    for (std::size_t i = 0; i < values.size(); ++i) samples[i] = values[i];
+    std::ranges::fill(samples.subspan(values.size()), 0.0);
+    transform.Forward();
+}
+
+/// The same for `values` from number `begin` on, as many as fit; those that do not exist are zeros.
+void LoadPart(CRealTransform& transform, const CCenteredView& values, std::int64_t begin, std::size_t count) {
+    const std::span<double> samples = transform.Samples();
+    const auto before = static_cast<std::size_t>(std::max<std::int64_t>(-begin, 0));
+    const auto first = static_cast<std::size_t>(std::max<std::int64_t>(begin, 0));
+    const std::size_t end = before + std::min(count - before, values.size() - first);
+    std::ranges::fill(samples.first(before), 0.0);
+    for (std::size_t i = before; i < end; ++i) samples[i] = values[first + (i - before)];
+    std::ranges::fill(samples.subspan(end), 0.0);
     transform.Forward();
 }
 
 }  // namespace
 
-CCentered Center(std::span<const double> values) {
-    const double largest = LargestMagnitude(values);
-    if (!std::isfinite(largest)) return CenterNonFinite(values);
-
-    CCentered centered;
-    centered.exponent = largest == 0.0 ? 0 : std::clamp(std::ilogb(largest), -1000, 1000);
-    const double scale = std::ldexp(1.0, -centered.exponent);
-    const double count = static_cast<double>(values.size());
-    const double mean = BlockSum(values.size(), [values, scale](std::size_t i) { return values[i] * scale; }) / count;
-    centered.values.resize(values.size());
-    for (std::size_t i = 0; i < values.size(); ++i) centered.values[i] = values[i] * scale - mean;
+CCenteredView::CCenteredView(std::span<const double> source) : m_source(source) {
+    const double largest = LargestMagnitude(source);
+    const double count = static_cast<double>(source.size());
+    m_isFinite = std::isfinite(largest);
+    if (!m_isFinite) {
+        m_mean = Sum(source) / count;
+        return;
+    }
+    m_exponent = largest == 0.0 ? 0 : std::clamp(std::ilogb(largest), -1000, 1000);
+    m_scale = std::ldexp(1.0, -m_exponent);
+    m_mean = BlockSum(source.size(), [this](std::size_t i) { return m_source[i] * m_scale; }) / count;
     // A mean much larger than the deviations is itself rounded too coarsely for them; this is what it missed.
-    const double missed = Sum(centered.values) / count;
-    for (double& value : centered.values) value -= missed;
+    m_missed = BlockSum(source.size(), [this](std::size_t i) { return m_source[i] * m_scale - m_mean; }) / count;
+}
+
+void CCenteredView::CopyTo(std::vector<double>& target) const {
+    target.resize(size());
+    for (std::size_t i = 0; i < target.size(); ++i) target[i] = (*this)[i];
+}
+
+CCentered Center(std::span<const double> values) {
+    const CCenteredView view(values);
+    CCentered centered{{}, view.Exponent(), view.IsFinite()};
+    view.CopyTo(centered.values);
     return centered;
 }
 
@@ -108,7 +128,7 @@ std::vector<double> Covariances(std::span<const double> a, std::span<const doubl
 CCovariances::CCovariances(std::int32_t maxLag, CCovarianceMethod method) : m_maxLag(maxLag), m_method(method) {}
 
 void CCovariances::SetFirst(std::span<const double> a) {
-    m_first = Center(a);
+    m_first = CCenteredView(a);
     m_firstSpectrum.clear();
 }
 
@@ -120,16 +140,16 @@ std::vector<double> CCovariances::WithItself() {
 }
 
 std::vector<double> CCovariances::With(std::span<const double> b) {
-    return Values(Center(b.first(Count())));
+    return Values(CCenteredView(b.first(Count())));
 }
 
 std::size_t CCovariances::Reach() const {
     return std::min(static_cast<std::size_t>(m_maxLag), std::max<std::size_t>(Count(), 1) - 1);
 }
 
-bool CCovariances::ShouldUseTransform(const CCentered& b) const {
-    if (!m_first.isFinite || !b.isFinite || m_method == CCovarianceMethod::PlainSums) return false;
-    if (m_method == CCovarianceMethod::Transform) return Count() > 0;
+bool CCovariances::ShouldUseTransform(const CCenteredView& b) const {
+    if (!m_first.IsFinite() || !b.IsFinite() || m_method == CCovarianceMethod::PlainSums) return false;
+    if (m_method != CCovarianceMethod::Automatic) return Count() > 0;
     // Measured: below this a transform with its plan takes as long as the sums.
     constexpr double kProductsWorthATransform = 3.0e5;
     return static_cast<double>(Count()) * static_cast<double>(2 * Reach() + 1) > kProductsWorthATransform;
@@ -143,39 +163,99 @@ void CCovariances::PrepareTransform() {
         m_firstSpectrum.clear();
     }
     if (!m_firstSpectrum.empty()) return;
-    Load(*m_transform, m_first.values);
+    Load(*m_transform, m_first);
     const std::span<const std::complex<double>> spectrum = m_transform->Spectrum();
     m_firstSpectrum.assign(spectrum.begin(), spectrum.end());
 }
 
-std::vector<double> CCovariances::Values(const CCentered& b) {
+std::vector<double> CCovariances::Values(const CCenteredView& b) {
     std::vector<double> values(2 * static_cast<std::size_t>(m_maxLag) + 1);
     if (ShouldUseTransform(b)) {
         SumByTransform(b, values);
     } else {
-        SumPlainly(b, values, 0);
+        SumPlainly(b, values);
     }
     for (std::int64_t lag = -m_maxLag; lag <= m_maxLag; ++lag) {
         double& value = values[static_cast<std::size_t>(lag + m_maxLag)];
         const std::int64_t overlap = static_cast<std::int64_t>(Count()) - std::abs(lag);
-        value = std::ldexp(value, m_first.exponent + b.exponent) / static_cast<double>(overlap);
+        value = std::ldexp(value, m_first.Exponent() + b.Exponent()) / static_cast<double>(overlap);
     }
     return values;
 }
 
-void CCovariances::SumPlainly(const CCentered& b, std::span<double> sums, std::size_t firstShift) const {
+template <class First, class Second>
+void CCovariances::SumShifts(const First& a, const Second& b, bool isSame, std::size_t firstShift,
+                             std::span<double> sums) const {
     const std::size_t reach = Reach();
     for (std::size_t shift = firstShift; shift <= reach; ++shift) {
         const std::int64_t lag = static_cast<std::int64_t>(shift);
-        sums[static_cast<std::size_t>(m_maxLag + lag)] = ProductSum(m_first.values, b.values, lag);
-        if (&b == &m_first) continue;  // WithItself mirrors the values
-        sums[static_cast<std::size_t>(m_maxLag - lag)] = ProductSum(m_first.values, b.values, -lag);
+        sums[static_cast<std::size_t>(m_maxLag + lag)] = ProductSum(a, b, lag);
+        if (isSame) continue;  // WithItself mirrors the values
+        sums[static_cast<std::size_t>(m_maxLag - lag)] = ProductSum(a, b, -lag);
     }
 }
 
-void CCovariances::SumByTransform(const CCentered& b, std::span<double> sums) {
+/// Every value is used once per lag, so it is formed only once.
+void CCovariances::SumPlainly(const CCenteredView& b, std::span<double> sums) {
+    m_first.CopyTo(m_firstValues);
+    if (&b == &m_first) {
+        SumShifts(m_firstValues, m_firstValues, true, 0, sums);
+        return;
+    }
+    b.CopyTo(m_secondValues);
+    SumShifts(m_firstValues, m_secondValues, false, 0, sums);
+}
+
+bool CCovariances::ShouldUseSections() const {
+    // Fewer values fit into the processor's caches, or nearly so, and need a transform less.
+    constexpr std::size_t kManyValues = std::size_t{1} << 19U;
+    if (m_method != CCovarianceMethod::Automatic) return m_method == CCovarianceMethod::Sections;
+    return Count() > kManyValues && Count() / kSectionsReach > Reach();
+}
+
+void CCovariances::PrepareSections() {
+    // Of a section, twice the reach is lost to its neighbors.
+    const std::size_t least = m_method == CCovarianceMethod::Automatic ? kSmallestSection : 0;
+    const std::size_t size = CRealTransform::FastSize(std::max(least, kSectionsReach * Reach()));
+    if (!m_sectionTransform || m_sectionTransform->Size() != size) {
+        m_sectionTransform = std::make_unique<CRealTransform>(size);
+    }
+    m_products.assign(m_sectionTransform->Spectrum().size(), 0.0);
+}
+
+/// A part of the first sequence meets, at some lag, the same part of the second one and `reach` values to either side.
+void CCovariances::SumBySections(const CCenteredView& b, std::span<double> sums) {
+    PrepareSections();
+    const std::size_t reach = Reach();
+    const std::size_t step = m_sectionTransform->Size() - 2 * reach;
+    const std::span<std::complex<double>> spectrum = m_sectionTransform->Spectrum();
+    for (std::size_t begin = 0; begin < Count(); begin += step) {
+        const auto from = static_cast<std::int64_t>(begin);
+        LoadPart(*m_sectionTransform, m_first, from, step);
+        m_partSpectrum.assign(spectrum.begin(), spectrum.end());
+        LoadPart(*m_sectionTransform, b, from - static_cast<std::int64_t>(reach), m_sectionTransform->Size());
+        for (std::size_t i = 0; i < spectrum.size(); ++i) {
+            m_products[i] += ConjugateProduct(spectrum[i], m_partSpectrum[i]);
+        }
+    }
+    std::ranges::copy(m_products, spectrum.begin());
+    m_sectionTransform->Backward();
+
+    // Sample k is the sum at which the second sequence is k - reach values further on than the first.
+    const std::span<const double> samples = m_sectionTransform->Samples();
+    const double size = static_cast<double>(samples.size());
+    const std::size_t last = static_cast<std::size_t>(m_maxLag) + reach;
+    for (std::size_t k = 0; k <= 2 * reach; ++k) sums[last - k] = samples[k] / size;
+    SumSmallOverlaps(b, sums);
+}
+
+void CCovariances::SumByTransform(const CCenteredView& b, std::span<double> sums) {
+    if (ShouldUseSections()) {
+        SumBySections(b, sums);
+        return;
+    }
     PrepareTransform();
-    if (&b != &m_first) Load(*m_transform, b.values);
+    if (&b != &m_first) Load(*m_transform, b);
     const std::span<std::complex<double>> product = m_transform->Spectrum();
     if (&b == &m_first) {
         for (std::size_t i = 0; i < product.size(); ++i) product[i] = std::norm(m_firstSpectrum[i]);
@@ -193,8 +273,12 @@ void CCovariances::SumByTransform(const CCentered& b, std::span<double> sums) {
         sums[middle + shift] = samples[shift] / size;
         sums[middle - shift] = samples[samples.size() - shift] / size;
     }
-    // The transform's error is that of all n products together; divided by a small overlap it would show.
+    SumSmallOverlaps(b, sums);
+}
+
+/// The transform's error is that of all n products together; divided by a small overlap it would show.
+void CCovariances::SumSmallOverlaps(const CCenteredView& b, std::span<double> sums) const {
     constexpr std::size_t kSmallestShare = 256;
     const std::size_t firstSmall = Count() - Count() / kSmallestShare;
-    SumPlainly(b, sums, std::max<std::size_t>(firstSmall, 1));
+    SumShifts(m_first, b, &b == &m_first, std::max<std::size_t>(firstSmall, 1), sums);
 }

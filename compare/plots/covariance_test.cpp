@@ -1,10 +1,12 @@
 #include "compare/plots/covariance.h"
 
+#include "tests/support/allocation_count.h"
 #include "tests/support/page_samples.h"
 
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <array>
 #include <bit>
 #include <cmath>
 #include <cstddef>
@@ -106,8 +108,10 @@ std::vector<long> LagsToCheck(long maxLag) {
 class EitherMethod : public testing::TestWithParam<CCovarianceMethod> {};
 
 INSTANTIATE_TEST_SUITE_P(Covariance, EitherMethod,
-                         testing::Values(CCovarianceMethod::PlainSums, CCovarianceMethod::Transform),
+                         testing::Values(CCovarianceMethod::PlainSums, CCovarianceMethod::Transform,
+                                         CCovarianceMethod::Sections),
                          [](const auto& row) {
+                             if (row.param == CCovarianceMethod::Sections) return "Sections";
                              return row.param == CCovarianceMethod::PlainSums ? "PlainSums" : "Transform";
                          });
 
@@ -120,6 +124,39 @@ TEST_P(EitherMethod, LagPlusTwoPairsFromTheThirdValueOfTheFirstOnAndDividesByTwo
 TEST_P(EitherMethod, LagMinusTwoPairsFromTheThirdValueOfTheSecondOnAndDividesByTwoLess) {
     const std::vector<double> values = Values(GetParam(), {1, 2, 3, 4, 5}, {3, 0, 0, 0, 2}, 2);
     EXPECT_NEAR(At(values, -2), (-2.0 * -1 + -1 * -1 + 0 * 1) / 3, 1e-15);
+}
+
+// The rounding of each step decides the last digits of every value of the page.
+TEST(CenteredView, FormsItsValuesStepByStep) {
+    for (const double mean : {0.0, 3.0e7}) {
+        const std::vector<double> values = Noise(10007, 31, mean);
+        const CCenteredView view(values);
+        const CCentered centered = Center(values);
+        const double scale = std::ldexp(1.0, -view.Exponent());
+        // Of the values times the scale, by the page's order of summation: eight lanes, blocks of 1024.
+        const auto sum = [&values](auto term) {
+            double total = 0.0;
+            std::size_t i = 0;
+            while (i + 8 <= values.size()) {
+                std::array<double, 8> lanes{};
+                const std::size_t end = std::min(i + 1024, values.size() / 8 * 8);
+                for (; i < end; ++i) lanes[i % 8] += term(i);
+                total +=
+                    ((lanes[0] + lanes[1]) + (lanes[2] + lanes[3])) + ((lanes[4] + lanes[5]) + (lanes[6] + lanes[7]));
+            }
+            for (; i < values.size(); ++i) total += term(i);
+            return total;
+        };
+        const double meanOfScaled = sum([&](std::size_t i) { return values[i] * scale; }) / 10007.0;
+        const double missed = sum([&](std::size_t i) { return values[i] * scale - meanOfScaled; }) / 10007.0;
+        for (std::size_t i = 0; i < values.size(); ++i) {
+            double expected = values[i] * scale;
+            expected -= meanOfScaled;
+            expected -= missed;
+            ASSERT_TRUE(HaveSameBits(view[i], expected)) << i;
+            ASSERT_TRUE(HaveSameBits(centered.values[i], expected)) << i;
+        }
+    }
 }
 
 TEST_P(EitherMethod, ShiftedImpulsesFollowTheirClosedForm) {
@@ -224,8 +261,9 @@ TEST_P(EitherMethod, PairedWithItselfMirrorsToTheLastBit) {
 }
 
 TEST_P(EitherMethod, LagZeroWithItselfIsThePopulationVariance) {
+    const std::vector<double> a{2, 4, 4, 4, 5, 5, 7, 9};
     CCovariances covariances(3, GetParam());
-    covariances.SetFirst(std::vector<double>{2, 4, 4, 4, 5, 5, 7, 9});
+    covariances.SetFirst(a);
     EXPECT_NEAR(At(covariances.WithItself(), 0), 4.0, 1e-14);
 }
 
@@ -280,6 +318,44 @@ TEST_P(EitherMethod, OneObjectServesManyPairsOfDifferentLength) {
     ExpectWithinTheStatedError(covariances.With(b), muchShorter, b, LagsToCheck(900));
     covariances.SetFirst(a);
     ExpectWithinTheStatedError(covariances.With(b), a, b, LagsToCheck(900));
+}
+
+TEST(Covariance, SectionsMeetWithoutAGap) {
+    // Sections of 64 to 3264 values, of which twice the lags are lost; lengths just below, at and above their
+    // multiples.
+    for (const std::int32_t maxLag : {0, 1, 7, 8, 100, 400}) {
+        for (const std::size_t count : {47U, 48U, 49U, 63U, 64U, 65U, 1000U, 5000U, 7201U}) {
+            const std::vector<double> a = Noise(count, 26, 2.0), b = Noise(count, 27, -3.0);
+            const std::int32_t lags = std::min(maxLag, static_cast<std::int32_t>(count) - 1);
+            ExpectWithinTheStatedError(Values(CCovarianceMethod::Sections, a, b, lags), a, b, LagsToCheck(lags));
+        }
+    }
+}
+
+TEST(Covariance, AVeryLongSignalKeepsTheStatedErrorAndNeedsNoMemoryOfItsLength) {
+    constexpr std::size_t kCount = 600000;
+    const std::vector<double> a = Noise(kCount, 28, 10.0), b = Noise(kCount, 29, -10.0);
+    ResetLargestAllocation();
+    CCovariances covariances(1000);
+    covariances.SetFirst(a);
+    const std::vector<double> itself = covariances.WithItself(), both = covariances.With(b);
+    EXPECT_LT(LargestAllocation(), kCount * sizeof(double) / 4);
+    ExpectWithinTheStatedError(itself, a, a, {-1000, -1, 0, 999});
+    ExpectWithinTheStatedError(both, a, b, {-1000, -999, -500, -1, 0, 1, 500, 999, 1000});
+}
+
+TEST(Covariance, OneObjectServesVeryLongAndShortPairs) {
+    const std::vector<double> a = Noise(550000, 30), b = Noise(550000, 31);
+    const std::span<const double> shortA = std::span(a).first(20000), shortB = std::span(b).first(20000);
+    CCovariances covariances(300);
+    covariances.SetFirst(shortA);
+    const std::vector<double> expected = covariances.With(shortB);
+    covariances.SetFirst(a);
+    const std::vector<double> expectedLong = covariances.With(b);
+    covariances.SetFirst(shortA);
+    EXPECT_EQ(covariances.With(shortB), expected);
+    covariances.SetFirst(a);
+    EXPECT_EQ(covariances.With(b), expectedLong);
 }
 
 TEST(Covariance, TheShorterSequenceSaysHowManyValuesCountInBothMeansAndSums) {

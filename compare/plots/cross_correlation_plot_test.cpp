@@ -246,7 +246,7 @@ void AllowOnly(std::size_t bytes) {
 }
 
 void FailWithoutMemory() {
-    const ks::CNSignal reference = TimeSignal(0.0001, std::vector<double>(6000000, 1.0));
+    const ks::CNSignal reference = TimeSignal(0.0001, std::vector<double>(500000, 1.0));
     AllowOnly(std::size_t{8} << 20);
     std::cerr << FailureOf(reference);
     std::_Exit(0);

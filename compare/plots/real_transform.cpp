@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <limits>
 #include <memory>
+#include <mutex>
 #include <new>
 #include <numbers>
 #include <span>
@@ -20,9 +21,18 @@ public:
     void operator()(void* memory) const { fftw_free(memory); }
 };
 
+/// Everything about plans except carrying them out needs it.
+std::mutex& Planner() {
+    static std::mutex planner;
+    return planner;
+}
+
 class CDestroyPlan {
 public:
-    void operator()(fftw_plan plan) const { fftw_destroy_plan(plan); }
+    void operator()(fftw_plan plan) const {
+        const std::scoped_lock lock(Planner());
+        fftw_destroy_plan(plan);
+    }
 };
 
 using CComplex = std::complex<double>;
@@ -126,12 +136,8 @@ public:
     explicit CPlans(std::size_t size)
         : half(size / 2), samples(Allocate(half)), spectrum(Allocate(half + 1)), turns(size) {
         RequireRoomForPlans(half);
-        // The 64-bit interface, since a long signal with its padding may pass the range of int.
-        const fftw_iodim64 dimension{static_cast<std::ptrdiff_t>(half), 1, 1};
-        fftw_complex* const from = reinterpret_cast<fftw_complex*>(samples.get());
-        fftw_complex* const to = reinterpret_cast<fftw_complex*>(spectrum.get());
-        forward = Checked(fftw_plan_guru64_dft(1, &dimension, 0, nullptr, from, to, FFTW_FORWARD, FFTW_ESTIMATE));
-        backward = Checked(fftw_plan_guru64_dft(1, &dimension, 0, nullptr, to, from, FFTW_BACKWARD, FFTW_ESTIMATE));
+        forward = MakePlan(samples, spectrum, FFTW_FORWARD);
+        backward = MakePlan(spectrum, samples, FFTW_BACKWARD);
     }
 
     std::span<CComplex> Spectrum() { return {spectrum.get(), half + 1}; }
@@ -142,6 +148,15 @@ public:
     CTurns turns;
     CPlan forward;
     CPlan backward;
+
+private:
+    [[nodiscard]] CPlan MakePlan(const CBuffer& from, const CBuffer& to, int sign) const {
+        // The 64-bit interface, since a long signal with its padding may pass the range of int.
+        const fftw_iodim64 dimension{static_cast<std::ptrdiff_t>(half), 1, 1};
+        const std::scoped_lock lock(Planner());
+        return Checked(fftw_plan_guru64_dft(1, &dimension, 0, nullptr, reinterpret_cast<fftw_complex*>(from.get()),
+                                            reinterpret_cast<fftw_complex*>(to.get()), sign, FFTW_ESTIMATE));
+    }
 };
 
 CRealTransform::CRealTransform(std::size_t size) : m_size(size), m_plans(std::make_unique<CPlans>(size)) {}

@@ -9,8 +9,8 @@
 ///
 /// Even and odd samples go as real and imaginary parts through one complex transform of half the size; FFTW plans that
 /// thirty times faster than its real transforms, whose plans would cost more than all else here. Plans are estimated,
-/// never measured, so the same input gives the same bits in every run. One thread only: FFTW's planner is shared by
-/// the whole process.
+/// never measured, so the same input gives the same bits in every run. Several threads may have a transform each; their
+/// plans are made one after another, since FFTW's planner is shared by the whole process.
 class CRealTransform {
 public:
     /// @param size  number of samples, even, > 0; a FastSize is fast

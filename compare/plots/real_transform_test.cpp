@@ -9,6 +9,7 @@
 #include <limits>
 #include <new>
 #include <numbers>
+#include <thread>
 #include <vector>
 
 namespace {
@@ -70,6 +71,26 @@ TEST(RealTransform, ForwardAndBackwardGiveTheSamplesTimesTheSize) {
     for (std::size_t i = 0; i < 192; ++i) {
         EXPECT_NEAR(transform.Samples()[i] / 192.0, static_cast<double>(i * i % 23), 1e-12) << i;
     }
+}
+
+TEST(RealTransform, ThreadsGetTheSameBitsAsOneAlone) {
+    const auto spectrumOf = [](std::size_t size) {
+        CRealTransform transform(size);
+        for (std::size_t i = 0; i < size; ++i) transform.Samples()[i] = static_cast<double>(i * i % 23) - 11.0;
+        transform.Forward();
+        return std::vector<std::complex<double>>(transform.Spectrum().begin(), transform.Spectrum().end());
+    };
+    std::vector<std::vector<std::complex<double>>> alone(40), together(40);
+    const auto sizeOf = [](std::size_t i) { return 64 * (1 + i % 20); };
+    for (std::size_t i = 0; i < alone.size(); ++i) alone[i] = spectrumOf(sizeOf(i));
+    std::vector<std::thread> threads;
+    for (std::size_t first = 0; first < 4; ++first) {
+        threads.emplace_back([&, first] {
+            for (std::size_t i = first; i < together.size(); i += 4) together[i] = spectrumOf(sizeOf(i));
+        });
+    }
+    for (std::thread& thread : threads) thread.join();
+    for (std::size_t i = 0; i < alone.size(); ++i) EXPECT_EQ(together[i], alone[i]) << i;
 }
 
 TEST(RealTransform, MoreSamplesThanAnAddressReachesAreABadAllocation) {

@@ -4,6 +4,7 @@
 #include "compare/ratings/samples.h"
 #include "compare/ratings/testing/pairs.h"
 #include "compare/ratings/value.h"
+#include "tests/support/allocation_count.h"
 #include "tests/support/expect_error.h"
 
 #include <gmock/gmock.h>
@@ -11,7 +12,6 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
-#include <cstdint>
 #include <limits>
 #include <string>
 #include <string_view>
@@ -22,14 +22,6 @@ namespace {
 
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 
-/// Scores of a public scorer that reproduces the annex cases, printed to seven digits.
-struct Case {
-    std::string name;
-    CPairOfSignals pair;
-    double r, z, ep, em, es;
-    std::int64_t lag;
-};
-
 double Zero(double /*i*/) {
     return 0.0;
 }
@@ -37,66 +29,6 @@ double Zero(double /*i*/) {
 double SineOverNine(double i) {
     return std::sin(i / 9.0);
 }
-
-double Bell(double height, double middle, double width, double i) {
-    const double u = (i * 1e-4 - middle) / width;
-    return height * std::exp(-u * u);
-}
-
-std::vector<Case> PublishedCases() {
-    return {
-        {"Bell",
-         MakePair(
-             1001, [](double i) { return Bell(100, 0.04, 0.01, i); },
-             [](double i) { return Bell(110, 0.043, 0.012, i); }),
-         .8752410, .8504222, .8501499, .9572989, .8679119, 30},
-        {"Ring",
-         MakePair(
-             600, [](double i) { return std::sin(i / 15) * std::exp(-i / 60); },
-             [](double i) { return 0.8 * std::sin((i - 6) / 16) * std::exp(-i / 50); }),
-         .4796667, .8817096, .1, 0, .5349143, 108},
-        {"Steps",
-         MakePair(
-             300, [](double i) { return std::round(3 * std::sin(i / 7)); },
-             [](double i) { return std::round(3 * std::sin((i - 3) / 7)); }),
-         .7342670, .3606676, .95, 1, 1, 3},
-        {"Gain",
-         MakePair(
-             1500, [](double i) { return std::sin(.002 * i); }, [](double i) { return 1.3 * std::sin(.002 * i); }),
-         .7130863, .4778627, 1, .7597060, .85, 0},
-        {"Ramp",
-         MakePair(
-             200, [](double i) { return i; }, [](double i) { return 1.5 * i; }),
-         .5965317, .4005021, 1, .4316541, .75, 0},
-        {"Early", MakePair(200, SineOverNine, [](double i) { return std::sin((i - 45) / 9); }), .5575760, .1063305, .7,
-         .9005065, .9747127, -12},
-        {"Opposite", MakePair(200, SineOverNine, [](double i) { return -std::sin(i / 9); }), .4726138, .0700815, .3,
-         .9378178, .9850880, 28},
-        {"Constants",
-         MakePair(
-             200, [](double) { return 10.0; }, [](double) { return 13.0; }),
-         .5590123, .1975309, 1, .4, 1, 0},
-        {"ZeroReference", MakePair(200, Zero, SineOverNine), .202, .005, 1, 0, 0, 0},
-        {"ZeroComputed", MakePair(200, SineOverNine, Zero), .3546872, .1367180, 1, 0, .5, 0},
-        {"BothZero", MakePair(200, Zero, Zero), 1, 1, 1, 1, 1, 0},
-    };
-}
-
-class PublishedIsoCase : public testing::TestWithParam<Case> {};
-
-TEST_P(PublishedIsoCase, IsReproducedToAllPrintedDigits) {
-    constexpr double kHalfDigit = 0.5e-7 + 1e-12;
-    const Case& row = GetParam();
-    const CIso18571Scores scores = ScoreIso18571(row.pair.View());
-    EXPECT_NEAR(scores.r, row.r, kHalfDigit);
-    EXPECT_NEAR(scores.z, row.z, kHalfDigit);
-    EXPECT_NEAR(scores.ep, row.ep, kHalfDigit);
-    EXPECT_NEAR(scores.em, row.em, kHalfDigit);
-    EXPECT_NEAR(scores.es, row.es, kHalfDigit);
-    EXPECT_EQ(scores.lag, row.lag);
-}
-INSTANTIATE_TEST_SUITE_P(Iso18571, PublishedIsoCase, testing::ValuesIn(PublishedCases()),
-                         [](const auto& row) { return row.param.name; });
 
 CIso18571Scores Score(const CPairOfSignals& pair, const CIso18571Options& options = {}) {
     return ScoreIso18571(pair.View(), options);
@@ -197,6 +129,15 @@ TEST(Iso18571, AShiftThatLeavesNineSamplesIsTaken) {
     EXPECT_EQ(Score({reference, late}).lag, 1);
     EXPECT_EQ(Score({reference, later}).lag, 0);
     EXPECT_EQ(Score({reference, later}).ep, 1.0);
+}
+
+TEST(Iso18571, MemoryGrowsWithTheSamplesAndNotWithTheCellsOfTheBand) {
+    constexpr std::size_t kCount = 8000;
+    const CPairOfSignals pair{Pulse(kCount, 0.3), Pulse(kCount, 0.3, 100)};
+    ResetLargestAllocation();
+    EXPECT_EQ(Score(pair).lag, 100);
+    EXPECT_GT(LargestAllocation(), 0U);
+    EXPECT_LT(LargestAllocation(), 8 * sizeof(double) * kCount) << "a row of the band has 1600 cells";
 }
 
 TEST(Iso18571, EveryParameterHasItsEffect) {

@@ -29,20 +29,6 @@ TEST(KnowlesGear, AGainIsAllMagnitude) {
     }
 }
 
-struct ClassicCase {
-    double startS, gain, m, toa, c;
-};
-
-TEST(KnowlesGear, TheClassicAnalyticPairIsReproduced) {
-    for (const ClassicCase& row : {ClassicCase{.14, 1.2, .2, 0, .1826},
-                                   {.24, 1, 0, .6830, .2788},
-                                   {.04, 1, 0, .6830, .2788},
-                                   {.24, 1.2, .2, .6830, .3333}}) {
-        const CPairOfSignals pair{DecayingSine(.14), DecayingSine(row.startS, row.gain)};
-        ExpectErrors(KnowlesGear(pair.View(), kClassicTime), row.m, row.toa, row.c, 0.51e-4);
-    }
-}
-
 TEST(KnowlesGear, ArrivalIsWhereTheLineReachesTheLevel) {
     // Peaks 1 and -2: levels 0.05 and 0.1; the second line rises from 0.02 through 0 to -0.18 and reaches -0.1 after
     // 0.12 of 0.2.

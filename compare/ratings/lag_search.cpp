@@ -8,7 +8,6 @@
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
-#include <mutex>
 #include <span>
 #include <vector>
 
@@ -21,11 +20,7 @@ constexpr double kTieMargin = 1e-12;
 /// bound, exact ties such as those of ramps stay within the tie margin and need not be summed again.
 constexpr double kSumError = 5e-14;
 
-/// FFTW plans one at a time in a process.
-std::mutex planning;
-
 std::vector<double> CrossSums(std::span<const double> reference, std::span<const double> computed, std::size_t maxLag) {
-    const std::scoped_lock lock(planning);
     CCovariances covariances(static_cast<std::int32_t>(maxLag));
     covariances.SetFirst(computed);
     std::vector<double> sums = covariances.With(reference);

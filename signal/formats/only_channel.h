@@ -16,16 +16,16 @@ namespace ks {
 using CReadOnly = CNSignal (*)(const std::string& path);
 
 /// The row's `channels`.
-template <CReadOnly Read>
+template <CReadOnly read>
 std::vector<std::string> ListOnlyChannel(const std::string& path) {
-    Read(path);
+    read(path);
     return {std::string(kOnlyChannel)};
 }
 
 /// The row's `load`.
-template <CReadOnly Read>
+template <CReadOnly read>
 CNSignal LoadOnlyChannel(const std::string& path, const std::string& channel) {
-    CNSignal record = Read(path);
+    CNSignal record = read(path);
     if (channel != kOnlyChannel) throw CError(signal_message::NoSuchChannel(channel));
     return record;
 }

@@ -82,6 +82,10 @@ class FullDisk(EndToEndTest):
     def test_convert(self):
         self.assertNothingLost("The UDS-1992 file", "convert", "a.uds", "--to", "sun", "--out")
 
+    def test_the_pages_of_a_comparison(self):
+        self.write("a.uds", uds([float(i % 7) for i in range(5000)], 2.0**-13))
+        self.assertNothingLost("The JSON results", "compare", "--quiet", "a.uds", "--pages", "--json")
+
     @unittest.skipUnless(HAS_REPORT, "this build has no report")
     def test_report(self):
         self.assertNothingLost("The report", "report", "a.uds", "--full", "--pdf")

@@ -8,7 +8,7 @@ import unittest
 from support import SOURCE, EndToEndTest
 
 
-COMMANDS = ["compare", "show", "export", "convert", "report"]
+COMMANDS = ["compare", "show", "export", "convert", "report", "verify"]
 PAGES = [["--help"]] + [[command, "--help"] for command in COMMANDS]
 
 

@@ -1,5 +1,6 @@
 """Too little memory: a sentence of ours; status 4 for an output, and the others are written; status 3 for a signal."""
 
+import filecmp
 import os
 import resource
 import shutil
@@ -26,11 +27,11 @@ class LimitedTest(EndToEndTest):
             if b"__asan_init" in tool.read():
                 self.skipTest("a sanitizer takes the memory")
 
-    def run_within(self, megabytes, *arguments):
+    def run_within(self, megabytes, *arguments, **options):
         def limit():
             resource.setrlimit(resource.RLIMIT_AS, (megabytes * MEGABYTE,) * 2)
 
-        return self.run_cli(*arguments, preexec_fn=limit)
+        return self.run_cli(*arguments, preexec_fn=limit, **options)
 
     def least(self, run):
         """The least memory in megabytes, rounded up to a multiple of eight, with which a run succeeds."""
@@ -53,7 +54,7 @@ class Outputs(LimitedTest):
         return self.run_within(megabytes, "compare", "--quiet", "--reference", "r", *arguments, "a", "b")
 
     def test_whatever_the_limit_only_sentences_are_printed(self):
-        failed = finished = 0
+        short = finished = 0
         least = self.least(self.compare_within)
         for megabytes in range(least, least + 64, 3):
             for name in ("out.html", "out.csv", "ascii/page-11.txt", "out.json"):
@@ -62,22 +63,31 @@ class Outputs(LimitedTest):
             run = self.compare_within(megabytes, "--json", "out.json", "--pages", "--html", "out.html", "--csv",
                                       "out.csv", "--ascii", "ascii")
             self.assertOnlySentences(run, megabytes)
-            self.assertIn(run.status, (0, 4), (megabytes, run.complaints))
-            if run.status == 4:
-                failed += 1
-                self.assertTrue(run.complaints.endswith(JSON), run.complaints)
-                self.assertFalse((self.folder / "out.json").exists())
-                for name in ("out.html", "out.csv", "ascii/page-11.txt"):
-                    self.assertTrue((self.folder / name).exists(), (megabytes, name))
+            for name in ("out.html", "out.csv", "ascii/page-11.txt"):
+                self.assertTrue((self.folder / name).exists(), (megabytes, name))
+            short += self.assertPagesAreToldOf(run, megabytes)
             finished += run.status == 0 and run.err == b""
-        self.assertGreater(failed, 1)
+        self.assertGreater(short, 0)
         self.assertGreater(finished, 1)
+
+    def assertPagesAreToldOf(self, run, megabytes):
+        """The JSON shows the failure of each page that standard error names, or is missing with its own sentence. True
+        if there was not enough memory for a page."""
+        self.assertIn(run.status, (0, 4), (megabytes, run.complaints))
+        self.assertEqual((self.folder / "out.json").exists(), run.status == 0)
+        if run.status == 4:
+            self.assertTrue(run.complaints.endswith(JSON), run.complaints)
+            return True
+        pages = self.parse(self.read("out.json"))["pages"]
+        told = [f"quorvel-cli: Page {page['id']} ({page['name']}): {page['error']}" for page in pages if page["error"]]
+        self.assertComplaints(run, *told)
+        return bool(told)
 
     # The JSON's arrays asked for memory while they were destroyed, which ended the program.
     def test_long_curves_leave_the_other_outputs(self):
         for name, factor in (("r", 1), ("a", 2)):
             self.write(name, b"".join(b"%.4f %d.25\n" % (i / 8192, factor * ((7 * i) % 11 - 5)) for i in range(60000)))
-        statuses = set()
+        statuses, complaints = set(), set()
         run = self.compare_one
         least = self.least(run)
         for megabytes in range(least, least + 40, 4):
@@ -88,10 +98,12 @@ class Outputs(LimitedTest):
             self.assertOnlySentences(outcome, megabytes)
             self.assertIn(outcome.status, (0, 4), (megabytes, outcome.complaints))
             statuses.add(outcome.status)
+            complaints.add(outcome.err)
             self.assertEqual((self.folder / "out/json").exists(), "The JSON results" not in outcome.complaints)
             for name in ("html", "csv", "ascii/page-2.txt", "ascii/page-11.txt"):
                 self.assertTrue((self.folder / "out" / name).exists(), (megabytes, name))
-        self.assertEqual(statuses, {0, 4})
+        self.assertIn(0, statuses)
+        self.assertGreater(len(complaints), 1, "no limit was too low for a page")
 
     # The message about too little memory needed memory, and the results were lost with it.
     def test_many_signals_leave_the_results_of_a_stopped_run(self):
@@ -123,6 +135,36 @@ class Outputs(LimitedTest):
     def assertOnlySentences(self, run, megabytes):
         for word in (b"bad_alloc", b"std::", b"length_error", b"terminate"):
             self.assertNotIn(word, run.err, megabytes)
+
+
+class LongPages(LimitedTest):
+    """The JSON of long pages goes to the disk while it is made: it needs far more room than the memory has."""
+
+    POINTS = 100000
+    LEAST_SIZE = 30 * MEGABYTE
+    FOR_PAGES = 20  # megabytes; two curves, and the transform of the last page
+
+    def setUp(self):
+        super().setUp()
+        self.write("r", large(self.POINTS))
+        self.write("a", large(self.POINTS))
+        least = self.least(lambda megabytes: self.compare_within(megabytes, "--json", "out.json"))
+        self.enough = least + self.FOR_PAGES
+
+    def compare_within(self, megabytes, *arguments, **options):
+        return self.run_within(megabytes, "compare", "--quiet", "--jobs", "1", "--reference", "r", *arguments, "a",
+                               **options)
+
+    def test_they_need_little_memory(self):
+        with open(self.folder / "printed", "wb") as printed:
+            run = self.compare_within(self.enough, "--json", "-", "--pages", stdout=printed)
+        self.assertEqual((run.status, run.err), (0, b""))
+        run = self.compare_within(self.enough, "--json", "out.json", "--pages")
+        self.assertEqual((run.status, run.err), (0, b""))
+        size = os.path.getsize(self.folder / "out.json")
+        self.assertGreater(size, self.LEAST_SIZE)
+        self.assertEqual(os.path.getsize(self.folder / "printed"), size)
+        self.assertTrue(filecmp.cmp(self.folder / "out.json", self.folder / "printed", shallow=False))
 
 
 class SingleFiles(LimitedTest):

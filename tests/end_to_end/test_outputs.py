@@ -75,6 +75,10 @@ class Bytes(ScaledTest):
             self.assertIn(f"  warning: {warning}\n", run.complaints)
 
 
+# The step of the files is longer than the offsets of the page.
+PAGE = "quorvel-cli: Page 11 (Cross Correlation): Start Index (0)is >= Stop Index (0)"
+
+
 class Failures(ScaledTest):
     def test_the_others_are_written(self):
         run = self.compare_scaled("--html", "missing/out.html", "--csv", "out.csv", "--json", "missing/out.json")
@@ -86,6 +90,35 @@ class Failures(ScaledTest):
             "missing/out.json")
         self.assertTrue(self.read("out.csv").startswith(b"Filename,"))
         self.assertIn("Peak Value", run.text)
+
+    def test_pages_go_to_the_json_before_its_sentence(self):
+        run = self.compare_scaled("--quiet", "--json", "missing/out.json", "--pages", "--uds", "scaled.uds/folder")
+        self.assertEqual(run.status, 4)
+        self.assertComplaints(run, "quorvel-cli: The folder could not be made: scaled.uds/folder", PAGE,
+                              "quorvel-cli: The JSON results could not be written; the file cannot be opened for "
+                              "writing: missing/out.json")
+
+    def test_the_json_may_be_in_a_folder_made_for_the_pages(self):
+        run = self.compare_scaled("--quiet", "--json", "made/out.json", "--pages", "--ascii", "made")
+        self.assertEqual(run.status, 0)
+        self.assertComplaints(run, PAGE)
+        self.assertEqual(self.read("made/out.json"), self.compare_scaled("--pages", "--json", "-").out)
+        self.assertEqual([name for name in os.listdir(self.folder / "made") if not name.startswith("page-")],
+                         ["out.json"])
+
+    def test_pages_on_a_full_device(self):
+        self.write("out.json", b"old")
+        run = self.compare_scaled("--json", "/dev/full", "--quiet", "--pages")
+        self.assertComplaints(run, PAGE, "quorvel-cli: The JSON results could not be written in full: /dev/full")
+
+        def limit():
+            resource.setrlimit(resource.RLIMIT_FSIZE, (1000, 1000))
+
+        run = self.compare_scaled("--json", "out.json", "--quiet", "--pages", preexec_fn=limit)
+        self.assertEqual(run.status, 4)
+        self.assertComplaints(run, PAGE, "quorvel-cli: The JSON results could not be written in full: out.json")
+        self.assertEqual(self.read("out.json"), b"old")
+        self.assertEqual(self.names(), ["out.json", "reference.uds", "scaled.uds"], "no temporary file")
 
     def test_a_folder_is_no_target(self):
         os.mkdir(self.folder / "folder")

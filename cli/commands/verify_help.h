@@ -1,0 +1,5 @@
+#pragma once
+
+#include "cli/help_text.h"
+
+CHelpPage VerifyHelp();
