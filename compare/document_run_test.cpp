@@ -1,4 +1,5 @@
 #include "compare/document_host.h"
+#include "compare/plots/page_table.h"
 #include "compare/run_state.h"
 #include "tests/support/allocation_count.h"
 #include "tests/support/document_fixture.h"
@@ -24,8 +25,6 @@ using testing::SizeIs;
 constexpr double kOneTen = 0.0001;                       // the step of a reference that has none
 constexpr double kSmallestStep = 9.999999747378752e-05;  // 0.0001 in single precision
 constexpr double kClass60 = 100.0000000002;              // 60 * 1.66666666667
-const std::vector<std::int32_t> kAccelerationPages{1, 7, 8, 9, 4, 3, 5, 6, 10, 11};
-const std::vector<std::int32_t> kOtherPages{1, 2, 4, 3, 5, 6, 10, 11};
 
 using Runs = CDocumentFixture;
 
@@ -90,7 +89,7 @@ TEST_F(Runs, ChangeNothingOnCancel) {
     EXPECT_THAT(document.ComputedSignals(), SizeIs(1));
     EXPECT_THAT(document.SignalCopies(), SizeIs(1));
     EXPECT_EQ(document.Reference().GetPath(), reference);
-    EXPECT_EQ(document.PageList(), kAccelerationPages);
+    EXPECT_EQ(document.PageList(), OfferedPages(true));
     EXPECT_EQ(document.CurrentPageId(), 2);
 }
 
@@ -183,7 +182,7 @@ TEST_F(Runs, HaveEverythingReadyWhenTheyTell) {
     const std::string a = Write("a.uds", {1.0, 2.0, 3.0});
     Run(Choice({a, a, a}, a));
 
-    EXPECT_EQ(pageList, kAccelerationPages);
+    EXPECT_EQ(pageList, OfferedPages(true));
     EXPECT_EQ(pageId, 1);
     EXPECT_EQ(seriesCount, 3);
 }
@@ -298,7 +297,7 @@ TEST_F(Runs, OfferAccelerationPagesForAReferenceInGravities) {
     const std::string reference = WriteUds(folder, "ref.uds", record);
     Run(Choice({reference}, reference));
 
-    EXPECT_EQ(document.PageList(), kAccelerationPages);
+    EXPECT_EQ(document.PageList(), OfferedPages(true));
 }
 
 TEST_F(Runs, OfferTheInputPageForAnyOtherReference) {
@@ -306,7 +305,7 @@ TEST_F(Runs, OfferTheInputPageForAnyOtherReference) {
     record.SetYUNITS("g's");
     Run(Choice({Write("a.uds", {1.0, 2.0, 3.0})}, WriteUds(folder, "ref.uds", record)));
 
-    EXPECT_EQ(document.PageList(), kOtherPages);
+    EXPECT_EQ(document.PageList(), OfferedPages(false));
 }
 
 // Filtering.
@@ -412,7 +411,7 @@ TEST_F(Runs, TakeNothingOverFromAnEarlierReference) {
     EXPECT_EQ(Reference().GetYUNITS(), "");
     EXPECT_EQ(Reference().GetCFCClass(), 1001);
     EXPECT_THAT(Reference().GetWarnings(), IsEmpty());
-    EXPECT_EQ(document.PageList(), kOtherPages);
+    EXPECT_EQ(document.PageList(), OfferedPages(false));
 }
 
 TEST_F(Runs, StopAtOnceWhenTheReferenceCannotBeRead) {
@@ -427,7 +426,7 @@ TEST_F(Runs, StopAtOnceWhenTheReferenceCannotBeRead) {
     EXPECT_EQ(document.ReferenceMessages(), BothSentences(unreadable));
     EXPECT_EQ(document.Reference().GetPath(), unreadable);
     EXPECT_THAT(Reference().GetY(), ElementsAre(1.0, 2.0, 3.0));
-    EXPECT_EQ(document.PageList(), kAccelerationPages);
+    EXPECT_EQ(document.PageList(), OfferedPages(true));
     EXPECT_EQ(document.CurrentPageId(), 2);
     EXPECT_EQ(Computed(0).Getdelt(), 0.25);
     EXPECT_EQ(host.progress.back(), "2/4 ");
@@ -470,7 +469,7 @@ TEST_F(Runs, StopAtAnUnreadableFileButReadTheOthers) {
     EXPECT_THAT(document.SignalCopies()[0]->GetY(), ElementsAre(4.0, 5.0, 6.0));
     EXPECT_EQ(Computed(1).GetCFCClass(), 1001);
     EXPECT_THAT(document.ReferenceMessages(), IsEmpty());
-    EXPECT_EQ(document.PageList(), kAccelerationPages);
+    EXPECT_EQ(document.PageList(), OfferedPages(true));
     EXPECT_EQ(document.CurrentPageId(), 4);
     EXPECT_EQ(host.progress.back(), "3/13 ");
 }
@@ -706,7 +705,7 @@ TEST_F(Runs, OfOneFileCompareItWithItself) {
     EXPECT_EQ(document.ComputedSignals()[0].GetReferenceName(), a);
     EXPECT_EQ(Reference().GetDataStatus(), "COMPUTED");
     EXPECT_EQ(Computed(0).GetDataStatus(), "TRUNCATED");
-    EXPECT_EQ(document.PageList(), kAccelerationPages);
+    EXPECT_EQ(document.PageList(), OfferedPages(true));
     EXPECT_EQ(document.ChartBlock().pointCount, 4);
 }
 
@@ -752,7 +751,7 @@ TEST_F(Runs, WithoutACommonRangeContinueAgainstTheEmptyReferenceOfTheStart) {
 
     EXPECT_THAT(host.calls, ElementsAre("select", "busy on", "hint 1", "busy off", "beep", "errors"));
     EXPECT_THAT(document.ErrorMessages(), ElementsAre("Error Computing the time range for evaluation"));
-    EXPECT_EQ(document.PageList(), kOtherPages);
+    EXPECT_EQ(document.PageList(), OfferedPages(false));
     EXPECT_EQ(document.CurrentPageId(), 1);
     EXPECT_THAT(Reference().GetY(), IsEmpty());
     EXPECT_EQ(Measures(0).GetPointCount(), 0);
@@ -773,7 +772,7 @@ TEST_F(Runs, WithoutACommonRangeContinueAgainstTheReferenceOfAnEarlierRun) {
     EXPECT_EQ(Measures(0).GetPointCount(), 1);
     EXPECT_EQ(Measures(0).GetResidualSum(), 3.0);
     EXPECT_EQ(Measures(1).GetResidualSum(), 2.0);
-    EXPECT_EQ(document.PageList(), kAccelerationPages);
+    EXPECT_EQ(document.PageList(), OfferedPages(true));
 }
 
 // The start-up run.
@@ -797,7 +796,7 @@ TEST_F(Runs, AtStartUpDropTheSignalsAndNothingElse) {
 
     EXPECT_THAT(document.ComputedSignals(), IsEmpty());
     EXPECT_THAT(document.SignalCopies(), IsEmpty());
-    EXPECT_EQ(document.PageList(), kAccelerationPages);
+    EXPECT_EQ(document.PageList(), OfferedPages(true));
     EXPECT_THAT(Reference().GetY(), ElementsAre(1.0, 2.0, 3.0));
 }
 
@@ -822,7 +821,7 @@ TEST_F(Runs, OfALoadedListMakeTheReferenceFromIt) {
     EXPECT_THAT(Reference().GetY(), ElementsAre(1.0, 2.0, 5.0));
     EXPECT_EQ(Measures(1).GetResidualSum(), 1.0);
     EXPECT_EQ(document.ComputedSignals()[1].GetReferenceName(), a);
-    EXPECT_EQ(document.PageList(), kAccelerationPages);
+    EXPECT_EQ(document.PageList(), OfferedPages(true));
     EXPECT_EQ(document.CurrentPageId(), 1);
     EXPECT_EQ(document.ChartBlock().seriesCount, 2);
     EXPECT_THAT(document.SignalCopies(), SizeIs(2));

@@ -141,8 +141,9 @@ std::vector<Real> PlainRun(const Section& s, const std::vector<Real>& inputs, Re
 template <class Real>
 Real FarMean(const std::vector<Real>& data, std::size_t tail) {
     Real sum = 0;
-    for (std::size_t k = tail / 2 + 1; k <= tail; ++k) sum += data[k];
-    return sum / static_cast<Real>(tail - tail / 2);
+    const std::size_t half = tail / 2;
+    for (std::size_t k = half + 1; k <= tail; ++k) sum += data[k];
+    return sum / static_cast<Real>(tail - half);
 }
 
 /// The filter with both tails stored in front of the data.

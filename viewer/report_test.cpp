@@ -13,6 +13,8 @@
 #include <QPainter>
 #include <QPdfWriter>
 #include <QPrinter>
+#include <QRect>
+#include <QRectF>
 #include <QRegularExpression>
 #include <QScopeGuard>
 #include <QTest>

@@ -7,7 +7,6 @@
 #include <exception>
 #include <new>
 #include <stdexcept>
-#include <string>
 #include <vector>
 
 using widget_message::FileDamaged;

@@ -19,7 +19,7 @@ namespace {
 /// The definition with a whole matrix, its path traced back from the end.
 class Matrix {
 public:
-    Matrix(const CPairOfSignals& pair, long width) : m_pair(pair), m_width(width) {
+    Matrix(CPairOfSignals pair, long width) : m_pair(std::move(pair)), m_width(width) {
         for (long i = 0; i < Count(); ++i) {
             for (long j = 0; j < Count(); ++j) Fill(i, j);
         }

@@ -20,6 +20,10 @@ SHOW_SCHEMA = json.loads((SOURCE / "docs/formats/show.schema.json").read_text(en
 # No run of these tests comes near this; it only ends a run that hangs.
 HANG_GUARD_S = 120
 
+# The pages in their order, for a reference in G'S and for any other.
+ACCELERATION_PAGES = [1, 7, 8, 9, 4, 3, 5, 6, 10, 11]
+OTHER_PAGES = [1, 2, 4, 3, 5, 6, 10, 11]
+
 HEADERS = ["Filename", "Peak Value", "Avg Residual", "Std Dev of Residual", "% in Corridor", "Correlation Factor",
            "T Statistic", "0 Moment Difference", "1st Moment Difference", "2nd Moment Difference",
            "3rd Moment Difference", "4th Moment Difference", "5th Moment Difference", "Ref Filename", "Min Time",
