@@ -107,12 +107,19 @@ bool CQuorvelView::HasFocusInside() const {
 }
 
 void CQuorvelView::TakeFocus(bool hadFocus) {
-    const bool isWanted = hadFocus || m_hadFocusBeforeRun || window()->focusWidget() == nullptr;
-    m_hadFocusBeforeRun = false;
+    const bool isWanted = hadFocus || m_hadFocusBefore || window()->focusWidget() == nullptr;
+    m_hadFocusBefore = false;
     if (!isWanted) return;
     // Every update makes a new chart: without this the page selector would get the focus.
     QWidget* const shown = ShownTable() != nullptr ? m_list : findChild<QWidget*>(QStringLiteral("chart"));
     if (shown != nullptr) shown->setFocus();
+}
+
+void CQuorvelView::OnPageChanging() {
+    if (!m_chart.Exists()) return;
+    m_hadFocusBefore = HasFocusInside();
+    m_chart.Destroy();
+    update();
 }
 
 void CQuorvelView::OnRunStateChanged(CRunState run) {
@@ -122,7 +129,7 @@ void CQuorvelView::OnRunStateChanged(CRunState run) {
 }
 
 void CQuorvelView::ShowRunAtWork() {
-    m_hadFocusBeforeRun = HasFocusInside();
+    m_hadFocusBefore = HasFocusInside();
     m_chart.Destroy();
     if (m_list == nullptr) {
         ShowHint(app_message::kComparing);
@@ -162,7 +169,7 @@ void CQuorvelView::ShowTable() {
 
 void CQuorvelView::ShowChartPage() {
     HideAll();
-    ShowChart(m_chart, this, ClientArea(*this), m_document.ChartBlock(), m_document.SeriesNames(), m_lineStyles);
+    ShowChart(m_chart, this, ClientArea(*this), m_document.SharedChartBlock(), m_document.SeriesNames(), m_lineStyles);
     update();
 }
 

@@ -29,6 +29,7 @@ public:
     ~CQuorvelView() override;
 
     void OnDocumentUpdate(int hint) override;
+    void OnPageChanging() override;
     void OnRunStateChanged(CRunState run) override;
 
     /// The table shown, of the last run or an earlier one; null while no table is shown.
@@ -75,6 +76,6 @@ private:
     QLabel* m_hint;
     QLabel* m_banner;                ///< above a table of the previous run
     CSummaryList* m_list = nullptr;  ///< made on first use
-    bool m_hadFocusBeforeRun = false;
+    bool m_hadFocusBefore = false;
     bool m_isReady = false;  ///< no resizing of the chart before
 };

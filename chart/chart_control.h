@@ -3,6 +3,7 @@
 #include "files/replacing_file.h"
 
 #include <cstdint>
+#include <memory>
 #include <span>
 #include <string>
 #include <string_view>
@@ -55,6 +56,12 @@ struct CChartCreation {
     std::int32_t identifier = 1;
 };
 
+/// Values that nobody changes while the owner is held, so that a chart may keep them without a copy.
+struct CSharedValues {
+    std::shared_ptr<const void> owner;  ///< keeps the values in memory
+    std::span<const double> values;
+};
+
 /// A chart of one block of series, driven by numbered properties. Properties take effect with Apply; Draw then
 /// updates the picture on the screen. One object is one place on the screen: Create and Destroy may alternate. All
 /// other functions do nothing while no chart exists. Texts and paths are UTF-8.
@@ -72,6 +79,8 @@ public:
     virtual void SetInteger(CChartProperty property, std::int32_t value) = 0;
     virtual void SetText(CChartProperty property, std::string_view text) = 0;
     virtual void SetArray(CChartProperty property, std::span<const double> values) = 0;
+    /// The same without a copy of the values.
+    virtual void ShareArray(CChartProperty property, const CSharedValues& values) = 0;
     virtual void SetArray(CChartProperty property, std::span<const std::int32_t> values) = 0;
     /// `count` texts, each followed by a tab.
     virtual void SetArray(CChartProperty property, std::string_view texts, std::int32_t count) = 0;

@@ -5,13 +5,20 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <span>
 #include <string_view>
+#include <vector>
 
 namespace {
 
 std::size_t Count(std::int32_t value) {
     return static_cast<std::size_t>(std::max(value, 0));
+}
+
+CSharedValues CopyOf(std::span<const double> values) {
+    const auto copy = std::make_shared<const std::vector<double>>(values.begin(), values.end());
+    return {copy, *copy};
 }
 
 }  // namespace
@@ -29,11 +36,15 @@ void CChartModel::SetText(CChartProperty property, std::string_view text) {
 }
 
 void CChartModel::SetArray(CChartProperty property, std::span<const double> values) {
-    if (property == CChartProperty::XData) m_x.assign(values.begin(), values.end());
-    if (property == CChartProperty::YData) m_y.assign(values.begin(), values.end());
+    if (property == CChartProperty::XData || property == CChartProperty::YData) ShareArray(property, CopyOf(values));
     if (values.empty()) return;
-    if (property == CChartProperty::NoDataValue) m_noData[0] = values[0];
-    if (property == CChartProperty::SecondNoDataValue) m_noData[1] = values[0];
+    if (property == CChartProperty::NoDataValue) m_drawn.noData[0] = values[0];
+    if (property == CChartProperty::SecondNoDataValue) m_drawn.noData[1] = values[0];
+}
+
+void CChartModel::ShareArray(CChartProperty property, const CSharedValues& values) {
+    if (property == CChartProperty::XData) m_x = values;
+    if (property == CChartProperty::YData) m_y = values;
 }
 
 void CChartModel::SetArray(CChartProperty property, std::span<const std::int32_t> values) {
@@ -58,7 +69,7 @@ void CChartModel::ClearArray(CChartProperty property) {
 
 std::size_t CChartModel::SeriesCount() const {
     if (m_pointCount == 0) return m_seriesCount;
-    return std::min({m_seriesCount, m_x.size() / m_pointCount, m_y.size() / m_pointCount});
+    return std::min({m_seriesCount, m_x.values.size() / m_pointCount, m_y.values.size() / m_pointCount});
 }
 
 std::string CChartModel::Name(std::size_t series) const {
@@ -69,6 +80,6 @@ std::int32_t CChartModel::LineStyle(std::size_t series) const {
     return series < m_lineStyles.size() ? m_lineStyles[series] : 0;
 }
 
-std::span<const double> CChartModel::Row(std::span<const double> matrix, std::size_t series) const {
-    return matrix.subspan(series * m_pointCount, m_pointCount);
+CSharedValues CChartModel::Row(const CSharedValues& matrix, std::size_t series) const {
+    return {matrix.owner, matrix.values.subspan(series * m_pointCount, m_pointCount)};
 }

@@ -1,13 +1,14 @@
 #include "chart/chart_model.h"
 
 #include "chart/chart_control.h"
+#include "chart/curve_points.h"
 
 #include <gmock/gmock.h>
 
 #include <array>
-#include <cmath>
+#include <cstddef>
 #include <cstdint>
-#include <limits>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -15,25 +16,14 @@ namespace {
 
 using testing::ElementsAre;
 
-constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
-constexpr double kInf = std::numeric_limits<double>::infinity();
-constexpr double kPadding = 2.220446049250313e-16;
+std::vector<double> XOf(const CChartModel& model, std::size_t series) {
+    const CCurvePoints points = model.Curve(series);
+    return {points.X().begin(), points.X().end()};
+}
 
-/// One series of the given points, drawn; a gap reads "gap".
-std::vector<std::string> Drawn(const std::vector<double>& x, const std::vector<double>& y) {
-    CChartModel model;
-    model.SetInteger(CChartProperty::SeriesCount, 1);
-    model.SetInteger(CChartProperty::PointCount, static_cast<std::int32_t>(x.size()));
-    model.SetArray(CChartProperty::XData, x);
-    model.SetArray(CChartProperty::YData, y);
-    const std::array noData{kPadding};
-    model.SetArray(CChartProperty::NoDataValue, noData);
-    model.SetArray(CChartProperty::SecondNoDataValue, noData);
-    std::vector<std::string> drawn;
-    model.ForEachPoint(0, [&](double px, double py) {
-        drawn.push_back(std::isnan(py) ? "gap" : std::to_string(static_cast<int>(px)));
-    });
-    return drawn;
+std::vector<double> YOf(const CChartModel& model, std::size_t series) {
+    const CCurvePoints points = model.Curve(series);
+    return {points.Y().begin(), points.Y().end()};
 }
 
 TEST(ChartModel, GivesEverySeriesItsRowsNameAndStyle) {
@@ -48,8 +38,8 @@ TEST(ChartModel, GivesEverySeriesItsRowsNameAndStyle) {
     const std::array<std::int32_t, 2> styles{9, 11};
     model.SetArray(CChartProperty::LineStyles, styles);
     ASSERT_EQ(model.SeriesCount(), 2U);
-    EXPECT_THAT(model.X(1), ElementsAre(3.0, 4.0));
-    EXPECT_THAT(model.Y(0), ElementsAre(5.0, 6.0));
+    EXPECT_THAT(XOf(model, 1), ElementsAre(3.0, 4.0));
+    EXPECT_THAT(YOf(model, 0), ElementsAre(5.0, 6.0));
     EXPECT_EQ(model.Name(0), "one");
     EXPECT_EQ(model.Name(1), "two");
     EXPECT_EQ(model.LineStyle(0), 9);
@@ -68,38 +58,47 @@ TEST(ChartModel, KeepsTheFourTitlesApart) {
     EXPECT_EQ(model.SubTitle(), "sub");
 }
 
-TEST(ChartModel, DrawsAllPointsOfASoundSeries) {
-    EXPECT_THAT(Drawn({1.0, 2.0, 3.0}, {0.0, 0.0, 0.0}), ElementsAre("1", "2", "3"));
-}
-
-TEST(ChartModel, LeavesOutPaddingAtTheEnd) {
-    EXPECT_THAT(Drawn({1.0, 2.0, kPadding, kPadding}, {0.0, 0.0, kPadding, kPadding}), ElementsAre("1", "2"));
-}
-
-TEST(ChartModel, OneGapReplacesAnyNumberOfMissingPoints) {
-    EXPECT_THAT(Drawn({1.0, 2.0, 3.0, 4.0}, {0.0, kPadding, kPadding, 0.0}), ElementsAre("1", "gap", "4"));
-}
-
-TEST(ChartModel, StartsWithoutAGap) {
-    EXPECT_THAT(Drawn({1.0, 2.0}, {kPadding, 0.0}), ElementsAre("2"));
-}
-
-TEST(ChartModel, PointsThatAreNotFiniteOrBeyondDrawingAreGaps) {
-    EXPECT_THAT(Drawn({1.0, 2.0, 3.0}, {0.0, kInf, 0.0}), ElementsAre("1", "gap", "3"));
-    EXPECT_THAT(Drawn({1.0, 2.0, 3.0}, {0.0, -kInf, 0.0}), ElementsAre("1", "gap", "3"));
-    EXPECT_THAT(Drawn({1.0, 2.0, 3.0}, {0.0, kNan, 0.0}), ElementsAre("1", "gap", "3"));
-    EXPECT_THAT(Drawn({1.0, 2.0, 3.0}, {0.0, 1e250, 0.0}), ElementsAre("1", "gap", "3"));
-    EXPECT_THAT(Drawn({1.0, kNan, 3.0}, {0.0, 0.0, 0.0}), ElementsAre("1", "gap", "3"));
-}
-
-TEST(ChartModel, SeriesOfPaddingOnlyHasNoPoint) {
-    EXPECT_THAT(Drawn({kPadding, kPadding}, {kPadding, kPadding}), ElementsAre());
-}
-
-TEST(ChartModel, WithoutANoDataValueEveryFiniteValueIsDrawn) {
+TEST(ChartModel, DrawsNoPointWithANoDataValue) {
     CChartModel model;
-    EXPECT_TRUE(model.IsDrawn(kPadding, kPadding));
-    EXPECT_TRUE(model.IsDrawn(0.0, 0.0));
+    model.SetInteger(CChartProperty::SeriesCount, 1);
+    model.SetInteger(CChartProperty::PointCount, 3);
+    model.SetArray(CChartProperty::XData, std::array{1.0, 2.0, 3.0});
+    model.SetArray(CChartProperty::YData, std::array{0.0, 0.0, 0.0});
+    EXPECT_THAT(model.Curve(0).Runs(), ElementsAre(CPointRun{0, 3}));
+    model.SetArray(CChartProperty::NoDataValue, std::array{1.0});
+    EXPECT_THAT(model.Curve(0).Runs(), ElementsAre(CPointRun{1, 3}));
+    model.SetArray(CChartProperty::SecondNoDataValue, std::array{3.0});
+    EXPECT_THAT(model.Curve(0).Runs(), ElementsAre(CPointRun{1, 2}));
+}
+
+TEST(ChartModel, SharesWhatMayBeKeptAndCopiesTheRest) {
+    const auto shared = std::make_shared<const std::vector<double>>(4, 1.0);
+    std::vector<double> lent(4, 2.0);
+    CChartModel model;
+    model.SetInteger(CChartProperty::SeriesCount, 2);
+    model.SetInteger(CChartProperty::PointCount, 2);
+    model.ShareArray(CChartProperty::XData, {shared, *shared});
+    model.SetArray(CChartProperty::YData, lent);
+    lent.assign(4, 3.0);
+    EXPECT_EQ(model.Curve(1).X().data(), shared->data() + 2);
+    EXPECT_THAT(YOf(model, 1), ElementsAre(2.0, 2.0));
+}
+
+TEST(ChartModel, KeepsSharedValuesInMemoryAsLongAsACurveNeedsThem) {
+    auto shared = std::make_shared<const std::vector<double>>(2, 1.0);
+    const std::weak_ptr<const std::vector<double>> watched = shared;
+    auto model = std::make_unique<CChartModel>();
+    model->SetInteger(CChartProperty::SeriesCount, 1);
+    model->SetInteger(CChartProperty::PointCount, 2);
+    model->ShareArray(CChartProperty::XData, {shared, *shared});
+    model->ShareArray(CChartProperty::YData, {shared, *shared});
+    shared.reset();
+    {
+        const CCurvePoints curve = model->Curve(0);
+        model.reset();
+        EXPECT_FALSE(watched.expired());
+    }
+    EXPECT_TRUE(watched.expired());
 }
 
 TEST(ChartModel, CountsOnlySeriesWhoseValuesAreAllThere) {

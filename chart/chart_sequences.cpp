@@ -8,6 +8,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <span>
 #include <string>
 #include <string_view>
@@ -111,8 +112,9 @@ void CreateChart(CChartControl& chart, QWidget* parent, CChartSize clientArea, d
     chart.SetArray(CChartProperty::SecondNoDataValue, noData);
 }
 
-void FillChart(CChartControl& chart, const CChartBlock& block, std::span<const std::string> names,
-               CLineStyles& lineStyles) {
+void FillChart(CChartControl& chart, const std::shared_ptr<const CChartBlock>& shared,
+               std::span<const std::string> names, CLineStyles& lineStyles) {
+    const CChartBlock& block = *shared;
     const std::int64_t cells = std::int64_t{block.seriesCount} * block.pointCount;
     const auto cellCount = static_cast<std::size_t>(cells);
     // A run sets the counts before a page has laid out the matrices that belong to them.
@@ -122,9 +124,9 @@ void FillChart(CChartControl& chart, const CChartBlock& block, std::span<const s
     chart.SetInteger(CChartProperty::PointCount, block.pointCount);
     chart.SetInteger(GivenProperty(3104), cells > kManyPoints ? 10 : 3);
     chart.SetInteger(GivenProperty(3016), 1);
-    chart.SetArray(CChartProperty::XData, std::span(block.x).first(cellCount));
+    chart.ShareArray(CChartProperty::XData, {shared, std::span(block.x).first(cellCount)});
     chart.SetInteger(GivenProperty(3017), 1);
-    chart.SetArray(CChartProperty::YData, std::span(block.y).first(cellCount));
+    chart.ShareArray(CChartProperty::YData, {shared, std::span(block.y).first(cellCount)});
     chart.SetText(CChartProperty::YTitle, CutChartText(block.yTitle));
     chart.SetText(CChartProperty::XTitle, CutChartText(block.xTitle));
     chart.SetText(CChartProperty::MainTitle, CutChartText(block.titleOne));
@@ -142,9 +144,10 @@ void ResetChart(CChartControl& chart) {
     for (const std::int32_t property : kArraysEmptiedByReset) chart.ClearArray(GivenProperty(property));
 }
 
-void ShowChart(CChartControl& chart, QWidget* parent, CChartSize clientArea, const CChartBlock& block,
-               std::span<const std::string> names, CLineStyles& lineStyles) {
-    CreateChart(chart, parent, clientArea, block.paddingValue);
+void ShowChart(CChartControl& chart, QWidget* parent, CChartSize clientArea,
+               const std::shared_ptr<const CChartBlock>& block, std::span<const std::string> names,
+               CLineStyles& lineStyles) {
+    CreateChart(chart, parent, clientArea, block->paddingValue);
     FillChart(chart, block, names, lineStyles);
     chart.Draw(0, 0);
 }

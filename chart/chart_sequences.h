@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <span>
 #include <string>
 #include <string_view>
@@ -32,16 +33,18 @@ std::string_view CutChartText(std::string_view text);
 void CreateChart(CChartControl& chart, QWidget* parent, CChartSize clientArea, double noDataValue);
 
 /// Passes the block on: counts, matrices, titles, legend, line styles. `names` has one text per series; a tab in a
-/// name becomes a blank, since tabs separate the names. Ends with ResetChart.
-void FillChart(CChartControl& chart, const CChartBlock& block, std::span<const std::string> names,
-               CLineStyles& lineStyles);
+/// name becomes a blank, since tabs separate the names. Ends with ResetChart. The chart shares the matrices, which must
+/// not change while it does.
+void FillChart(CChartControl& chart, const std::shared_ptr<const CChartBlock>& block,
+               std::span<const std::string> names, CLineStyles& lineStyles);
 
 /// Clears what a previous page set and the new one did not.
 void ResetChart(CChartControl& chart);
 
 /// All that a page change needs: creates, fills, and draws.
-void ShowChart(CChartControl& chart, QWidget* parent, CChartSize clientArea, const CChartBlock& block,
-               std::span<const std::string> names, CLineStyles& lineStyles);
+void ShowChart(CChartControl& chart, QWidget* parent, CChartSize clientArea,
+               const std::shared_ptr<const CChartBlock>& block, std::span<const std::string> names,
+               CLineStyles& lineStyles);
 
 /// Fits an existing chart to the client area's new size.
 void ResizeChart(CChartControl& chart, CChartSize clientArea);

@@ -7,6 +7,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -21,7 +22,13 @@ using Calls = std::vector<std::string>;
 /// A chart that exists and whose creation is not of interest.
 class ChartSequences : public testing::Test {
 protected:
-    void Fill(const CChartBlock& block, const Calls& names = {}) { FillChart(m_chart, block, names, m_lineStyles); }
+    void Fill(const CChartBlock& block, const Calls& names = {}) {
+        FillChart(m_chart, Shared(block), names, m_lineStyles);
+    }
+
+    static std::shared_ptr<const CChartBlock> Shared(const CChartBlock& block) {
+        return std::make_shared<const CChartBlock>(block);
+    }
 
     static CChartBlock Block(std::int32_t seriesCount, std::int32_t pointCount) {
         CChartBlock block;
@@ -92,10 +99,10 @@ TEST_F(ChartSequences, FillingSetsNothingWhileTheCountsAreThoseOfARun) {
 TEST_F(ChartSequences, ShowingCreatesFillsAndDraws) {
     CChartBlock block = Block(1, 1);
     block.paddingValue = 0.125;
-    ShowChart(m_chart, nullptr, {10, 20}, block, Calls{"a"}, m_lineStyles);
+    ShowChart(m_chart, nullptr, {10, 20}, Shared(block), Calls{"a"}, m_lineStyles);
     CRecordingChartControl expected;
     CreateChart(expected, nullptr, {10, 20}, 0.125);
-    FillChart(expected, block, Calls{"a"}, m_lineStyles);
+    FillChart(expected, Shared(block), Calls{"a"}, m_lineStyles);
     expected.calls.emplace_back("draw 0 0");
     EXPECT_THAT(m_chart.calls, ElementsAreArray(expected.calls));
 }

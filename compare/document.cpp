@@ -48,6 +48,18 @@ void FillColumn(const ks::CColumn& values, std::vector<double>& matrix, std::siz
     std::ranges::fill(target.subspan(count), padding);
 }
 
+std::shared_ptr<CChartBlock> WithoutMatrices(const CChartBlock& block) {
+    auto copy = std::make_shared<CChartBlock>();
+    copy->capacity = block.capacity;
+    copy->lineStyleMode = block.lineStyleMode;
+    copy->paddingValue = block.paddingValue;
+    copy->titleOne = block.titleOne;
+    copy->titleTwo = block.titleTwo;
+    copy->xTitle = block.xTitle;
+    copy->yTitle = block.yTitle;
+    return copy;
+}
+
 }  // namespace
 
 CQuorvelDoc::CQuorvelDoc(CDocumentHost& host) : m_host(host), m_page(std::make_unique<CPlot>()) {}
@@ -93,8 +105,9 @@ bool CQuorvelDoc::SelectPage(std::int32_t pageId) {
     if (FindPage(pageId) == nullptr) return false;
     m_pageId = pageId;
 
+    TellObservers([](CDocumentObserver& observer) { observer.OnPageChanging(); });
     const bool isShown = BuildSeries() && LayOutSeries();
-    m_page->GetAxisTitles(m_block.xTitle, m_block.yTitle);
+    m_page->GetAxisTitles(m_block->xTitle, m_block->yTitle);
     Notify(kPageOrLimitsChanged);
     // Shown last, so that titles, series and matrices agree while the list is open.
     if (!isShown) ShowErrors();
@@ -155,14 +168,14 @@ void CQuorvelDoc::FailPage(std::string sentence) {
 
 bool CQuorvelDoc::BuildSeriesMatrices() {
     if (!HasChart(m_pageId)) return true;
-    m_block.pointCount = 0;
-    m_block.seriesCount = 0;
+    m_block->pointCount = 0;
+    m_block->seriesCount = 0;
     if (m_series.empty()) return false;
 
     const std::int32_t pointCount = LongestPointCount(m_series);
     if (m_needsMatrices) FillMatrices(static_cast<std::size_t>(pointCount));
-    m_block.pointCount = pointCount;
-    m_block.seriesCount = static_cast<std::int32_t>(m_series.size());
+    m_block->pointCount = pointCount;
+    m_block->seriesCount = static_cast<std::int32_t>(m_series.size());
     return true;
 }
 
@@ -174,24 +187,30 @@ void CQuorvelDoc::SetNeedsMatrices(bool needsMatrices) {
 void CQuorvelDoc::FillMatrices(std::size_t rows) {
     ReserveMatrices(static_cast<std::int64_t>(rows * m_series.size()));
     for (std::size_t j = 0; j < m_series.size(); ++j) {
-        FillColumn(m_series[j]->GetX(), m_block.x, j * rows, rows, m_block.paddingValue);
-        FillColumn(m_series[j]->GetY(), m_block.y, j * rows, rows, m_block.paddingValue);
+        FillColumn(m_series[j]->GetX(), m_block->x, j * rows, rows, m_block->paddingValue);
+        FillColumn(m_series[j]->GetY(), m_block->y, j * rows, rows, m_block->paddingValue);
     }
 }
 
 void CQuorvelDoc::ReserveMatrices(std::int64_t cellCount) {
-    if (cellCount <= m_block.capacity) return;
+    const bool isShared = m_block.use_count() > 1;
+    if (!isShared && cellCount <= m_block->capacity) return;
+    const std::int64_t capacity = std::max(cellCount, m_block->capacity);
     // Free the old matrices first, so that old and new are never in memory together.
     FreeMatrices();
-    m_block.x.resize(static_cast<std::size_t>(cellCount));
-    m_block.y.resize(static_cast<std::size_t>(cellCount));
-    m_block.capacity = cellCount;
+    m_block->x.resize(static_cast<std::size_t>(capacity));
+    m_block->y.resize(static_cast<std::size_t>(capacity));
+    m_block->capacity = capacity;
 }
 
 void CQuorvelDoc::FreeMatrices() {
-    m_block.capacity = 0;
-    m_block.x = {};
-    m_block.y = {};
+    if (m_block.use_count() > 1) {  // whoever shares the matrices keeps them as they are
+        m_block = WithoutMatrices(*m_block);
+        return;
+    }
+    m_block->capacity = 0;
+    m_block->x = {};
+    m_block->y = {};
 }
 
 std::vector<std::string> CQuorvelDoc::ErrorMessages() const {
@@ -261,7 +280,7 @@ void CQuorvelDoc::OnSaveAscii() {
     const std::string folder = m_host.ReadSetting(setting::kAsciiOutputDir);
     const std::optional<std::string> path = m_host.AskSavePath(ks::SaveRequest("Save ASCII data As", folder));
     if (!path) return;
-    const ks::CWriteResult result = WriteAsciiTable(*path, m_block, m_pageId);
+    const ks::CWriteResult result = WriteAsciiTable(*path, *m_block, m_pageId);
     if (result != ks::CWriteResult::Written) {
         const bool isDamaged = result == ks::CWriteResult::Damaged;
         m_errors.assign(

@@ -127,7 +127,9 @@ public:
     [[nodiscard]] const CSignal& Reference() const { return m_reference; }
     [[nodiscard]] const std::vector<std::int32_t>& PageList() const { return m_pageList; }
     [[nodiscard]] std::int32_t CurrentPageId() const { return m_pageId; }
-    [[nodiscard]] const CChartBlock& ChartBlock() const { return m_block; }
+    [[nodiscard]] const CChartBlock& ChartBlock() const { return *m_block; }
+    /// The same, for whoever shows the matrices: while they are shared, the next page gets new ones.
+    [[nodiscard]] std::shared_ptr<const CChartBlock> SharedChartBlock() const { return m_block; }
     [[nodiscard]] const CSeriesList& Series() const { return m_series; }
     [[nodiscard]] const std::vector<std::string>& SeriesNames() const { return m_seriesNames; }
     /// The sentences of the error messages, in order.
@@ -203,7 +205,7 @@ private:
 
     CDocumentHost& m_host;
     std::vector<CDocumentObserver*> m_observers;
-    CChartBlock m_block;
+    std::shared_ptr<CChartBlock> m_block = std::make_shared<CChartBlock>();
     std::vector<std::int32_t> m_pageList;
     std::vector<CSignal> m_computed;
     std::vector<boost::shared_ptr<ks::CNSignal>> m_copies;

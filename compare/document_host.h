@@ -66,6 +66,8 @@ public:
     virtual ~CDocumentObserver() = default;
     /// `hint` is kRunCompleted or kPageOrLimitsChanged.
     virtual void OnDocumentUpdate(int hint) = 0;
+    /// The page is about to change: who shares the chart block should release it, so that it need not be made anew.
+    virtual void OnPageChanging() {}
     /// A run began or ended. For a completed run, this comes before its hint.
     virtual void OnRunStateChanged(CRunState /*run*/) {}
 };

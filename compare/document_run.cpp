@@ -210,7 +210,7 @@ CQuorvelDoc::CRunEnd CQuorvelDoc::PrepareAndCompareLoaded(const CFileSelection& 
 }
 
 void CQuorvelDoc::PublishRun() {
-    m_block.seriesCount = static_cast<std::int32_t>(m_computed.size());
+    m_block->seriesCount = static_cast<std::int32_t>(m_computed.size());
     BuildPageList();
     m_pageId = page::kSummary;
     Notify(kRunCompleted);
@@ -351,7 +351,7 @@ CQuorvelDoc::CReferenceEnd CQuorvelDoc::MakeAverageReference() {
 
     m_notes.push_back({CNoteKind::AverageIsFirst, compare_message::AverageIsFirstNote(m_computed.front().GetPath())});
     m_reference = m_computed.front();
-    m_block.pointCount = static_cast<std::int32_t>(m_reference.GetPointCount());
+    m_block->pointCount = static_cast<std::int32_t>(m_reference.GetPointCount());
     // The values stay those of the first signal. Kept, older results depend on it; the mean of all signals has never
     // been seen by anyone, so it is not formed.
     m_reference.Record().SetDataStatus("Computed");

@@ -20,6 +20,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
+#include <memory>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -203,6 +204,39 @@ TEST_F(Document, FillsTheMatricesOnlyIfTheyAreNeeded) {
     document.SetNeedsMatrices(true);
     document.SelectPage(2);
     EXPECT_THAT(block.y, ElementsAre(0.0, 1.0, 2.0, 3.0, 4.0, 10.0, 11.0, 12.0, 13.0, 14.0));
+}
+
+TEST_F(Document, MatricesThatAreStillSharedStayAsTheyAre) {
+    RunWith({10.0, 11.0, 12.0, 13.0, 14.0});
+    document.SelectPage(4);
+    const std::shared_ptr<const CChartBlock> shared = document.SharedChartBlock();
+    const std::vector<double> before = shared->y;
+    document.SelectPage(2);
+
+    EXPECT_EQ(shared->y, before);
+    EXPECT_NE(document.ChartBlock().y.data(), shared->y.data());
+    EXPECT_EQ(document.ChartBlock().y[5], 10.0);
+    EXPECT_EQ(document.ChartBlock().yTitle, "Unknown Units");
+    EXPECT_EQ(document.ChartBlock().capacity, 15);
+    EXPECT_THAT(document.ChartBlock().x, SizeIs(15));
+}
+
+TEST_F(Document, UsesTheMatricesAgainThatAnObserverReleasesInTime) {
+    struct Sharer : CDocumentObserver {
+        void OnDocumentUpdate(int /*hint*/) override {}
+        void OnPageChanging() override { shared.reset(); }
+        std::shared_ptr<const CChartBlock> shared;
+    } sharer;
+    RunWith({10.0, 11.0, 12.0, 13.0, 14.0});
+    document.AddObserver(sharer);
+    document.SelectPage(4);
+    sharer.shared = document.SharedChartBlock();
+    const double* const before = sharer.shared->y.data();
+    document.SelectPage(2);
+    document.RemoveObserver(sharer);
+
+    EXPECT_EQ(sharer.shared, nullptr);
+    EXPECT_EQ(document.ChartBlock().y.data(), before);
 }
 
 TEST_F(Document, KeepsTheBlockOnTheSummaryPage) {

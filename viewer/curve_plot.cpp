@@ -3,6 +3,7 @@
 #include "chart/chart_control.h"
 #include "chart/chart_style.h"
 #include "chart/make_chart.h"
+#include "signal/column.h"
 #include "signal/data.h"
 #include "viewer/page.h"
 
@@ -13,7 +14,6 @@
 #include <cstdint>
 #include <limits>
 #include <memory>
-#include <span>
 #include <string>
 
 namespace {
@@ -35,6 +35,11 @@ std::string Shortened(const QString& title, double inches) {
     return letters.elidedText(title, Qt::ElideRight, inches * kPixelsPerInch).toStdString();
 }
 
+CSharedValues FirstOf(const ks::CColumn& column, std::size_t count) {
+    const auto kept = std::make_shared<const ks::CColumn>(column);
+    return {kept, kept->Values().first(count)};
+}
+
 }  // namespace
 
 CPage::Picture CurvePlot(const ks::CData& record, const QString& name, QSizeF size) {
@@ -44,8 +49,8 @@ CPage::Picture CurvePlot(const ks::CData& record, const QString& name, QSizeF si
     chart->Create({});
     chart->SetInteger(CChartProperty::SeriesCount, 1);
     chart->SetInteger(CChartProperty::PointCount, static_cast<std::int32_t>(points));
-    chart->SetArray(CChartProperty::XData, std::span(record.GetX()).first(points));
-    chart->SetArray(CChartProperty::YData, std::span(record.GetY()).first(points));
+    chart->ShareArray(CChartProperty::XData, FirstOf(record.GetX(), points));
+    chart->ShareArray(CChartProperty::YData, FirstOf(record.GetY(), points));
     chart->SetArray(CChartProperty::Legend, Printable(name).toStdString() + '\t', 1);
     const QString xTitle = AxisTitle(record.GetXTYPE(), record.GetXUNITS());
     const QString yTitle = AxisTitle(record.GetYTYPE(), record.GetYUNITS());

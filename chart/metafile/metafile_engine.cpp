@@ -2,8 +2,8 @@
 
 #include "chart/chart_control.h"
 #include "chart/metafile/code_page_1252.h"
-#include "chart/metafile/plane_geometry.h"
 #include "chart/metafile/wmf_writer.h"
+#include "chart/plane_geometry.h"
 
 #include <QFontMetricsF>
 #include <QPainterPath>
@@ -153,7 +153,8 @@ void CMetafileEngine::Stroke(std::span<const CPlanePoint> points) {
         pattern[part] -= shorter;
         pattern[part + 1] += shorter;
     }
-    for (const CPolyline& dash : VisibleDashes(points, m_clip, pattern)) m_writer.Polyline(dash, pen);
+    const CPolylines dashes = VisibleDashes(points, m_clip, pattern);
+    for (std::size_t dash = 0; dash < dashes.Count(); ++dash) m_writer.Polyline(dashes[dash], pen);
 }
 
 void CMetafileEngine::Fill(std::span<const CPolyline> outlines) {

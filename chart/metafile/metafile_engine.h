@@ -1,8 +1,8 @@
 #pragma once
 
 #include "chart/chart_control.h"
-#include "chart/metafile/plane_geometry.h"
 #include "chart/metafile/wmf_writer.h"
+#include "chart/plane_geometry.h"
 
 #include <QPaintEngine>
 #include <QTransform>

@@ -84,7 +84,7 @@ private slots:
         page.block.yTitle = "Acceleration (G's) along the axis";
         const std::unique_ptr<CChartControl> chart = MakeChartControl();
         CLineStyles styles;
-        ShowChart(*chart, nullptr, kBitmapSize, page.block, page.names, styles);
+        ShowChart(*chart, nullptr, kBitmapSize, SharedBlock(page), page.names, styles);
         const QTemporaryDir folder;
         const QString metafile = folder.filePath("chart.wmf");
         QVERIFY(chart->ExportMetafile(kMetafileSize, metafile.toStdString()) == ks::CWriteResult::Written);

@@ -1,7 +1,7 @@
 #include "chart/metafile/wmf_writer.h"
 
-#include "chart/metafile/plane_geometry.h"
 #include "chart/metafile/wmf_format.h"
+#include "chart/plane_geometry.h"
 
 #include <algorithm>
 #include <cassert>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "chart/metafile/plane_geometry.h"
+#include "chart/plane_geometry.h"
 
 #include <cstdint>
 #include <optional>

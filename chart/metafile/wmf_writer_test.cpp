@@ -1,6 +1,6 @@
 #include "chart/metafile/wmf_writer.h"
 
-#include "chart/metafile/plane_geometry.h"
+#include "chart/plane_geometry.h"
 #include "chart/testing/wmf_reader.h"
 
 #include <gmock/gmock.h>

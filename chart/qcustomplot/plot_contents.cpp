@@ -1,12 +1,10 @@
 #include "chart/qcustomplot/plot_contents.h"
 
 #include "chart/chart_model.h"
+#include "chart/curve_points.h"
 #include "chart/messages.h"
 #include "chart/view_range.h"
 
-#include <QList>
-
-#include <cmath>
 #include <cstddef>
 #include <memory>
 #include <string>
@@ -25,38 +23,10 @@ QString NameOf(const CChartModel& model, std::size_t series) {
     return name.empty() ? chart_message::UnnamedCurve(series) : Text(name);
 }
 
-QSharedPointer<QCPCurveDataContainer> InOrder(const QVector<QCPGraphData>& points) {
-    QVector<QCPCurveData> inOrder;
-    inOrder.reserve(points.size());
-    for (const QCPGraphData& point : points)
-        inOrder.append(QCPCurveData(static_cast<double>(inOrder.size()), point.key, point.value));
-    auto container = QSharedPointer<QCPCurveDataContainer>::create();
-    container->set(inOrder, true);
-    return container;
-}
-
-CPlotCurve Curve(const CChartModel& model, std::size_t series, CDataRange& xRange, CDataRange& yRange) {
-    QVector<QCPGraphData> points;
-    points.reserve(static_cast<qsizetype>(model.X(series).size()));
-    bool rises = true;
-    model.ForEachPoint(series, [&](double x, double y) {
-        rises = rises && (points.isEmpty() || points.back().key <= x);
-        points.append(QCPGraphData(x, y));
-        xRange.Add(x);
-        if (!std::isnan(y)) yRange.Add(y);
-    });
-
-    CPlotCurve curve;
-    curve.name = NameOf(model, series);
-    curve.lineStyle = model.LineStyle(series);
-    curve.isOnePoint = points.size() == 1;
-    if (rises) {
-        curve.byX = QSharedPointer<QCPGraphDataContainer>::create();
-        curve.byX->set(points, true);
-    } else {
-        curve.byOrder = InOrder(points);
-    }
-    return curve;
+void Extend(CDataRange& range, const CDataRange& other) {
+    if (!other.HasValues()) return;
+    range.Add(other.Range().lower);
+    range.Add(other.Range().upper);
 }
 
 }  // namespace
@@ -65,8 +35,12 @@ std::shared_ptr<const CPlotContents> ContentsOf(const CChartModel& model) {
     auto contents = std::make_shared<CPlotContents>();
     CDataRange xRange;
     CDataRange yRange;
-    for (std::size_t series = 0; series < model.SeriesCount(); ++series)
-        contents->curves.push_back(Curve(model, series, xRange, yRange));
+    for (std::size_t series = 0; series < model.SeriesCount(); ++series) {
+        const auto points = std::make_shared<const CCurvePoints>(model.Curve(series));
+        Extend(xRange, points->XRange());
+        Extend(yRange, points->YRange());
+        contents->curves.push_back({NameOf(model, series), model.LineStyle(series), points});
+    }
     contents->xHome = RangeToShow(xRange, kXMargin);
     contents->yHome = RangeToShow(yRange, kYMargin);
     contents->xTitle = Text(model.XTitle());

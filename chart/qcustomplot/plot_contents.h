@@ -2,22 +2,19 @@
 
 #include "chart/view_range.h"
 
-#include <QSharedPointer>
 #include <QString>
-#include <qcustomplot.h>
 
 #include <memory>
 #include <vector>
 
 class CChartModel;
+class CCurvePoints;
 
-/// One curve, its points in the form QCustomPlot draws; shared by the window and every export.
+/// One curve; its points are shared by the window and every export.
 struct CPlotCurve {
     QString name;
     int lineStyle = 0;
-    QSharedPointer<QCPGraphDataContainer> byX;      ///< x never decreases: the fast way
-    QSharedPointer<QCPCurveDataContainer> byOrder;  ///< set instead when x decreases somewhere
-    bool isOnePoint = false;
+    std::shared_ptr<const CCurvePoints> points;
 };
 
 /// What a chart shows, apart from its style and zoom.

@@ -189,7 +189,7 @@ private slots:
         const std::unique_ptr<CChartControl> chart = MakeChartControl();
         CLineStyles styles;
         const CSamplePage page = FlatPage(2);
-        ShowChart(*chart, nullptr, kBitmapSize, page.block, page.names, styles);
+        ShowChart(*chart, nullptr, kBitmapSize, SharedBlock(page), page.names, styles);
         QVERIFY(TopLevelPlot() != nullptr && !TopLevelPlot()->isVisible());
         const QTemporaryDir folder;
         const QString path = folder.filePath("chart.wmf");

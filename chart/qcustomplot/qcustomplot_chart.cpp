@@ -62,6 +62,10 @@ void CQCustomPlotChart::SetArray(CChartProperty property, std::span<const double
     m_model->SetArray(property, values);
 }
 
+void CQCustomPlotChart::ShareArray(CChartProperty property, const CSharedValues& values) {
+    m_model->ShareArray(property, values);
+}
+
 void CQCustomPlotChart::SetArray(CChartProperty property, std::span<const std::int32_t> values) {
     m_model->SetArray(property, values);
 }

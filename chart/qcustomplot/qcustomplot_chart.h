@@ -31,6 +31,7 @@ public:
     void SetInteger(CChartProperty property, std::int32_t value) override;
     void SetText(CChartProperty property, std::string_view text) override;
     void SetArray(CChartProperty property, std::span<const double> values) override;
+    void ShareArray(CChartProperty property, const CSharedValues& values) override;
     void SetArray(CChartProperty property, std::span<const std::int32_t> values) override;
     void SetArray(CChartProperty property, std::string_view texts, std::int32_t count) override;
     void ClearArray(CChartProperty property) override;

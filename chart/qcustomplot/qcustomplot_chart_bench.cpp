@@ -4,6 +4,7 @@
 #include "chart/chart_sequences.h"
 #include "chart/make_chart.h"
 #include "chart/testing/sample_blocks.h"
+#include "compare/chart_block.h"
 #include "files/replacing_file.h"
 
 #include <QApplication>
@@ -47,8 +48,9 @@ void PageChange(benchmark::State& state) {
     window.show();
     const std::unique_ptr<CChartControl> chart = MakeChartControl();
     CLineStyles styles;
+    const std::shared_ptr<const CChartBlock> block = SharedBlock(page);
     for (auto _ : state) {
-        ShowChart(*chart, &window, kWindow, page.block, page.names, styles);
+        ShowChart(*chart, &window, kWindow, block, page.names, styles);
         window.repaint();
     }
     CountPoints(state);
@@ -61,7 +63,8 @@ void Redraw(benchmark::State& state) {
     window.show();
     const std::unique_ptr<CChartControl> chart = MakeChartControl();
     CLineStyles styles;
-    ShowChart(*chart, &window, kWindow, page.block, page.names, styles);
+    const std::shared_ptr<const CChartBlock> block = SharedBlock(page);
+    ShowChart(*chart, &window, kWindow, block, page.names, styles);
     for (auto _ : state) chart->Draw(0, 0);
     CountPoints(state);
 }
@@ -70,7 +73,8 @@ void Metafile(benchmark::State& state) {
     const CSamplePage page = PageOf(state);
     const std::unique_ptr<CChartControl> chart = MakeChartControl();
     CLineStyles styles;
-    ShowChart(*chart, nullptr, kWindow, page.block, page.names, styles);
+    const std::shared_ptr<const CChartBlock> block = SharedBlock(page);
+    ShowChart(*chart, nullptr, kWindow, block, page.names, styles);
     const QTemporaryDir folder;
     const std::string path = folder.filePath("chart.wmf").toStdString();
     for (auto _ : state)

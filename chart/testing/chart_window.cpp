@@ -76,7 +76,7 @@ void CChartWindowTest::ShowThick(CSamplePage page) {
 
 void CChartWindowTest::ShowAgain(const CSamplePage& page) {
     CLineStyles styles;
-    ShowChart(*m_chart, m_window.get(), kWindow, page.block, page.names, styles);
+    ShowChart(*m_chart, m_window.get(), kWindow, SharedBlock(page), page.names, styles);
 }
 
 void CChartWindowTest::Close() {

@@ -77,6 +77,11 @@ void CRecordingChartControl::SetArray(CChartProperty property, std::span<const d
     if (m_passedOnTo) m_passedOnTo->SetArray(property, values);
 }
 
+void CRecordingChartControl::ShareArray(CChartProperty property, const CSharedValues& values) {
+    calls.push_back(ArrayCall(property, values.values));
+    if (m_passedOnTo) m_passedOnTo->ShareArray(property, values);
+}
+
 void CRecordingChartControl::SetArray(CChartProperty property, std::span<const std::int32_t> values) {
     calls.push_back(ArrayCall(property, values));
     if (m_passedOnTo) m_passedOnTo->SetArray(property, values);

@@ -11,8 +11,8 @@
 
 /// A chart control that draws nothing and records every call in order, one line of text each: "set 2115 = 3",
 /// "array 3268 = 0.5", "array 2125 = \"a\tb\t\" (2)", "text 3000 = \"Time\"", "draw 0 0", "apply",
-/// "copy 10000 x 5000". Real numbers are in the shortest form that reads back. Given another control, it also
-/// forwards every call, so that a test can observe a working window.
+/// "copy 10000 x 5000". Shared values read as those set. Real numbers are in the shortest form that reads back. Given
+/// another control, it also forwards every call, so that a test can observe a working window.
 class CRecordingChartControl : public CChartControl {
 public:
     explicit CRecordingChartControl(CChartControl* passedOnTo = nullptr) : m_passedOnTo(passedOnTo) {}
@@ -26,6 +26,7 @@ public:
     void SetInteger(CChartProperty property, std::int32_t value) override;
     void SetText(CChartProperty property, std::string_view text) override;
     void SetArray(CChartProperty property, std::span<const double> values) override;
+    void ShareArray(CChartProperty property, const CSharedValues& values) override;
     void SetArray(CChartProperty property, std::span<const std::int32_t> values) override;
     void SetArray(CChartProperty property, std::string_view texts, std::int32_t count) override;
     void ClearArray(CChartProperty property) override;

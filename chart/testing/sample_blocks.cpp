@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <cstdlib>
 #include <functional>
+#include <memory>
 #include <numbers>
 #include <string>
 
@@ -29,6 +30,10 @@ std::string Name(int series) {
 }
 
 }  // namespace
+
+std::shared_ptr<const CChartBlock> SharedBlock(const CSamplePage& page) {
+    return std::make_shared<const CChartBlock>(page.block);
+}
 
 CSamplePage SamplePage(std::int32_t seriesCount, std::int32_t pointCount, double xStart, double xEnd,
                        const std::function<double(int, double)>& value) {

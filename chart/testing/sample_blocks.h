@@ -5,6 +5,7 @@
 #include <cmath>
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -13,6 +14,9 @@ struct CSamplePage {
     CChartBlock block;
     std::vector<std::string> names;
 };
+
+/// A copy of the page's block for a chart to share.
+std::shared_ptr<const CChartBlock> SharedBlock(const CSamplePage& page);
 
 /// `seriesCount` series of `pointCount` points: x runs evenly from `xStart` to `xEnd`, y is value(series, x).
 CSamplePage SamplePage(std::int32_t seriesCount, std::int32_t pointCount, double xStart, double xEnd,

@@ -1,8 +1,7 @@
-#include "chart/metafile/plane_geometry.h"
+#include "chart/plane_geometry.h"
 
 #include <gmock/gmock.h>
 
-#include <array>
 #include <cmath>
 #include <cstddef>
 #include <limits>
@@ -15,11 +14,33 @@ using testing::IsEmpty;
 
 constexpr CPlaneBox kBox{0.0, 0.0, 10.0, 10.0};
 
-std::vector<CPolyline> Clipped(const CPolyline& line) {
-    return ClippedPolyline(line, kBox);
+std::vector<CPolyline> Listed(const CPolylines& polylines) {
+    std::vector<CPolyline> list;
+    for (std::size_t index = 0; index < polylines.Count(); ++index)
+        list.emplace_back(polylines[index].begin(), polylines[index].end());
+    return list;
+}
+std::vector<CPolyline> Clipped(const CPolyline& line, const CPlaneBox& box = kBox) {
+    return Listed(ClippedPolyline(line, box));
 }
 std::vector<CPolyline> Dashed(const CPolyline& line, const std::vector<double>& pattern) {
-    return DashedPolyline(line, pattern);
+    return Listed(DashedPolyline(line, pattern));
+}
+std::vector<CPolyline> Visible(const CPolyline& line, const std::vector<double>& pattern) {
+    return Listed(VisibleDashes(line, kBox, pattern));
+}
+
+TEST(Polylines, AreKeptApartAndSinglePointsDropped) {
+    CPolylines lines;
+    lines.End();
+    lines.Add({1, 1});
+    lines.End();
+    for (const double x : {2.0, 3.0}) lines.Add({x, 0});
+    lines.End();
+    for (const double x : {4.0, 5.0, 6.0}) lines.Add({x, 0});
+    lines.End();
+    lines.End();
+    EXPECT_THAT(Listed(lines), ElementsAre(CPolyline{{2, 0}, {3, 0}}, CPolyline{{4, 0}, {5, 0}, {6, 0}}));
 }
 
 TEST(ClippedPolyline, KeepsALineInsideAsItIs) {
@@ -107,7 +128,7 @@ TEST(DashedPolyline, TheDashesOfALongLineAddUpToThePatternsShare) {
 }
 
 TEST(VisibleDashes, ClipsBeforeDashing) {
-    EXPECT_THAT(VisibleDashes(CPolyline{{-100, 5}, {6, 5}}, kBox, std::array{4.0, 1.0}),
+    EXPECT_THAT(Visible({{-100, 5}, {6, 5}}, {4.0, 1.0}),
                 ElementsAre(CPolyline{{0, 5}, {4, 5}}, CPolyline{{5, 5}, {6, 5}}));
 }
 
@@ -115,15 +136,15 @@ TEST(VisibleDashes, AScribbleIsDrawnAsALine) {
     // 101 strokes of 10 are longer than fifty times the box's width and height together.
     CPolyline scribble;
     for (int stroke = 0; stroke <= 101; ++stroke) scribble.push_back({stroke * 0.05, stroke % 2 == 0 ? 0.0 : 10.0});
-    EXPECT_EQ(VisibleDashes(scribble, kBox, std::array{4.0, 1.0}).size(), 1U);
+    EXPECT_EQ(Visible(scribble, {4.0, 1.0}).size(), 1U);
     scribble.resize(100);
-    EXPECT_GT(VisibleDashes(scribble, kBox, std::array{4.0, 1.0}).size(), 190U);
+    EXPECT_GT(Visible(scribble, {4.0, 1.0}).size(), 190U);
 }
 
 TEST(Intersection, HoldsNothingWhereBoxesMiss) {
     EXPECT_EQ(Intersection(kBox, {5, -5, 20, 3}), (CPlaneBox{5, 0, 10, 3}));
     const CPlaneBox none = Intersection(kBox, {11, 0, 12, 5});
-    EXPECT_THAT(ClippedPolyline(CPolyline{{0, 2}, {20, 2}}, none), IsEmpty());
+    EXPECT_THAT(Clipped({{0, 2}, {20, 2}}, none), IsEmpty());
     EXPECT_THAT(ClippedPolygon(CPolyline{{0, 0}, {20, 0}, {20, 5}}, none), IsEmpty());
 }
 

@@ -1,4 +1,4 @@
-#include "chart/metafile/plane_geometry.h"
+#include "chart/plane_geometry.h"
 
 #include <algorithm>
 #include <array>
@@ -7,7 +7,6 @@
 #include <numeric>
 #include <optional>
 #include <span>
-#include <utility>
 #include <vector>
 
 namespace {
@@ -26,8 +25,13 @@ bool IsFinite(const CPlanePoint& point) {
     return std::isfinite(point.x) && std::isfinite(point.y);
 }
 
+bool Contains(const CPlaneBox& box, const CPlanePoint& point) {
+    return point.x >= box.left && point.x <= box.right && point.y >= box.top && point.y <= box.bottom;
+}
+
 // Liang and Barsky, "A New Concept and Method for Line Clipping", ACM Transactions on Graphics 3 (1984).
 std::optional<CSegment> ClippedSegment(const CPlanePoint& from, const CPlanePoint& to, const CPlaneBox& box) {
+    if (Contains(box, from) && Contains(box, to)) return CSegment{from, to};
     const double dx = to.x - from.x;
     const double dy = to.y - from.y;
     const std::array<double, 4> direction{-dx, dx, -dy, dy};
@@ -74,68 +78,95 @@ CPolyline ClippedAt(const CPolyline& polygon, const CBorder& border) {
     return kept;
 }
 
+/// Not std::hypot, which takes ten times as long to be exact for numbers that no picture has.
+double Distance(const CPlanePoint& from, const CPlanePoint& to) {
+    const double dx = to.x - from.x;
+    const double dy = to.y - from.y;
+    return std::sqrt(dx * dx + dy * dy);
+}
+
 double Length(std::span<const CPlanePoint> points) {
     double length = 0.0;
-    for (std::size_t index = 1; index < points.size(); ++index)
-        length += std::hypot(points[index].x - points[index - 1].x, points[index].y - points[index - 1].y);
+    for (std::size_t index = 1; index < points.size(); ++index) length += Distance(points[index - 1], points[index]);
     return length;
 }
 
 /// Walks along a polyline and cuts it by the pattern.
 class CDasher {
 public:
-    explicit CDasher(std::span<const double> pattern) : m_pattern(pattern), m_left(pattern[0]) {}
+    CDasher(std::span<const double> pattern, CPolylines& dashes)
+        : m_pattern(pattern), m_left(pattern[0]), m_dashes(dashes) {}
 
-    void Start(const CPlanePoint& point) { m_dash.push_back(point); }
+    void Walk(std::span<const CPlanePoint> points) {
+        m_dashes.Add(points[0]);
+        for (std::size_t index = 1; index < points.size(); ++index) LineTo(points[index - 1], points[index]);
+        m_dashes.End();
+    }
+
+private:
+    [[nodiscard]] bool IsLine() const { return m_part % 2 == 0; }
 
     void LineTo(const CPlanePoint& from, const CPlanePoint& to) {
-        const double length = std::hypot(to.x - from.x, to.y - from.y);
+        const double length = Distance(from, to);
         double done = 0.0;
         while (length - done > m_left) {
             done += m_left;
             Turn(Between(from, to, done / length));
         }
         m_left -= length - done;
-        if (IsLine()) m_dash.push_back(to);
+        if (IsLine()) m_dashes.Add(to);
     }
-
-    std::vector<CPolyline> Finish() {
-        Keep();
-        return std::move(m_dashes);
-    }
-
-private:
-    [[nodiscard]] bool IsLine() const { return m_part % 2 == 0; }
 
     void Turn(const CPlanePoint& point) {
-        m_dash.push_back(point);
-        if (IsLine()) Keep();
-        m_dash.clear();
+        if (IsLine()) {
+            m_dashes.Add(point);
+            m_dashes.End();
+        }
         m_part = (m_part + 1) % (m_pattern.size() % 2 == 0 ? m_pattern.size() : 2 * m_pattern.size());
         m_left = m_pattern[m_part % m_pattern.size()];
-        if (IsLine()) m_dash.push_back(point);
-    }
-
-    void Keep() {
-        if (m_dash.size() > 1) m_dashes.push_back(std::move(m_dash));
-        m_dash = CPolyline();
+        if (IsLine()) m_dashes.Add(point);
     }
 
     std::span<const double> m_pattern;
     std::size_t m_part = 0;
     double m_left;
-    CPolyline m_dash;
-    std::vector<CPolyline> m_dashes;
+    CPolylines& m_dashes;
 };
 
+bool IsUsable(std::span<const double> pattern) {
+    return std::all_of(pattern.begin(), pattern.end(), [](double length) { return length >= 0.0; }) &&
+           std::accumulate(pattern.begin(), pattern.end(), 0.0) > 0.0;
+}
+
+void AddDashes(std::span<const CPlanePoint> points, std::span<const double> pattern, CPolylines& dashes) {
+    if (points.size() < 2) return;
+    if (IsUsable(pattern)) {
+        CDasher(pattern, dashes).Walk(points);
+        return;
+    }
+    for (const CPlanePoint& point : points) dashes.Add(point);
+    dashes.End();
+}
+
 }  // namespace
+
+void CPolylines::End() {
+    const std::size_t start = m_ends.empty() ? 0 : m_ends.back();
+    if (m_points.size() == start + 1) m_points.pop_back();
+    if (m_points.size() > start) m_ends.push_back(m_points.size());
+}
+
+std::span<const CPlanePoint> CPolylines::operator[](std::size_t index) const {
+    const std::size_t start = index == 0 ? 0 : m_ends[index - 1];
+    return std::span(m_points).subspan(start, m_ends[index] - start);
+}
 
 CPlaneBox Intersection(const CPlaneBox& a, const CPlaneBox& b) {
     return {std::max(a.left, b.left), std::max(a.top, b.top), std::min(a.right, b.right), std::min(a.bottom, b.bottom)};
 }
 
-std::vector<CPolyline> ClippedPolyline(std::span<const CPlanePoint> points, const CPlaneBox& box) {
-    std::vector<CPolyline> parts;
+CPolylines ClippedPolyline(std::span<const CPlanePoint> points, const CPlaneBox& box) {
+    CPolylines parts;
     bool isJoined = false;
     for (std::size_t index = 1; index < points.size(); ++index) {
         const CPlanePoint& from = points[index - 1];
@@ -146,10 +177,14 @@ std::vector<CPolyline> ClippedPolyline(std::span<const CPlanePoint> points, cons
             isJoined = false;
             continue;
         }
-        if (!isJoined || !(segment->from == from)) parts.push_back({segment->from});
-        parts.back().push_back(segment->to);
+        if (!isJoined || !(segment->from == from)) {
+            parts.End();
+            parts.Add(segment->from);
+        }
+        parts.Add(segment->to);
         isJoined = segment->to == to;
     }
+    parts.End();
     return parts;
 }
 
@@ -162,26 +197,20 @@ CPolyline ClippedPolygon(std::span<const CPlanePoint> points, const CPlaneBox& b
     return polygon;
 }
 
-std::vector<CPolyline> DashedPolyline(std::span<const CPlanePoint> points, std::span<const double> pattern) {
-    if (points.size() < 2) return {};
-    const bool isUsable = std::all_of(pattern.begin(), pattern.end(), [](double length) { return length >= 0.0; }) &&
-                          std::accumulate(pattern.begin(), pattern.end(), 0.0) > 0.0;
-    if (!isUsable) return {CPolyline(points.begin(), points.end())};
-    CDasher dasher(pattern);
-    dasher.Start(points[0]);
-    for (std::size_t index = 1; index < points.size(); ++index) dasher.LineTo(points[index - 1], points[index]);
-    return dasher.Finish();
+CPolylines DashedPolyline(std::span<const CPlanePoint> points, std::span<const double> pattern) {
+    CPolylines dashes;
+    AddDashes(points, pattern, dashes);
+    return dashes;
 }
 
-std::vector<CPolyline> VisibleDashes(std::span<const CPlanePoint> points, const CPlaneBox& box,
-                                     std::span<const double> pattern) {
-    std::vector<CPolyline> parts = ClippedPolyline(points, box);
+CPolylines VisibleDashes(std::span<const CPlanePoint> points, const CPlaneBox& box, std::span<const double> pattern) {
+    CPolylines parts = ClippedPolyline(points, box);
+    if (pattern.empty()) return parts;
     double length = 0.0;
-    for (const CPolyline& part : parts) length += Length(part);
+    for (std::size_t part = 0; part < parts.Count(); ++part) length += Length(parts[part]);
     const double around = box.right - box.left + box.bottom - box.top;
-    if (pattern.empty() || length > kLongestDashed * around) return parts;
-    std::vector<CPolyline> dashes;
-    for (const CPolyline& part : parts)
-        for (CPolyline& dash : DashedPolyline(part, pattern)) dashes.push_back(std::move(dash));
+    if (length > kLongestDashed * around) return parts;
+    CPolylines dashes;
+    for (std::size_t part = 0; part < parts.Count(); ++part) AddDashes(parts[part], pattern, dashes);
     return dashes;
 }
