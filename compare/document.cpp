@@ -204,10 +204,8 @@ void CQuorvelDoc::ReserveMatrices(std::int64_t cellCount) {
 }
 
 void CQuorvelDoc::FreeMatrices() {
-    if (m_block.use_count() > 1) {  // whoever shares the matrices keeps them as they are
-        m_block = WithoutMatrices(*m_block);
-        return;
-    }
+    // Whoever shares the matrices keeps them as they are.
+    if (m_block.use_count() > 1) m_block = WithoutMatrices(*m_block);
     m_block->capacity = 0;
     m_block->x = {};
     m_block->y = {};
