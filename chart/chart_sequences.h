@@ -35,7 +35,7 @@ void CreateChart(CChartControl& chart, QWidget* parent, CChartSize clientArea, d
 /// Passes the block on: counts, matrices, titles, legend, line styles. `names` has one text per series; a tab in a
 /// name becomes a blank, since tabs separate the names. Ends with ResetChart. The chart shares the matrices, which must
 /// not change while it does.
-void FillChart(CChartControl& chart, const std::shared_ptr<const CChartBlock>& block,
+void FillChart(CChartControl& chart, const std::shared_ptr<const CChartBlock>& shared,
                std::span<const std::string> names, CLineStyles& lineStyles);
 
 /// Clears what a previous page set and the new one did not.

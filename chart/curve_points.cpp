@@ -1,6 +1,9 @@
 #include "chart/curve_points.h"
 
-#include <algorithm>
+#include "chart/chart_control.h"
+#include "chart/view_range.h"
+
+#include <array>
 #include <cmath>
 #include <cstddef>
 #include <span>
@@ -36,7 +39,7 @@ bool NeverFalls(CBlock values) {
 /// In several lanes, which do not wait for each other.
 CExtremes ExtremesOf(CBlock values) {
     constexpr std::size_t kLanes = 4;
-    CExtremes lanes[kLanes];
+    std::array<CExtremes, kLanes> lanes;
     for (std::size_t i = 0; i < kBlock; i += kLanes) {
         for (std::size_t lane = 0; lane < kLanes; ++lane) lanes[lane].Add(values[i + lane]);
     }

@@ -1,6 +1,7 @@
 #include "chart/curve_points.h"
 
 #include "chart/chart_control.h"
+#include "chart/view_range.h"
 
 #include <gmock/gmock.h>
 

@@ -1,5 +1,6 @@
 #include "compare/document.h"
 
+#include "compare/chart_block.h"
 #include "compare/critical_values.h"
 #include "compare/document_host.h"
 #include "compare/export.h"

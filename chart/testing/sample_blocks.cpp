@@ -1,5 +1,7 @@
 #include "chart/testing/sample_blocks.h"
 
+#include "compare/chart_block.h"
+
 #include <cmath>
 #include <cstddef>
 #include <cstdint>

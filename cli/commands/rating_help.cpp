@@ -2,7 +2,6 @@
 
 #include "cli/help_text.h"
 #include "cli/join.h"
-#include "compare/ratings/choice.h"
 #include "compare/ratings/cora.h"
 #include "compare/ratings/criteria.h"
 #include "compare/ratings/families.h"
@@ -35,8 +34,8 @@ CHelpSection Options() {
             {{"--ratings SET",
               Join({"Also rate every signal, with the scores that guidelines ask for, in a second table. SET is ",
                     ratings::kStandardSet, " (", StandardNames(), "), ", ratings::kWholeSet,
-                    ", or names separated by commas, listed under \"Names of ratings\". Each signal is rated as it was "
-                    "compared. CSV and JSON get the ratings, too."})},
+                    ", or names separated by commas, listed under \"Names of ratings\". ",
+                    "Each signal is rated as it was compared. CSV and JSON get the ratings, too."})},
              {"--iso-parameter NAME=VALUE",
               "Change a parameter of ISO/TS 18571. The score is then called modified. May be repeated."},
              {"--cora-parameter NAME=VALUE",

@@ -8,10 +8,8 @@
 #include "cli/usage_error.h"
 #include "compare/critical_values.h"
 #include "compare/ratings/choice.h"
-#include "compare/ratings/cora.h"
 #include "compare/ratings/criteria.h"
 #include "compare/ratings/families.h"
-#include "compare/ratings/iso18571.h"
 #include "compare/ratings/parameters.h"
 
 #include <algorithm>

@@ -1,4 +1,3 @@
-#include "cli/commands/rating_options.h"
 
 #include "cli/commands/compare_options.h"
 #include "cli/usage_error.h"

@@ -11,6 +11,7 @@
 #include "compare/ratings/verification/reference_case.h"
 #include "compare/ratings/verification/reference_cases.h"
 
+#include <algorithm>
 #include <iterator>
 #include <span>
 #include <string>

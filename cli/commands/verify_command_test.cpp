@@ -1,7 +1,6 @@
 #include "cli/commands/verify_command.h"
 
 #include "cli/exit_status.h"
-#include "compare/ratings/iso18571.h"
 #include "compare/ratings/value.h"
 #include "compare/ratings/verification/iso_formula_cases.h"
 #include "compare/ratings/verification/reference_case.h"

@@ -15,7 +15,6 @@
 #include <string>
 #include <string_view>
 #include <system_error>
-#include <vector>
 
 void COutputs::Write(std::string_view what, const std::string& path, std::string_view text) {
     if (path == kStandardOutput) {

@@ -8,7 +8,6 @@
 #include "compare/ratings/families.h"
 #include "compare/ratings/signal_ratings.h"
 #include "compare/signal.h"
-#include "compare/verdict.h"
 #include "files/number_text.h"
 
 #include <algorithm>

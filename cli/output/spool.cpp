@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
+#include <string>
 #include <string_view>
 
 namespace {
@@ -27,7 +28,7 @@ void CSpool::Put(std::string_view text) {
 
 bool CSpool::HandOver(const TextSink& take) {
     std::array<char, kBytesAtATime> buffer{};
-    if (m_size > 0) std::rewind(m_file.get());
+    if (m_size > 0 && std::fseek(m_file.get(), 0, SEEK_SET) != 0) return false;
     for (std::uint64_t left = m_size; left > 0;) {
         const auto wanted = static_cast<std::size_t>(std::min<std::uint64_t>(left, buffer.size()));
         const std::size_t count = std::fread(buffer.data(), 1, wanted, m_file.get());

@@ -1,6 +1,9 @@
 #include "compare/ratings/families.h"
 
+#include "compare/ratings/anova.h"
+#include "compare/ratings/choice.h"
 #include "compare/ratings/criteria.h"
+#include "compare/ratings/signal_ratings.h"
 #include "compare/ratings/value.h"
 #include "compare/verdict.h"
 #include "files/number_text.h"

@@ -2,18 +2,21 @@
 
 #include "compare/ratings/anova.h"
 #include "compare/ratings/choice.h"
+#include "compare/ratings/cora.h"
 #include "compare/ratings/criteria.h"
 #include "compare/ratings/iso18571.h"
+#include "compare/ratings/magnitude_phase.h"
 #include "compare/ratings/messages.h"
 #include "compare/ratings/signal_ratings.h"
+#include "compare/ratings/single_values.h"
 #include "compare/ratings/value.h"
 #include "compare/verdict.h"
 #include "files/number_text.h"
 
 #include <gmock/gmock.h>
 
-#include <cstddef>
 #include <set>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>

@@ -1,20 +1,21 @@
 // The rows of the table of ratings.
 
 #include "compare/ratings/anova.h"
+#include "compare/ratings/choice.h"
 #include "compare/ratings/cora.h"
 #include "compare/ratings/families.h"
 #include "compare/ratings/iso18571.h"
 #include "compare/ratings/knowles_gear.h"
 #include "compare/ratings/magnitude_phase.h"
 #include "compare/ratings/messages.h"
+#include "compare/ratings/pair.h"
 #include "compare/ratings/parameters.h"
-#include "compare/ratings/samples.h"
+#include "compare/ratings/signal_ratings.h"
 #include "compare/ratings/single_values.h"
 #include "compare/ratings/value.h"
 #include "files/number_text.h"
 
 #include <array>
-#include <cstddef>
 #include <optional>
 #include <span>
 #include <string>

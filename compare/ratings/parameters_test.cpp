@@ -31,13 +31,15 @@ TYPED_TEST(RatingParameters, HaveNamesOfTheirOwn) {
 
 TYPED_TEST(RatingParameters, SetOneMemberEach) {
     constexpr double kOther = 3.0;  // no default has this value
+    const TypeParam defaults;
     for (const auto& changed : Parameters<TypeParam>()) {
         TypeParam options;
         SetValue(options, changed, kOther);
-        EXPECT_NE(options, TypeParam()) << changed.name;
+        EXPECT_NE(options, defaults) << changed.name;
+        EXPECT_EQ(ValueOf(options, changed), kOther) << changed.name;
         for (const auto& parameter : Parameters<TypeParam>()) {
-            const bool isChanged = &parameter == &changed;
-            EXPECT_EQ(ValueOf(options, parameter), isChanged ? kOther : ValueOf(TypeParam(), parameter))
+            if (&parameter == &changed) continue;
+            EXPECT_EQ(ValueOf(options, parameter), ValueOf(defaults, parameter))
                 << changed.name << " " << parameter.name;
         }
     }

@@ -1,6 +1,8 @@
 #include "compare/ratings/signal_ratings.h"
 
+#include "compare/ratings/choice.h"
 #include "compare/ratings/families.h"
+#include "compare/ratings/pair.h"
 
 #include <cstdint>
 #include <new>

@@ -1,5 +1,6 @@
 #include "compare/ratings/signal_ratings.h"
 
+#include "compare/document_host.h"
 #include "compare/note.h"
 #include "compare/ratings/choice.h"
 #include "compare/ratings/families.h"
@@ -19,6 +20,7 @@
 #include <cstddef>
 #include <optional>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace ratings {

@@ -181,7 +181,7 @@ CReferenceCase ThreeResiduals() {
     const double deviation = std::sqrt(21.0 / 144.0);
     referenceCase.Expect("ANOVA mean", 1.0 / 12.0, anova.mean, kClosedForm);
     referenceCase.Expect("ANOVA s", deviation, anova.standardDeviation, kClosedForm);
-    referenceCase.Expect("ANOVA t", std::sqrt(3.0) / 12.0 / deviation, anova.t, kClosedForm);
+    referenceCase.Expect("ANOVA t", std::numbers::sqrt3 / 12.0 / deviation, anova.t, kClosedForm);
     return referenceCase;
 }
 

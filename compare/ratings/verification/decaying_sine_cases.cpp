@@ -2,7 +2,6 @@
 
 #include "compare/ratings/knowles_gear.h"
 #include "compare/ratings/magnitude_phase.h"
-#include "compare/ratings/samples.h"
 #include "compare/ratings/verification/reference_case.h"
 #include "compare/ratings/verification/signals.h"
 

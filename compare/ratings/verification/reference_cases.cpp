@@ -6,8 +6,8 @@
 #include "compare/ratings/verification/published_sums_cases.h"
 #include "compare/ratings/verification/reference_case.h"
 
+#include <algorithm>
 #include <iterator>
-#include <utility>
 #include <vector>
 
 namespace ratings {
