@@ -80,9 +80,10 @@ CHelpSection Names() {
 
 template <class Options>
 std::string ParameterText() {
+    const Options defaults;
     std::string text;
     for (const auto& parameter : ratings::Parameters<Options>()) {
-        const std::optional<double> value = ValueOf(Options{}, parameter);
+        const std::optional<double> value = ValueOf(defaults, parameter);
         text += Join({text.empty() ? "" : "; ", parameter.name, " (", value ? ks::ShortestText(*value) : "not set",
                       "), ", parameter.meaning});
     }
