@@ -80,10 +80,10 @@ CHelpSection Names() {
 
 template <class Options>
 std::string ParameterText() {
-    const Options defaults;
+    static const Options kDefaults;  // static: g++ 12 takes an unset optional of a local one for a read of garbage
     std::string text;
     for (const auto& parameter : ratings::Parameters<Options>()) {
-        const std::optional<double> value = ValueOf(defaults, parameter);
+        const std::optional<double> value = ValueOf(kDefaults, parameter);
         text += Join({text.empty() ? "" : "; ", parameter.name, " (", value ? ks::ShortestText(*value) : "not set",
                       "), ", parameter.meaning});
     }

@@ -74,11 +74,11 @@ CRatedContent CoraParameters(const CSignalRatings& ratings) {
 /// "A_THRES 0.03, B_THRES 0.075", of the parameters that are set and, unless all are wanted, not at their defaults.
 template <class Options>
 std::string ParameterText(const Options& options, bool areAllWanted) {
-    const Options defaults;
+    static const Options kDefaults;  // static: g++ 12 takes an unset optional of a local one for a read of garbage
     std::string text;
     for (const CRatingParameter<Options>& parameter : Parameters<Options>()) {
         const std::optional<double> value = ValueOf(options, parameter);
-        if (!value || (!areAllWanted && value == ValueOf(defaults, parameter))) continue;
+        if (!value || (!areAllWanted && value == ValueOf(kDefaults, parameter))) continue;
         if (!text.empty()) text += ", ";
         text += std::string(parameter.name) + " " + ks::ShortestText(*value);
     }
